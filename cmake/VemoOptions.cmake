@@ -16,6 +16,7 @@ set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
 option(VEMO_WERROR "Treat warnings as errors" ON)
 set(VEMO_SANITIZE "" CACHE STRING "Value for -fsanitize= (empty: none)")
 option(VEMO_FUZZ "Build the libFuzzer targets (clang only)" OFF)
+set(VEMO_FUZZ_SECONDS 0 CACHE STRING "How long a libFuzzer target runs under ctest (0: a few seconds)")
 
 include(CheckPIESupported)
 check_pie_supported()

@@ -37,6 +37,14 @@ function(vemo_executable name)
     set_property(GLOBAL APPEND PROPERTY VEMO_TARGETS ${name})
 endfunction()
 
+# Adds a program to a target that builds a group of them: engine_tests for the sanitizers, engine_fuzzers.
+function(vemo_add_to group name)
+    if(NOT TARGET ${group})
+        add_custom_target(${group})
+    endif()
+    add_dependencies(${group} ${name})
+endfunction()
+
 # vemo_test(NAME [QT] [LABELS ...] SOURCES ... LIBS ...): one test program that ctest runs as one test. Qt programs
 # bring their own main (QTEST_MAIN); the others link GoogleTest's. The label `engine` marks what the sanitizer presets run.
 function(vemo_test name)
@@ -55,6 +63,9 @@ function(vemo_test name)
         set(ARG_TIMEOUT 120)
     endif()
     add_test(NAME ${name} COMMAND ${name})
+    if("engine" IN_LIST ARG_LABELS)
+        vemo_add_to(engine_tests ${name})
+    endif()
     set_tests_properties(${name} PROPERTIES TIMEOUT ${ARG_TIMEOUT} LABELS "${ARG_LABELS}"
         ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_LOGGING_RULES=qt.qpa.*=false")
 endfunction()
@@ -83,7 +94,10 @@ function(vemo_fuzzer name)
     else()
         add_test(NAME ${name} COMMAND ${name} "${ARG_CORPUS}")
     endif()
-    set_tests_properties(${name} PROPERTIES LABELS "engine;fuzz" TIMEOUT 900)
+    vemo_add_to(engine_tests ${name})
+    vemo_add_to(engine_fuzzers ${name})
+    math(EXPR timeout "${VEMO_FUZZ_SECONDS} + 600")
+    set_tests_properties(${name} PROPERTIES LABELS "engine;fuzz" TIMEOUT ${timeout})
 endfunction()
 
 # Fails the configuration when a target links a layer that it must not know.
