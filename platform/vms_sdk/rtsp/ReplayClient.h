@@ -18,14 +18,14 @@ struct ReplayRequest
     QString password;
     TlsPolicy tls;
     qint64 beginNs = 0;
-    qint64 endNs = 0;            ///< end of what is wanted: a silence or an end at or past it is the end of the recording
+    qint64 endNs = 0; ///< end of what is wanted: a silence or an end at or past it is the end of the recording
     qint64 recordingBeginNs = 0; ///< what the recorder told of the recording, for the stream-info packet; 0 unknown
     qint64 recordingEndNs = 0;
     QString channelName;
     QString deviceName;
-    bool replay = true;                          ///< Require: onvif-replay and Range; false: live
-    bool rateControl = true;                     ///< false: Rate-Control: no, as fast as the network goes
-    qint64 creditBytes = 8 * 1024 * 1024;        ///< signalled and not yet returned, at most
+    bool replay = true;                   ///< Require: onvif-replay and Range; false: live
+    bool rateControl = true;              ///< false: Rate-Control: no, as fast as the network goes
+    qint64 creditBytes = 8 * 1024 * 1024; ///< signalled and not yet returned, at most
     bool audio = true;
     int connectTimeoutMs = 10'000;
     int answerTimeoutMs = 30'000;
@@ -41,9 +41,10 @@ enum class ReplayEnd : int {
     Broken = 4,         ///< broke off after it played
 };
 
-/// One RTSP session that plays a recording (RFC 2326, ONVIF Streaming Specification clause 6) and turns it into batches of vav_frame
-/// packets. Lives on a network thread together with its socket; functions are called there. Owned by its maker. The life:
-/// start(), playing(), any number of packets(), ended() once; after stop() no signal comes any more. It never logs a password.
+/// One RTSP session that plays a recording (RFC 2326, ONVIF Streaming Specification clause 6) and turns it into batches
+/// of vav_frame packets. Lives on a network thread together with its socket; functions are called there. Owned by its
+/// maker. The life: start(), playing(), any number of packets(), ended() once; after stop() no signal comes any more.
+/// It never logs a password.
 class ReplayClient final : public QObject
 {
     Q_OBJECT
