@@ -1,0 +1,17 @@
+#include "DataSignals.h"
+
+namespace vemo_data {
+
+DataSignals::DataSignals()
+{
+    qRegisterMetaType<DownloadTaskInfo>();
+    qRegisterMetaType<QList<DownloadTaskInfo>>();
+}
+
+DataSignals& DataSignals::instance()
+{
+    static DataSignals dataSignals;
+    return dataSignals;
+}
+
+} // namespace vemo_data

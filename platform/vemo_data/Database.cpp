@@ -1,0 +1,314 @@
+#include "Database.h"
+
+#include "DatabaseSchema.h"
+#include "DataFolder.h"
+#include "DataSignals.h"
+
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QDebug>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
+#include <QMutex>
+#include <QMutexLocker>
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QThread>
+#include <QVariant>
+
+namespace vemo_data {
+
+namespace {
+
+constexpr int busyTimeoutMs = 5000;
+constexpr qint64 reopenAfterMs = 30'000;
+
+// Result codes of SQLite, https://www.sqlite.org/rescode.html
+constexpr int sqliteError = 1;
+constexpr int sqliteCorrupt = 11;
+constexpr int sqliteNotADatabase = 26;
+
+QString connectionName()
+{
+    return QStringLiteral("vemo_data");
+}
+
+QString say(const char* text)
+{
+    return QCoreApplication::translate("vemo_data::Database", text);
+}
+
+void onGuiThread(std::function<void()> call)
+{
+    if (QCoreApplication* app = QCoreApplication::instance())
+        QMetaObject::invokeMethod(app, std::move(call), Qt::QueuedConnection);
+}
+
+void tell(const QString& text)
+{
+    qWarning().noquote() << "store:" << text;
+    onGuiThread([text] { emit DataSignals::instance().signalStoreNotice(text); });
+}
+
+enum class Verdict { Unknown, Good, Damaged, Newer, Unavailable };
+
+struct Opening
+{
+    Verdict verdict = Verdict::Unknown;
+    QString cause;
+};
+
+Opening judge(const QSqlError& error)
+{
+    const int code = error.nativeErrorCode().toInt() & 0xff; // the low byte of an extended code
+    const bool damaged = code == sqliteCorrupt || code == sqliteNotADatabase || code == sqliteError;
+    return {damaged ? Verdict::Damaged : Verdict::Unavailable, error.text()};
+}
+
+/// Opens the file, checks it through and brings the schema up to date.
+Opening openAndCheck(QSqlDatabase& db)
+{
+    if (!db.open())
+        return judge(db.lastError());
+    QSqlQuery query(db);
+    for (const char* pragma : {"PRAGMA journal_mode = WAL", "PRAGMA synchronous = FULL", "PRAGMA foreign_keys = ON"}) {
+        if (!query.exec(QString::fromLatin1(pragma)))
+            return judge(query.lastError());
+    }
+    if (!query.exec(QStringLiteral("PRAGMA quick_check(1)")) || !query.next())
+        return judge(query.lastError());
+    const QString health = query.value(0).toString();
+    query.finish();
+    if (health != QLatin1String("ok"))
+        return {Verdict::Damaged, health};
+    QString error;
+    switch (DatabaseSchema::upgrade(db, &error)) {
+    case DatabaseSchema::Outcome::UpToDate:
+        return {Verdict::Good, {}};
+    case DatabaseSchema::Outcome::Newer:
+        return {Verdict::Newer, {}};
+    default:
+        return {Verdict::Damaged, error};
+    }
+}
+
+/// Renames the database with its companions; returns the new name, empty when it could not be renamed.
+QString setAside(const QString& path)
+{
+    const QString stamp = QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-hhmmss"));
+    QString target = path + QStringLiteral(".damaged-") + stamp;
+    for (int i = 2; QFileInfo::exists(target); ++i)
+        target = path + QStringLiteral(".damaged-%1-%2").arg(stamp).arg(i);
+    if (!QFile::rename(path, target))
+        return {};
+    for (const char* companion : {"-wal", "-shm"}) {
+        const QLatin1String suffix(companion);
+        if (QFileInfo::exists(path + suffix))
+            QFile::rename(path + suffix, target + suffix);
+    }
+    return target;
+}
+
+} // namespace
+
+/// Lives on the database's thread, with the connection.
+class Database::Worker final : public QObject
+{
+public:
+    bool carryOut(const Job& job);
+    void close();
+    QString notice() const;
+
+private:
+    bool ensureOpen();
+    Opening openFile(const QString& path);
+    void note(const QString& text);
+
+    QElapsedTimer m_failedSince; ///< valid after a failed opening
+    bool m_open = false;
+
+    mutable QMutex m_noticeMutex;
+    QString m_notice; ///< guarded by m_noticeMutex
+};
+
+Opening Database::Worker::openFile(const QString& path)
+{
+    if (!DataFolder::makePrivateFile(path))
+        return {Verdict::Unavailable, say("the file can't be written")};
+    Opening opening;
+    {
+        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connectionName());
+        db.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(busyTimeoutMs));
+        db.setDatabaseName(path);
+        opening = openAndCheck(db);
+        if (opening.verdict != Verdict::Good)
+            db.close();
+    }
+    if (opening.verdict != Verdict::Good)
+        QSqlDatabase::removeDatabase(connectionName());
+    return opening;
+}
+
+void Database::Worker::note(const QString& text)
+{
+    {
+        const QMutexLocker lock(&m_noticeMutex);
+        m_notice = text;
+    }
+    if (!text.isEmpty())
+        tell(text);
+}
+
+QString Database::Worker::notice() const
+{
+    const QMutexLocker lock(&m_noticeMutex);
+    return m_notice;
+}
+
+bool Database::Worker::ensureOpen()
+{
+    if (m_open)
+        return true;
+    if (m_failedSince.isValid() && m_failedSince.elapsed() < reopenAfterMs)
+        return false;
+
+    const QString path = DataFolder::databaseFile();
+    Opening opening = openFile(path);
+    QString text;
+    if (opening.verdict == Verdict::Damaged || opening.verdict == Verdict::Newer) {
+        const QString aside = setAside(path);
+        if (!aside.isEmpty()) {
+            text =
+                opening.verdict == Verdict::Newer
+                    ? say("The database was written by a newer version. It was set aside as %1 and an empty one begun.")
+                          .arg(aside)
+                    : say("The database was damaged (%1). It was set aside as %2 and an empty one begun.")
+                          .arg(opening.cause, aside);
+            opening = openFile(path);
+        }
+    }
+    m_open = opening.verdict == Verdict::Good;
+    if (m_open) {
+        m_failedSince.invalidate();
+    } else {
+        m_failedSince.start();
+        text = say("The database %1 can't be opened: %2. Changes are not kept.").arg(path, opening.cause);
+    }
+    note(text);
+    return m_open;
+}
+
+bool Database::Worker::carryOut(const Job& job)
+{
+    if (!ensureOpen())
+        return false;
+    QSqlDatabase db = QSqlDatabase::database(connectionName(), false);
+    QSqlQuery query(db);
+    if (query.exec(QStringLiteral("BEGIN IMMEDIATE"))) {
+        if (job(db) && query.exec(QStringLiteral("COMMIT")))
+            return true;
+    }
+    const QString cause = (query.lastError().isValid() ? query.lastError() : db.lastError()).text();
+    query.exec(QStringLiteral("ROLLBACK"));
+    tell(say("A change could not be saved: %1").arg(cause.isEmpty() ? say("the database refused it") : cause));
+    return false;
+}
+
+void Database::Worker::close()
+{
+    m_failedSince.invalidate();
+    if (!m_open)
+        return;
+    QSqlDatabase::database(connectionName(), false).close();
+    QSqlDatabase::removeDatabase(connectionName());
+    m_open = false;
+}
+
+class Database::Private
+{
+public:
+    Private()
+    {
+        thread.setObjectName(QStringLiteral("database"));
+        worker.moveToThread(&thread);
+    }
+
+    void ensureRunning()
+    {
+        const QMutexLocker lock(&startMutex);
+        if (!thread.isRunning())
+            thread.start();
+    }
+
+    /// Carries out what was posted, closes the file and ends the thread.
+    void shutdown()
+    {
+        const QMutexLocker lock(&startMutex);
+        if (!thread.isRunning())
+            return;
+        QMetaObject::invokeMethod(
+            &worker, [this] { worker.close(); }, Qt::BlockingQueuedConnection);
+        thread.quit();
+        thread.wait();
+    }
+
+    QMutex startMutex;
+    QThread thread;
+    Worker worker;
+};
+
+Database::Database()
+    : d(std::make_unique<Private>())
+{
+    // The SQL drivers go with the application object, so the connection must be gone by then.
+    qAddPostRoutine([] { Database::instance().d->shutdown(); });
+}
+
+Database::~Database()
+{
+    d->shutdown();
+}
+
+Database& Database::instance()
+{
+    static Database database;
+    return database;
+}
+
+void Database::post(Job job, Done done)
+{
+    d->ensureRunning();
+    QMetaObject::invokeMethod(
+        &d->worker,
+        [this, job = std::move(job), done = std::move(done)] {
+            const bool ok = d->worker.carryOut(job);
+            if (done)
+                onGuiThread([done, ok] { done(ok); });
+        },
+        Qt::QueuedConnection);
+}
+
+bool Database::run(const Job& job)
+{
+    d->ensureRunning();
+    bool ok = false;
+    QMetaObject::invokeMethod(
+        &d->worker, [this, &job, &ok] { ok = d->worker.carryOut(job); }, Qt::BlockingQueuedConnection);
+    return ok;
+}
+
+void Database::close()
+{
+    if (d->thread.isRunning())
+        QMetaObject::invokeMethod(
+            &d->worker, [this] { d->worker.close(); }, Qt::BlockingQueuedConnection);
+}
+
+QString Database::notice() const
+{
+    return d->worker.notice();
+}
+
+} // namespace vemo_data

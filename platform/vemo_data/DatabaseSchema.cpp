@@ -1,0 +1,141 @@
+#include "DatabaseSchema.h"
+
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QVariant>
+
+#include <vector>
+
+namespace vemo_data {
+
+namespace {
+
+using Step = std::vector<const char*>;
+
+/// Step n leads from version n to n + 1. A step that was released is never changed.
+const std::vector<Step>& steps()
+{
+    static const std::vector<Step> all{
+        {
+            R"(CREATE TABLE download_tasks (
+                seq INTEGER PRIMARY KEY AUTOINCREMENT,        -- order of adding
+                task_id TEXT NOT NULL UNIQUE,
+                channel_id TEXT NOT NULL,
+                channel_name TEXT NOT NULL,
+                dev_label TEXT NOT NULL,
+                channel_no INTEGER NOT NULL,
+                begin_utc_ms INTEGER,                          -- since 1970
+                end_utc_ms INTEGER,
+                zone TEXT NOT NULL,                            -- IANA id of the zone in which the span was asked for
+                download_mode INTEGER NOT NULL CHECK (download_mode IN (0, 1)),
+                state INTEGER NOT NULL,
+                location INTEGER NOT NULL,
+                progress INTEGER NOT NULL,                     -- percent
+                downloaded_bytes INTEGER NOT NULL CHECK (downloaded_bytes >= 0),
+                file_name TEXT NOT NULL,
+                save_path TEXT NOT NULL,
+                downloaded_ms INTEGER NOT NULL CHECK (downloaded_ms >= -1),
+                duration_ms INTEGER NOT NULL,
+                request_key TEXT                               -- set while the task waits, runs or is paused
+            ))",
+            "CREATE UNIQUE INDEX download_tasks_request ON download_tasks (request_key) WHERE request_key IS NOT NULL",
+            R"(CREATE TABLE devices (
+                seq INTEGER PRIMARY KEY AUTOINCREMENT,
+                dev_id TEXT NOT NULL UNIQUE,
+                name TEXT NOT NULL,
+                address TEXT NOT NULL,                         -- without user and password
+                user_name TEXT NOT NULL,
+                key_sha256 BLOB CHECK (key_sha256 IS NULL OR length(key_sha256) = 32),
+                manufacturer TEXT NOT NULL DEFAULT '',         -- from here on as last told by the device
+                model TEXT NOT NULL DEFAULT '',
+                firmware TEXT NOT NULL DEFAULT '',
+                serial_number TEXT NOT NULL DEFAULT '',
+                type INTEGER NOT NULL DEFAULT 0,
+                supports_backup INTEGER NOT NULL DEFAULT 0 CHECK (supports_backup IN (0, 1))
+            ))",
+            R"(CREATE TABLE device_channels (
+                dev_id TEXT NOT NULL REFERENCES devices (dev_id) ON DELETE CASCADE,
+                channel_no INTEGER NOT NULL,
+                name TEXT NOT NULL,
+                recording_token TEXT NOT NULL,
+                profile_token TEXT NOT NULL,
+                PRIMARY KEY (dev_id, channel_no)
+            ) WITHOUT ROWID)",
+            R"(CREATE TABLE local_recordings (
+                file_path TEXT PRIMARY KEY NOT NULL,
+                dev_id TEXT NOT NULL,
+                channel_no INTEGER NOT NULL,
+                channel_id TEXT NOT NULL,
+                channel_name TEXT NOT NULL,
+                dev_name TEXT NOT NULL,
+                begin_utc_ms INTEGER NOT NULL,
+                end_utc_ms INTEGER NOT NULL CHECK (end_utc_ms >= begin_utc_ms)
+            ) WITHOUT ROWID)",
+            "CREATE INDEX local_recordings_span ON local_recordings (dev_id, channel_no, begin_utc_ms)",
+            R"(CREATE TABLE files_center_logs (
+                id INTEGER PRIMARY KEY AUTOINCREMENT,
+                time_utc_ms INTEGER NOT NULL,
+                kind INTEGER NOT NULL,
+                device TEXT NOT NULL,
+                channel_no INTEGER NOT NULL,
+                channel_name TEXT NOT NULL,
+                text TEXT NOT NULL
+            ))",
+            "CREATE INDEX files_center_logs_time ON files_center_logs (time_utc_ms)",
+        },
+    };
+    return all;
+}
+
+bool fail(const QSqlQuery& query, QString* error)
+{
+    *error = query.lastError().text();
+    return false;
+}
+
+bool carryOut(QSqlDatabase& db, const Step& step, int newVersion, QString* error)
+{
+    QSqlQuery query(db);
+    if (!query.exec(QStringLiteral("BEGIN IMMEDIATE")))
+        return fail(query, error);
+    bool ok = true;
+    for (const char* statement : step) {
+        ok = query.exec(QString::fromLatin1(statement)) || fail(query, error);
+        if (!ok)
+            break;
+    }
+    // A pragma takes no bound value.
+    ok = ok && (query.exec(QStringLiteral("PRAGMA user_version = %1").arg(newVersion)) || fail(query, error));
+    ok = ok && (query.exec(QStringLiteral("COMMIT")) || fail(query, error));
+    if (!ok)
+        query.exec(QStringLiteral("ROLLBACK"));
+    return ok;
+}
+
+} // namespace
+
+int DatabaseSchema::newestVersion()
+{
+    return static_cast<int>(steps().size());
+}
+
+DatabaseSchema::Outcome DatabaseSchema::upgrade(QSqlDatabase& db, QString* error)
+{
+    QSqlQuery query(db);
+    if (!query.exec(QStringLiteral("PRAGMA user_version")) || !query.next()) {
+        fail(query, error);
+        return Outcome::Failed;
+    }
+    const int version = query.value(0).toInt();
+    query.finish();
+    if (version > newestVersion() || version < 0)
+        return Outcome::Newer;
+    for (int from = version; from < newestVersion(); ++from) {
+        if (!carryOut(db, steps().at(static_cast<std::size_t>(from)), from + 1, error))
+            return Outcome::Failed;
+    }
+    return Outcome::UpToDate;
+}
+
+} // namespace vemo_data

@@ -1,0 +1,98 @@
+#include "DownloadTaskData.h"
+
+#include "Database.h"
+#include "DataSignals.h"
+#include "DownloadTaskStore.h"
+
+#include <memory>
+
+namespace vemo_data {
+
+namespace {
+
+using Tasks = QList<DownloadTaskInfo>;
+using TasksSignal = void (DataSignals::*)(const Tasks&);
+
+/// Runs `write`, which fills the list of what it stored, and announces that list by `announcement` (null: not at all).
+template <typename Write>
+void store(Write write, TasksSignal announcement)
+{
+    auto stored = std::make_shared<Tasks>();
+    Database::instance().post([write, stored](QSqlDatabase& db) { return write(db, stored.get()); },
+                              [stored, announcement](bool ok) {
+                                  if (ok && announcement && !stored->isEmpty())
+                                      (DataSignals::instance().*announcement)(*stored);
+                              });
+}
+
+} // namespace
+
+DownloadTaskData::DownloadTaskData() = default;
+
+DownloadTaskData& DownloadTaskData::instance()
+{
+    static DownloadTaskData data;
+    return data;
+}
+
+QList<DownloadTaskInfo> DownloadTaskData::getAllDownloadTasks()
+{
+    Tasks tasks;
+    Database::instance().run([&tasks](QSqlDatabase& db) { return DownloadTaskStore::all(db, &tasks); });
+    return tasks;
+}
+
+void DownloadTaskData::addDownloadTasks(const QList<DownloadTaskInfo>& tasks)
+{
+    store(
+        [tasks](QSqlDatabase& db, Tasks* added) {
+            return DownloadTaskStore::add(db, tasks, DownloadTaskStore::Duplicates::Drop, added);
+        },
+        &DataSignals::signalAddDownloadTasksToLocalDB);
+}
+
+void DownloadTaskData::updateDownloadTasks(const QList<DownloadTaskInfo>& tasks, bool announce)
+{
+    store([tasks](QSqlDatabase& db, Tasks* updated) { return DownloadTaskStore::update(db, tasks, updated); },
+          announce ? &DataSignals::signalUpdateDownloadTasksInLocalDB : nullptr);
+}
+
+void DownloadTaskData::amendDownloadTasksByUpdate(const QList<DownloadTaskInfo>& tasks)
+{
+    updateDownloadTasks(tasks, true);
+}
+
+void DownloadTaskData::amendDownloadTasksByAdd(const QList<DownloadTaskInfo>& tasks)
+{
+    store(
+        [tasks](QSqlDatabase& db, Tasks* added) {
+            return DownloadTaskStore::add(db, tasks, DownloadTaskStore::Duplicates::Keep, added);
+        },
+        &DataSignals::signalAddDownloadTasksToLocalDB);
+}
+
+void DownloadTaskData::deleteDownloadTasks(const QList<DownloadTaskInfo>& tasks)
+{
+    auto removed = std::make_shared<QMap<int, QSet<QString>>>();
+    Database::instance().post(
+        [tasks, removed](QSqlDatabase& db) { return DownloadTaskStore::remove(db, tasks, removed.get()); },
+        [removed](bool ok) {
+            if (ok && !removed->isEmpty())
+                emit DataSignals::instance().signalDeleteDownloadTasksFromLocalDB(*removed);
+        });
+}
+
+void DownloadTaskData::removeDownloadTaskKey(const DownloadTaskInfo& task)
+{
+    Database::instance().post(
+        [taskId = task.taskId](QSqlDatabase& db) { return DownloadTaskStore::forgetRequestKey(db, taskId); });
+}
+
+void DownloadTaskData::updateDownloadTaskChannelId(const DownloadTaskInfo& task, const QString& channelId)
+{
+    Database::instance().post([taskId = task.taskId, channelId](QSqlDatabase& db) {
+        return DownloadTaskStore::setChannelId(db, taskId, channelId);
+    });
+}
+
+} // namespace vemo_data

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "DownloadTaskInfo.h"
+#include "vemo_data_global.h"
+
+#include <QObject>
+
+namespace vemo_data {
+
+/// The persisted download tasks. One object a process, used on the GUI thread; writes go to the database's thread and
+/// return at once, and what they did is announced by DataSignals after it is on disk. A write that fails changes
+/// nothing and is told by DataSignals::signalStoreNotice.
+class VEMO_DATA_EXPORT DownloadTaskData final : public QObject
+{
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(DownloadTaskData)
+
+public:
+    static DownloadTaskData& instance();
+
+    /// Every stored task in the order of adding, all earlier writes included. Waits for the database.
+    QList<DownloadTaskInfo> getAllDownloadTasks();
+
+    /// Stores and announces the tasks as one change. A request that is already waiting or running (same channel, span,
+    /// location and file name) is left out.
+    void addDownloadTasks(const QList<DownloadTaskInfo>& tasks);
+    /// Stores the tasks' new values; announces the update when `announce` is true.
+    void updateDownloadTasks(const QList<DownloadTaskInfo>& tasks, bool announce);
+    void amendDownloadTasksByUpdate(const QList<DownloadTaskInfo>& tasks); ///< stores and announces an update
+    void amendDownloadTasksByAdd(const QList<DownloadTaskInfo>& tasks);    ///< stores and announces an add
+    void deleteDownloadTasks(const QList<DownloadTaskInfo>& tasks);
+    /// From now on the same request may be queued again while this task exists.
+    void removeDownloadTaskKey(const DownloadTaskInfo& task);
+    void updateDownloadTaskChannelId(const DownloadTaskInfo& task, const QString& channelId);
+
+private:
+    DownloadTaskData();
+};
+
+} // namespace vemo_data

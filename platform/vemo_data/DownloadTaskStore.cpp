@@ -1,0 +1,219 @@
+#include "DownloadTaskStore.h"
+
+#include <QDebug>
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QTimeZone>
+#include <QVariant>
+
+namespace vemo_data {
+
+namespace {
+
+QVariant utcMs(const QDateTime& time)
+{
+    return time.isValid() ? QVariant(time.toMSecsSinceEpoch()) : QVariant(QVariant::LongLong);
+}
+
+QDateTime localTime(const QVariant& utcMilliseconds)
+{
+    return utcMilliseconds.isNull() ? QDateTime() : QDateTime::fromMSecsSinceEpoch(utcMilliseconds.toLongLong());
+}
+
+bool isUnderWay(int state)
+{
+    return state == TaskWaiting || state == TaskDownloading || state == TaskPaused;
+}
+
+QVariant keyToHold(const DownloadTaskInfo& task)
+{
+    return isUnderWay(task.state) ? QVariant(DownloadTaskStore::requestKey(task)) : QVariant(QVariant::String);
+}
+
+/// Text columns are NOT NULL, and a null QString binds as NULL.
+QString text(const QString& value)
+{
+    return value.isNull() ? QStringLiteral("") : value;
+}
+
+bool carryOut(QSqlQuery& query)
+{
+    if (query.exec())
+        return true;
+    qWarning().noquote() << "download tasks:" << query.lastError().text();
+    return false;
+}
+
+void bind(QSqlQuery& query, const DownloadTaskInfo& task)
+{
+    const auto put = [&query](const char* name, const QVariant& value) {
+        query.bindValue(QString::fromLatin1(name), value);
+    };
+    put(":task_id", task.taskId);
+    put(":channel_id", text(task.channelId));
+    put(":channel_name", text(task.channelName));
+    put(":dev_label", text(task.devLabel));
+    put(":channel_no", task.channelNo);
+    put(":begin_utc_ms", utcMs(task.beginTime));
+    put(":end_utc_ms", utcMs(task.endTime));
+    put(":zone", text(QString::fromLatin1(QTimeZone::systemTimeZoneId())));
+    put(":download_mode", task.downloadMode);
+    put(":state", task.state);
+    put(":location", task.location);
+    put(":progress", task.progress);
+    put(":downloaded_bytes", task.downloadedSize);
+    put(":file_name", text(task.fileName));
+    put(":save_path", text(task.savePath));
+    put(":downloaded_ms", task.downloadedMs);
+    put(":duration_ms", task.durationMs);
+    put(":request_key", keyToHold(task));
+}
+
+DownloadTaskInfo read(const QSqlQuery& query)
+{
+    DownloadTaskInfo task;
+    int column = 0;
+    task.taskId = query.value(column++).toString();
+    task.channelId = query.value(column++).toString();
+    task.channelName = query.value(column++).toString();
+    task.devLabel = query.value(column++).toString();
+    task.channelNo = query.value(column++).toInt();
+    task.beginTime = localTime(query.value(column++));
+    task.endTime = localTime(query.value(column++));
+    task.downloadMode = query.value(column++).toInt();
+    task.state = query.value(column++).toInt();
+    task.location = query.value(column++).toInt();
+    task.progress = query.value(column++).toInt();
+    task.downloadedSize = query.value(column++).toLongLong();
+    task.fileName = query.value(column++).toString();
+    task.savePath = query.value(column++).toString();
+    task.downloadedMs = query.value(column++).toInt();
+    task.durationMs = query.value(column++).toInt();
+    return task;
+}
+
+/// The key that a row may hold: none while another row holds it.
+const char* const freeKey =
+    "CASE WHEN EXISTS (SELECT 1 FROM download_tasks other WHERE other.request_key = :request_key"
+    " AND other.task_id <> :task_id) THEN NULL ELSE :request_key END";
+
+} // namespace
+
+QString DownloadTaskStore::requestKey(const DownloadTaskInfo& task)
+{
+    const QChar separator(0x1f);
+    return task.channelId + separator + QString::number(task.beginTime.toMSecsSinceEpoch()) + separator +
+           QString::number(task.endTime.toMSecsSinceEpoch()) + separator + QString::number(task.location) + separator +
+           task.fileName;
+}
+
+bool DownloadTaskStore::all(QSqlDatabase& db, QList<DownloadTaskInfo>* tasks)
+{
+    QSqlQuery query(db);
+    query.setForwardOnly(true);
+    query.prepare(QStringLiteral("SELECT task_id, channel_id, channel_name, dev_label, channel_no, begin_utc_ms, "
+                                 "end_utc_ms, download_mode, state, location, progress, downloaded_bytes, file_name, "
+                                 "save_path, downloaded_ms, duration_ms FROM download_tasks ORDER BY seq"));
+    if (!carryOut(query))
+        return false;
+    while (query.next())
+        tasks->append(read(query));
+    return true;
+}
+
+bool DownloadTaskStore::add(QSqlDatabase& db, const QList<DownloadTaskInfo>& tasks, Duplicates duplicates,
+                            QList<DownloadTaskInfo>* added)
+{
+    QSqlQuery held(db);
+    held.prepare(QStringLiteral("SELECT 1 FROM download_tasks WHERE request_key = ?"));
+    QSqlQuery insert(db);
+    insert.prepare(
+        QLatin1String("INSERT INTO download_tasks (task_id, channel_id, channel_name, dev_label, channel_no, "
+                      "begin_utc_ms, end_utc_ms, zone, download_mode, state, location, progress, downloaded_bytes, "
+                      "file_name, save_path, downloaded_ms, duration_ms, request_key) VALUES (:task_id, :channel_id, "
+                      ":channel_name, :dev_label, :channel_no, :begin_utc_ms, :end_utc_ms, :zone, :download_mode, "
+                      ":state, :location, :progress, :downloaded_bytes, :file_name, :save_path, :downloaded_ms, "
+                      ":duration_ms, ") %
+        QLatin1String(freeKey) % QLatin1String(") ON CONFLICT (task_id) DO NOTHING"));
+    for (const DownloadTaskInfo& task : tasks) {
+        const QVariant key = keyToHold(task);
+        if (duplicates == Duplicates::Drop && !key.isNull()) {
+            held.bindValue(0, key);
+            if (!carryOut(held))
+                return false;
+            const bool isHeld = held.next();
+            held.finish();
+            if (isHeld)
+                continue;
+        }
+        bind(insert, task);
+        if (!carryOut(insert))
+            return false;
+        if (insert.numRowsAffected() == 1)
+            added->append(task);
+    }
+    return true;
+}
+
+bool DownloadTaskStore::update(QSqlDatabase& db, const QList<DownloadTaskInfo>& tasks, QList<DownloadTaskInfo>* updated)
+{
+    QSqlQuery query(db);
+    query.prepare(QLatin1String("UPDATE download_tasks SET channel_id = :channel_id, channel_name = :channel_name, "
+                                "dev_label = :dev_label, channel_no = :channel_no, begin_utc_ms = :begin_utc_ms, "
+                                "end_utc_ms = :end_utc_ms, zone = :zone, download_mode = :download_mode, "
+                                "state = :state, location = :location, progress = :progress, "
+                                "downloaded_bytes = :downloaded_bytes, file_name = :file_name, save_path = :save_path, "
+                                "downloaded_ms = :downloaded_ms, duration_ms = :duration_ms, request_key = ") %
+                  QLatin1String(freeKey) % QLatin1String(" WHERE task_id = :task_id"));
+    for (const DownloadTaskInfo& task : tasks) {
+        bind(query, task);
+        if (!carryOut(query))
+            return false;
+        if (query.numRowsAffected() == 1)
+            updated->append(task);
+    }
+    return true;
+}
+
+bool DownloadTaskStore::remove(QSqlDatabase& db, const QList<DownloadTaskInfo>& tasks,
+                               QMap<int, QSet<QString>>* removedByState)
+{
+    QSqlQuery state(db);
+    state.prepare(QStringLiteral("SELECT state FROM download_tasks WHERE task_id = ?"));
+    QSqlQuery remove(db);
+    remove.prepare(QStringLiteral("DELETE FROM download_tasks WHERE task_id = ?"));
+    for (const DownloadTaskInfo& task : tasks) {
+        state.bindValue(0, task.taskId);
+        if (!carryOut(state))
+            return false;
+        if (!state.next())
+            continue;
+        const int storedState = state.value(0).toInt();
+        state.finish();
+        remove.bindValue(0, task.taskId);
+        if (!carryOut(remove))
+            return false;
+        (*removedByState)[storedState].insert(task.taskId);
+    }
+    return true;
+}
+
+bool DownloadTaskStore::forgetRequestKey(QSqlDatabase& db, const QString& taskId)
+{
+    QSqlQuery query(db);
+    query.prepare(QStringLiteral("UPDATE download_tasks SET request_key = NULL WHERE task_id = ?"));
+    query.bindValue(0, taskId);
+    return carryOut(query);
+}
+
+bool DownloadTaskStore::setChannelId(QSqlDatabase& db, const QString& taskId, const QString& channelId)
+{
+    QSqlQuery query(db);
+    query.prepare(QStringLiteral("UPDATE download_tasks SET channel_id = ? WHERE task_id = ?"));
+    query.bindValue(0, text(channelId));
+    query.bindValue(1, taskId);
+    return carryOut(query);
+}
+
+} // namespace vemo_data

@@ -1,0 +1,48 @@
+#include "DiskManager.h"
+
+#include <QFileInfo>
+#include <QStorageInfo>
+#include <QTemporaryFile>
+
+namespace vemo_worker {
+
+DiskManager::DiskManager() = default;
+
+DiskManager& DiskManager::instance()
+{
+    static DiskManager manager;
+    return manager;
+}
+
+QString DiskManager::existingFolderOf(const QString& path)
+{
+    QFileInfo info(path);
+    while (!info.isDir()) {
+        const QString parent = info.absolutePath();
+        if (parent == info.absoluteFilePath())
+            break;
+        info.setFile(parent);
+    }
+    return info.absoluteFilePath();
+}
+
+QString DiskManager::getDiskName(const QString& path) const
+{
+    QString root = QStorageInfo(existingFolderOf(path)).rootPath();
+    if (root.size() == 3 && root.endsWith(QLatin1String(":/")))
+        root.chop(1);
+    return root;
+}
+
+bool DiskManager::isPathAvailable(const QString& path, bool forWriting) const
+{
+    if (path.isEmpty() || !QFileInfo(path).isDir())
+        return false;
+    if (!forWriting)
+        return true;
+    // Access rights alone say too much on network and read-only disks.
+    QTemporaryFile probe(path + QStringLiteral("/.vemo-XXXXXX"));
+    return probe.open();
+}
+
+} // namespace vemo_worker

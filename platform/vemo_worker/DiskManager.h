@@ -1,0 +1,31 @@
+#pragma once
+
+#include "vemo_worker_global.h"
+
+#include <QObject>
+#include <QString>
+
+namespace vemo_worker {
+
+/// Questions about the disks of this computer. One object a process, without state.
+class VEMO_WORKER_EXPORT DiskManager final : public QObject
+{
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(DiskManager)
+
+public:
+    static DiskManager& instance();
+
+    /// Name of the disk that holds the path, or would hold it: "D:" on Windows, the mount point elsewhere.
+    QString getDiskName(const QString& path) const;
+    /// The folder is there, and with `forWriting` a file can be made in it.
+    bool isPathAvailable(const QString& path, bool forWriting) const;
+
+    /// The path itself when it is a folder, else the nearest folder above it that is there.
+    static QString existingFolderOf(const QString& path);
+
+private:
+    DiskManager();
+};
+
+} // namespace vemo_worker

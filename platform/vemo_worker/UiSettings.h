@@ -1,0 +1,26 @@
+#pragma once
+
+#include "vemo_worker_global.h"
+
+#include <QObject>
+#include <QVariant>
+
+namespace vemo_worker {
+
+/// Settings of the user interface by name, kept in the settings file. One object a process, on the GUI thread.
+class VEMO_WORKER_EXPORT UiSettings final : public QObject
+{
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(UiSettings)
+
+public:
+    static UiSettings& instance();
+
+    QVariant value(const QString& key, const QVariant& defaultValue = {}) const;
+    void setValue(const QString& key, const QVariant& value);
+
+private:
+    UiSettings();
+};
+
+} // namespace vemo_worker
