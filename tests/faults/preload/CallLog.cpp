@@ -64,7 +64,7 @@ CallLog::CallLog()
 void CallLog::trace(const Decision& decision, Call call, const std::string& path, std::int64_t offset,
                     std::uint64_t length)
 {
-    if (m_traceFile < 0 || decision.number == 0) {
+    if (m_traceFile < 0) {
         return;
     }
     char line[4500];
@@ -88,7 +88,7 @@ void CallLog::note(const char* text)
 
 void CallLog::write(const LoggedCall& entry)
 {
-    if (m_logFile < 0 || entry.number == 0) {
+    if (m_logFile < 0) {
         return;
     }
     Record record;

@@ -119,6 +119,9 @@ FaultPlan::FaultPlan()
         }
         m_ops |= std::uint64_t{wanted} << static_cast<unsigned>(call);
     }
+    if (const auto upTo = environment("VEMO_FAULTS_UPTO"); !upTo.empty()) {
+        m_upToBytes = number("VEMO_FAULTS_UPTO", upTo);
+    }
     if (const auto kill = environment("VEMO_FAULTS_KILL"); !kill.empty()) {
         m_killAt = number("VEMO_FAULTS_KILL", kill);
     }
@@ -155,12 +158,9 @@ bool FaultPlan::covers(const std::string& absolutePath) const
     return false;
 }
 
-Decision FaultPlan::decide(Call call)
+Decision FaultPlan::decide()
 {
     Decision decision;
-    if (!counts(call)) {
-        return decision;
-    }
     decision.number = ++callCount;
     decision.killBefore = decision.number == m_killAt;
     if (m_failAt != 0 && (decision.number == m_failAt || (m_failEver && decision.number > m_failAt))) {

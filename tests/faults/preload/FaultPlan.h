@@ -31,7 +31,7 @@ const char* nameOf(Call call);
 /// What is to happen to one call.
 struct Decision
 {
-    std::uint64_t number = 0;      ///< of the call, from 1; 0 when it does not count
+    std::uint64_t number = 0;      ///< of the call, from 1
     bool killBefore = false;       ///< the process dies instead of calling
     bool killAfter = false;        ///< it dies behind the (shortened) call
     int failWith = 0;              ///< errno, 0: the call goes through
@@ -44,6 +44,7 @@ struct Decision
 ///
 ///     VEMO_FAULTS_ROOT   folders, separated by colons; only calls on paths below them count
 ///     VEMO_FAULTS_OPS    names separated by commas; only these calls count (default: all but openread)
+///     VEMO_FAULTS_UPTO   n: writes of more than n bytes do not count (0: all do)
 ///     VEMO_FAULTS_KILL   k: SIGKILL in place of call k
 ///     VEMO_FAULTS_FAIL   k:ERRNO or k:ERRNO:ever
 ///     VEMO_FAULTS_SHORT  k:n or k:n:kill: call k, a write, carries n bytes at most; then the process dies
@@ -59,9 +60,12 @@ public:
 
     bool isActive() const { return !m_roots.empty(); }
     bool covers(const std::string& absolutePath) const;
-    bool counts(Call call) const { return (m_ops >> static_cast<unsigned>(call)) & 1u; }
-    /// Numbers the call and says what becomes of it.
-    Decision decide(Call call);
+    bool counts(Call call, std::uint64_t length) const
+    {
+        return ((m_ops >> static_cast<unsigned>(call)) & 1u) != 0 && (m_upToBytes == 0 || length <= m_upToBytes);
+    }
+    /// Numbers a call that counts, and says what becomes of it.
+    Decision decide();
 
     const std::string& tracePath() const { return m_tracePath; }
     const std::string& logPath() const { return m_logPath; }
@@ -71,6 +75,7 @@ private:
 
     std::vector<std::string> m_roots;
     std::uint64_t m_ops = 0;
+    std::uint64_t m_upToBytes = 0;
     std::uint64_t m_killAt = 0;
     std::uint64_t m_failAt = 0;
     int m_failWith = 0;

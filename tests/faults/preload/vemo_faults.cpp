@@ -81,9 +81,9 @@ std::string absolute(int folder, const char* path)
     return (std::filesystem::path(base) / path).lexically_normal().string();
 }
 
-bool concerns(Call call, const std::string& path)
+bool concerns(Call call, const std::string& path, std::uint64_t length = 0)
 {
-    return FaultPlan::instance().counts(call) && FaultPlan::instance().covers(path);
+    return FaultPlan::instance().counts(call, length) && FaultPlan::instance().covers(path);
 }
 
 void describe(LoggedCall& entry, int descriptor)
@@ -105,7 +105,7 @@ auto onDescriptor(LoggedCall entry, int descriptor, bool isWrite, Perform perfor
     }
     const int errnoBefore = errno;
     entry.path = targetOf(descriptor);
-    if (!concerns(entry.call, entry.path)) {
+    if (!concerns(entry.call, entry.path, isWrite ? entry.length : 0)) {
         errno = errnoBefore;
         return perform(Decision::noLimit);
     }
@@ -116,7 +116,7 @@ auto onDescriptor(LoggedCall entry, int descriptor, bool isWrite, Perform perfor
         {};
         entry.offset = appends && fstat(descriptor, &status) == 0 ? status.st_size : lseek(descriptor, 0, SEEK_CUR);
     }
-    const Decision decision = FaultPlan::instance().decide(entry.call);
+    const Decision decision = FaultPlan::instance().decide();
     entry.number = decision.number;
     CallLog::instance().trace(decision, entry.call, entry.path, entry.offset, entry.length);
     if (decision.killBefore) {
@@ -170,7 +170,7 @@ int onPath(Call call, const std::string& path, const std::string& secondPath, Pe
     if (lstat(path.c_str(), &status) == 0) {
         entry.inode = status.st_ino;
     }
-    const Decision decision = plan.decide(call);
+    const Decision decision = plan.decide();
     entry.number = decision.number;
     CallLog::instance().trace(decision, call, path, 0, 0);
     if (decision.killBefore) {
@@ -204,7 +204,7 @@ int onOpen(int folder, const char* path, int flags, Perform perform)
         return perform();
     }
     const std::lock_guard<std::mutex> lock(order());
-    const Decision decision = plan.decide(entry.call);
+    const Decision decision = plan.decide();
     entry.number = decision.number;
     CallLog::instance().trace(decision, entry.call, entry.path, 0, 0);
     if (decision.killBefore) {

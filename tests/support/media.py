@@ -1,0 +1,98 @@
+"""What stock programs say of a media file: ffmpeg, ffprobe and GStreamer are the judges of what we write, never our own reader."""
+import json
+import os
+import subprocess
+
+TIMEOUT_S = 120
+
+
+class NotReadable(Exception):
+    """A judge could not read the file; the text is what it said."""
+
+
+def run(command, timeout=TIMEOUT_S, **options):
+    return subprocess.run(command, stdin=subprocess.DEVNULL, capture_output=True, text=True, errors="replace", timeout=timeout,
+                          **options)
+
+
+def samples(path):
+    """The samples of a file as stock ffmpeg reads them: a list of MD5 sums a stream, in decode order."""
+    return {stream: [md5 for _, md5 in rows] for stream, rows in timed_samples(path).items()}
+
+
+def timed_samples(path):
+    """As samples(), with the presentation time in seconds from the file's begin before each sum."""
+    done = run(["ffmpeg", "-v", "error", "-i", path, "-map", "0:v?", "-map", "0:a?", "-c", "copy", "-f", "framemd5", "-"])
+    if done.returncode != 0 or done.stderr.strip():
+        raise NotReadable(f"ffmpeg on {path}: exit {done.returncode}: {done.stderr.strip()[:600]}")
+    streams, bases = {}, {}
+    for line in done.stdout.splitlines():
+        if line.startswith("#tb "):
+            number, base = line[4:].split(":")
+            numerator, denominator = base.split("/")
+            bases[int(number)] = int(numerator) / int(denominator)
+            streams[int(number)] = []
+        elif line and not line.startswith("#"):
+            fields = [field.strip() for field in line.split(",")]
+            stream = int(fields[0])
+            streams.setdefault(stream, []).append((int(fields[2]) * bases.get(stream, 1), fields[5]))
+    return streams
+
+
+def decode_errors(path):
+    """What `ffmpeg -v error -i F -f null -` complains about; empty when the file decodes from end to end."""
+    done = run(["ffmpeg", "-v", "error", "-i", path, "-f", "null", "-"])
+    return done.stderr.strip() or ("" if done.returncode == 0 else f"exit {done.returncode}")
+
+
+def probe(path, *options):
+    done = run(["ffprobe", "-v", "error", "-show_format", "-show_streams", "-show_chapters", *options, "-of", "json", path])
+    if done.returncode != 0:
+        raise NotReadable(f"ffprobe on {path}: {done.stderr.strip()[:600]}")
+    return json.loads(done.stdout)
+
+
+def gstreamer_error(path, tracks):
+    """What GStreamer's qtdemux says against the file, read to its end with `tracks` tracks ("video", "audio"); empty when it
+    plays."""
+    command = ["gst-launch-1.0", "-q", "filesrc", f"location={path}", "!", "qtdemux", "name=d"]
+    for track in tracks:
+        command += [f"d.{track}_0", "!", "queue", "!", "fakesink", "sync=false"]
+    done = run(command, timeout=60)
+    return "" if done.returncode == 0 else (done.stderr.strip() or f"exit {done.returncode}")[:600]
+
+
+def top_level_boxes(path):
+    """The types of an MP4 file's top-level boxes (ISO/IEC 14496-12 clause 4.2), without trailing `free`."""
+    boxes = []
+    size = os.path.getsize(path)
+    with open(path, "rb") as file:
+        at = 0
+        while at + 8 <= size:
+            file.seek(at)
+            head = file.read(16)
+            length = int.from_bytes(head[:4], "big")
+            header = 8
+            if length == 1:
+                length = int.from_bytes(head[8:16], "big")
+                header = 16
+            elif length == 0:
+                length = size - at
+            if length < header or at + length > size:
+                raise NotReadable(f"{path}: box {head[4:8]!r} at {at} has the length {length} in a file of {size}")
+            boxes.append(head[4:8].decode("latin-1"))
+            at += length
+    if at != size:
+        raise NotReadable(f"{path}: {size - at} bytes behind the last box")
+    return boxes
+
+
+def is_prefix(part, whole):
+    return part == whole[:len(part)]
+
+
+def first_difference(part, whole):
+    for index, (left, right) in enumerate(zip(part, whole)):
+        if left != right:
+            return f"sample {index} differs"
+    return f"{len(part)} samples where there are {len(whole)}"
