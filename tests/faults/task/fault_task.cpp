@@ -10,7 +10,7 @@
 // "monotonicNs task pushed track count" and "monotonicNs task event number value": what a judge needs to tell what was
 // pushed, and said, by when.
 
-#include "ClipPackets.h"
+#include "ClipSource.h"
 
 #include "vaws_download.h"
 
@@ -30,7 +30,6 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr std::int64_t clipBeginNs = 1'768'032'000'000'000'000; // 2026-01-10T08:00:00Z
 constexpr std::int64_t backlogLimit = 8 * 1024 * 1024;
 constexpr std::size_t batchBytes = 64 * 1024;
 constexpr auto endTimeout = std::chrono::seconds(60);
@@ -166,7 +165,7 @@ std::string textOf(Read read)
 }
 
 /// Pushes the clip to one task and ends it; returns its last report.
-std::string drive(const Options& options, const ClipPackets& clip, std::size_t index)
+std::string drive(const Options& options, const ClipSource& clip, std::size_t index)
 {
     const std::string task = "task" + std::to_string(index + 1);
     const std::string& out = options.outputs[index];
@@ -174,7 +173,8 @@ std::string drive(const Options& options, const ClipPackets& clip, std::size_t i
         return "{\"task\": \"" + task + "\", \"start\": " + std::to_string(result) + "}";
     }
     vaws_download_push_player_event(task.c_str(), VAWS_PLAYER_PLAYING);
-    vaws_download_push_vavframe(task.c_str(), clip.streamInfo().data(), clip.streamInfo().size());
+    const auto info = vav::encodeStreamInfo(clip.info());
+    vaws_download_push_vavframe(task.c_str(), info.data(), info.size());
 
     const auto begin = Clock::now();
     std::map<int, long long> pushed;
@@ -191,20 +191,21 @@ std::string drive(const Options& options, const ClipPackets& clip, std::size_t i
             }
         }
     };
-    for (const auto& packet : clip.packets()) {
+    for (const auto& frame : clip.frames()) {
         if (hasEnded(task)) {
             break;
         }
         if (options.speed > 0) {
-            const auto due = begin + std::chrono::microseconds(static_cast<long long>(
-                                         static_cast<double>(packet.decodeTimeUs) / options.speed));
+            const auto sinceBegin = static_cast<double>(frame.header.timeNs - clip.beginNs());
+            const auto due = begin + std::chrono::nanoseconds(static_cast<long long>(sinceBegin / options.speed));
             if (due > Clock::now()) {
                 flush();
                 std::this_thread::sleep_until(due);
             }
         }
-        batch.insert(batch.end(), packet.bytes.begin(), packet.bytes.end());
-        ++pushed[packet.track];
+        const auto packet = ClipSource::packet(frame);
+        batch.insert(batch.end(), packet.begin(), packet.end());
+        ++pushed[frame.header.track];
         if (batch.size() >= batchBytes) {
             flush();
         }
@@ -230,7 +231,7 @@ std::string drive(const Options& options, const ClipPackets& clip, std::size_t i
 
 int run(const Options& options)
 {
-    const ClipPackets clip(options.clip, clipBeginNs);
+    const ClipSource clip(options.clip);
     if (vaws_download_init_sdk(options.temp.c_str()) != VAWS_OK) {
         fail("the library did not take its folder " + options.temp);
     }

@@ -1,0 +1,300 @@
+"""What the fault matrices share: clips, runs of fault_task under the preload library, and the judgement of what they left."""
+import argparse
+import concurrent.futures
+import hashlib
+import json
+import os
+import random
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.realpath(__file__)), "..", "support"))
+import media  # noqa: E402
+
+RUN_TIMEOUT_S = 60
+GOP_FRAMES = 25
+FRAMES_A_SECOND = 25
+# A fragment closes at a key frame; it may also hold the start of the next group of pictures in its buffer.
+FRAGMENT_FRAMES = 2 * GOP_FRAMES
+# AAC access units that the encoder's last flush may add or change, where the library encodes G.711 itself.
+ENCODER_TAIL = 3
+
+CLIPS = {
+    "h264_aac": ["-c:v", "libx264", "-preset", "veryfast", "-bf", "2", "-g", str(GOP_FRAMES), "-x264-params", "scenecut=0",
+                 "-b:v", "800k", "-c:a", "aac", "-b:a", "48k", "-ar", "16000"],
+    "h265_g711": ["-c:v", "libx265", "-preset", "ultrafast", "-x265-params",
+                  f"log-level=error:keyint={GOP_FRAMES}:min-keyint={GOP_FRAMES}:scenecut=0:bframes=2", "-b:v", "800k",
+                  "-tag:v", "hvc1", "-c:a", "pcm_alaw", "-ar", "8000"],
+}
+
+
+def parse(description, **extra):
+    parser = argparse.ArgumentParser(description=description)
+    parser.add_argument("--build", required=True, help="the build tree with bin/ and lib/")
+    parser.add_argument("--full", action="store_true", help="the whole matrix instead of a sample")
+    parser.add_argument("--seed", type=int, default=None)
+    parser.add_argument("--only", type=int, default=None, help="this one case of the matrix")
+    for name, options in extra.items():
+        parser.add_argument("--" + name, **options)
+    arguments = parser.parse_args()
+    if arguments.seed is None:
+        arguments.seed = random.SystemRandom().randrange(1 << 31)
+    print(f"seed {arguments.seed}", flush=True)
+    return arguments
+
+
+def make_clip(folder, name, seconds=12, size="320x240", extra_video=(), suffix=""):
+    """Makes a clip once and keeps it; two tests that start at the same time both make it, and one wins."""
+    os.makedirs(folder, exist_ok=True)
+    path = os.path.join(folder, f"{name}{suffix}-{seconds}.mov")
+    if not os.path.exists(path):
+        made = f"{path}.{os.getpid()}.mov"
+        done = media.run(["ffmpeg", "-v", "error", "-y",
+                          "-f", "lavfi", "-i", f"testsrc2=size={size}:rate={FRAMES_A_SECOND}:duration={seconds}",
+                          "-f", "lavfi", "-i", f"sine=frequency=440:sample_rate=16000:duration={seconds}",
+                          *CLIPS[name], *extra_video, made])
+        if done.returncode != 0:
+            raise RuntimeError("ffmpeg cannot make the clip: " + done.stderr)
+        os.rename(made, path)
+    return path
+
+
+class Lab:
+    """One build tree, one clip, and what an undisturbed run makes of it."""
+
+    def __init__(self, arguments, clip_name, **clip_options):
+        self.build = os.path.realpath(arguments.build)
+        self.task = os.path.join(self.build, "bin", "fault_task")
+        self.preload = os.path.join(self.build, "lib", "libvemo_faults.so")
+        self.clip = make_clip(os.path.join(self.build, "clips"), clip_name, **clip_options)
+        self.name = clip_name
+        # Video, and audio that is not transcoded, is judged against the clip as ffmpeg reads it.
+        self.truth = media.samples(self.clip)
+        self.transcodes = clip_name.endswith("g711")
+
+    def run_undisturbed(self, box, *options, **variables):
+        """A whole run; learns from it what the transcoded audio looks like. Returns the traced calls."""
+        done = self.run(box, *options, trace=True, **variables)
+        if done.returncode != 0:
+            raise RuntimeError(f"the undisturbed run failed: {done.stdout}{done.stderr}")
+        report = json.loads(done.stdout)["tasks"][0]
+        if report.get("event") != 16:
+            raise RuntimeError(f"the undisturbed run did not finish: {report}")
+        whole = media.samples(box.out)
+        if self.transcodes:
+            self.truth[1] = whole[1]
+        problems = self.compare(whole, whole_file=True)
+        if problems:
+            raise RuntimeError(f"the undisturbed run lost something: {problems}")
+        return box.calls()
+
+    def run(self, box, *options, outputs=None, trace=False, log=False, repair=False, under=None, **variables):
+        """fault_task on the files of `box`; `variables` go to the preload library as VEMO_FAULTS_<NAME>."""
+        return self.finish(self.start(box, *options, outputs=outputs, trace=trace, log=log, repair=repair, under=under,
+                                      **variables))
+
+    def start(self, box, *options, outputs=None, trace=False, log=False, repair=False, under=None, **variables):
+        environment = dict(os.environ, VEMO_DISK_RESERVE_BYTES="0")
+        command = [self.task, "--temp", box.temp]
+        if repair:
+            command.append("--repair")
+        else:
+            command += ["--clip", self.clip, "--log", box.log]
+            for output in outputs or [box.out]:
+                command += ["--out", output]
+        command += options
+        if trace or log or variables:
+            environment["LD_PRELOAD"] = self.preload
+            environment["VEMO_FAULTS_ROOT"] = under or box.root
+            if trace:
+                environment["VEMO_FAULTS_TRACE"] = box.trace
+            if log:
+                environment["VEMO_FAULTS_LOG"] = box.call_log
+            for name, value in variables.items():
+                environment["VEMO_FAULTS_" + name.upper()] = str(value)
+        return subprocess.Popen(command, env=environment, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                                stderr=subprocess.PIPE, text=True)
+
+    @staticmethod
+    def finish(process, timeout=RUN_TIMEOUT_S):
+        try:
+            out, err = process.communicate(timeout=timeout)
+        except subprocess.TimeoutExpired:
+            process.kill()
+            out, err = process.communicate()
+            err += f"\nstill running after {timeout} s"
+        return subprocess.CompletedProcess(process.args, process.returncode, out, err)
+
+    def compare(self, found, whole_file=False):
+        """N1: every track is a prefix of what was pushed. With `whole_file` it is all of it."""
+        problems = []
+        for stream, got in found.items():
+            expected = self.truth.get(stream, [])
+            tail = 0
+            if stream == 1 and self.transcodes:
+                tail = ENCODER_TAIL
+            if not media.is_prefix(got[:len(got) - tail], expected):
+                problems.append(f"stream {stream}: {media.first_difference(got, expected)}")
+            if whole_file and abs(len(got) - len(expected)) > tail:
+                problems.append(f"stream {stream}: {len(got)} samples of {len(expected)}")
+        if whole_file and set(found) != set(self.truth):
+            problems.append(f"streams {sorted(found)} instead of {sorted(self.truth)}")
+        return problems
+
+    def judge(self, path, gstreamer=False):
+        """(samples, problems) of a file that must be readable: by ffmpeg, and by GStreamer when asked."""
+        try:
+            found = media.samples(path)
+        except (media.NotReadable, subprocess.TimeoutExpired) as error:
+            return {}, [str(error)]
+        problems = self.compare(found)
+        if gstreamer and any(found.values()):
+            tracks = [name for stream, name in ((0, "video"), (1, "audio")) if found.get(stream)]
+            said = media.gstreamer_error(path, tracks)
+            if said:
+                problems.append(f"GStreamer on {path}: {said}")
+        return found, problems
+
+    def repair(self, box):
+        """Starts the library again on what a run left. (report, problems)"""
+        done = self.run(box, repair=True)
+        if done.returncode != 0:
+            return [], [f"repair: exit {done.returncode}: {done.stderr.strip()[:500]}"]
+        answer = json.loads(done.stdout)
+        problems = []
+        if answer["ms"] > 5000:
+            problems.append(f"repair took {answer['ms']} ms")
+        return answer["repaired"], problems
+
+
+class Box:
+    """A world of its own for one run: folders for outputs and journals with other people's files in them."""
+
+    def __init__(self, place=None):
+        self.base = tempfile.mkdtemp(prefix="vemo-faults-", dir=place)
+        self.root = os.path.join(self.base, "disk")
+        self.folder = os.path.join(self.root, "out")
+        self.temp = os.path.join(self.root, "temp")
+        self.out = os.path.join(self.folder, "gate.mp4")
+        self.trace = os.path.join(self.base, "trace")
+        self.call_log = os.path.join(self.base, "calls")
+        self.log = os.path.join(self.base, "log")
+        os.makedirs(self.folder)
+        os.makedirs(self.temp)
+        self.neighbours = {}
+        for name in ("out/other.mp4", "out/gate (2).mp4", "out/notes.txt", "temp/photo.jpg", "temp/letter.json"):
+            content = hashlib.sha256(name.encode()).digest() * 100
+            path = os.path.join(self.root, name)
+            with open(path, "wb") as file:
+                file.write(content)
+            self.neighbours[path] = content
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        shutil.rmtree(self.base, ignore_errors=True)
+
+    def calls(self):
+        """The traced calls as (number, name, monotonic ns, path, offset, length)."""
+        with open(self.trace, encoding="utf-8") as file:
+            rows = [line.rstrip("\n").split("\t") for line in file]
+        return [(int(r[0]), r[1], int(r[2]), r[3], int(r[4]), int(r[5])) for r in rows]
+
+    def death_ns(self):
+        """When the preload library killed the process."""
+        return next((call[2] for call in self.calls() if call[1] == "killed"), None)
+
+    def pushed_by(self, when_ns, task="task1", track=0):
+        """How many packets of a track the program had pushed at that time."""
+        count = 0
+        for fields in self.log_lines():
+            if fields[1] == task and fields[2] == "pushed" and int(fields[3]) == track and int(fields[0]) <= when_ns:
+                count = int(fields[4])
+        return count
+
+    def events(self, task="task1"):
+        return [int(fields[3]) for fields in self.log_lines() if fields[1] == task and fields[2] == "event"]
+
+    def log_lines(self):
+        if not os.path.exists(self.log):
+            return []
+        with open(self.log, encoding="utf-8") as file:
+            return [line.split() for line in file if line.endswith("\n")]
+
+    def neighbour_problems(self):
+        """N6: other people's files are bit for bit what they were."""
+        problems = []
+        for path, content in self.neighbours.items():
+            try:
+                with open(path, "rb") as file:
+                    if file.read() != content:
+                        problems.append(f"{path} was changed")
+            except OSError as error:
+                problems.append(f"{path}: {error}")
+        return problems
+
+    def leftovers(self, expected=()):
+        """N7: files that are neither other people's nor an output."""
+        known = set(self.neighbours) | {self.out, *expected}
+        return [f"left behind: {os.path.join(folder, name)}" for folder, _, names in os.walk(self.root) for name in names
+                if os.path.join(folder, name) not in known]
+
+
+def honesty_problems(report, path, found):
+    """N3: what the library claims of a file is not more than it holds."""
+    problems = []
+    for entry in report:
+        if entry.get("path") != path:
+            continue
+        size = os.path.getsize(path) if os.path.exists(path) else 0
+        if entry.get("bytes", 0) > size:
+            problems.append(f"claims {entry['bytes']} bytes of {size}")
+        if entry.get("outcome") == "failed":
+            problems.append(f"repair failed: {entry.get('error')}")
+        if found.get(0) and entry.get("begin") and entry.get("end"):
+            claimed = (iso_ms(entry["end"]) - iso_ms(entry["begin"])) / 1000
+            held = len(found[0]) / FRAMES_A_SECOND
+            if claimed > held + 0.2:
+                problems.append(f"claims {claimed:.3f} s where the file holds {held:.3f} s")
+    return problems
+
+
+def iso_ms(text):
+    import datetime
+    return datetime.datetime.fromisoformat(text.replace("Z", "+00:00")).timestamp() * 1000
+
+
+def killed(done):
+    return done.returncode == -signal.SIGKILL
+
+
+def sample(cases, count, seed):
+    """An even spread of `count` cases whose phase the seed decides."""
+    cases = list(cases)
+    if len(cases) <= count:
+        return cases
+    step = len(cases) / count
+    phase = random.Random(seed).random()
+    return sorted({cases[int((index + phase) * step) % len(cases)] for index in range(count)})
+
+
+def run_matrix(title, cases, one, jobs=None):
+    """Runs one(case) for all cases, some at a time; one() returns a list of problems. Prints what failed; the exit code."""
+    began = time.monotonic()
+    cases = list(cases)
+    failed = 0
+    with concurrent.futures.ThreadPoolExecutor(jobs or os.cpu_count()) as pool:
+        for case, problems in zip(cases, pool.map(one, cases)):
+            if problems:
+                failed += 1
+                print(f"FAILED {title} {case}:")
+                for problem in problems:
+                    print(f"    {problem}")
+                sys.stdout.flush()
+    print(f"{title}: {len(cases)} cases, {failed} failed, {time.monotonic() - began:.1f} s", flush=True)
+    return failed

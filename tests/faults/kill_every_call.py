@@ -1,0 +1,116 @@
+#!/usr/bin/env python3
+"""SIGKILL in place of every file call of a task's life, then a restart. Before repair and after it the file is a prefix of what
+was pushed and lacks at most a fragment and the last second; ffmpeg and GStreamer open it; nobody else's file changed; nothing is
+left behind. Calls of finalising, and every torn length of the switch of the header, are always among the cases."""
+import json
+import os
+import sys
+
+import faultlab
+from faultlab import Box, Lab
+
+FULL_SPEED = ()
+PACED = ("--speed", "4")
+
+
+def judge_kill(lab, options, variables):
+    """Kills a run as the variables say and returns (problems, whether the process was killed)."""
+    with Box() as box:
+        done = lab.run(box, *options, trace=True, **variables)
+        if not faultlab.killed(done):
+            return ([] if done.returncode == 0 else [f"exit {done.returncode}: {done.stderr.strip()[:500]}"]), False
+        return judge_wreck(lab, box, box.death_ns()), True
+
+
+def judge_wreck(lab, box, death_ns, expected=(), window_ns=1_000_000_000, gstreamer=True):
+    problems = []
+    before = {}
+    was_there = os.path.exists(box.out) and os.path.getsize(box.out) > 0
+    if was_there:
+        before, found_problems = lab.judge(box.out, gstreamer)
+        problems += [f"before repair: {problem}" for problem in found_problems]
+    owed = box.pushed_by(death_ns - window_ns) - faultlab.FRAGMENT_FRAMES
+
+    report, repair_problems = lab.repair(box)
+    problems += repair_problems
+    after = {}
+    if os.path.exists(box.out):
+        after, found_problems = lab.judge(box.out, gstreamer)
+        problems += [f"after repair: {problem}" for problem in found_problems]
+        problems += faultlab.honesty_problems(report, box.out, after)
+        if not any(after.values()):
+            problems.append("an empty file was left")
+    for stream, samples in before.items():
+        if len(after.get(stream, [])) < len(samples):
+            problems.append(f"repair lost samples of stream {stream}: {len(samples)} before, {len(after.get(stream, []))} after")
+    if len(after.get(0, [])) < owed:
+        problems.append(f"{len(after.get(0, []))} frames survived where {owed} should have")
+    if 16 in box.events():
+        problems += [f"told as finished: {problem}" for problem in lab.compare(after, whole_file=True)]
+    problems += box.neighbour_problems()
+    problems += box.leftovers(expected)
+    if problems:
+        problems.append(f"repair report: {json.dumps(report)}")
+    return problems
+
+
+def torn_switch_cases(lab):
+    """(variables, title) for each torn length of every small write into the finished file: the header switch is one of them."""
+    with Box() as box:
+        calls = lab.run_undisturbed(box, upto=64, ops="write,pwrite,writev", under=box.folder)
+    return [dict(short=f"{number}:{length}:kill", upto=64, ops="write,pwrite,writev", folder_only=True)
+            for number, _, _, _, _, size in calls for length in range(size + 1)]
+
+
+def main():
+    arguments = faultlab.parse(__doc__.splitlines()[0], clip={"choices": list(faultlab.CLIPS), "required": True})
+    lab = Lab(arguments, arguments.clip)
+    with Box() as box:
+        calls = lab.run_undisturbed(box)
+    count = calls[-1][0]
+    # Finalising begins with the last large write: index, syncs, header switch, read-back, journal.
+    media_writes = [call[0] for call in calls if call[1] in ("write", "pwrite", "writev") and call[5] >= 64 * 1024]
+    finalising = range(media_writes[-1] if media_writes else 1, count + 2)
+    with Box() as box:
+        paced_count = lab.run_undisturbed(box, *PACED)[-1][0]
+    torn = torn_switch_cases(lab)
+
+    cases = [(FULL_SPEED, {"kill": k}) for k in range(1, count + 2)] + [(PACED, {"kill": k}) for k in range(1, paced_count + 1)]
+    if not arguments.full:
+        cases = [(FULL_SPEED, {"kill": k}) for k in faultlab.sample(range(1, finalising[0]), 5, arguments.seed)]
+        cases += [(FULL_SPEED, {"kill": k}) for k in faultlab.sample(finalising, 8, arguments.seed)]
+        cases += [(PACED, {"kill": k}) for k in faultlab.sample(range(1, paced_count + 1), 5, arguments.seed)]
+        torn = [torn[index] for index in faultlab.sample(range(len(torn)), 5, arguments.seed)]
+    cases += [(FULL_SPEED, case) for case in torn]
+    print(f"{arguments.clip}: {count} calls at full speed, {paced_count} paced, finalising from {finalising[0]} on")
+    if arguments.only is not None:
+        cases = [cases[arguments.only]]
+
+    kills = []
+
+    def one(case):
+        options, variables = case
+        variables = dict(variables)
+        if variables.pop("folder_only", False):
+            with Box() as box:
+                done = lab.run(box, *options, trace=True, under=box.folder, **variables)
+                if not faultlab.killed(done):
+                    return [f"exit {done.returncode}: {done.stderr.strip()[:500]}"] if done.returncode else []
+                kills.append(case)
+                return judge_wreck(lab, box, box.death_ns())
+        problems, was_killed = judge_kill(lab, options, variables)
+        if was_killed:
+            kills.append(case)
+        return problems
+
+    failed = faultlab.run_matrix(f"kill {arguments.clip}", cases, one)
+    print(f"{len(kills)} of {len(cases)} runs were killed")
+    # Threads may order a few calls differently from run to run, but most kills must have struck.
+    if len(kills) < 0.8 * len(cases):
+        print("FAILED: too few runs reached the call at which they should have died")
+        failed += 1
+    return 1 if failed else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
