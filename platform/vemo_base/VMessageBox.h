@@ -1,0 +1,33 @@
+#pragma once
+
+#include "vemo_base_global.h"
+
+#include <QDialog>
+
+namespace vemo_base {
+
+/// The client's message box: a title, a sentence, buttons trailing. GUI thread. Esc is the safe button, which also has
+/// the focus.
+class VEMO_BASE_EXPORT VMessageBox final : public QDialog
+{
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(VMessageBox)
+
+public:
+    enum class Kind : int { Unknown = 0, Information, Warning, Error, Question, DangerousQuestion };
+
+    /// `deed` names what the confirming button does ("Delete"); empty: "Yes" for questions, "OK" otherwise.
+    VMessageBox(Kind kind, const QString& title, const QString& text, const QString& deed = QString(),
+                QWidget* parent = nullptr);
+
+    /// Opens the box, which deletes itself, and returns at once.
+    static void show(Kind kind, const QString& title, const QString& text, QWidget* parent = nullptr);
+    /// Asks and waits for the answer; for flows that are fixed as blocking.
+    static bool question(QWidget* parent, const QString& title, const QString& text, const QString& deed = QString());
+    static bool dangerousQuestion(QWidget* parent, const QString& title, const QString& text, const QString& deed);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+} // namespace vemo_base
