@@ -100,6 +100,22 @@ function(vemo_fuzzer name)
     set_tests_properties(${name} PROPERTIES LABELS "engine;fuzz" TIMEOUT ${timeout})
 endfunction()
 
+# vemo_script_test(NAME SCRIPT file [LONG] [SERIAL] TIMEOUT seconds LABELS ... ARGS ...): a Python script that ctest runs as one test,
+# with the build tree as --build. Exit code 77 means skipped. LONG ones only run with `ctest -C Full`.
+function(vemo_script_test name)
+    cmake_parse_arguments(ARG "LONG;SERIAL" "SCRIPT;TIMEOUT" "LABELS;ARGS" ${ARGN})
+    set(command "${Python3_EXECUTABLE}" "${CMAKE_CURRENT_SOURCE_DIR}/${ARG_SCRIPT}" --build "${CMAKE_BINARY_DIR}" ${ARG_ARGS})
+    if(ARG_LONG)
+        add_test(NAME ${name} CONFIGURATIONS Full COMMAND ${command})
+        list(APPEND ARG_LABELS long)
+    else()
+        add_test(NAME ${name} COMMAND ${command})
+    endif()
+    set_tests_properties(${name} PROPERTIES TIMEOUT ${ARG_TIMEOUT} LABELS "${ARG_LABELS}" SKIP_RETURN_CODE 77
+        RUN_SERIAL "${ARG_SERIAL}"
+        ENVIRONMENT "PYTHONPATH=${PROJECT_SOURCE_DIR}/tests/support;PYTHONDONTWRITEBYTECODE=1;QT_QPA_PLATFORM=offscreen")
+endfunction()
+
 # Fails the configuration when a target links a layer that it must not know.
 function(vemo_check_layers)
     set(widgetFree vav_frame vaws_download vms_sdk)

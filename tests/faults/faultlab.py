@@ -170,6 +170,40 @@ class Lab:
             problems.append(f"repair took {answer['ms']} ms")
         return answer["repaired"], problems
 
+    def judge_wreck(self, box, death_ns, outputs=None, window_ns=1_000_000_000, gstreamer=True):
+        """N1 to N4, N6 and N7 for what a killed run left in `box`; `outputs` maps tasks to their files. A list of problems."""
+        outputs = outputs or {"task1": box.out}
+        problems, before = [], {}
+        for task, path in outputs.items():
+            if os.path.exists(path) and os.path.getsize(path) > 0:
+                before[task], found_problems = self.judge(path, gstreamer)
+                problems += [f"{task} before repair: {problem}" for problem in found_problems]
+
+        report, repair_problems = self.repair(box)
+        problems += repair_problems
+        for task, path in outputs.items():
+            after = {}
+            if os.path.exists(path):
+                after, found_problems = self.judge(path, gstreamer)
+                problems += [f"{task} after repair: {problem}" for problem in found_problems]
+                problems += [f"{task}: {problem}" for problem in honesty_problems(report, path, after)]
+                if not any(after.values()):
+                    problems.append(f"{task}: an empty file was left")
+            for stream, samples in before.get(task, {}).items():
+                if len(after.get(stream, [])) < len(samples):
+                    problems.append(f"{task}: repair lost samples of stream {stream}: {len(samples)} before, "
+                                    f"{len(after.get(stream, []))} after")
+            owed = box.pushed_by(death_ns - window_ns, task) - FRAGMENT_FRAMES
+            if len(after.get(0, [])) < owed:
+                problems.append(f"{task}: {len(after.get(0, []))} frames survived where {owed} should have")
+            if 16 in box.events(task):
+                problems += [f"{task}, told as finished: {problem}" for problem in self.compare(after, whole_file=True)]
+        problems += box.neighbour_problems()
+        problems += box.leftovers(outputs.values())
+        if problems:
+            problems.append(f"repair report: {json.dumps(report)}")
+        return problems
+
 
 class Box:
     """A world of its own for one run: folders for outputs and journals with other people's files in them."""
@@ -238,9 +272,13 @@ class Box:
                 problems.append(f"{path}: {error}")
         return problems
 
+    def outputs(self, count):
+        """Files for several tasks: {"task1": path...}."""
+        return {f"task{number}": os.path.join(self.folder, f"gate-{number}.mp4") for number in range(1, count + 1)}
+
     def leftovers(self, expected=()):
         """N7: files that are neither other people's nor an output."""
-        known = set(self.neighbours) | {self.out, *expected}
+        known = set(self.neighbours) | set(expected)
         return [f"left behind: {os.path.join(folder, name)}" for folder, _, names in os.walk(self.root) for name in names
                 if os.path.join(folder, name) not in known]
 

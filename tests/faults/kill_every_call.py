@@ -2,8 +2,6 @@
 """SIGKILL in place of every file call of a task's life, then a restart. Before repair and after it the file is a prefix of what
 was pushed and lacks at most a fragment and the last second; ffmpeg and GStreamer open it; nobody else's file changed; nothing is
 left behind. Calls of finalising, and every torn length of the switch of the header, are always among the cases."""
-import json
-import os
 import sys
 
 import faultlab
@@ -19,39 +17,7 @@ def judge_kill(lab, options, variables):
         done = lab.run(box, *options, trace=True, **variables)
         if not faultlab.killed(done):
             return ([] if done.returncode == 0 else [f"exit {done.returncode}: {done.stderr.strip()[:500]}"]), False
-        return judge_wreck(lab, box, box.death_ns()), True
-
-
-def judge_wreck(lab, box, death_ns, expected=(), window_ns=1_000_000_000, gstreamer=True):
-    problems = []
-    before = {}
-    was_there = os.path.exists(box.out) and os.path.getsize(box.out) > 0
-    if was_there:
-        before, found_problems = lab.judge(box.out, gstreamer)
-        problems += [f"before repair: {problem}" for problem in found_problems]
-    owed = box.pushed_by(death_ns - window_ns) - faultlab.FRAGMENT_FRAMES
-
-    report, repair_problems = lab.repair(box)
-    problems += repair_problems
-    after = {}
-    if os.path.exists(box.out):
-        after, found_problems = lab.judge(box.out, gstreamer)
-        problems += [f"after repair: {problem}" for problem in found_problems]
-        problems += faultlab.honesty_problems(report, box.out, after)
-        if not any(after.values()):
-            problems.append("an empty file was left")
-    for stream, samples in before.items():
-        if len(after.get(stream, [])) < len(samples):
-            problems.append(f"repair lost samples of stream {stream}: {len(samples)} before, {len(after.get(stream, []))} after")
-    if len(after.get(0, [])) < owed:
-        problems.append(f"{len(after.get(0, []))} frames survived where {owed} should have")
-    if 16 in box.events():
-        problems += [f"told as finished: {problem}" for problem in lab.compare(after, whole_file=True)]
-    problems += box.neighbour_problems()
-    problems += box.leftovers(expected)
-    if problems:
-        problems.append(f"repair report: {json.dumps(report)}")
-    return problems
+        return lab.judge_wreck(box, box.death_ns()), True
 
 
 def torn_switch_cases(lab):
@@ -97,7 +63,7 @@ def main():
                 if not faultlab.killed(done):
                     return [f"exit {done.returncode}: {done.stderr.strip()[:500]}"] if done.returncode else []
                 kills.append(case)
-                return judge_wreck(lab, box, box.death_ns())
+                return lab.judge_wreck(box, box.death_ns())
         problems, was_killed = judge_kill(lab, options, variables)
         if was_killed:
             kills.append(case)
