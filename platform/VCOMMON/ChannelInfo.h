@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QList>
+#include <QMetaType>
+#include <QString>
+
+namespace VCOMMON {
+
+/// A channel as the local index stores know it.
+struct ChannelInfo
+{
+    QString devId;
+    int channelNo = 0;
+    QString devLabel; ///< the device's name
+};
+
+} // namespace VCOMMON
+
+Q_DECLARE_METATYPE(VCOMMON::ChannelInfo)
+Q_DECLARE_METATYPE(QList<VCOMMON::ChannelInfo>)

@@ -1,0 +1,117 @@
+#include "LocalRecordingIndexes.h"
+
+#include <Database.h>
+
+#include <QDebug>
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QVariant>
+
+#include <algorithm>
+#include <memory>
+
+namespace VCOMMON {
+
+namespace {
+
+using Records = QList<LocalRecordingIndexInfo>;
+
+/// A span of several years at one file a minute; past it the oldest are answered.
+constexpr int maxRecordsAnswered = 100'000;
+
+QString notNull(const QString& text)
+{
+    return text.isNull() ? QStringLiteral("") : text;
+}
+
+bool carryOut(QSqlQuery& query)
+{
+    if (query.exec())
+        return true;
+    qWarning().noquote() << "local recordings:" << query.lastError().text();
+    return false;
+}
+
+bool put(QSqlDatabase& db, const LocalRecordingIndexInfo& record)
+{
+    QSqlQuery query(db);
+    query.prepare(QStringLiteral("INSERT OR REPLACE INTO local_recordings (file_path, dev_id, channel_no, channel_id, "
+                                 "channel_name, dev_name, begin_utc_ms, end_utc_ms) VALUES (?, ?, ?, ?, ?, ?, ?, ?)"));
+    query.addBindValue(record.filePath);
+    query.addBindValue(notNull(record.devId));
+    query.addBindValue(record.channelNo);
+    query.addBindValue(notNull(record.channelId));
+    query.addBindValue(notNull(record.channelName));
+    query.addBindValue(notNull(record.devName));
+    query.addBindValue(record.beginTime.toMSecsSinceEpoch());
+    query.addBindValue(record.endTime.toMSecsSinceEpoch());
+    return carryOut(query);
+}
+
+bool find(QSqlDatabase& db, const QList<ChannelInfo>& channels, qint64 beginUtcMs, qint64 endUtcMs, Records* records)
+{
+    QSqlQuery query(db);
+    query.setForwardOnly(true);
+    query.prepare(QStringLiteral("SELECT file_path, dev_id, channel_no, channel_id, channel_name, dev_name, "
+                                 "begin_utc_ms, end_utc_ms FROM local_recordings WHERE dev_id = ? AND channel_no = ? "
+                                 "AND begin_utc_ms < ? AND end_utc_ms > ? ORDER BY begin_utc_ms LIMIT ?"));
+    for (const ChannelInfo& channel : channels) {
+        query.bindValue(0, notNull(channel.devId));
+        query.bindValue(1, channel.channelNo);
+        query.bindValue(2, endUtcMs);
+        query.bindValue(3, beginUtcMs);
+        query.bindValue(4, maxRecordsAnswered - records->size());
+        if (!carryOut(query))
+            return false;
+        while (query.next()) {
+            LocalRecordingIndexInfo record;
+            record.filePath = query.value(0).toString();
+            record.devId = query.value(1).toString();
+            record.channelNo = query.value(2).toInt();
+            record.channelId = query.value(3).toString();
+            record.channelName = query.value(4).toString();
+            record.devName = query.value(5).toString();
+            record.beginTime = QDateTime::fromMSecsSinceEpoch(query.value(6).toLongLong());
+            record.endTime = QDateTime::fromMSecsSinceEpoch(query.value(7).toLongLong());
+            records->append(record);
+        }
+    }
+    std::stable_sort(records->begin(), records->end(),
+                     [](const auto& a, const auto& b) { return a.beginTime < b.beginTime; });
+    return true;
+}
+
+} // namespace
+
+LocalRecordingIndexes::LocalRecordingIndexes()
+{
+    connect(this, &LocalRecordingIndexes::signalGetChannelsLocalRecordingIndexesInfo, this,
+            [this](const QString& requestId, const QList<ChannelInfo>& channels, const QDateTime& begin,
+                   const QDateTime& end) { answer(requestId, channels, begin, end); });
+}
+
+LocalRecordingIndexes& LocalRecordingIndexes::instance()
+{
+    static LocalRecordingIndexes indexes;
+    return indexes;
+}
+
+void LocalRecordingIndexes::addLocalRecordingIndex(const LocalRecordingIndexInfo& record)
+{
+    vemo_data::Database::instance().post([record](QSqlDatabase& db) { return put(db, record); });
+}
+
+void LocalRecordingIndexes::answer(const QString& requestId, const QList<ChannelInfo>& channels, const QDateTime& begin,
+                                   const QDateTime& end)
+{
+    auto records = std::make_shared<Records>();
+    vemo_data::Database::instance().post(
+        [channels, beginUtcMs = begin.toMSecsSinceEpoch(), endUtcMs = end.toMSecsSinceEpoch(),
+         records](QSqlDatabase& db) { return find(db, channels, beginUtcMs, endUtcMs, records.get()); },
+        [this, requestId, records](bool ok) {
+            emit signalGetChannelsLocalRecordingIndexesInfoResult(requestId, ok ? *records : Records());
+        });
+}
+
+} // namespace VCOMMON

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "VCOMMON_global.h"
+
+#include <QString>
+
+namespace VCOMMON {
+
+/// Small tools for names and files.
+class VCOMMON_EXPORT ToolsCollection final
+{
+public:
+    ToolsCollection() = delete;
+
+    static constexpr int maxFileNameBytes = 255;
+
+    /// Makes `name` usable as one component of a path on every desktop, and returns it: separators and the characters
+    /// that Windows refuses, control, format and bidirectional characters become `substitute`; dots and spaces at the
+    /// ends go; a name that Windows reserves for a device gets "_" in front; at most 255 bytes of UTF-8, cut at a
+    /// character's edge. Empty when nothing is left.
+    static QString formatLegalFileName(QString& name, const QString& substitute);
+
+    /// Cuts the text behind the last whole character that fits into so many bytes of UTF-8.
+    static void cutToBytes(QString& text, int limitBytes);
+
+    /// `path` itself when nothing stands there, else the same with " (2)", " (3)", ... before the suffix.
+    static QString freeFileName(const QString& path);
+};
+
+} // namespace VCOMMON
