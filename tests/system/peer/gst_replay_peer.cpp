@@ -1,0 +1,245 @@
+// A recorder that shares nothing with ours: GStreamer's RTSP server library serves a clip as a recording with ONVIF
+// replay.
+//
+//   gst_replay_peer --clip FILE --begin UTC-SECONDS --user NAME --password-file FILE [--password-in-clear]
+//
+// Prints {"rtsp": "rtsp://127.0.0.1:PORT/recording"} and serves until SIGTERM. The clip (QuickTime or MP4, H.264, and
+// AAC if it has it) stands on the peer's time line from --begin on; `Range: clock=` seeks in it, `Rate-Control: no` is
+// obeyed, and every packet carries the replay extension 0xABAC of GStreamer's rtponviftimestamp.
+
+#include <gst/app/gstappsink.h>
+#include <gst/app/gstappsrc.h>
+#include <gst/gst.h>
+#include <gst/rtsp-server/rtsp-server.h>
+// These do not declare themselves as C.
+extern "C" {
+#include <gst/rtsp-server/rtsp-onvif-media-factory.h>
+#include <gst/rtsp-server/rtsp-onvif-server.h>
+}
+
+#include <algorithm>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <glib-unix.h>
+#include <string>
+#include <vector>
+
+namespace {
+
+// GStreamer turns `Range: clock=` into nanoseconds since 1900, and so do NTP times begin there.
+constexpr GstClockTime secondsFrom1900To1970 = 2'208'988'800;
+
+[[noreturn]] void fail(const std::string& message)
+{
+    std::fprintf(stderr, "gst_replay_peer: %s\n", message.c_str());
+    std::exit(2);
+}
+
+/// All access units of one track of the clip, in decode order, with times on the recorder's time line.
+struct Track
+{
+    GstCaps* caps = nullptr;
+    std::vector<GstBuffer*> units;
+};
+
+/// Loads what a pipeline with an appsink named "out" delivers.
+Track load(const std::string& pipeline, GstClockTime begin)
+{
+    GError* error = nullptr;
+    GstElement* reader = gst_parse_launch(pipeline.c_str(), &error);
+    if (!reader) {
+        fail(error->message);
+    }
+    GstElement* sink = gst_bin_get_by_name(GST_BIN(reader), "out");
+    gst_element_set_state(reader, GST_STATE_PLAYING);
+    Track track;
+    while (GstSample* sample = gst_app_sink_pull_sample(GST_APP_SINK(sink))) {
+        if (!track.caps) {
+            track.caps = gst_caps_copy(gst_sample_get_caps(sample));
+        }
+        GstBuffer* unit = gst_buffer_copy(gst_sample_get_buffer(sample));
+        const GstSegment* segment = gst_sample_get_segment(sample);
+        // Where the clip's edit list puts it: a decoder's first B-frame delay does not move the picture.
+        const auto shift = [&](GstClockTime time) {
+            return GST_CLOCK_TIME_IS_VALID(time) ? begin + time - std::min(time, segment->start) : time;
+        };
+        GST_BUFFER_PTS(unit) = shift(GST_BUFFER_PTS(unit));
+        GST_BUFFER_DTS(unit) = shift(GST_BUFFER_DTS(unit));
+        track.units.push_back(unit);
+        gst_sample_unref(sample);
+    }
+    gst_element_set_state(reader, GST_STATE_NULL);
+    gst_object_unref(sink);
+    gst_object_unref(reader);
+    return track;
+}
+
+std::vector<Track>& tracks()
+{
+    static std::vector<Track> all;
+    return all;
+}
+
+/// Feeds one track of one client's session; lives as long as its appsrc.
+struct Feeder
+{
+    const Track* track = nullptr;
+    std::size_t next = 0;
+};
+
+void onNeedData(GstAppSrc* source, guint, gpointer data)
+{
+    auto* feeder = static_cast<Feeder*>(data);
+    if (feeder->next == feeder->track->units.size()) {
+        gst_app_src_end_of_stream(source);
+        return;
+    }
+    // The pipeline stamps what it gets, so every session has its own copies.
+    gst_app_src_push_buffer(source, gst_buffer_copy(feeder->track->units[feeder->next++]));
+}
+
+gboolean onSeekData(GstAppSrc*, guint64 position, gpointer data)
+{
+    auto* feeder = static_cast<Feeder*>(data);
+    const auto& units = feeder->track->units;
+    feeder->next = 0;
+    for (std::size_t index = 0; index < units.size(); ++index) {
+        const bool isKey = !GST_BUFFER_FLAG_IS_SET(units[index], GST_BUFFER_FLAG_DELTA_UNIT);
+        if (isKey && GST_BUFFER_PTS(units[index]) <= position) {
+            feeder->next = index;
+        }
+    }
+    return TRUE;
+}
+
+void connectSource(GstElement* pipeline, const char* name, const Track& track)
+{
+    GstElement* source = gst_bin_get_by_name(GST_BIN(pipeline), name);
+    const GstBuffer* last = track.units.back();
+    g_object_set(source, "caps", track.caps, "format", GST_FORMAT_TIME, "stream-type", GST_APP_STREAM_TYPE_SEEKABLE,
+                 "duration", GST_BUFFER_PTS(last) + GST_BUFFER_DURATION(last), nullptr);
+    auto* feeder = new Feeder{&track, 0};
+    GstAppSrcCallbacks callbacks{};
+    callbacks.need_data = onNeedData;
+    callbacks.seek_data = onSeekData;
+    gst_app_src_set_callbacks(GST_APP_SRC(source), &callbacks, feeder,
+                              [](gpointer data) { delete static_cast<Feeder*>(data); });
+    gst_object_unref(source);
+}
+
+void onMediaConfigure(GstRTSPMediaFactory*, GstRTSPMedia* media, gpointer)
+{
+    GstElement* pipeline = gst_rtsp_media_get_element(media);
+    for (std::size_t index = 0; index < tracks().size(); ++index) {
+        connectSource(pipeline, index == 0 ? "video" : "audio", tracks()[index]);
+    }
+    gst_object_unref(pipeline);
+}
+
+void demandLogin(GstRTSPServer* server, GstRTSPMediaFactory* factory, const std::string& user,
+                 const std::string& password, bool inClear)
+{
+    GstRTSPAuth* auth = gst_rtsp_auth_new();
+    GstRTSPToken* token = gst_rtsp_token_new(GST_RTSP_TOKEN_MEDIA_FACTORY_ROLE, G_TYPE_STRING, "operator", nullptr);
+    if (inClear) {
+        gchar* basic = gst_rtsp_auth_make_basic(user.c_str(), password.c_str());
+        gst_rtsp_auth_add_basic(auth, basic, token);
+        g_free(basic);
+    } else {
+        gst_rtsp_auth_set_supported_methods(auth, GST_RTSP_AUTH_DIGEST);
+        gst_rtsp_auth_add_digest(auth, user.c_str(), password.c_str(), token);
+    }
+    gst_rtsp_token_unref(token);
+    gst_rtsp_server_set_auth(server, auth);
+    g_object_unref(auth);
+    gst_rtsp_media_factory_add_role(factory, "operator", GST_RTSP_PERM_MEDIA_FACTORY_ACCESS, G_TYPE_BOOLEAN, TRUE,
+                                    GST_RTSP_PERM_MEDIA_FACTORY_CONSTRUCT, G_TYPE_BOOLEAN, TRUE, nullptr);
+}
+
+} // namespace
+
+int main(int count, char** arguments)
+{
+    std::string clip;
+    std::string user;
+    std::string password;
+    GstClockTime begin = 0;
+    bool inClear = false;
+    for (int index = 1; index < count; ++index) {
+        const std::string name = arguments[index];
+        if (name == "--password-in-clear") {
+            inClear = true;
+            continue;
+        }
+        if (index + 1 == count) {
+            fail(name + " needs a value");
+        }
+        const std::string value = arguments[++index];
+        if (name == "--clip") {
+            clip = value;
+        } else if (name == "--begin") {
+            begin = (std::stoull(value) + secondsFrom1900To1970) * GST_SECOND;
+        } else if (name == "--user") {
+            user = value;
+        } else if (name == "--password-file") {
+            std::ifstream file(value);
+            std::getline(file, password);
+        } else {
+            fail("unknown option " + name);
+        }
+    }
+    if (clip.empty() || user.empty() || password.empty() || begin == 0) {
+        fail("--clip, --begin, --user and --password-file are needed");
+    }
+    gst_init(nullptr, nullptr);
+
+    const std::string demux = "filesrc location=" + clip + " ! qtdemux name=d ";
+    tracks().push_back(load(demux +
+                                "d.video_0 ! queue ! h264parse ! video/x-h264,stream-format=byte-stream,alignment=au ! "
+                                "appsink name=out sync=false max-buffers=0",
+                            begin));
+    if (tracks()[0].units.empty()) {
+        fail("the clip has no H.264 track");
+    }
+    Track audio = load(
+        demux + "d.audio_0 ! queue ! aacparse ! audio/mpeg,stream-format=raw ! appsink name=out sync=false", begin);
+    std::string launch = "( appsrc name=video ! h264parse ! rtph264pay config-interval=-1 pt=96 ! rtponviftimestamp "
+                         "ntp-offset=0 drop-out-of-segment=false name=pay0 ";
+    if (!audio.units.empty()) {
+        tracks().push_back(audio);
+        launch += "appsrc name=audio ! aacparse ! rtpmp4gpay pt=97 ! rtponviftimestamp ntp-offset=0 "
+                  "drop-out-of-segment=false name=pay1 ";
+    }
+    launch += ")";
+
+    GstRTSPServer* server = gst_rtsp_onvif_server_new();
+    gst_rtsp_server_set_address(server, "127.0.0.1");
+    gst_rtsp_server_set_service(server, "0");
+    GstRTSPMediaFactory* factory = gst_rtsp_onvif_media_factory_new();
+    gst_rtsp_onvif_media_factory_set_replay_support(GST_RTSP_ONVIF_MEDIA_FACTORY(factory), TRUE);
+    gst_rtsp_media_factory_set_media_gtype(factory, GST_TYPE_RTSP_ONVIF_MEDIA);
+    gst_rtsp_media_factory_set_launch(factory, launch.c_str());
+    gst_rtsp_media_factory_set_protocols(factory, GST_RTSP_LOWER_TRANS_TCP);
+    g_signal_connect(factory, "media-configure", G_CALLBACK(onMediaConfigure), nullptr);
+    demandLogin(server, factory, user, password, inClear);
+    GstRTSPMountPoints* mounts = gst_rtsp_server_get_mount_points(server);
+    gst_rtsp_mount_points_add_factory(mounts, "/recording", factory);
+    g_object_unref(mounts);
+    if (gst_rtsp_server_attach(server, nullptr) == 0) {
+        fail("cannot listen");
+    }
+    std::printf("{\"rtsp\": \"rtsp://127.0.0.1:%d/recording\"}\n", gst_rtsp_server_get_bound_port(server));
+    std::fflush(stdout);
+
+    GMainLoop* loop = g_main_loop_new(nullptr, FALSE);
+    const auto quit = [](gpointer data) -> gboolean {
+        g_main_loop_quit(static_cast<GMainLoop*>(data));
+        return G_SOURCE_REMOVE;
+    };
+    g_unix_signal_add(SIGTERM, quit, loop);
+    g_unix_signal_add(SIGINT, quit, loop);
+    g_main_loop_run(loop);
+    return 0;
+}
