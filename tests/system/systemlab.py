@@ -1,0 +1,333 @@
+"""What the whole-program tests share: the simulated recorder and the client as processes, and what is demanded of every run of
+the client, whatever its outcome: in time, in bounded memory, one sentence on stderr when it failed, the password nowhere."""
+import argparse
+import base64
+import contextlib
+import datetime
+import json
+import os
+import random
+import shutil
+import signal
+import socket
+import subprocess
+import sys
+import tempfile
+import threading
+import time
+import unittest
+import urllib.parse
+import urllib.request
+
+import media
+
+# Awkward on purpose: what has to be encoded in URLs, quoted in headers and escaped in XML and JSON.
+PASSWORD = "gehe/im %2B+<&\"'>ä 7"
+USER = "admin"
+FIRST_DAY = datetime.datetime(2026, 1, 10, tzinfo=datetime.timezone.utc)
+MEMORY_LIMIT_MIB = 300
+START_TIMEOUT_S = 60
+
+DONE, FAILED, USAGE, LOGIN_REFUSED, UNREACHABLE, LIMIT, DISK, NO_RECORDING, INCOMPLETE, INTERRUPTED = 0, 1, 2, 3, 4, 5, 6, 7, 8, 130
+
+OPTIONS = argparse.Namespace(build="", full=False, seed=0)
+
+
+def main():
+    """Stands in for unittest.main() in the test files: the build tree and the size of the matrices come as options."""
+    parser = argparse.ArgumentParser(add_help=False)
+    parser.add_argument("--build", required=True)
+    parser.add_argument("--full", action="store_true")
+    parser.add_argument("--seed", type=int, default=random.SystemRandom().randrange(1 << 31))
+    parser.parse_known_args(namespace=OPTIONS)
+    _, rest = parser.parse_known_args()
+    OPTIONS.build = os.path.realpath(OPTIONS.build)
+    print(f"seed {OPTIONS.seed}", file=sys.stderr)
+    unittest.main(module="__main__", argv=[sys.argv[0], *rest], verbosity=2)
+
+
+def program(name):
+    return os.path.join(OPTIONS.build, "bin", name)
+
+
+def iso(moment):
+    return moment.astimezone(datetime.timezone.utc).strftime("%Y-%m-%dT%H:%M:%SZ")
+
+
+def parse_time(text):
+    moment = datetime.datetime.fromisoformat(text.replace("Z", "+00:00"))
+    return moment if moment.tzinfo else moment.astimezone()
+
+
+class Server:
+    """A process that prints one JSON line with its addresses when it is ready, and serves until SIGTERM."""
+
+    def __init__(self, command, **options):
+        self.errors = tempfile.TemporaryFile(mode="w+")
+        self.process = subprocess.Popen(command, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=self.errors, text=True,
+                                        **options)
+        timer = threading.Timer(START_TIMEOUT_S, self.process.kill)
+        timer.start()
+        line = self.process.stdout.readline()
+        timer.cancel()
+        try:
+            self.addresses = json.loads(line)
+        except ValueError:
+            self.process.kill()
+            self.process.wait()
+            raise RuntimeError(f"{command[0]} did not come up: {line!r} {self.said()}") from None
+
+    def said(self):
+        self.errors.seek(0)
+        return self.errors.read()[-2000:]
+
+    def stop(self):
+        """The exit code after SIGTERM."""
+        if self.process.poll() is None:
+            self.process.terminate()
+            try:
+                self.process.wait(timeout=10)
+            except subprocess.TimeoutExpired:
+                self.process.kill()
+                self.process.wait()
+        self.process.stdout.close()
+        self.errors.close()
+        return self.process.returncode
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.stop()
+
+
+class Recorder(Server):
+    """recorder_sim with a user of ours."""
+
+    def __init__(self, *options, password=PASSWORD):
+        self.folder = tempfile.mkdtemp(prefix="vemo-recorder-")
+        self.password = password
+        password_file = os.path.join(self.folder, "password")
+        with open(password_file, "w", encoding="utf-8") as file:
+            file.write(password)
+        os.chmod(password_file, 0o600)
+        try:
+            super().__init__([program("recorder_sim"), "--port", "0", "--user", USER, "--password-file", password_file,
+                              "--first-day", "2026-01-10", *options])
+        except BaseException:
+            shutil.rmtree(self.folder)
+            raise
+
+    def control(self, path, data=None):
+        """One request to the control address; the JSON that it answers."""
+        url = urllib.parse.urljoin(self.addresses["control"], path)
+        body = json.dumps(data).encode() if data is not None else None
+        with urllib.request.urlopen(urllib.request.Request(url, data=body), timeout=30) as answer:
+            text = answer.read().decode()
+        return json.loads(text) if text.strip() else None
+
+    def stop(self):
+        shutil.rmtree(self.folder, ignore_errors=True)
+        return super().stop()
+
+
+class Run:
+    """What one run of the client left."""
+
+    def __init__(self, command, code, out, err, seconds, memory_mib):
+        self.command, self.code, self.out, self.err, self.seconds, self.memory_mib = command, code, out, err, seconds, memory_mib
+
+    @property
+    def lines(self):
+        return [json.loads(line) for line in self.out.splitlines() if line.startswith("{")]
+
+    @property
+    def last(self):
+        return self.lines[-1]
+
+    def __str__(self):
+        return (f"{' '.join(self.command[1:])}\n  exit {self.code} after {self.seconds:.1f} s, {self.memory_mib} MiB\n"
+                f"  stdout: {self.out[-1500:]}\n  stderr: {self.err[-1500:]}")
+
+
+class Client:
+    """vemo_client in a world of its own: data folder, home and output folder below one temporary folder."""
+
+    def __init__(self):
+        self.folder = tempfile.mkdtemp(prefix="vemo-client-")
+        self.out = os.path.join(self.folder, "out")
+        for name in ("home", "data", "out", "tmp"):
+            os.mkdir(os.path.join(self.folder, name))
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        shutil.rmtree(self.folder, ignore_errors=True)
+
+    def start(self, *arguments, password=PASSWORD):
+        home = os.path.join(self.folder, "home")
+        environment = {name: value for name, value in os.environ.items() if not name.startswith("XDG_") and name != "DISPLAY"}
+        environment.update(HOME=home, TMPDIR=os.path.join(self.folder, "tmp"), QT_QPA_PLATFORM="offscreen", LC_ALL="C.UTF-8",
+                           VEMO_DISK_RESERVE_BYTES="0")
+        if password is not None:
+            environment["VEMO_PASSWORD"] = password
+        command = [program("vemo_client"), "--data", os.path.join(self.folder, "data"), *map(str, arguments)]
+        return subprocess.Popen(command, env=environment, cwd=self.folder, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                                stderr=subprocess.PIPE, text=True, errors="replace")
+
+    def finish(self, process, timeout=60, began=None):
+        """Waits for the end; the arguments are read while it runs, so that a password in them would be seen."""
+        began = began or time.monotonic()
+        with contextlib.suppress(OSError):
+            with open(f"/proc/{process.pid}/cmdline", "rb") as file:
+                process.seen_arguments = file.read().decode(errors="replace")
+        outputs = ["", ""]
+
+        def collect(index, pipe):
+            outputs[index] = pipe.read()
+
+        threads = [threading.Thread(target=collect, args=item) for item in enumerate((process.stdout, process.stderr))]
+        for thread in threads:
+            thread.start()
+        timer = threading.Timer(timeout, process.kill)
+        timer.start()
+        _, status, usage = os.wait4(process.pid, 0)
+        timer.cancel()
+        for thread in threads:
+            thread.join()
+        process.stdout.close()
+        process.stderr.close()
+        process.returncode = os.waitstatus_to_exitcode(status)
+        return Run(process.args, process.returncode, outputs[0], outputs[1], time.monotonic() - began, usage.ru_maxrss // 1024)
+
+    def run(self, *arguments, timeout=60, password=PASSWORD):
+        began = time.monotonic()
+        return self.finish(self.start(*arguments, password=password), timeout, began)
+
+    def search(self, device, channel, begin, end, *options, user=USER, **others):
+        return self.run("search", "--device", device, "--user", user, "--channel", channel, "--begin", iso(begin), "--end", iso(end),
+                        *options, **others)
+
+    @staticmethod
+    def download_arguments(device, channel, begin, end, out, *options, user=USER):
+        return ("download", "--device", device, "--user", user, "--channel", channel, "--begin", iso(begin), "--end", iso(end),
+                "--out", out, "--json", *options)
+
+    def download(self, device, channel, begin, end, out=None, *options, user=USER, **others):
+        out = out or os.path.join(self.out, "clip.mp4")
+        return self.run(*self.download_arguments(device, channel, begin, end, out, *options, user=user), **others)
+
+    def secret_places(self, run, secret=PASSWORD, user=USER):
+        """Where the password stands, plain or encoded: outputs, arguments, files that the run wrote."""
+        forms = {secret, urllib.parse.quote(secret), urllib.parse.quote(secret, safe=""), urllib.parse.quote_plus(secret),
+                 json.dumps(secret)[1:-1]}
+        forms |= {base64.b64encode(text.encode()).decode().rstrip("=") for text in (secret, f"{user}:{secret}")}
+        places = [name for name, text in (("stdout", run.out), ("stderr", run.err), ("arguments", " ".join(run.command)))
+                  if any(form in text for form in forms)]
+        for folder, _, names in os.walk(self.folder):
+            for name in names:
+                path = os.path.join(folder, name)
+                if path.endswith(".mp4"):
+                    continue
+                with open(path, "rb") as file:
+                    content = file.read()
+                if any(form.encode() in content for form in forms):
+                    places.append(path)
+        return places
+
+
+class Test(unittest.TestCase):
+    """A test case whose messages tell the whole run."""
+
+    longMessage = True
+
+    def check_run(self, client, run, code, within_s=None):
+        self.assertEqual(run.code, code, run)
+        self.assertLess(run.memory_mib, MEMORY_LIMIT_MIB, f"too much memory: {run}")
+        if within_s is not None:
+            self.assertLess(run.seconds, within_s, f"too late: {run}")
+        self.assertEqual(client.secret_places(run), [], f"the password stands where it must not: {run}")
+        said = [line for line in run.err.splitlines() if line.strip()]
+        if code == DONE:
+            self.assertEqual(said, [], run)
+        elif code not in (USAGE,):
+            self.assertEqual(len(said), 1, f"not one sentence on stderr: {run}")
+            self.assertRegex(said[0].strip(), r"^\S.{8,}\.$", f"no sentence on stderr: {run}")
+
+    def check_file(self, path, playable=True):
+        """Readable and decodable by stock ffmpeg, an ordinary finished MP4."""
+        self.assertTrue(os.path.exists(path), f"{path} is not there")
+        if playable:
+            self.assertEqual(media.decode_errors(path), "", path)
+        self.assertEqual([box for box in media.top_level_boxes(path) if box != "free"], ["ftyp", "mdat", "moov"], path)
+
+
+class CuttingProxy:
+    """Stands between client and recorder and forwards until `limit` bytes came from the recorder; then it ends both ways as
+    `kind` says: "fin", "rst", or "silence" (open, but nothing more)."""
+
+    def __init__(self, target_port, limit, kind):
+        self.target_port, self.limit, self.kind = target_port, limit, kind
+        self.forwarded = 0
+        self.cut = False
+        self.sockets = []
+        self.listener = socket.create_server(("127.0.0.1", 0))
+        self.port = self.listener.getsockname()[1]
+        self.threads = [threading.Thread(target=self.accept, daemon=True)]
+        self.threads[0].start()
+
+    def accept(self):
+        with contextlib.suppress(OSError):
+            while True:
+                near, _ = self.listener.accept()
+                if self.cut:
+                    near.close()
+                    continue
+                far = socket.create_connection(("127.0.0.1", self.target_port))
+                self.sockets += [near, far]
+                for source, sink, counts in ((near, far, False), (far, near, True)):
+                    thread = threading.Thread(target=self.forward, args=(source, sink, counts), daemon=True)
+                    self.threads.append(thread)
+                    thread.start()
+
+    def forward(self, source, sink, counts):
+        with contextlib.suppress(OSError):
+            while data := source.recv(65536):
+                if counts:
+                    data = data[:self.limit - self.forwarded]
+                    self.forwarded += len(data)
+                sink.sendall(data)
+                if counts and self.forwarded >= self.limit:
+                    self.cut = True
+                    self.end(sink)
+                    return
+            sink.shutdown(socket.SHUT_WR)
+
+    def end(self, near):
+        if self.kind == "silence":
+            return
+        if self.kind == "rst":
+            near.setsockopt(socket.SOL_SOCKET, socket.SO_LINGER, b"\x01\0\0\0\0\0\0\0")
+            # The other thread's recv() holds the socket open, so shut down reading first.
+            with contextlib.suppress(OSError):
+                near.shutdown(socket.SHUT_RD)
+            near.close()
+        else:
+            near.shutdown(socket.SHUT_WR)
+
+    def close(self):
+        self.listener.close()
+        for each in self.sockets:
+            with contextlib.suppress(OSError):
+                each.close()
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.close()
+
+
+def interrupt(process):
+    process.send_signal(signal.SIGINT)

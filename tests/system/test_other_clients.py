@@ -1,0 +1,61 @@
+#!/usr/bin/env python3
+"""Programs that know nothing of us play from the simulated recorder: ffprobe, ffmpeg and GStreamer's rtspsrc."""
+import datetime
+import os
+import tempfile
+import urllib.parse
+
+import media
+import systemlab
+from systemlab import Client, Recorder, Test
+
+
+class OtherClients(Test):
+    @classmethod
+    def setUpClass(cls):
+        cls.recorder = Recorder("--channels", "2", "--days", "1")
+        cls.addClassCleanup(cls.recorder.stop)
+        cls.addresses = {}
+        with Client() as client:
+            for channel in (1, 2):
+                run = client.search(cls.recorder.addresses["onvif"], channel, systemlab.FIRST_DAY,
+                                    systemlab.FIRST_DAY + datetime.timedelta(days=1), "--json")
+                cls.addresses[channel] = run.lines[0]["replayUri"]
+
+    def with_login(self, channel):
+        user, password = (urllib.parse.quote(text, safe="") for text in (systemlab.USER, systemlab.PASSWORD))
+        return self.addresses[channel].replace("rtsp://", f"rtsp://{user}:{password}@", 1)
+
+    def test_ffprobe_tells_the_codecs(self):
+        seen = set()
+        for channel in (1, 2):
+            probed = media.probe(self.with_login(channel), "-rtsp_transport", "tcp")
+            codecs = {stream["codec_type"]: stream["codec_name"] for stream in probed["streams"]}
+            self.assertIn(codecs["audio"], ("aac", "pcm_alaw", "pcm_mulaw"), codecs)
+            seen.add(codecs["video"])
+        self.assertEqual(seen, {"h264", "hevc"})
+
+    def test_ffmpeg_decodes_without_complaint(self):
+        for channel in (1, 2):
+            with self.subTest(channel=channel):
+                done = media.run(["ffmpeg", "-v", "error", "-rtsp_transport", "tcp", "-i", self.with_login(channel), "-t", "5",
+                                  "-f", "null", "-"])
+                self.assertEqual((done.returncode, done.stderr.strip()), (0, ""))
+
+    def test_rtspsrc_plays_video_and_audio(self):
+        depacketizers = {1: ("rtph264depay ! h264parse", "rtpmp4gdepay ! aacparse"), 2: ("rtph265depay ! h265parse", "rtppcmadepay")}
+        for channel, (video, audio) in depacketizers.items():
+            with self.subTest(channel=channel), tempfile.TemporaryDirectory(prefix="vemo-rtspsrc-") as folder:
+                outputs = [os.path.join(folder, name) for name in ("video", "audio")]
+                chains = [f"s. ! {chain} ! identity eos-after=100 ! filesink location={output}"
+                          for chain, output in zip((video, audio), outputs)]
+                done = media.run(["gst-launch-1.0", "-q", "rtspsrc", "name=s", f"location={self.addresses[channel]}", "protocols=tcp",
+                                  "latency=0", f"user-id={systemlab.USER}", f"user-pw={systemlab.PASSWORD}",
+                                  *" ".join(chains).split()], timeout=60)
+                for output in outputs:
+                    self.assertTrue(os.path.exists(output) and os.path.getsize(output) > 5000,
+                                    f"{output} is empty: {done.returncode} {done.stderr[-600:]}")
+
+
+if __name__ == "__main__":
+    systemlab.main()
