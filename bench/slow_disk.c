@@ -1,5 +1,6 @@
-/* Preload library: makes write, pwrite and writev of regular files below a folder as slow as a disk of SLOW_DISK_BYTES_PER_S bytes a
- * second (default 20 MB/s). SLOW_DISK_UNDER names the folder. platform file: LD_PRELOAD, Linux only. */
+/* Preload library: makes write, pwrite and writev of regular files below a folder as slow as a disk of
+ * SLOW_DISK_BYTES_PER_S bytes a second (default 20 MB/s). SLOW_DISK_UNDER names the folder. platform file: LD_PRELOAD,
+ * Linux only. */
 #define _GNU_SOURCE
 #include <dlfcn.h>
 #include <pthread.h>
@@ -72,7 +73,10 @@ ssize_t pwrite64(int fd, const void* data, size_t size, off64_t offset)
     return done;
 }
 
-ssize_t pwrite(int fd, const void* data, size_t size, off_t offset) { return pwrite64(fd, data, size, offset); }
+ssize_t pwrite(int fd, const void* data, size_t size, off_t offset)
+{
+    return pwrite64(fd, data, size, offset);
+}
 
 ssize_t writev(int fd, const struct iovec* parts, int count)
 {

@@ -23,7 +23,10 @@ void put64(std::uint8_t* out, std::uint64_t value)
     put32(out + 4, static_cast<std::uint32_t>(value >> 32));
 }
 
-std::uint16_t get16(const std::uint8_t* in) { return static_cast<std::uint16_t>(in[0] | (in[1] << 8)); }
+std::uint16_t get16(const std::uint8_t* in)
+{
+    return static_cast<std::uint16_t>(in[0] | (in[1] << 8));
+}
 
 std::uint32_t get32(const std::uint8_t* in)
 {
@@ -39,7 +42,9 @@ std::uint64_t get64(const std::uint8_t* in)
 class Sink
 {
 public:
-    explicit Sink(std::vector<std::uint8_t>& bytes) : m_bytes(bytes) {}
+    explicit Sink(std::vector<std::uint8_t>& bytes)
+        : m_bytes(bytes)
+    {}
 
     void u8(std::uint8_t value) { m_bytes.push_back(value); }
     void u16(std::uint16_t value) { put16(grow(2), value); }
@@ -70,7 +75,10 @@ private:
 class Source
 {
 public:
-    Source(const std::uint8_t* data, std::size_t size) : m_data(data), m_left(size) {}
+    Source(const std::uint8_t* data, std::size_t size)
+        : m_data(data)
+        , m_left(size)
+    {}
 
     bool good() const { return m_good; }
     std::uint8_t u8()
@@ -222,8 +230,7 @@ std::vector<std::uint8_t> encodeStreamInfo(const StreamInfo& info)
 PacketReader::PacketReader(const void* data, std::size_t size)
     : m_data(static_cast<const std::uint8_t*>(data))
     , m_size(size)
-{
-}
+{}
 
 PacketReader::Status PacketReader::next()
 {

@@ -24,9 +24,9 @@
 ///         36     4  reserved, written as 0 and ignored on read
 ///         40        payload
 ///
-/// Frames are in decode order. A frame's payload is one access unit in the form that an MP4 sample has: H.264 and H.265 NAL
-/// units each behind a length of four bytes, big-endian (ISO/IEC 14496-15 clause 4.3.2), all NAL units as they were sent,
-/// in their order; AAC as raw access unit without ADTS; G.711 and G.726 as raw octets; MJPEG as one JFIF image.
+/// Frames are in decode order. A frame's payload is one access unit in the form that an MP4 sample has: H.264 and H.265
+/// NAL units each behind a length of four bytes, big-endian (ISO/IEC 14496-15 clause 4.3.2), all NAL units as they were
+/// sent, in their order; AAC as raw access unit without ADTS; G.711 and G.726 as raw octets; MJPEG as one JFIF image.
 namespace vav {
 
 constexpr std::uint32_t magic = 0x46564156u; ///< "VAVF" read as little-endian
@@ -39,10 +39,10 @@ constexpr std::size_t maxParameterSetBytes = 64u * 1024;
 enum class PacketKind : std::uint8_t { Unknown = 0, StreamInfo = 1, Frame = 2 };
 
 enum FrameFlag : std::uint8_t {
-    KeyFrame = 0x01,        ///< decoding can start here
-    Discontinuity = 0x02,   ///< the recorder has nothing between the frame before and this one (a gap of the recording)
-    LossBefore = 0x04,      ///< access units were lost in transfer before this one
-    EndOfRecording = 0x08,  ///< the recorder marked this as the last frame
+    KeyFrame = 0x01,       ///< decoding can start here
+    Discontinuity = 0x02,  ///< the recorder has nothing between the frame before and this one (a gap of the recording)
+    LossBefore = 0x04,     ///< access units were lost in transfer before this one
+    EndOfRecording = 0x08, ///< the recorder marked this as the last frame
 };
 
 enum class Codec : std::uint8_t {
@@ -58,9 +58,9 @@ enum class Codec : std::uint8_t {
 
 bool isVideo(Codec codec);
 
-/// One track of the stream. `parameterSets` is what a decoder needs out of band: for H.264 and H.265 the parameter-set NAL
-/// units (SPS, PPS; VPS first for H.265), each behind a length of four bytes, big-endian; for AAC the AudioSpecificConfig
-/// (ISO/IEC 14496-3); empty otherwise.
+/// One track of the stream. `parameterSets` is what a decoder needs out of band: for H.264 and H.265 the parameter-set
+/// NAL units (SPS, PPS; VPS first for H.265), each behind a length of four bytes, big-endian; for AAC the
+/// AudioSpecificConfig (ISO/IEC 14496-3); empty otherwise.
 struct TrackInfo
 {
     std::uint8_t track = 0;
@@ -100,8 +100,8 @@ struct FrameHeader
 /// Writes the header of a frame packet into `out`, which has room for headerBytes.
 void writeFrameHeader(std::uint8_t* out, const FrameHeader& header);
 
-/// The whole stream-info packet, header included. Tracks beyond maxTracks and parameter sets beyond maxParameterSetBytes are an
-/// error of the caller; the result is then empty.
+/// The whole stream-info packet, header included. Tracks beyond maxTracks and parameter sets beyond
+/// maxParameterSetBytes are an error of the caller; the result is then empty.
 std::vector<std::uint8_t> encodeStreamInfo(const StreamInfo& info);
 
 /// Reads one packet after the other out of a batch. The bytes are not copied and must outlive the reader.
@@ -121,9 +121,9 @@ public:
     Status next();
 
     PacketKind kind() const { return m_kind; }
-    const FrameHeader& frame() const { return m_frame; }       ///< valid for PacketKind::Frame
-    const std::uint8_t* payload() const { return m_payload; }  ///< m_frame.payloadBytes bytes
-    const StreamInfo& streamInfo() const { return m_info; }    ///< valid for PacketKind::StreamInfo
+    const FrameHeader& frame() const { return m_frame; }      ///< valid for PacketKind::Frame
+    const std::uint8_t* payload() const { return m_payload; } ///< m_frame.payloadBytes bytes
+    const StreamInfo& streamInfo() const { return m_info; }   ///< valid for PacketKind::StreamInfo
 
 private:
     const std::uint8_t* m_data;

@@ -2,22 +2,23 @@
 
 /// The media download SDK: library tasks that turn pushed stream packets, or local files, into MP4 files.
 ///
-/// Plain C. Texts are UTF-8. A task is known by the caller's task id, a text. Every start returns at once; one writer thread a
-/// task does the work. Callbacks come on library threads, never while a lock of the library is held, and none comes for a task
-/// after `vaws_download_cancel` or `vaws_download_stop` for it has returned. Times in texts are local, "yyyyMMddhhmmss".
-/// All functions may be called from any thread; calls for one task id are to come from one thread at a time.
+/// Plain C. Texts are UTF-8. A task is known by the caller's task id, a text. Every start returns at once; one writer
+/// thread a task does the work. Callbacks come on library threads, never while a lock of the library is held, and none
+/// comes for a task after `vaws_download_cancel` or `vaws_download_stop` for it has returned. Times in texts are local,
+/// "yyyyMMddhhmmss". All functions may be called from any thread; calls for one task id are to come from one thread at
+/// a time.
 
 #include <stddef.h>
 #include <stdint.h>
 
 #if defined(_WIN32)
-#    if defined(VAWS_DOWNLOAD_LIBRARY)
-#        define VAWS_DOWNLOAD_API __declspec(dllexport)
-#    else
-#        define VAWS_DOWNLOAD_API __declspec(dllimport)
-#    endif
+#if defined(VAWS_DOWNLOAD_LIBRARY)
+#define VAWS_DOWNLOAD_API __declspec(dllexport)
 #else
-#    define VAWS_DOWNLOAD_API __attribute__((visibility("default")))
+#define VAWS_DOWNLOAD_API __declspec(dllimport)
+#endif
+#else
+#define VAWS_DOWNLOAD_API __attribute__((visibility("default")))
 #endif
 
 #ifdef __cplusplus
@@ -74,16 +75,18 @@ enum vaws_download_status {
 typedef void (*vaws_event_callback)(const char* task_id, int event, int value);
 /// The output moved on: `file_name` is the path under which the finished file now stands, `offset` its length in ms,
 /// `toggle_time` the local time of the first frame of the next file.
-typedef void (*vaws_file_toggle_callback)(const char* task_id, const char* file_name, int offset, const char* toggle_time);
-/// Bytes a second that all tasks together received over the last second, in kbit/s; about once a second while a task runs.
+typedef void (*vaws_file_toggle_callback)(const char* task_id, const char* file_name, int offset,
+                                          const char* toggle_time);
+/// Bytes a second that all tasks together received over the last second, in kbit/s; about once a second while a task
+/// runs.
 typedef void (*vaws_bitrate_callback)(int kbit_per_second);
-/// `bytes` of what was pushed for the task have been taken over (written or let go): the sum over a task's life equals the sum
-/// pushed. This is what flow control towards the network goes by.
+/// `bytes` of what was pushed for the task have been taken over (written or let go): the sum over a task's life equals
+/// the sum pushed. This is what flow control towards the network goes by.
 typedef void (*vaws_consumed_callback)(const char* task_id, int64_t bytes);
 
-/// `temp_dir` keeps the journals of open outputs; it is made when missing. Journals that a crash left are worked off on a
-/// library thread; vaws_download_wait_repaired waits for it and vaws_download_repair_report tells the outcome. Calling again with
-/// the same folder does nothing. Returns VAWS_OK or VAWS_BAD_ARGUMENT.
+/// `temp_dir` keeps the journals of open outputs; it is made when missing. Journals that a crash left are worked off on
+/// a library thread; vaws_download_wait_repaired waits for it and vaws_download_repair_report tells the outcome.
+/// Calling again with the same folder does nothing. Returns VAWS_OK or VAWS_BAD_ARGUMENT.
 VAWS_DOWNLOAD_API int vaws_download_init_sdk(const char* temp_dir);
 
 VAWS_DOWNLOAD_API void vaws_download_register_event_callback(vaws_event_callback callback);
@@ -91,15 +94,17 @@ VAWS_DOWNLOAD_API void vaws_download_register_file_toggle_callback(vaws_file_tog
 VAWS_DOWNLOAD_API void vaws_download_register_bitrate_callback(vaws_bitrate_callback callback);
 VAWS_DOWNLOAD_API void vaws_download_register_consumed_callback(vaws_consumed_callback callback);
 
-/// Starts a task by recording file. `source` is "vavFrame". `downloaded_ms` is what an earlier part of this recording already
-/// holds: the new file at `save_path` gets the rest. Returns VAWS_OK, VAWS_REFUSED or another negative result.
-VAWS_DOWNLOAD_API int vaws_download_file(const char* source, int downloaded_ms, const char* save_path, const char* task_id);
+/// Starts a task by recording file. `source` is "vavFrame". `downloaded_ms` is what an earlier part of this recording
+/// already holds: the new file at `save_path` gets the rest. Returns VAWS_OK, VAWS_REFUSED or another negative result.
+VAWS_DOWNLOAD_API int vaws_download_file(const char* source, int downloaded_ms, const char* save_path,
+                                         const char* task_id);
 
-/// Starts a task by time range. `source` is "vavFrame", or a JSON text {"begin_time", "end_time", "play_time", "records":
-/// [{"file_path", "begin_time", "end_time"}]} that names local files to cut. It ends by itself (event 16) once everything before
-/// `end` is written.
-VAWS_DOWNLOAD_API int vaws_download_time_range(const char* source, const char* begin, const char* end, const char* save_path,
-                                               const char* task_id);
+/// Starts a task by time range. `source` is "vavFrame", or a JSON text {"begin_time", "end_time", "play_time",
+/// "records":
+/// [{"file_path", "begin_time", "end_time"}]} that names local files to cut. It ends by itself (event 16) once
+/// everything before `end` is written.
+VAWS_DOWNLOAD_API int vaws_download_time_range(const char* source, const char* begin, const char* end,
+                                               const char* save_path, const char* task_id);
 
 /// Takes one batch of whole vav_frame packets; the bytes are copied. Never waits for the disk.
 VAWS_DOWNLOAD_API int vaws_download_push_vavframe(const char* task_id, const void* data, size_t size);
@@ -109,9 +114,9 @@ VAWS_DOWNLOAD_API int vaws_download_pause(const char* task_id);
 VAWS_DOWNLOAD_API int vaws_download_resume(const char* task_id);
 /// Ends the task and removes the file that it is writing, and nothing else.
 VAWS_DOWNLOAD_API int vaws_download_cancel(const char* task_id);
-/// Ends the task, keeps what was written as a finished file, and tells how far it got: `*count` in ms from the begin of the
-/// recording or range, `downloaded_ms` included; `time_text` (at least 24 bytes) the local time of the last frame written, or "".
-/// Returns within 200 ms; the sync to disk goes on behind it.
+/// Ends the task, keeps what was written as a finished file, and tells how far it got: `*count` in ms from the begin of
+/// the recording or range, `downloaded_ms` included; `time_text` (at least 24 bytes) the local time of the last frame
+/// written, or "". Returns within 200 ms; the sync to disk goes on behind it.
 VAWS_DOWNLOAD_API int vaws_download_stop(const char* task_id, int64_t* count, char* time_text);
 VAWS_DOWNLOAD_API int vaws_download_get_status(const char* task_id);
 
@@ -119,17 +124,17 @@ VAWS_DOWNLOAD_API int vaws_download_get_status(const char* task_id);
 VAWS_DOWNLOAD_API int64_t vaws_download_get_backlog(const char* task_id);
 
 /// What is known of a task, as JSON, also for the last 256 that ended:
-/// {"task", "status", "event" (the ending one, 0 while it runs), "error" (a sentence, "" when none), "path", "files": [every
-/// finished file's path], "bytes", "begin", "end" (ISO 8601 UTC with ms, first and behind last frame), "asked_begin", "asked_end",
-/// "progress", "frames", "lost", "gaps": [{"begin", "end", "cause": "not recorded" | "lost in transfer"}], "video", "audio" (codec
-/// names or ""), "width", "height", "verified": bool, "errno"}.
-/// Returns the length without the closing NUL; writes at most `size` bytes with the NUL; negative when the task is not known.
+/// {"task", "status", "event" (the ending one, 0 while it runs), "error" (a sentence, "" when none), "path", "files":
+/// [every finished file's path], "bytes", "begin", "end" (ISO 8601 UTC with ms, first and behind last frame),
+/// "asked_begin", "asked_end", "progress", "frames", "lost", "gaps": [{"begin", "end", "cause": "not recorded" | "lost
+/// in transfer"}], "video", "audio" (codec names or ""), "width", "height", "verified": bool, "errno"}. Returns the
+/// length without the closing NUL; writes at most `size` bytes with the NUL; negative when the task is not known.
 VAWS_DOWNLOAD_API int vaws_download_get_report(const char* task_id, char* text, size_t size);
 
 /// Waits until the repair begun by init is done, at most `timeout_ms`; 1 when done, 0 when not.
 VAWS_DOWNLOAD_API int vaws_download_wait_repaired(int timeout_ms);
-/// The repaired files as JSON: [{"task", "path", "outcome": "repaired" | "kept" | "empty removed" | "failed", "bytes", "begin",
-/// "end", "asked_end", "error"}]. Returns and writes as vaws_download_get_report.
+/// The repaired files as JSON: [{"task", "path", "outcome": "repaired" | "kept" | "empty removed" | "failed", "bytes",
+/// "begin", "end", "asked_end", "error"}]. Returns and writes as vaws_download_get_report.
 VAWS_DOWNLOAD_API int vaws_download_repair_report(char* text, size_t size);
 
 VAWS_DOWNLOAD_API const char* vaws_download_version(void);

@@ -1,14 +1,14 @@
 #pragma once
 
-#include "VmsTypes.h"
 #include "vms_sdk_global.h"
+#include "VmsTypes.h"
 
 #include <QObject>
 
 namespace vms_sdk {
 
-/// What the device client SDK tells. A process-wide object that lives on the GUI thread; every signal is delivered there, and
-/// none after uninit_sdk() has returned.
+/// What the device client SDK tells. A process-wide object that lives on the GUI thread; every signal is delivered
+/// there, and none after uninit_sdk() has returned.
 class VMS_SDK_EXPORT ClientSignals final : public QObject
 {
     Q_OBJECT
@@ -34,7 +34,8 @@ signals:
     void signalDevLoginRes(const QString& devId, const vms_sdk::Error& error);
     void signalDevStatusPush(const QString& devId, vms_sdk::DevStatus status);
     void signalDevInfoPush(const vms_sdk::DevInfo& info);
-    /// The peer's certificate is neither pinned nor verified: nothing was sent to it. `keySha256` is what a pin would hold.
+    /// The peer's certificate is neither pinned nor verified: nothing was sent to it. `keySha256` is what a pin would
+    /// hold.
     void signalDevCertificate(const QString& devId, const QSslCertificate& certificate, const QByteArray& keySha256,
                               const QString& reason);
 

@@ -10,16 +10,16 @@ enum class ErrorKind : int {
     None = 0,
     LoginRefused = 1,
     Unreachable = 2,
-    LimitReached = 3,  ///< sessions, connections or bandwidth of the recorder (RTSP 453, 503)
-    NotFound = 4,      ///< no such channel, recording or address
-    NoReplay = 5,      ///< the recorder offers no replay address
+    LimitReached = 3, ///< sessions, connections or bandwidth of the recorder (RTSP 453, 503)
+    NotFound = 4,     ///< no such channel, recording or address
+    NoReplay = 5,     ///< the recorder offers no replay address
     TimedOut = 6,
     BrokenOff = 7,
-    Corrupt = 8,       ///< an answer that cannot be read, or beyond a limit
-    Unsupported = 9,   ///< codec, transport or service that this client does not speak
+    Corrupt = 8,     ///< an answer that cannot be read, or beyond a limit
+    Unsupported = 9, ///< codec, transport or service that this client does not speak
     CertificateRefused = 10,
     Cancelled = 11,
-    Refused = 12,      ///< any other refusal by the recorder
+    Refused = 12, ///< any other refusal by the recorder
     AccountLocked = 13,
     NotActivated = 14,
 };

@@ -25,16 +25,17 @@ enum class DevStatus : int {
     RelayBroken = 9,
 };
 
-/// How a connection secured by TLS is judged. A pin wins over everything: it is the SHA-256 of the peer's public key (DER of the
-/// SubjectPublicKeyInfo), and a peer with another key is refused before any login is sent.
+/// How a connection secured by TLS is judged. A pin wins over everything: it is the SHA-256 of the peer's public key
+/// (DER of the SubjectPublicKeyInfo), and a peer with another key is refused before any login is sent.
 struct TlsPolicy
 {
-    QByteArray pinnedKeySha256;           ///< 32 bytes, empty: none
+    QByteArray pinnedKeySha256;            ///< 32 bytes, empty: none
     QList<QSslCertificate> caCertificates; ///< trusted beside the system's own
 };
 
-/// What is needed to talk to a device. `address` is the ONVIF device service (http or https, path optional: "/onvif/device_service"
-/// is the default), or a direct replay source (rtsp or rtsps; "{channel}" in it is replaced by the channel's number).
+/// What is needed to talk to a device. `address` is the ONVIF device service (http or https, path optional:
+/// "/onvif/device_service" is the default), or a direct replay source (rtsp or rtsps; "{channel}" in it is replaced by
+/// the channel's number).
 struct DevLogin
 {
     QString devId;
