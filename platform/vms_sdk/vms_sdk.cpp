@@ -1,53 +1,144 @@
 #include "vms_sdk.h"
 
+#include "device/SdkCore.h"
+
+#include <QCoreApplication>
+
+#include <memory>
+
 namespace vms_sdk {
 
-void init_sdk() {}
-void uninit_sdk() {}
+namespace {
 
-void login_dev_req(const DevLogin&) {}
-void logout_dev_req(const QString&) {}
-
-DevStatus dev_status(const QString&)
+std::unique_ptr<SdkCore>& corePointer()
 {
-    return DevStatus::Unknown;
+    static std::unique_ptr<SdkCore> core;
+    return core;
 }
 
-DevInfo dev_info(const QString&)
+/// Outlives every core: consumers on other threads report whenever they are done.
+const std::shared_ptr<StreamFlowTable>& flowTable()
 {
-    return {};
+    static const auto table = std::make_shared<StreamFlowTable>();
+    return table;
 }
 
-void search_video_recordings_req(const RecsSearchCondition&) {}
-
-Error search_error(const QString&)
+SdkLimits& nextLimits()
 {
-    return {};
+    static SdkLimits limits;
+    return limits;
 }
 
-void renewal_request_id(const QString&) {}
-void cancel_request(const QString&) {}
-
-quint64 playback_by_file_req(const PlaybackByFileCondition&)
+SdkCore& core()
 {
-    return 1;
+    init_sdk();
+    return *corePointer();
 }
 
-quint64 playback_by_time_req(const PlaybackByTimeCondition&)
+} // namespace
+
+void set_sdk_limits(const SdkLimits& limits)
 {
-    return 1;
+    nextLimits() = limits;
 }
 
-void playback_ctrl_req(quint64, PlaybackCtrl) {}
-void download_speed_set_req(quint64, const QString&) {}
-void disconnect_stream_req(quint64) {}
-
-Error stream_error(quint64)
+void init_sdk()
 {
-    return {};
+    if (corePointer())
+        return;
+    ClientSignals::instance();
+    corePointer() = std::make_unique<SdkCore>(nextLimits(), flowTable());
+    // Threads must not outlive the application object, even when the host forgets them.
+    static const bool isRegistered = [] {
+        qAddPostRoutine(uninit_sdk);
+        return true;
+    }();
+    Q_UNUSED(isRegistered)
 }
 
-void stream_data_consumed(quint64, qint64) {}
-void set_bandwidth_limit(qint64) {}
+void uninit_sdk()
+{
+    corePointer().reset();
+}
+
+void login_dev_req(const DevLogin& login)
+{
+    core().logIn(login);
+}
+
+void logout_dev_req(const QString& devId)
+{
+    core().logOut(devId);
+}
+
+DevStatus dev_status(const QString& devId)
+{
+    return core().devices().status(devId);
+}
+
+DevInfo dev_info(const QString& devId)
+{
+    return core().devices().info(devId);
+}
+
+void search_video_recordings_req(const RecsSearchCondition& condition)
+{
+    core().search(condition);
+}
+
+Error search_error(const QString& requestId)
+{
+    return core().searches().errorOf(requestId);
+}
+
+void renewal_request_id(const QString& requestId)
+{
+    core().searches().renew(requestId);
+}
+
+void cancel_request(const QString& requestId)
+{
+    core().cancelSearch(requestId);
+}
+
+quint64 playback_by_file_req(const PlaybackByFileCondition& condition)
+{
+    return core().streams().openByFile(condition);
+}
+
+quint64 playback_by_time_req(const PlaybackByTimeCondition& condition)
+{
+    return core().streams().openByTime(condition);
+}
+
+void playback_ctrl_req(quint64 streamId, PlaybackCtrl ctrl)
+{
+    core().streams().control(streamId, ctrl);
+}
+
+void download_speed_set_req(quint64 streamId, const QString& speed)
+{
+    core().streams().setSpeed(streamId, speed);
+}
+
+void disconnect_stream_req(quint64 streamId)
+{
+    core().streams().close(streamId);
+}
+
+Error stream_error(quint64 streamId)
+{
+    return core().streams().errorOf(streamId);
+}
+
+void stream_data_consumed(quint64 streamId, qint64 bytes)
+{
+    flowTable()->consumed(streamId, bytes);
+}
+
+void set_bandwidth_limit(qint64 bytesPerSecond)
+{
+    core().streams().setBandwidthLimit(bytesPerSecond);
+}
 
 } // namespace vms_sdk

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QtGlobal>
+
+namespace vms_sdk {
+
+/// How long the library waits and how much it keeps. The defaults are right for recorders on a network; a host with
+/// other needs, and a test that cannot wait half a minute, sets its own before init_sdk().
+struct SdkLimits
+{
+    int connectTimeoutMs = 10'000;
+    int answerTimeoutMs = 30'000;  ///< one SOAP or RTSP answer
+    int requestTimeoutMs = 30'000; ///< a search without renewal
+    int silenceTimeoutMs = 10'000; ///< a playing stream without a byte
+    qint64 streamCreditBytes = 12 * 1024 * 1024;
+    int searchEvents = 100'000;    ///< events that one search keeps
+    int searchRecordings = 20'000; ///< recordings that one search answers
+};
+
+} // namespace vms_sdk

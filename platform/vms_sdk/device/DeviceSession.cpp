@@ -1,0 +1,284 @@
+#include "DeviceSession.h"
+
+namespace vms_sdk {
+
+using namespace onvif;
+
+namespace {
+
+constexpr int defaultRtspPort = 554;
+constexpr int defaultRtspsPort = 322;
+// A direct source does not tell how many channels it has.
+constexpr int maxDirectChannels = 1024;
+
+SoapLimits soapLimits(const SdkLimits& limits)
+{
+    SoapLimits soap;
+    soap.timeouts.connectMs = limits.connectTimeoutMs;
+    soap.timeouts.answerMs = limits.answerTimeoutMs;
+    return soap;
+}
+
+} // namespace
+
+DevStatus statusAfter(ErrorKind kind)
+{
+    switch (kind) {
+    case ErrorKind::None:
+        return DevStatus::Online;
+    case ErrorKind::LoginRefused:
+        return DevStatus::WrongLogin;
+    case ErrorKind::Unreachable:
+    case ErrorKind::TimedOut:
+    case ErrorKind::BrokenOff:
+    case ErrorKind::CertificateRefused:
+        return DevStatus::Offline;
+    case ErrorKind::LimitReached:
+        return DevStatus::ConnectionLimit;
+    case ErrorKind::NotActivated:
+        return DevStatus::NotActive;
+    case ErrorKind::AccountLocked:
+        return DevStatus::Locked;
+    default:
+        return DevStatus::Unknown;
+    }
+}
+
+DeviceSession::DeviceSession(DevLogin login, const SdkLimits& limits, SoapClient::Clock clock, QObject* parent)
+    : QObject(parent)
+    , m_login(std::move(login))
+    , m_limits(limits)
+    , m_clock(std::move(clock))
+    , m_client({m_login.user, m_login.password, m_login.tls}, soapLimits(limits), m_clock)
+{
+    connect(&m_client, &SoapClient::certificateRefused, this, &DeviceSession::certificateRefused);
+    m_portTimer.setSingleShot(true);
+    const auto portChecked = [this](const Error& error) {
+        m_portTimer.stop();
+        m_portCheck.abort();
+        LoginResult result;
+        result.error = error;
+        result.info.devId = m_login.devId;
+        result.info.name = m_login.name.isEmpty() ? m_login.address.host() : m_login.name;
+        result.info.address = m_login.address;
+        result.info.supportsBackup = true;
+        loginDone(result);
+    };
+    const QString shownPeer = m_login.address.host();
+    connect(&m_portCheck, &QTcpSocket::connected, this, [portChecked] { portChecked({}); });
+    connect(&m_portCheck, &QTcpSocket::errorOccurred, this, [this, portChecked, shownPeer] {
+        portChecked({ErrorKind::Unreachable,
+                     tr("The device at %1 cannot be reached: %2.").arg(shownPeer, m_portCheck.errorString()),
+                     {}});
+    });
+    connect(&m_portTimer, &QTimer::timeout, this, [this, portChecked, shownPeer] {
+        portChecked({ErrorKind::Unreachable,
+                     tr("The device at %1 cannot be reached: no connection within %2 s.")
+                         .arg(shownPeer)
+                         .arg(m_limits.connectTimeoutMs / 1000),
+                     {}});
+    });
+}
+
+DeviceSession::~DeviceSession()
+{
+    m_portCheck.disconnect(this);
+}
+
+bool DeviceSession::isDirect() const
+{
+    return m_login.address.scheme() == QLatin1String("rtsp") || m_login.address.scheme() == QLatin1String("rtsps");
+}
+
+std::optional<ChannelInfo> DeviceSession::channel(int channelNo) const
+{
+    if (isDirect() && channelNo > 0 && channelNo <= maxDirectChannels) {
+        ChannelInfo info;
+        info.channelNo = channelNo;
+        info.name = tr("Channel %1").arg(channelNo);
+        info.recordingToken = QStringLiteral("channel-%1").arg(channelNo);
+        return info;
+    }
+    for (const ChannelInfo& info : m_result.info.channels) {
+        if (info.channelNo == channelNo)
+            return info;
+    }
+    return std::nullopt;
+}
+
+qint64 DeviceSession::deviceNowMs() const
+{
+    return m_clock() + m_result.info.clockSkewMs;
+}
+
+void DeviceSession::logIn(Done done)
+{
+    m_loginWaiters.push_back(std::move(done));
+    if (m_state == State::LoggingIn)
+        return;
+    m_state = State::LoggingIn;
+    QMetaObject::invokeMethod(
+        this, [this] { startLogin(); }, Qt::QueuedConnection);
+}
+
+void DeviceSession::ensureLogin(Done done)
+{
+    if (m_state == State::LoggedIn)
+        QMetaObject::invokeMethod(
+            this, [done] { done({}); }, Qt::QueuedConnection);
+    else
+        logIn(std::move(done));
+}
+
+void DeviceSession::startLogin()
+{
+    if (m_state != State::LoggingIn)
+        return;
+    const QString scheme = m_login.address.scheme();
+    if (isDirect()) {
+        checkPort();
+    } else if (scheme != QLatin1String("http") && scheme != QLatin1String("https")) {
+        LoginResult result;
+        result.error = {
+            ErrorKind::Unsupported, tr("The device's address must begin with http, https, rtsp or rtsps."), {}};
+        loginDone(result);
+    } else {
+        m_flow = std::make_unique<LoginFlow>(m_login, m_client, m_clock);
+        m_flow->run([this](const LoginResult& result) { loginDone(result); });
+    }
+}
+
+void DeviceSession::checkPort()
+{
+    const bool isTls = m_login.address.scheme() == QLatin1String("rtsps");
+    m_portTimer.start(m_limits.connectTimeoutMs);
+    m_portCheck.connectToHost(m_login.address.host(),
+                              static_cast<quint16>(m_login.address.port(isTls ? defaultRtspsPort : defaultRtspPort)));
+}
+
+void DeviceSession::loginDone(const LoginResult& result)
+{
+    if (m_state != State::LoggingIn)
+        return;
+    m_state = result.error ? State::LoggedOut : State::LoggedIn;
+    m_replayUrls.clear();
+    if (!result.error) {
+        m_result = result;
+        emit infoChanged(m_result.info);
+    }
+    emit statusChanged(statusAfter(result.error.kind));
+    answerLogin(result.error);
+}
+
+void DeviceSession::answerLogin(const Error& error)
+{
+    const std::vector<Done> waiters = std::move(m_loginWaiters);
+    m_loginWaiters.clear();
+    for (const Done& done : waiters)
+        done(error);
+}
+
+quint64 DeviceSession::call(Service service, const OnvifRequest& request, SoapClient::Handler handler)
+{
+    const QUrl endpoint = m_result.services.value(service);
+    return m_client.call(endpoint, request, SoapClient::Auth::Login,
+                         [this, handler = std::move(handler)](const SoapAnswer& answer) {
+                             noteFailure(answer.error());
+                             handler(answer);
+                         });
+}
+
+void DeviceSession::noteFailure(const Error& error)
+{
+    switch (error.kind) {
+    case ErrorKind::LoginRefused:
+    case ErrorKind::AccountLocked:
+    case ErrorKind::Unreachable:
+    case ErrorKind::TimedOut:
+    case ErrorKind::CertificateRefused:
+        // The next request logs in again, which also reads the device's clock anew.
+        if (m_state == State::LoggedIn) {
+            m_state = State::LoggedOut;
+            emit statusChanged(statusAfter(error.kind));
+        }
+        break;
+    default:
+        break;
+    }
+}
+
+void DeviceSession::findReplay(int channelNo, const QString& recordingToken, ReplayDone done)
+{
+    ensureLogin([this, channelNo, recordingToken, done = std::move(done)](const Error& error) {
+        if (error) {
+            done(error, {});
+            return;
+        }
+        const std::optional<ChannelInfo> found = channel(channelNo);
+        if (!found) {
+            done({ErrorKind::NotFound, tr("The device has no channel %1.").arg(channelNo), {}}, {});
+            return;
+        }
+        if (isDirect()) {
+            done({}, directUrl(channelNo));
+            return;
+        }
+        const QString token = recordingToken.isEmpty() ? found->recordingToken : recordingToken;
+        const QUrl known = m_replayUrls.value(token);
+        if (!known.isEmpty()) {
+            done({}, known);
+        } else if (token.isEmpty() || !offers(Service::Replay)) {
+            done({ErrorKind::NoReplay, tr("The device offers no replay of channel %1.").arg(channelNo), {}}, {});
+        } else {
+            std::vector<ReplayDone>& waiters = m_replayWaiters[token];
+            waiters.push_back(done);
+            if (waiters.size() == 1)
+                askReplayUri(token);
+        }
+    });
+}
+
+void DeviceSession::askReplayUri(const QString& recordingToken)
+{
+    call(Service::Replay, requests::getReplayUri(recordingToken), [this, recordingToken](const SoapAnswer& answer) {
+        QUrl url = answers::replayUri(answer.payload()).adjusted(QUrl::RemoveUserInfo);
+        Error error = answer.error();
+        const bool isRefusal = answer.isFault() && error.kind != ErrorKind::LoginRefused &&
+                               error.kind != ErrorKind::AccountLocked && error.kind != ErrorKind::LimitReached;
+        if (isRefusal || error.kind == ErrorKind::NotFound || (!error && url.isEmpty()))
+            error = {ErrorKind::NoReplay, tr("The device gives no replay address for the recording."), error.context};
+        if (!error) {
+            // The login goes to the host that the person named, whatever the device calls itself.
+            url.setHost(m_login.address.host());
+            m_replayUrls.insert(recordingToken, url);
+        }
+        answerReplay(recordingToken, error, url);
+    });
+}
+
+void DeviceSession::answerReplay(const QString& recordingToken, const Error& error, const QUrl& url)
+{
+    for (const ReplayDone& done : m_replayWaiters.take(recordingToken))
+        done(error, url);
+}
+
+QUrl DeviceSession::directUrl(int channelNo) const
+{
+    QString text = m_login.address.adjusted(QUrl::RemoveUserInfo).toString(QUrl::FullyEncoded);
+    const QString number = QString::number(channelNo);
+    text.replace(QLatin1String("{channel}"), number);
+    text.replace(QLatin1String("%7Bchannel%7D"), number, Qt::CaseInsensitive);
+    return QUrl(text);
+}
+
+void DeviceSession::shutDown()
+{
+    m_state = State::LoggedOut;
+    const Error cancelled{ErrorKind::Cancelled, tr("The device was logged out."), {}};
+    answerLogin(cancelled);
+    const QStringList tokens = m_replayWaiters.keys();
+    for (const QString& token : tokens)
+        answerReplay(token, cancelled, {});
+}
+
+} // namespace vms_sdk
