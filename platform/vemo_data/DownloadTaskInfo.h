@@ -5,6 +5,8 @@
 #include <QMetaType>
 #include <QString>
 
+#include <limits>
+
 namespace vemo_data {
 
 /// States of a download task as they are stored. The in-progress values are the downloading table's own.
@@ -21,6 +23,15 @@ enum DownloadTaskState : int {
 };
 
 enum DownloadMode : int { DownloadByFile = 0, DownloadByTimeRange = 1 };
+
+/// Where a recording lies.
+enum RecordingLocation : int {
+    LocationDevice = 0,
+    LocationPlatformStorage = 1,
+    LocationEdgeCard = 2,
+    LocationCloud = 3,
+    LocationThisComputer = 4, ///< copied or cut locally instead of being streamed
+};
 
 /// One download task: what is to be fetched, from where, to which file, and how far it got. A plain value.
 struct DownloadTaskInfo
@@ -40,8 +51,15 @@ struct DownloadTaskInfo
     QString fileName; ///< by file: the device's name of the recording, or the local source path; empty by time range
     QString savePath; ///< the file to write; a bare name until the downloading table joins it to a folder
     int downloadedMs = 0; ///< already downloaded; -1: a time range that was broken off
-    int durationMs = 0;
+    int durationMs = 0;   ///< of the span; at most what an int holds, some 24 days
 };
+
+/// Milliseconds from begin to end, as far as an int holds them.
+inline int spanMs(const QDateTime& begin, const QDateTime& end)
+{
+    constexpr qint64 limit = std::numeric_limits<int>::max();
+    return static_cast<int>(qBound(-limit, begin.msecsTo(end), limit));
+}
 
 } // namespace vemo_data
 
