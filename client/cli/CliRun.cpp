@@ -1,0 +1,38 @@
+#include "CliRun.h"
+
+#include "DownloadVerb.h"
+#include "Interrupt.h"
+#include "SearchVerb.h"
+
+#include <vaws_download.h>
+#include <vms_sdk.h>
+
+#include <QCoreApplication>
+
+namespace vemo_client {
+
+namespace {
+
+template <typename Verb>
+int run(const CliCommand& command)
+{
+    Verb verb(command);
+    Interrupt interrupt;
+    QObject::connect(&interrupt, &Interrupt::signalInterrupted, &verb, [&verb] { verb.interrupt(); });
+    // From inside the loop, so that a verb that is over at once can leave it.
+    QMetaObject::invokeMethod(
+        &verb, [&verb] { verb.run(); }, Qt::QueuedConnection);
+    return QCoreApplication::exec();
+}
+
+} // namespace
+
+int runVerb(const CliCommand& command)
+{
+    const int code = command.verb == CliCommand::Verb::Search ? run<SearchVerb>(command) : run<DownloadVerb>(command);
+    vms_sdk::uninit_sdk();
+    vaws_download_shutdown();
+    return code;
+}
+
+} // namespace vemo_client

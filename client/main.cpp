@@ -1,0 +1,54 @@
+#include "cli/CliParser.h"
+#include "cli/CliRun.h"
+#include "cli/Terminal.h"
+#include "shell/WindowRun.h"
+
+#include <SysPaths.h>
+
+#include <QCoreApplication>
+
+using vemo_client::CliCommand;
+
+namespace {
+
+std::optional<QString> takeEnvironmentPassword()
+{
+    if (!qEnvironmentVariableIsSet("VEMO_PASSWORD"))
+        return std::nullopt;
+    const QString password = qEnvironmentVariable("VEMO_PASSWORD");
+    // Programs that we start don't get to see it.
+    qunsetenv("VEMO_PASSWORD");
+    return password;
+}
+
+CliCommand parse(const QStringList& arguments, const std::optional<QString>& password)
+{
+    QCoreApplication::setApplicationName(QStringLiteral("vemo"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(VEMO_VERSION));
+    return vemo_client::CliParser::parse(arguments, password);
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    const std::optional<QString> password = takeEnvironmentPassword();
+    CliCommand command;
+    {
+        // The verbs need no window system; a window needs an application of another class.
+        QCoreApplication application(argc, argv);
+        command = parse(QCoreApplication::arguments(), password);
+        if (command.verb == CliCommand::Verb::Tell) {
+            if (command.exitCode == vemo_client::ExitCode::Done)
+                vemo_client::Terminal::text(command.text);
+            else
+                vemo_client::Terminal::error(command.text);
+            return static_cast<int>(command.exitCode);
+        }
+        if (!command.dataDir.isEmpty())
+            vemo_worker::SysPaths::setRoot(command.dataDir);
+        if (command.verb != CliCommand::Verb::Window)
+            return vemo_client::runVerb(command);
+    }
+    return vemo_client::runWindow(argc, argv, command);
+}

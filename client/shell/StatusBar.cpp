@@ -1,0 +1,188 @@
+#include "StatusBar.h"
+
+#include "StatusItem.h"
+
+#include <DiskManager.h>
+#include <SystemConfig.h>
+#include <SystemMsg.h>
+#include <Theme.h>
+
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QDesktopServices>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLocale>
+#include <QPainter>
+#include <QPointer>
+#include <QStorageInfo>
+#include <QThreadPool>
+#include <QUrl>
+
+namespace vemo_client {
+
+namespace {
+
+constexpr int barHeight = 28;
+constexpr int edge = 8;
+constexpr int clockPixels = 12;
+constexpr int diskIntervalMs = 10'000;
+/// The rate comes once a second while something is downloaded; then it is zero.
+constexpr qint64 rateHoldsMs = 2500;
+constexpr qint64 gigabyte = 1'000'000'000;
+constexpr qint64 lowBytes = 10 * gigabyte;
+constexpr qint64 emptyBytes = gigabyte;
+
+QString sizeText(qint64 bytes)
+{
+    constexpr double thousand = 1000.0;
+    const QLocale locale;
+    double value = double(bytes) / double(gigabyte);
+    if (value < thousand)
+        return StatusBar::tr("%1 GB").arg(locale.toString(value, 'f', 1));
+    return StatusBar::tr("%1 TB").arg(locale.toString(value / thousand, 'f', 2));
+}
+
+QString rateText(double megabytes)
+{
+    return StatusBar::tr("%1 MB/s").arg(QLocale().toString(megabytes, 'f', 1));
+}
+
+QString offsetText(const QDateTime& time)
+{
+    const int minutes = time.offsetFromUtc() / 60;
+    const QChar sign = QLatin1Char(minutes < 0 ? '-' : '+');
+    return QStringLiteral("UTC%1%2:%3")
+        .arg(sign)
+        .arg(qAbs(minutes) / 60, 2, 10, QLatin1Char('0'))
+        .arg(qAbs(minutes) % 60, 2, 10, QLatin1Char('0'));
+}
+
+} // namespace
+
+StatusBar::StatusBar(QWidget* parent)
+    : QWidget(parent)
+{
+    setFixedHeight(barHeight);
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(edge, 1, 2 * edge, 0);
+    layout->setSpacing(4);
+
+    m_rate = new StatusItem(QStringLiteral("rate"), this);
+    m_rate->setStrong(true);
+    m_rate->setTone(vemo_base::Token::Text);
+    m_rate->setSample(rateText(1888.8));
+    m_rate->setWords(rateText(0));
+    m_rate->setToolTip(tr("What all downloads together receive"));
+    m_rate->setAccessibleName(m_rate->text());
+    connect(m_rate, &QAbstractButton::clicked, this, &StatusBar::signalRateClicked);
+    layout->addWidget(m_rate);
+
+    m_disk = new StatusItem(QStringLiteral("disk"), this);
+    m_disk->hide();
+    connect(m_disk, &QAbstractButton::clicked, this, &StatusBar::openDownloadFolder);
+    layout->addWidget(m_disk);
+    layout->addStretch();
+
+    m_clock = new QLabel(this);
+    QFont clockFont = m_clock->font();
+    clockFont.setPixelSize(clockPixels);
+    m_clock->setFont(clockFont);
+    m_clock->setForegroundRole(QPalette::PlaceholderText);
+    layout->addWidget(m_clock);
+
+    connect(&vemo_contact::SystemMsg::instance(), &vemo_contact::SystemMsg::signalDownloadBitRate, this,
+            &StatusBar::slotDownloadBitRate);
+    connect(&vemo_worker::SystemConfig::instance(), &vemo_worker::SystemConfig::signalConfigChanged, this,
+            &StatusBar::askDisk);
+    connect(&m_tickTimer, &QTimer::timeout, this, &StatusBar::tick);
+    m_tickTimer.setSingleShot(true);
+    m_tickTimer.setTimerType(Qt::PreciseTimer);
+    connect(&m_diskTimer, &QTimer::timeout, this, &StatusBar::askDisk);
+    m_diskTimer.start(diskIntervalMs);
+    tick();
+    askDisk();
+}
+
+void StatusBar::tick()
+{
+    constexpr int second = 1000;
+    const QDateTime now = QDateTime::currentDateTime();
+    m_clock->setText(now.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")) + QLatin1String("  ") + offsetText(now));
+    if (m_sinceRate.isValid() && m_sinceRate.elapsed() > rateHoldsMs) {
+        m_sinceRate.invalidate();
+        m_rate->setWords(rateText(0));
+        m_rate->setAccessibleName(m_rate->text());
+    }
+    m_tickTimer.start(second - now.time().msec());
+}
+
+void StatusBar::slotDownloadBitRate(qint64 kbitPerSecond)
+{
+    m_sinceRate.start();
+    m_rate->setWords(rateText(double(kbitPerSecond) / 8000.0));
+    m_rate->setAccessibleName(m_rate->text());
+}
+
+void StatusBar::askDisk()
+{
+    if (m_askingDisk)
+        return;
+    m_askingDisk = true;
+    const QString path = vemo_worker::SystemConfig::instance().getDownloadPath();
+    const QPointer<StatusBar> self(this);
+    vemo_worker::DiskManager& disks = vemo_worker::DiskManager::instance();
+    QThreadPool::globalInstance()->start([path, self, &disks] {
+        const QStorageInfo storage(vemo_worker::DiskManager::existingFolderOf(path));
+        const QString name = disks.getDiskName(path);
+        const qint64 freeBytes = storage.bytesAvailable();
+        const qint64 totalBytes = storage.bytesTotal();
+        QMetaObject::invokeMethod(
+            qApp,
+            [self, name, freeBytes, totalBytes] {
+                if (self)
+                    self->showDisk(name, freeBytes, totalBytes);
+            },
+            Qt::QueuedConnection);
+    });
+}
+
+void StatusBar::showDisk(const QString& name, qint64 freeBytes, qint64 totalBytes)
+{
+    m_askingDisk = false;
+    m_disk->setVisible(totalBytes > 0);
+    if (totalBytes <= 0)
+        return;
+    const QString mount = name.endsWith(QLatin1Char(':')) ? name : name + QLatin1Char(':');
+    QString words = tr("%1 %2 free of %3").arg(mount, sizeText(freeBytes), sizeText(totalBytes));
+    vemo_base::Token tone = vemo_base::Token::Text2;
+    if (freeBytes < emptyBytes) {
+        tone = vemo_base::Token::Error;
+        words += tr(", full: no download can start");
+    } else if (freeBytes < lowBytes) {
+        tone = vemo_base::Token::Warning;
+        words += tr(", nearly full");
+    }
+    m_disk->setTone(tone);
+    m_disk->setFraction(double(totalBytes - freeBytes) / double(totalBytes));
+    m_disk->setWords(words);
+    m_disk->setAccessibleName(words);
+    m_disk->setToolTip(
+        tr("Opens the folder of downloads: %1").arg(vemo_worker::SystemConfig::instance().getDownloadPath()));
+}
+
+void StatusBar::openDownloadFolder()
+{
+    const QString folder = vemo_worker::SystemConfig::instance().getDownloadPath();
+    QDesktopServices::openUrl(QUrl::fromLocalFile(vemo_worker::DiskManager::existingFolderOf(folder)));
+}
+
+void StatusBar::paintEvent(QPaintEvent*)
+{
+    const vemo_base::Theme& theme = vemo_base::Theme::instance();
+    QPainter painter(this);
+    painter.fillRect(rect(), theme.color(vemo_base::Token::Surface));
+    painter.fillRect(QRect(0, 0, width(), 1), theme.color(vemo_base::Token::Border));
+}
+
+} // namespace vemo_client

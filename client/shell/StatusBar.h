@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QTimer>
+#include <QWidget>
+
+class QLabel;
+
+namespace vemo_client {
+
+class StatusItem;
+
+/// The bar below everything: the rate of all downloads, the disk that downloads go to, the clock with its offset. GUI
+/// thread; the disk is asked on a thread of the pool, because it may be a slow or a lost one.
+class StatusBar final : public QWidget
+{
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(StatusBar)
+
+public:
+    explicit StatusBar(QWidget* parent = nullptr);
+
+signals:
+    void signalRateClicked();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private slots:
+    void slotDownloadBitRate(qint64 kbitPerSecond);
+
+private:
+    void tick();
+    void askDisk();
+    void showDisk(const QString& name, qint64 freeBytes, qint64 totalBytes);
+    void openDownloadFolder();
+
+    StatusItem* m_rate = nullptr;
+    StatusItem* m_disk = nullptr;
+    QLabel* m_clock = nullptr;
+    QTimer m_tickTimer;
+    QTimer m_diskTimer;
+    QElapsedTimer m_sinceRate;
+    bool m_askingDisk = false;
+};
+
+} // namespace vemo_client

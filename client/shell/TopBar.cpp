@@ -1,0 +1,135 @@
+#include "TopBar.h"
+
+#include "TopBarEntry.h"
+
+#include <Icons.h>
+#include <Theme.h>
+
+#include <QActionGroup>
+#include <QCoreApplication>
+#include <QHBoxLayout>
+#include <QIcon>
+#include <QLabel>
+#include <QMenu>
+#include <QPainter>
+#include <QToolButton>
+
+namespace vemo_client {
+
+namespace {
+
+constexpr int barHeight = 48;
+constexpr int edge = 16;
+constexpr int markExtent = 24;
+constexpr int namePixels = 14;
+/// The modules begin above the content, behind the navigation column.
+constexpr int brandWidth = 240;
+
+class MarkWt final : public QWidget
+{
+public:
+    explicit MarkWt(QWidget* parent)
+        : QWidget(parent)
+        , m_mark(QStringLiteral(":/vemo_base/icons/mark.svg"))
+    {
+        setFixedSize(markExtent, markExtent);
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter painter(this);
+        m_mark.paint(&painter, rect());
+    }
+
+private:
+    QIcon m_mark;
+};
+
+} // namespace
+
+TopBar::TopBar(QWidget* parent)
+    : QWidget(parent)
+{
+    setFixedHeight(barHeight);
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, edge, 0);
+    layout->setSpacing(0);
+
+    auto* brand = new QWidget(this);
+    brand->setFixedWidth(brandWidth);
+    auto* brandLayout = new QHBoxLayout(brand);
+    brandLayout->setContentsMargins(edge, 0, 0, 0);
+    brandLayout->setSpacing(10);
+    brandLayout->addWidget(new MarkWt(brand));
+    auto* name = new QLabel(QStringLiteral("Vemo"), brand);
+    QFont nameFont = name->font();
+    nameFont.setPixelSize(namePixels);
+    nameFont.setWeight(QFont::DemiBold);
+    name->setFont(nameFont);
+    brandLayout->addWidget(name, 1);
+    layout->addWidget(brand);
+
+    m_modules = new QHBoxLayout;
+    m_modules->setSpacing(0);
+    layout->addLayout(m_modules);
+    layout->addStretch();
+    layout->addWidget(makeThemeButton());
+}
+
+QToolButton* TopBar::makeThemeButton()
+{
+    auto* button = new QToolButton(this);
+    button->setIcon(vemo_base::Icons::icon(QStringLiteral("theme")));
+    button->setIconSize(QSize(20, 20));
+    button->setToolTip(tr("Theme"));
+    button->setAccessibleName(tr("Theme"));
+    button->setPopupMode(QToolButton::InstantPopup);
+    button->setAutoRaise(true);
+
+    auto* menu = new QMenu(button);
+    auto* group = new QActionGroup(menu);
+    const struct
+    {
+        QString text;
+        QString name;
+        vemo_base::Theme::Choice choice;
+    } choices[] = {{tr("Dark"), QStringLiteral("dark"), vemo_base::Theme::Choice::Dark},
+                   {tr("Light"), QStringLiteral("light"), vemo_base::Theme::Choice::Light},
+                   {tr("As the desktop"), QStringLiteral("system"), vemo_base::Theme::Choice::System}};
+    for (const auto& entry : choices) {
+        QAction* action = menu->addAction(entry.text);
+        action->setCheckable(true);
+        group->addAction(action);
+        connect(action, &QAction::triggered, this, [this, name = entry.name] { emit signalThemeChosen(name); });
+        connect(menu, &QMenu::aboutToShow, action, [action, choice = entry.choice] {
+            action->setChecked(vemo_base::Theme::instance().choice() == choice);
+        });
+    }
+    button->setMenu(menu);
+    return button;
+}
+
+void TopBar::addModule(const QString& key, const QString& text, const QString& iconName)
+{
+    auto* entry = new TopBarEntry(key, text, iconName, this);
+    m_modules->addWidget(entry);
+    m_entries.append(entry);
+    connect(entry, &QAbstractButton::clicked, this, [this, key] { emit signalModule(key); });
+}
+
+void TopBar::setCurrentModule(const QString& key)
+{
+    for (TopBarEntry* entry : qAsConst(m_entries))
+        entry->setChecked(entry->key() == key);
+}
+
+void TopBar::paintEvent(QPaintEvent*)
+{
+    const vemo_base::Theme& theme = vemo_base::Theme::instance();
+    QPainter painter(this);
+    painter.fillRect(rect(), theme.color(vemo_base::Token::Surface));
+    painter.fillRect(QRect(0, height() - 1, width(), 1), theme.color(vemo_base::Token::Border));
+}
+
+} // namespace vemo_client
