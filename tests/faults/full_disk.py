@@ -10,6 +10,7 @@ import sys
 import tempfile
 
 import faultlab
+import media
 from faultlab import Box, Lab
 
 SKIPPED = 77
@@ -54,6 +55,7 @@ def judge(lab, place):
                 problems.append(f"the error does not name the file: {struck.get('error')!r}")
             if other.get("event") != 16:
                 problems.append(f"the task on the other disk ended with event {other.get('event')}: {other.get('error')!r}")
+            lab.learn(media.samples(elsewhere.out))
             found, found_problems = lab.judge(elsewhere.out)
             problems += found_problems + lab.compare(found, whole_file=True)
             found, found_problems = lab.judge(box.out, gstreamer=True)
