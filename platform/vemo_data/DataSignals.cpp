@@ -6,6 +6,7 @@ DataSignals::DataSignals()
 {
     qRegisterMetaType<DownloadTaskInfo>();
     qRegisterMetaType<QList<DownloadTaskInfo>>();
+    qRegisterMetaType<QMap<int, QSet<QString>>>();
 }
 
 DataSignals& DataSignals::instance()

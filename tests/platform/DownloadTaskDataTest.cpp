@@ -1,0 +1,225 @@
+#include "TestWorld.h"
+
+#include <DataSignals.h>
+#include <DownloadTaskData.h>
+
+#include <QSignalSpy>
+#include <QtTest>
+#include <QUuid>
+
+using vemo_data::Database;
+using vemo_data::DataSignals;
+using vemo_data::DownloadTaskData;
+using vemo_data::DownloadTaskInfo;
+
+namespace {
+
+using Tasks = QList<DownloadTaskInfo>;
+
+DownloadTaskInfo makeTask(int hour, int state = vemo_data::TaskWaiting)
+{
+    DownloadTaskInfo task;
+    task.taskId = QUuid::createUuid().toString();
+    task.channelId = QStringLiteral("{dev}|3");
+    task.channelName = QStringLiteral("Laderampe Süd");
+    task.devLabel = QStringLiteral("Recorder");
+    task.channelNo = 3;
+    task.beginTime = QDateTime(QDate(2026, 1, 10), QTime(hour, 0, 0, 250));
+    task.endTime = task.beginTime.addSecs(1860);
+    task.downloadMode = vemo_data::DownloadByTimeRange;
+    task.state = state;
+    task.location = vemo_data::LocationEdgeCard;
+    task.progress = 37;
+    task.downloadedSize = 6'000'000'000;
+    task.fileName = QStringLiteral("token/1");
+    task.savePath = QStringLiteral("a'b\";--.mp4");
+    task.downloadedMs = -1;
+    task.durationMs = 1'860'000;
+    return task;
+}
+
+void compare(const DownloadTaskInfo& a, const DownloadTaskInfo& b)
+{
+    QCOMPARE(a.taskId, b.taskId);
+    QCOMPARE(a.channelId, b.channelId);
+    QCOMPARE(a.channelName, b.channelName);
+    QCOMPARE(a.devLabel, b.devLabel);
+    QCOMPARE(a.channelNo, b.channelNo);
+    QCOMPARE(a.beginTime, b.beginTime);
+    QCOMPARE(a.endTime, b.endTime);
+    QCOMPARE(a.downloadMode, b.downloadMode);
+    QCOMPARE(a.state, b.state);
+    QCOMPARE(a.location, b.location);
+    QCOMPARE(a.progress, b.progress);
+    QCOMPARE(a.downloadedSize, b.downloadedSize);
+    QCOMPARE(a.fileName, b.fileName);
+    QCOMPARE(a.savePath, b.savePath);
+    QCOMPARE(a.downloadedMs, b.downloadedMs);
+    QCOMPARE(a.durationMs, b.durationMs);
+}
+
+} // namespace
+
+class DownloadTaskDataTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        m_world = std::make_unique<TestWorld>();
+        DataSignals& store = DataSignals::instance();
+        m_added = std::make_unique<QSignalSpy>(&store, &DataSignals::signalAddDownloadTasksToLocalDB);
+        m_updated = std::make_unique<QSignalSpy>(&store, &DataSignals::signalUpdateDownloadTasksInLocalDB);
+        m_deleted = std::make_unique<QSignalSpy>(&store, &DataSignals::signalDeleteDownloadTasksFromLocalDB);
+    }
+
+    void cleanup()
+    {
+        settle();
+        m_world.reset();
+    }
+
+    void keepsEveryFieldAndTheOrderOverAReopening()
+    {
+        Tasks tasks{makeTask(8), makeTask(6, vemo_data::TaskSucceeded), makeTask(7, 9)};
+        tasks[1].downloadedMs = 0;
+        tasks[2].channelName = QString(); // empty texts come back empty
+        tasks[2].endTime = QDateTime();
+        m_data.addDownloadTasks(tasks);
+        Database::instance().close();
+        const Tasks stored = m_data.getAllDownloadTasks();
+        QCOMPARE(stored.size(), 3);
+        for (int i = 0; i < 3; ++i)
+            compare(stored.at(i), tasks.at(i));
+    }
+
+    void announcesOneListOnceItIsStored()
+    {
+        m_data.addDownloadTasks({makeTask(1), makeTask(2)});
+        QCOMPARE(m_added->size(), 0); // not from within the call
+        QTRY_COMPARE(m_added->size(), 1);
+        QCOMPARE(m_added->at(0).at(0).value<Tasks>().size(), 2);
+    }
+
+    void leavesOutARequestThatIsUnderWay_data()
+    {
+        QTest::addColumn<int>("firstState");
+        QTest::addColumn<bool>("queuedAgain");
+        QTest::newRow("waiting") << 0 << false;
+        QTest::newRow("paused") << 2 << false;
+        QTest::newRow("finished") << 3 << true;
+        QTest::newRow("failed") << 6 << true;
+    }
+
+    void leavesOutARequestThatIsUnderWay()
+    {
+        QFETCH(int, firstState);
+        QFETCH(bool, queuedAgain);
+        m_data.addDownloadTasks({makeTask(1, firstState)});
+        m_data.addDownloadTasks({makeTask(1)});
+        QCOMPARE(m_data.getAllDownloadTasks().size(), queuedAgain ? 2 : 1);
+    }
+
+    void leavesOutTwinsOfOneBatch()
+    {
+        m_data.addDownloadTasks({makeTask(1), makeTask(1), makeTask(2)});
+        QTRY_COMPARE(m_added->size(), 1);
+        QCOMPARE(m_added->at(0).at(0).value<Tasks>().size(), 2);
+    }
+
+    void queuesAgainOnceTheRequestKeyIsForgotten()
+    {
+        const DownloadTaskInfo task = makeTask(1);
+        m_data.addDownloadTasks({task});
+        m_data.removeDownloadTaskKey(task);
+        m_data.addDownloadTasks({makeTask(1)});
+        QCOMPARE(m_data.getAllDownloadTasks().size(), 2);
+    }
+
+    void aFailedTaskThatIsQueuedAgainHoldsItsRequest()
+    {
+        DownloadTaskInfo task = makeTask(1, vemo_data::TaskConnectFailed);
+        m_data.addDownloadTasks({task});
+        task.state = vemo_data::TaskWaiting;
+        m_data.updateDownloadTasks({task}, true);
+        m_data.addDownloadTasks({makeTask(1)});
+        QCOMPARE(m_data.getAllDownloadTasks().size(), 1);
+    }
+
+    void twoTasksOfOneRequestCanBothBeQueuedAgain()
+    {
+        Tasks tasks{makeTask(1, vemo_data::TaskAbnormal), makeTask(1, vemo_data::TaskAbnormal)};
+        m_data.addDownloadTasks(tasks);
+        for (DownloadTaskInfo& task : tasks)
+            task.state = vemo_data::TaskWaiting;
+        m_data.updateDownloadTasks(tasks, true);
+        for (const DownloadTaskInfo& task : m_data.getAllDownloadTasks())
+            QCOMPARE(task.state, static_cast<int>(vemo_data::TaskWaiting));
+    }
+
+    void amendingByAddNeverLosesARecord()
+    {
+        m_data.addDownloadTasks({makeTask(1)});
+        m_data.amendDownloadTasksByAdd({makeTask(1)});
+        QCOMPARE(m_data.getAllDownloadTasks().size(), 2);
+        QTRY_COMPARE(m_added->size(), 2);
+    }
+
+    void announcesAnUpdateOnlyWhenAsked()
+    {
+        DownloadTaskInfo task = makeTask(1);
+        m_data.addDownloadTasks({task});
+        task.state = vemo_data::TaskPaused;
+        task.savePath = QStringLiteral("other.mp4");
+        m_data.updateDownloadTasks({task}, false);
+        compare(m_data.getAllDownloadTasks().value(0), task);
+        settle();
+        QCOMPARE(m_updated->size(), 0);
+        m_data.amendDownloadTasksByUpdate({task, makeTask(2)}); // one of them is not stored
+        QTRY_COMPARE(m_updated->size(), 1);
+        QCOMPARE(m_updated->at(0).at(0).value<Tasks>().size(), 1);
+    }
+
+    void announcesDeletedTasksByTheStateTheyHad()
+    {
+        Tasks tasks{makeTask(1), makeTask(2), makeTask(3, vemo_data::TaskSucceeded)};
+        m_data.addDownloadTasks(tasks);
+        const DownloadTaskInfo unknown = makeTask(9);
+        tasks[0].state = vemo_data::TaskAbnormal; // the caller's copy may be stale
+        m_data.deleteDownloadTasks(tasks + Tasks{unknown});
+        QTRY_COMPARE(m_deleted->size(), 1);
+        const auto byState = m_deleted->at(0).at(0).value<QMap<int, QSet<QString>>>();
+        QCOMPARE(byState.value(0), (QSet<QString>{tasks.at(0).taskId, tasks.at(1).taskId}));
+        QCOMPARE(byState.value(3), QSet<QString>{tasks.at(2).taskId});
+        QCOMPARE(byState.size(), 2);
+        QVERIFY(m_data.getAllDownloadTasks().isEmpty());
+    }
+
+    void changesTheChannelAlone()
+    {
+        DownloadTaskInfo task = makeTask(1);
+        m_data.addDownloadTasks({task});
+        m_data.updateDownloadTaskChannelId(task, QStringLiteral("{other}|3"));
+        task.channelId = QStringLiteral("{other}|3");
+        compare(m_data.getAllDownloadTasks().value(0), task);
+    }
+
+private:
+    /// Until everything posted so far was carried out and announced.
+    static void settle()
+    {
+        bool done = false;
+        Database::instance().post([](QSqlDatabase&) { return true; }, [&done](bool) { done = true; });
+        QTRY_VERIFY(done);
+    }
+
+    DownloadTaskData& m_data = DownloadTaskData::instance();
+    std::unique_ptr<TestWorld> m_world;
+    std::unique_ptr<QSignalSpy> m_added;
+    std::unique_ptr<QSignalSpy> m_updated;
+    std::unique_ptr<QSignalSpy> m_deleted;
+};
+
+QTEST_GUILESS_MAIN(DownloadTaskDataTest)
+#include "DownloadTaskDataTest.moc"
