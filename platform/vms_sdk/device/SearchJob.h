@@ -3,6 +3,7 @@
 #include "DeviceSession.h"
 #include "onvif/RecordingSegmentBuilder.h"
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QPointer>
 #include <QTimer>
