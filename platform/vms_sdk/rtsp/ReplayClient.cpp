@@ -1,5 +1,7 @@
 #include "ReplayClient.h"
 
+#include "ReplaySession.h"
+
 #include <utility>
 
 namespace vms_sdk::rtsp {
@@ -7,35 +9,63 @@ namespace vms_sdk::rtsp {
 class ReplayClient::Private
 {
 public:
-    ReplayRequest request;
+    explicit Private(ReplayRequest request)
+        : session(std::move(request), nullptr)
+    {}
+
+    ReplaySession session;
 };
 
 ReplayClient::ReplayClient(ReplayRequest request, QObject* parent)
     : QObject(parent)
-    , d(std::make_unique<Private>())
+    , d(std::make_unique<Private>(std::move(request)))
 {
-    d->request = std::move(request);
+    connect(&d->session, &ReplaySession::playing, this, &ReplayClient::playing);
+    connect(&d->session, &ReplaySession::packets, this, &ReplayClient::packets);
+    connect(&d->session, &ReplaySession::ended, this, &ReplayClient::ended);
+    connect(&d->session, &ReplaySession::certificateJudged, this, &ReplayClient::certificateRefused);
 }
 
 ReplayClient::~ReplayClient() = default;
 
 void ReplayClient::start()
 {
-    emit ended(ReplayEnd::Failed, Error{ErrorKind::Unsupported, tr("Replay is not supported."), QString()});
+    d->session.start();
 }
 
-void ReplayClient::pause() {}
-void ReplayClient::resume() {}
-void ReplayClient::setScale(double) {}
-void ReplayClient::stop() {}
-void ReplayClient::returnCredit(qint64) {}
+void ReplayClient::pause()
+{
+    d->session.pause();
+}
+
+void ReplayClient::resume()
+{
+    d->session.resume();
+}
+
+void ReplayClient::setScale(double speed)
+{
+    d->session.setScale(speed);
+}
+
+void ReplayClient::stop()
+{
+    d->session.stop();
+}
+
+void ReplayClient::returnCredit(qint64 bytes)
+{
+    d->session.returnCredit(bytes);
+}
+
 qint64 ReplayClient::bytesReceived() const
 {
-    return 0;
+    return d->session.bytesReceived();
 }
+
 qint64 ReplayClient::lastTimeNs() const
 {
-    return 0;
+    return d->session.lastTimeNs();
 }
 
 } // namespace vms_sdk::rtsp

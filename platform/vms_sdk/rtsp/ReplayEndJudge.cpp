@@ -1,0 +1,42 @@
+#include "ReplayEndJudge.h"
+
+#include <algorithm>
+
+namespace vms_sdk::rtsp {
+namespace {
+
+constexpr qint64 orderlyToleranceNs = 1'000'000'000;
+
+} // namespace
+
+bool isAtEnd(const EndPosition& position, qint64 toleranceNs)
+{
+    if (position.lastTimeNs == 0)
+        return false;
+    qint64 endNs = position.endNs;
+    if (position.recordingEndNs != 0 && (endNs == 0 || position.recordingEndNs < endNs))
+        endNs = position.recordingEndNs;
+    return endNs != 0 && position.lastTimeNs + std::max(toleranceNs, position.intervalNs * 2) >= endNs;
+}
+
+ReplayEnd judgeEnd(EndCause cause, const EndPosition& position)
+{
+    switch (cause) {
+    case EndCause::ReachedEnd:
+        return ReplayEnd::EndOfRecording;
+    case EndCause::Terminal: {
+        const bool open = position.endNs == 0 && position.recordingEndNs == 0 && position.lastTimeNs != 0;
+        return open || isAtEnd(position, orderlyToleranceNs) ? ReplayEnd::EndOfRecording : ReplayEnd::EndByDevice;
+    }
+    case EndCause::TornDown:
+        return isAtEnd(position, orderlyToleranceNs) ? ReplayEnd::EndOfRecording : ReplayEnd::EndByDevice;
+    case EndCause::Closed:
+    case EndCause::Silence:
+        return isAtEnd(position, 0) ? ReplayEnd::EndOfRecording : ReplayEnd::Broken;
+    case EndCause::Fault:
+        break;
+    }
+    return ReplayEnd::Broken;
+}
+
+} // namespace vms_sdk::rtsp

@@ -1,0 +1,418 @@
+#include "ReplaySession.h"
+
+#include "AccessUnitAssembler.h"
+#include "RtspHeaders.h"
+#include "RtspRefusal.h"
+
+#include <QDateTime>
+
+#include <algorithm>
+#include <utility>
+
+namespace vms_sdk::rtsp {
+namespace {
+
+constexpr qint64 nsPerSecond = 1'000'000'000;
+/// A sender report before the first frame is believed when it is this near to the asked begin; live, to the present
+/// time.
+constexpr qint64 believableReplayNs = 60 * nsPerSecond;
+constexpr qint64 believableLiveNs = 86'400 * nsPerSecond;
+/// How long the audio track is waited for when the video is through.
+constexpr qint64 trailingFootageNs = 2 * nsPerSecond;
+constexpr int trailingSilenceMs = 700;
+/// A silence at the end of what was asked for is the end.
+constexpr int endSilenceMs = 2'000;
+/// A packet that has begun must be complete by then, however its bytes trickle in.
+constexpr int packetTimeoutMs = 30'000;
+
+} // namespace
+
+ReplaySession::ReplaySession(ReplayRequest request, QObject* parent)
+    : QObject(parent)
+    , m_request(std::move(request))
+    , m_gate(m_request.creditBytes)
+{
+    m_answerTimer.setSingleShot(true);
+    connect(&m_answerTimer, &QTimer::timeout, this, &ReplaySession::answerTimedOut);
+    connect(&m_keepAliveTimer, &QTimer::timeout, this, &ReplaySession::sendKeepAlive);
+    connect(&m_tickTimer, &QTimer::timeout, this, &ReplaySession::tick);
+}
+
+ReplaySession::~ReplaySession()
+{
+    m_phase = Phase::Ended;
+    shutDown();
+}
+
+void ReplaySession::start()
+{
+    if (m_phase != Phase::Idle)
+        return;
+    m_requireReplay = m_request.replay;
+    if (!isRtsp(m_request.url)) {
+        m_phase = Phase::Connecting;
+        fail({ErrorKind::Unsupported, ReplayClient::tr("The replay address is none of RTSP."), m_request.url.scheme()});
+        return;
+    }
+    connectTo(m_request.url);
+}
+
+void ReplaySession::connectTo(const QUrl& url)
+{
+    m_url = url;
+    m_phase = Phase::Connecting;
+    m_requester = std::make_unique<RtspRequester>(m_mayLogIn ? m_request.user : QString(), m_request.password,
+                                                  isRtspOverTls(url));
+    m_connection = new RtspConnection(*this, this);
+    m_connection->open(url, m_request.tls, m_request.connectTimeoutMs);
+}
+
+void ReplaySession::pause()
+{
+    m_wantPaused = true;
+    followWishes();
+}
+
+void ReplaySession::resume()
+{
+    m_wantPaused = false;
+    followWishes();
+}
+
+void ReplaySession::setScale(double speed)
+{
+    const bool rateControl = speed > 0;
+    const double scale = rateControl ? speed : 1.0;
+    if (rateControl == m_request.rateControl && qFuzzyCompare(scale, m_scale))
+        return;
+    m_request.rateControl = rateControl;
+    m_scale = scale;
+    m_scaleChanged = true;
+    followWishes();
+}
+
+void ReplaySession::followWishes()
+{
+    if (m_phase == Phase::Playing && (m_wantPaused || m_scaleChanged)) {
+        sendPause();
+    } else if (m_phase == Phase::Paused && !m_wantPaused) {
+        if (m_heldBack) {
+            m_heldBack = false;
+            m_phase = Phase::Playing;
+            m_sinceProgress.restart();
+            m_connection->readMore();
+        } else {
+            m_resumeWithRange = false;
+            sendPlay(true);
+        }
+    }
+}
+
+void ReplaySession::stop()
+{
+    m_phase = Phase::Ended;
+    shutDown();
+}
+
+void ReplaySession::returnCredit(qint64 bytes)
+{
+    const bool wasClosed = m_gate.isClosed();
+    m_gate.giveBack(bytes);
+    if (wasClosed && !m_gate.isClosed() && m_connection)
+        m_connection->readMore();
+}
+
+qint64 ReplaySession::bytesReceived() const
+{
+    return m_bytesBefore + (m_connection ? m_connection->bytesReceived() : 0);
+}
+
+qint64 ReplaySession::lastTimeNs() const
+{
+    return m_receiver ? m_receiver->lastTimeNs() : 0;
+}
+
+void ReplaySession::connectionReady()
+{
+    sendOptions();
+}
+
+void ReplaySession::request(const QByteArray& method, const QByteArray& uri, const RtspHeaderList& headers)
+{
+    m_answerTimer.start(m_request.answerTimeoutMs);
+    m_connection->send(m_requester->send({method, uri, headers}));
+}
+
+void ReplaySession::sendOptions()
+{
+    m_phase = Phase::Options;
+    request("OPTIONS", requestUri(m_url));
+}
+
+void ReplaySession::sendDescribe()
+{
+    m_phase = Phase::Describe;
+    request("DESCRIBE", requestUri(m_url), {{"Accept", "application/sdp"}});
+}
+
+void ReplaySession::sendSetup()
+{
+    m_phase = Phase::Setup;
+    const QByteArray channel = QByteArray::number(static_cast<int>(m_nextMedium * 2));
+    const QByteArray rtcpChannel = QByteArray::number(static_cast<int>(m_nextMedium * 2 + 1));
+    RtspHeaderList headers;
+    headers.append(RtspHeader("Transport", "RTP/AVP/TCP;unicast;interleaved=" + channel + '-' + rtcpChannel));
+    if (m_requireReplay)
+        headers.append(RtspHeader("Require", "onvif-replay"));
+    request("SETUP", m_media[m_nextMedium].uri, headers);
+}
+
+void ReplaySession::sendPlay(bool resuming)
+{
+    m_phase = resuming ? Phase::Resuming : Phase::Play;
+    RtspHeaderList headers;
+    const qint64 beginNs =
+        resuming ? m_receiver->lastTimeNs() : (m_request.beginNs != 0 ? m_request.beginNs : m_request.recordingBeginNs);
+    if (m_request.replay && beginNs != 0 && (!resuming || m_resumeWithRange)) {
+        QByteArray range = "clock=" + formatClock(beginNs, Rounding::Down) + '-';
+        if (m_request.endNs != 0)
+            range += formatClock(m_request.endNs, Rounding::Up);
+        headers.append(RtspHeader("Range", range));
+    }
+    if (m_requireReplay)
+        headers.append(RtspHeader("Require", "onvif-replay"));
+    if (m_requireReplay && !m_request.rateControl)
+        headers.append(RtspHeader("Rate-Control", "no"));
+    else if (m_request.rateControl && (m_scaleChanged || !qFuzzyCompare(m_scale, 1.0)))
+        headers.append(RtspHeader("Scale", QByteArray::number(m_scale, 'f', 3)));
+    m_scaleChanged = false;
+
+    if (resuming) {
+        m_receiver->resumed(m_resumeWithRange);
+    } else if (m_request.replay && beginNs != 0) {
+        m_receiver->setRangeBegin(beginNs, believableReplayNs);
+    } else {
+        m_receiver->setRangeBegin(QDateTime::currentMSecsSinceEpoch() * 1'000'000, believableLiveNs);
+    }
+    m_sinceProgress.start();
+    m_sincePacket.start();
+    m_tickTimer.start(std::clamp(m_request.silenceTimeoutMs / 8, 20, 250));
+    request("PLAY", m_aggregateUri, headers);
+}
+
+void ReplaySession::sendPause()
+{
+    m_phase = Phase::Pausing;
+    request("PAUSE", m_aggregateUri);
+}
+
+void ReplaySession::sendKeepAlive()
+{
+    const QByteArray method = m_hasGetParameter ? QByteArrayLiteral("GET_PARAMETER") : QByteArrayLiteral("OPTIONS");
+    m_connection->send(m_requester->send({method, m_aggregateUri, {}}));
+}
+
+void ReplaySession::messageReceived(const RtspMessage& message)
+{
+    if (!message.isResponse()) {
+        peerRequest(message);
+        return;
+    }
+    RtspRequest request;
+    // 1xx only says that the answer takes longer.
+    if (message.status < 200 || !m_requester->takeAnswered(message, request))
+        return;
+    answered(message, request);
+}
+
+void ReplaySession::packetReceived(std::uint8_t channel, const std::uint8_t* data, std::size_t bytes)
+{
+    if (!m_receiver || m_phase < Phase::Play)
+        return;
+    const MediaLimit limit = m_receiver->packet(channel, data, bytes);
+    if (limit != MediaLimit::None) {
+        mediaLimitPassed(limit);
+    } else if (m_batchEmitted) {
+        m_batchEmitted = false;
+        checkEnd();
+    }
+}
+
+void ReplaySession::socketDrained()
+{
+    if (!isStreaming())
+        return;
+    // What comes in real time should not wait for its batch to fill up.
+    if (m_request.rateControl)
+        m_receiver->flush();
+    checkEnd();
+}
+
+bool ReplaySession::mayRead() const
+{
+    return m_phase != Phase::Ended && !m_heldBack && !m_gate.isClosed();
+}
+
+void ReplaySession::certificateRefused(const QSslCertificate& certificate, const QByteArray& keySha256,
+                                       const QString& reason)
+{
+    emit certificateJudged(certificate, keySha256, reason);
+}
+
+void ReplaySession::connectionLost(const Error& error)
+{
+    if (isStreaming() && error.kind == ErrorKind::BrokenOff)
+        endBy(EndCause::Closed, error);
+    else
+        fail(error);
+}
+
+bool ReplaySession::isStreaming() const
+{
+    return m_phase >= Phase::Play && m_phase <= Phase::Resuming;
+}
+
+void ReplaySession::emitBatch(const QByteArray& batch)
+{
+    if (m_phase == Phase::Ended)
+        return;
+    if (!m_playingTold) {
+        m_playingTold = true;
+        emit playing();
+    }
+    m_gate.spend(batch.size());
+    m_batchEmitted = true;
+    emit packets(batch);
+}
+
+EndPosition ReplaySession::position() const
+{
+    EndPosition position;
+    position.lastTimeNs = m_receiver ? m_receiver->lastTimeNs() : 0;
+    position.intervalNs = m_receiver ? m_receiver->intervalNs() : 0;
+    position.endNs = m_request.endNs;
+    position.recordingEndNs = m_request.recordingEndNs;
+    return position;
+}
+
+void ReplaySession::checkEnd()
+{
+    if (!isStreaming() || !m_request.replay)
+        return;
+    const qint64 endNs = m_request.endNs;
+    if (endNs != 0 && (m_receiver->allReached(endNs) || m_receiver->leadReached(endNs + trailingFootageNs)))
+        endBy(EndCause::ReachedEnd);
+    else if (m_receiver->allTerminal() || m_receiver->allBye())
+        endBy(EndCause::Terminal);
+}
+
+void ReplaySession::tick()
+{
+    if (!isStreaming())
+        return;
+    if (mayRead())
+        m_receiver->flush();
+    if (m_phase == Phase::Ended)
+        return;
+    const quint64 packets = m_receiver->packets();
+    const qint64 bytes = m_connection->bytesReceived();
+    const bool nothingCanCome = !mayRead() || m_phase == Phase::Paused;
+    if (packets != m_seenPackets || nothingCanCome) {
+        m_sinceProgress.restart();
+        m_sincePacket.restart();
+    } else if (bytes != m_seenBytes && m_connection->insidePacket()) {
+        m_sinceProgress.restart();
+    }
+    m_seenPackets = packets;
+    m_seenBytes = bytes;
+    if (m_phase != Phase::Playing || nothingCanCome)
+        return;
+
+    const qint64 silenceMs = m_sinceProgress.elapsed();
+    const qint64 endNs = m_request.endNs;
+    if (silenceMs >= trailingSilenceMs && m_receiver->leadTerminal())
+        endBy(EndCause::Terminal);
+    else if (silenceMs >= trailingSilenceMs && endNs != 0 && m_receiver->leadReached(endNs))
+        endBy(EndCause::ReachedEnd);
+    else if (silenceMs >= std::min(endSilenceMs, m_request.silenceTimeoutMs) && m_request.replay &&
+             isAtEnd(position(), 0))
+        endBy(EndCause::Silence);
+    else if (silenceMs >= m_request.silenceTimeoutMs || m_sincePacket.elapsed() >= packetTimeoutMs)
+        endBy(EndCause::Silence, {ErrorKind::TimedOut, ReplayClient::tr("%1 has stopped sending.").arg(host()),
+                                  QStringLiteral("no packet for %1 ms").arg(m_sincePacket.elapsed())});
+}
+
+void ReplaySession::answerTimedOut()
+{
+    // An answer behind bytes that nobody may read yet is not late.
+    if (!mayRead()) {
+        m_answerTimer.start(m_request.answerTimeoutMs);
+        return;
+    }
+    fail({ErrorKind::TimedOut,
+          ReplayClient::tr("%1 did not answer within %2 s.")
+              .arg(host(), QString::number(m_request.answerTimeoutMs / 1000)),
+          QStringLiteral("phase %1").arg(static_cast<int>(m_phase))});
+}
+
+void ReplaySession::mediaLimitPassed(MediaLimit limit)
+{
+    const QString what =
+        limit == MediaLimit::UnitTooLarge
+            ? ReplayClient::tr("a picture beyond the limit of %1 MiB").arg(vav::maxPayloadBytes / (1024 * 1024))
+            : ReplayClient::tr("a picture beyond the limit of %1 NAL units").arg(AccessUnitAssembler::maxNalUnits);
+    fail({ErrorKind::Corrupt, ReplayClient::tr("%1 sent %2.").arg(host(), what), QStringLiteral("media limit")});
+}
+
+void ReplaySession::endBy(EndCause cause, const Error& error)
+{
+    if (m_phase == Phase::Ended)
+        return;
+    m_receiver->finish();
+    if (m_receiver->frames() > 0) {
+        const ReplayEnd end = judgeEnd(cause, position());
+        finish(end, end == ReplayEnd::Broken ? error : Error());
+    } else if (cause == EndCause::Closed || cause == EndCause::Silence) {
+        finish(ReplayEnd::Failed, error);
+    } else {
+        finish(ReplayEnd::EndByDevice,
+               {ErrorKind::NotFound, ReplayClient::tr("%1 has nothing recorded for the requested time.").arg(host()),
+                QStringLiteral("end without a frame")});
+    }
+}
+
+void ReplaySession::fail(const Error& error)
+{
+    if (m_phase == Phase::Ended)
+        return;
+    if (m_receiver)
+        m_receiver->finish();
+    finish(m_receiver && m_receiver->frames() > 0 ? ReplayEnd::Broken : ReplayEnd::Failed, error);
+}
+
+void ReplaySession::finish(ReplayEnd end, const Error& error)
+{
+    // A slot that took the last batch may have stopped the stream.
+    if (m_phase == Phase::Ended)
+        return;
+    m_phase = Phase::Ended;
+    shutDown();
+    emit ended(end, error);
+}
+
+void ReplaySession::shutDown()
+{
+    m_answerTimer.stop();
+    m_keepAliveTimer.stop();
+    m_tickTimer.stop();
+    if (!m_connection)
+        return;
+    if (m_requester->hasSession())
+        m_connection->send(m_requester->send({"TEARDOWN", m_aggregateUri, {}}));
+    m_connection->close();
+    m_bytesBefore += m_connection->bytesReceived();
+    m_connection->deleteLater();
+    m_connection = nullptr;
+}
+
+} // namespace vms_sdk::rtsp

@@ -1,0 +1,162 @@
+#include "TrackOutput.h"
+
+#include <algorithm>
+
+namespace vms_sdk::rtsp {
+namespace {
+
+/// Without a word of the recorder, a jump is a gap when it is longer than this and than several frames.
+constexpr std::int64_t minSilentGapNs = 1'500'000'000;
+constexpr std::int64_t silentGapFrames = 5;
+
+} // namespace
+
+TrackOutput::TrackOutput(std::uint8_t track, StreamBatcher& batcher)
+    : m_track(track)
+    , m_batcher(batcher)
+{}
+
+void TrackOutput::beginUnit()
+{
+    m_flags = Flags();
+    m_reopened = false;
+    m_batcher.beginUnit();
+}
+
+void TrackOutput::closeUnit(std::int64_t timeNs, bool key, std::uint32_t durationUs)
+{
+    if (m_reopened) {
+        m_lastHeader.flags = static_cast<std::uint8_t>(m_lastHeader.flags | (key ? vav::KeyFrame : 0) |
+                                                       (m_flags.terminal ? vav::EndOfRecording : 0));
+        m_terminal = m_terminal || m_flags.terminal;
+        m_batcher.closeUnit(m_lastHeader);
+        return;
+    }
+    if (!m_batcher.hasStreamInfo() || skips(timeNs)) {
+        keepFlags();
+        m_batcher.dropUnit();
+        return;
+    }
+    m_lastHeader = makeHeader(timeNs, key, durationUs);
+    m_batcher.closeUnit(m_lastHeader);
+}
+
+void TrackOutput::dropUnit()
+{
+    keepFlags();
+    m_batcher.dropUnit();
+    noteLost(1);
+}
+
+/// What the recorder said with an access unit that is not delivered holds for the next one, or for the track.
+void TrackOutput::keepFlags()
+{
+    m_pendingDiscontinuity = m_pendingDiscontinuity || m_flags.discontinuity;
+    m_sectionEnded = m_sectionEnded || m_flags.endOfSection;
+    m_terminal = m_terminal || m_flags.terminal;
+}
+
+bool TrackOutput::reopenUnit()
+{
+    m_reopened = m_batcher.reopenUnit();
+    return m_reopened;
+}
+
+void TrackOutput::frame(std::int64_t timeNs, std::uint32_t durationUs, const std::uint8_t* data, std::size_t bytes)
+{
+    if (!skips(timeNs)) {
+        vav::FrameHeader header = makeHeader(timeNs, true, durationUs);
+        header.payloadBytes = static_cast<std::uint32_t>(bytes);
+        m_batcher.appendFrame(header, data);
+    } else {
+        keepFlags();
+    }
+    m_flags = Flags();
+}
+
+void TrackOutput::resumed(bool fromLastTime)
+{
+    m_firstAfterPlay = true;
+    m_skipping = fromLastTime && m_frames > 0;
+}
+
+/// After a resume the recorder begins at the key frame before the asked time. The frames come in the same order as
+/// before: new is what follows the frame that was delivered last.
+bool TrackOutput::skips(std::int64_t timeNs)
+{
+    if (!m_skipping)
+        return false;
+    if (timeNs > m_newestNs) {
+        m_skipping = false;
+        return false;
+    }
+    if (timeNs == m_lastDecodedNs)
+        m_skipping = false;
+    return true;
+}
+
+vav::FrameHeader TrackOutput::makeHeader(std::int64_t timeNs, bool key, std::uint32_t durationUs)
+{
+    vav::FrameHeader header;
+    header.track = m_track;
+    header.timeNs = timeNs;
+    header.durationUs = durationUs;
+    header.flags = key ? vav::KeyFrame : 0;
+    if (m_lost > 0) {
+        header.flags |= vav::LossBefore;
+        header.lostBefore = m_lost;
+        m_totalLost += m_lost;
+        m_lost = 0;
+    }
+    if (m_frames > 0)
+        judgeGap(header);
+    else
+        m_firstTimeNs = timeNs;
+    if (m_flags.terminal) {
+        header.flags |= vav::EndOfRecording;
+        m_terminal = true;
+    }
+    m_sectionEnded = m_flags.endOfSection;
+    m_pendingDiscontinuity = false;
+    m_firstAfterPlay = false;
+    learnInterval(timeNs);
+    m_lastDecodedNs = timeNs;
+    ++m_frames;
+    return header;
+}
+
+void TrackOutput::judgeGap(vav::FrameHeader& header)
+{
+    const std::int64_t jumpNs = header.timeNs - m_newestNs;
+    const std::int64_t told = m_intervalNs * 2;
+    const bool silentGap = jumpNs > std::max(minSilentGapNs, m_intervalNs * silentGapFrames) && m_intervalNs > 0;
+    const bool discontinuity = m_flags.discontinuity || m_pendingDiscontinuity;
+    const bool toldGap = (discontinuity && !m_firstAfterPlay) || (m_sectionEnded && jumpNs > told);
+    if (!silentGap && !toldGap)
+        return;
+    header.flags |= vav::Discontinuity;
+    if (jumpNs > told)
+        header.gapBeginNs = m_newestNs + m_intervalNs;
+}
+
+void TrackOutput::learnInterval(std::int64_t timeNs)
+{
+    if (m_frames == 0) {
+        m_newestNs = timeNs;
+        return;
+    }
+    const std::int64_t step = timeNs - m_newestNs;
+    if (step < 0) {
+        // A step back of seconds is a recorder that jumped, no picture order.
+        if (-step < 2'000'000'000)
+            m_reorderNs = std::max(m_reorderNs, -step);
+        else
+            m_newestNs = timeNs;
+        return;
+    }
+    m_newestNs = timeNs;
+    if (step > 0 && (m_intervalNs == 0 || step < std::max(m_intervalNs * silentGapFrames, minSilentGapNs)))
+        m_intervalNs = m_intervalNs == 0 ? step : m_intervalNs + (step - m_intervalNs) / 8;
+}
+
+} // namespace vms_sdk::rtsp
