@@ -221,7 +221,6 @@ bool RtspConnection::fetchPiece(int& waitMs)
     countPlaying(playing);
     if (!playing)
         return false;
-    m_pieceSent = 0;
     const ReplaySender::Step step = sender->next(m_piece, waitMs);
     if (step == ReplaySender::Step::End)
         finishPlaying();
@@ -283,8 +282,10 @@ RtspConnection::Progress RtspConnection::writeStream(int& waitMs)
         return Progress::Made;
     }
     m_pieceSent += sent.bytes;
-    if (m_pieceSent == m_piece.size())
+    if (m_pieceSent == m_piece.size()) {
         m_piece = {};
+        m_pieceSent = 0;
+    }
     m_streamBytes += static_cast<std::int64_t>(sent.bytes);
     m_recorder.statistics.streamBytes += static_cast<std::int64_t>(sent.bytes);
     return sent.status == IoStatus::WouldBlock ? Progress::Blocked : Progress::Made;

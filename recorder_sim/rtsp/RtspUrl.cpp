@@ -14,6 +14,7 @@ namespace recorder_sim {
 namespace {
 
 constexpr std::int64_t nsPerSecond = 1'000'000'000;
+constexpr std::int64_t ntpEpochNs = 2'208'988'800 * nsPerSecond;
 
 bool readDigits(std::string_view text, std::size_t at, std::size_t count, int& value)
 {
@@ -30,7 +31,7 @@ std::optional<std::int64_t> parseNpt(std::string_view text)
     const std::string copy(text);
     char* end = nullptr;
     const double seconds = std::strtod(copy.c_str(), &end);
-    if (copy.empty() || end == copy.c_str() || !(seconds >= 0) || seconds > 1e9)
+    if (copy.empty() || end == copy.c_str() || !(seconds >= 0) || seconds > 5e9)
         return std::nullopt;
     return static_cast<std::int64_t>(seconds * 1e9);
 }
@@ -149,10 +150,18 @@ std::optional<RtspRange> RtspRange::parse(std::string_view text)
         if (!range.beginNs && begin != "now")
             return std::nullopt;
     }
+    // A player that took its span from a=range:clock= asks for it as npt, in seconds since 1900.
+    const auto isSince1900 = [](std::string_view npt) { return parseNpt(npt).value_or(0) >= ntpEpochNs; };
+    if (!range.isClock && range.beginNs && isSince1900(begin)) {
+        range.isClock = true;
+        *range.beginNs -= ntpEpochNs;
+    }
     if (!end.empty()) {
         range.endNs = range.isClock ? parseClock(end) : parseNpt(end);
         if (!range.endNs)
             return std::nullopt;
+        if (range.isClock && isSince1900(end))
+            *range.endNs -= ntpEpochNs;
     }
     return range;
 }
