@@ -88,23 +88,19 @@ void ChannelDownload::updateProgress()
         m_progress.secondsLeft = int(double(now) / 1000.0 * (1 - m_progress.fraction) / m_progress.fraction + 0.5);
 }
 
-void ChannelDownload::interrupt()
+void ChannelDownload::interrupted()
 {
     if (m_finished)
         return;
-    if (isStarted() && !m_refused && !m_ended) {
-        int64_t count = 0;
-        char lastFrame[24] = {};
-        vaws_download_stop(m_taskId.toUtf8().constData(), &count, lastFrame);
+    m_ended = true;
+    if (isStarted() && !m_refused)
         m_report = DownloadReport::ofTask(m_taskId);
-    }
+    const QString where = m_session.where(m_channelNo);
     if (m_report.frames > 0)
-        conclude({ExitCode::Interrupted,
-                  tr("%1: interrupted; what had arrived is kept in %2.")
-                      .arg(m_session.where(m_channelNo), m_report.path.isEmpty() ? m_path : m_report.path)});
+        conclude(
+            {ExitCode::Interrupted, tr("%1: interrupted; what had arrived is kept in %2.").arg(where, m_report.path)});
     else
-        conclude({ExitCode::Interrupted,
-                  tr("%1: interrupted before anything had arrived.").arg(m_session.where(m_channelNo))});
+        conclude({ExitCode::Interrupted, tr("%1: interrupted before anything had arrived.").arg(where)});
 }
 
 void ChannelDownload::setStreamError(const vms_sdk::Error& error)

@@ -32,8 +32,10 @@ public:
     void start(const QString& path);
     /// Reads how far the library is; call it some times a second.
     void poll();
-    /// Ends the download and keeps what arrived as a finished file.
-    void interrupt();
+    /// From here on the end of the task is no answer: the program is about to end it.
+    void expectEnd() { m_ended = true; }
+    /// The downloads were ended because the person interrupted; what arrived is kept as a finished file.
+    void interrupted();
     /// What ended the stream of this download; for the sentence.
     void setStreamError(const vms_sdk::Error& error);
     /// The session could not be opened: ends with its outcome.

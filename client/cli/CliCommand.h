@@ -41,6 +41,7 @@ struct CliCommand
     QDateTime end;
     QString out;
     bool json = false;
+    bool verbose = false;
 
     ExitCode exitCode = ExitCode::Done; ///< with Verb::Tell
     QString text;                       ///< with Verb::Tell

@@ -75,6 +75,7 @@ struct Options
     QCommandLineOption ca{QStringLiteral("ca"), tr("PEM file of certificates to trust beside the system's own."),
                           tr("file")};
     QCommandLineOption json{QStringLiteral("json"), tr("Writes one JSON object a line.")};
+    QCommandLineOption verbose{QStringLiteral("verbose"), tr("Writes diagnostics to the standard error stream.")};
     QCommandLineOption out{
         QStringLiteral("out"),
         tr("File to write, or folder; with several channels a folder. Files there are never overwritten."), tr("path")};
@@ -222,7 +223,8 @@ CliCommand parseVerb(CliCommand::Verb verb, const QString& name, const QStringLi
                                                : tr("Lists the recordings of a channel in a span of time.")) %
                                      QLatin1String("\n\n") % exitCodesText());
     parser.addOptions({options.help, options.version, options.data, options.device, options.user, options.passwordFile,
-                       options.channel, options.begin, options.end, options.pin, options.ca, options.json});
+                       options.channel, options.begin, options.end, options.pin, options.ca, options.json,
+                       options.verbose});
     if (download)
         parser.addOption(options.out);
     const QString again = QLatin1String(" ") % tr("See vemo_client %1 --help.").arg(name);
@@ -242,6 +244,7 @@ CliCommand parseVerb(CliCommand::Verb verb, const QString& name, const QStringLi
     if (parser.isSet(options.data))
         command.dataDir = parser.value(options.data);
     command.json = parser.isSet(options.json);
+    command.verbose = parser.isSet(options.verbose);
     command.device.address = reader.address();
     command.device.user = parser.value(options.user);
     command.device.password = reader.password(environmentPassword);

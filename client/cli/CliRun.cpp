@@ -13,6 +13,10 @@ namespace vemo_client {
 
 namespace {
 
+/// The standard error stream belongs to the sentences for the person; diagnostics go there only when they are asked
+/// for.
+void dropMessage(QtMsgType, const QMessageLogContext&, const QString&) {}
+
 template <typename Verb>
 int run(const CliCommand& command)
 {
@@ -29,6 +33,8 @@ int run(const CliCommand& command)
 
 int runVerb(const CliCommand& command)
 {
+    if (!command.verbose)
+        qInstallMessageHandler(dropMessage);
     const int code = command.verb == CliCommand::Verb::Search ? run<SearchVerb>(command) : run<DownloadVerb>(command);
     vms_sdk::uninit_sdk();
     vaws_download_shutdown();

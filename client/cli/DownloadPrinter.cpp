@@ -164,10 +164,6 @@ void DownloadPrinter::result(const ChannelDownload& download)
     clear();
     if (!download.outcome().sentence.isEmpty())
         Terminal::error(download.outcome().sentence);
-    else if (!download.isCompared())
-        Terminal::error(
-            tr("Channel %1: the recorder's list of recordings could not be read, so it was not compared with the file.")
-                .arg(download.channelNo()));
     if (m_json) {
         Terminal::out(QString::fromUtf8(resultJson(download)));
         return;
@@ -184,6 +180,8 @@ void DownloadPrinter::result(const ChannelDownload& download)
                                              .arg(download.seconds(), 0, 'f', 2)
                                              .arg(averageRate(download), 0, 'f', 1)
                                              .arg(codecs.join(QLatin1String(" + "))));
+    if (download.outcome().code == ExitCode::Done && !download.isCompared())
+        Terminal::out(QStringLiteral("  ") % tr("the recorder gave no list of recordings to compare this with"));
     for (const DownloadReport::Gap& gap : report.gaps)
         Terminal::out(QStringLiteral("  ") %
                       tr("gap %1 to %2: %3").arg(TimeText::plain(gap.begin), TimeText::plain(gap.end), gap.cause));

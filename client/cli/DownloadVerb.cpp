@@ -5,6 +5,7 @@
 #include <BaseTools.h>
 #include <ClientSignals.h>
 #include <FilesCenterInit.h>
+#include <SystemMsg.h>
 #include <vms_sdk.h>
 
 #include <QCoreApplication>
@@ -136,8 +137,13 @@ void DownloadVerb::interrupt()
         return;
     m_pollTimer.stop();
     m_printer.clear();
+    // As at the end of the client: whoever has a download running finishes its file. The results that come of it are no
+    // verdicts.
     for (const auto& download : m_downloads)
-        download->interrupt();
+        download->expectEnd();
+    emit vemo_contact::SystemMsg::instance().signalPrepareQuitSystem();
+    for (const auto& download : m_downloads)
+        download->interrupted();
     leave(ExitCode::Interrupted);
 }
 

@@ -23,7 +23,8 @@ QString tr(const char* text)
 
 QString sentence(const DownloadFacts& facts, const QString& text)
 {
-    return facts.where % QLatin1String(": ") % text;
+    const QString whole = facts.where % QLatin1String(": ") % text;
+    return whole.endsWith(QLatin1Char('.')) ? whole : QString(whole % QLatin1Char('.'));
 }
 
 QString reasonOr(const QString& reason, const QString& otherwise)

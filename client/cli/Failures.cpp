@@ -66,7 +66,9 @@ ExitCode Failures::codeOf(vms_sdk::ErrorKind kind)
 
 Outcome Failures::of(const vms_sdk::Error& error, const QString& where)
 {
-    const QString message = error.message.isEmpty() ? tr("The recorder gave no reason.") : error.message;
+    QString message = error.message.isEmpty() ? tr("the recorder gave no reason") : error.message;
+    if (!message.endsWith(QLatin1Char('.')))
+        message += QLatin1Char('.');
     return {codeOf(error.kind), where % QLatin1String(": ") % message};
 }
 

@@ -40,6 +40,8 @@ Outcome OutPath::prepare()
     const QString folder = m_isFolder ? m_out : info.absolutePath();
     if (m_several && info.exists() && !info.isDir())
         return {ExitCode::Usage, tr("%1 is a file; several channels need a folder.").arg(m_out)};
+    if (info.exists() && !info.isFile() && !info.isDir())
+        return {ExitCode::Disk, tr("%1 is neither a file nor a folder.").arg(m_out)};
     if (m_isFolder && !QDir().mkpath(folder))
         return {ExitCode::Disk, tr("The folder %1 can't be made.").arg(folder)};
     const QFileInfo folderInfo(folder);

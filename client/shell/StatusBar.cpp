@@ -71,7 +71,7 @@ StatusBar::StatusBar(QWidget* parent)
     m_rate = new StatusItem(QStringLiteral("rate"), this);
     m_rate->setStrong(true);
     m_rate->setTone(vemo_base::Token::Text);
-    m_rate->setSample(rateText(1888.8));
+    m_rate->setSample(rateText(888.8));
     m_rate->setWords(rateText(0));
     m_rate->setToolTip(tr("What all downloads together receive"));
     m_rate->setAccessibleName(m_rate->text());

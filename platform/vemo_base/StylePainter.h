@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ThemeTokens.h"
+#include "vemo_base_global.h"
 
 #include <QRectF>
 #include <QStyle>
@@ -15,7 +16,7 @@ enum class ButtonKind : int { Unknown = 0, Secondary, Primary, Quiet, Danger };
 
 /// The shapes that the style and the widgets that paint themselves have in common. Nothing here asks a widget:
 /// rectangles, states and the theme's mode come in.
-class StylePainter final
+class VEMO_BASE_EXPORT StylePainter final
 {
 public:
     /// The theme that a palette belongs to: dark islands carry the dark palette in the light theme.

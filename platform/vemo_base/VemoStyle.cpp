@@ -350,6 +350,16 @@ void VemoStyle::drawComplexControl(ComplexControl control, const QStyleOptionCom
             return;
         }
     }
+    if (control == CC_ToolButton) {
+        if (const auto* button = qstyleoption_cast<const QStyleOptionToolButton*>(option)) {
+            // A button that is all menu needs no arrow beside its icon.
+            QStyleOptionToolButton plain = *button;
+            if (!(plain.features & QStyleOptionToolButton::MenuButtonPopup))
+                plain.features &= ~QStyleOptionToolButton::HasMenu;
+            QProxyStyle::drawComplexControl(control, &plain, painter, widget);
+            return;
+        }
+    }
     QProxyStyle::drawComplexControl(control, option, painter, widget);
 }
 
