@@ -1,5 +1,7 @@
 #include "HttpConnection.h"
 
+#include "rtsp/PeerKey.h"
+
 #include <utility>
 
 namespace vms_sdk::onvif {
@@ -133,7 +135,7 @@ void HttpConnection::onEncrypted()
 void HttpConnection::refuseCertificate(const QString& reason)
 {
     const QSslCertificate certificate = m_socket.peerCertificate();
-    emit certificateRefused(certificate, TlsCheck::keySha256(certificate), reason);
+    emit certificateRefused(certificate, rtsp::peerKeySha256(certificate), reason);
     fail({ErrorKind::CertificateRefused, tr("The device at %1 is not trusted: %2.").arg(m_peer.shown(), reason), {}});
 }
 

@@ -45,7 +45,7 @@ std::optional<QString> tokenOf(const QString& text)
             return std::nullopt;
         }
     }
-    return QString::fromUtf8(token);
+    return QString::fromUtf8(token.constData(), token.size());
 }
 
 } // namespace

@@ -46,7 +46,7 @@ struct FaultMeaning
     ErrorKind kind;
 };
 
-// ONVIF Core Specification 5.8.2 and the services' own faults; the first code that a fault carries decides.
+// ONVIF Core Specification 5.8.2 and the services' own faults; the innermost code that is known decides.
 const FaultMeaning faultMeanings[] = {
     {"AccountLocked", ErrorKind::AccountLocked},
     {"UserLocked", ErrorKind::AccountLocked},
@@ -76,9 +76,9 @@ const FaultMeaning faultMeanings[] = {
 
 ErrorKind meaningOf(const SoapFault& fault)
 {
-    for (const QString& code : fault.codes) {
+    for (auto code = fault.codes.crbegin(); code != fault.codes.crend(); ++code) {
         for (const FaultMeaning& meaning : faultMeanings) {
-            if (code.compare(QLatin1String(meaning.code), Qt::CaseInsensitive) == 0)
+            if (code->compare(QLatin1String(meaning.code), Qt::CaseInsensitive) == 0)
                 return meaning.kind;
         }
     }

@@ -24,8 +24,6 @@ public:
     QSslConfiguration configuration() const;
     /// Empty when the peer is accepted, otherwise why not, as a part of a sentence.
     QString refusal(const QSslCertificate& certificate, const QList<QSslError>& errors) const;
-    /// SHA-256 of the certificate's SubjectPublicKeyInfo in DER (RFC 7469, 2.4); empty for a null certificate.
-    static QByteArray keySha256(const QSslCertificate& certificate);
 
 private:
     const TlsPolicy m_policy;

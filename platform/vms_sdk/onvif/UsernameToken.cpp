@@ -16,11 +16,7 @@ UsernameToken UsernameToken::make(const QString& user, const QString& password, 
     token.user = user;
     token.nonce = nonce.toBase64();
     token.created = formatDateTime(createdUtcMs);
-    QCryptographicHash hash(QCryptographicHash::Sha1);
-    hash.addData(nonce);
-    hash.addData(token.created.toUtf8());
-    hash.addData(password.toUtf8());
-    token.passwordDigest = hash.result().toBase64();
+    token.passwordDigest = digest(nonce, token.created, password);
     return token;
 }
 
@@ -29,6 +25,15 @@ UsernameToken UsernameToken::make(const QString& user, const QString& password, 
     std::array<quint32, 4> random{};
     QRandomGenerator::system()->fillRange(random.data(), static_cast<qsizetype>(random.size()));
     return make(user, password, QByteArray(reinterpret_cast<const char*>(random.data()), sizeof(random)), createdUtcMs);
+}
+
+QByteArray UsernameToken::digest(const QByteArray& nonce, const QString& created, const QString& password)
+{
+    QCryptographicHash hash(QCryptographicHash::Sha1);
+    hash.addData(nonce);
+    hash.addData(created.toUtf8());
+    hash.addData(password.toUtf8());
+    return hash.result().toBase64();
 }
 
 QByteArray UsernameToken::toXml() const

@@ -19,6 +19,7 @@ struct UsernameToken
                               qint64 createdUtcMs);
     /// With a nonce of 16 random bytes.
     static UsernameToken make(const QString& user, const QString& password, qint64 createdUtcMs);
+    static QByteArray digest(const QByteArray& nonce, const QString& created, const QString& password);
 
     /// The wsse:Security header element.
     QByteArray toXml() const;
