@@ -26,15 +26,16 @@ PASSWORD = "gehe/im %2B+<&\"'>ä 7"
 USER = "admin"
 FIRST_DAY = datetime.datetime(2026, 1, 10, tzinfo=datetime.timezone.utc)
 MEMORY_LIMIT_MIB = 300
-START_TIMEOUT_S = 60
+# Long, for the clips that a first start makes.
+START_TIMEOUT_S = 600
 
 DONE, FAILED, USAGE, LOGIN_REFUSED, UNREACHABLE, LIMIT, DISK, NO_RECORDING, INCOMPLETE, INTERRUPTED = 0, 1, 2, 3, 4, 5, 6, 7, 8, 130
 
 OPTIONS = argparse.Namespace(build="", full=False, seed=0)
 
 
-def main():
-    """Stands in for unittest.main() in the test files: the build tree and the size of the matrices come as options."""
+def parse():
+    """Reads the build tree and the size of the matrices from the command line; returns what is left of it."""
     parser = argparse.ArgumentParser(add_help=False)
     parser.add_argument("--build", required=True)
     parser.add_argument("--full", action="store_true")
@@ -42,6 +43,12 @@ def main():
     parser.parse_known_args(namespace=OPTIONS)
     _, rest = parser.parse_known_args()
     OPTIONS.build = os.path.realpath(OPTIONS.build)
+    return rest
+
+
+def main():
+    """Stands in for unittest.main() in the test files."""
+    rest = parse()
     print(f"seed {OPTIONS.seed}", file=sys.stderr)
     unittest.main(module="__main__", argv=[sys.argv[0], *rest], verbosity=2)
 
@@ -102,29 +109,48 @@ class Server:
 
 
 class Recorder(Server):
-    """recorder_sim with a user of ours."""
+    """recorder_sim with a user of ours and a day of recordings in UTC; with `tls` under a key of its own."""
 
-    def __init__(self, *options, password=PASSWORD):
+    def __init__(self, *options, password=PASSWORD, tls=False):
         self.folder = tempfile.mkdtemp(prefix="vemo-recorder-")
-        self.password = password
         password_file = os.path.join(self.folder, "password")
         with open(password_file, "w", encoding="utf-8") as file:
             file.write(password)
         os.chmod(password_file, 0o600)
         try:
+            if tls:
+                options += self.make_certificate()
             super().__init__([program("recorder_sim"), "--port", "0", "--user", USER, "--password-file", password_file,
-                              "--first-day", "2026-01-10", *options])
+                              "--first-day", FIRST_DAY.strftime("%Y-%m-%d"), "--days", "1", "--time-zone", "UTC", *options])
         except BaseException:
             shutil.rmtree(self.folder)
             raise
 
-    def control(self, path, data=None):
-        """One request to the control address; the JSON that it answers."""
-        url = urllib.parse.urljoin(self.addresses["control"], path)
-        body = json.dumps(data).encode() if data is not None else None
-        with urllib.request.urlopen(urllib.request.Request(url, data=body), timeout=30) as answer:
-            text = answer.read().decode()
-        return json.loads(text) if text.strip() else None
+    def make_certificate(self):
+        names = [os.path.join(self.folder, name) for name in ("certificate.pem", "key.pem")]
+        subprocess.run(["openssl", "req", "-x509", "-newkey", "rsa:2048", "-nodes", "-days", "2", "-subj", "/CN=127.0.0.1",
+                        "-addext", "subjectAltName=IP:127.0.0.1", "-out", names[0], "-keyout", names[1]],
+                       check=True, capture_output=True)
+        return "--tls-cert", names[0], "--tls-key", names[1]
+
+    def ask(self, path, **query):
+        """GET at the control address; the text of the answer."""
+        url = f"{self.addresses['control']}{path}?{urllib.parse.urlencode(query)}"
+        with urllib.request.urlopen(url, timeout=60) as answer:
+            return answer.read().decode()
+
+    def samples(self, channel, begin, end):
+        """What a replay of that span sends, in sending order: {track: [(UTC seconds, MD5 of the MP4 sample)]}."""
+        tracks = {}
+        for line in self.ask("/samples", channel=channel, begin=iso(begin), end=iso(end)).splitlines():
+            sent = json.loads(line)
+            tracks.setdefault(sent["track"], []).append((sent["utc_ns"] / 1e9, sent["md5"]))
+        return tracks
+
+    def logins(self):
+        """How much was tried with this recorder so far that takes, or refuses, a login."""
+        statistics = json.loads(self.ask("/stats"))
+        return [statistics[name] for name in ("soapRequests", "rtspSessions", "plays", "loginsRefused")]
 
     def stop(self):
         shutil.rmtree(self.folder, ignore_errors=True)
@@ -261,6 +287,36 @@ class Test(unittest.TestCase):
         if playable:
             self.assertEqual(media.decode_errors(path), "", path)
         self.assertEqual([box for box in media.top_level_boxes(path) if box != "free"], ["ftyp", "mdat", "moov"], path)
+
+    def check_samples(self, path, sent, begin, end, complete=True):
+        """Every track of the file is an unbroken part of what the recorder sent; with `complete` nothing of [begin, end) is missing,
+        and nothing stands in it from more than a picture beyond. Transcoded audio is judged by its length."""
+        found = media.samples(path)
+        for stream, track in enumerate(sorted(sent)):
+            wanted = [md5 for _, md5 in sent[track]]
+            got = found.get(stream, [])
+            self.assertGreater(len(got), 0, f"{path} lacks stream {stream}")
+            if not set(got) & set(wanted):
+                self.assertEqual(stream, 1, f"{path}: not one sample is what was sent")
+                seconds = {each["codec_type"]: float(each["duration"]) for each in media.probe(path)["streams"]}
+                self.assertAlmostEqual(seconds["audio"], seconds["video"], delta=0.15, msg=f"{path}: audio and video drift apart")
+                continue
+            first = self.position(got, wanted)
+            self.assertIsNotNone(first, f"{path}, stream {stream}: {media.first_difference(got, wanted)}")
+            if complete:
+                inside = [index for index, (when, _) in enumerate(sent[track]) if begin.timestamp() <= when < end.timestamp() - 0.0005]
+                # An access unit of audio may lie across the edge of the span.
+                slack = 0 if stream == 0 else 2
+                self.assertLessEqual(first, inside[0] + slack, f"{path}, stream {stream}: begins too late")
+                self.assertGreaterEqual(first + len(got), inside[-1] + 1 - slack, f"{path}, stream {stream}: ends too early")
+
+    @staticmethod
+    def position(got, wanted):
+        """Where `got` stands in `wanted` as one piece, or None. Recordings are loops, so the first fit counts from the front."""
+        for first in range(len(wanted) - len(got) + 1):
+            if wanted[first] == got[0] and wanted[first:first + len(got)] == got:
+                return first
+        return None
 
 
 class CuttingProxy:

@@ -20,7 +20,7 @@ SILENCE_FOUND_WITHIN_S = 14
 class BrokenConnections(Test):
     @classmethod
     def setUpClass(cls):
-        cls.recorder = Recorder("--channels", "2", "--days", "1")
+        cls.recorder = Recorder("--channels", "2")
         cls.addClassCleanup(cls.recorder.stop)
 
     def setUp(self):

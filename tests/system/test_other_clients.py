@@ -13,7 +13,7 @@ from systemlab import Client, Recorder, Test
 class OtherClients(Test):
     @classmethod
     def setUpClass(cls):
-        cls.recorder = Recorder("--channels", "2", "--days", "1")
+        cls.recorder = Recorder("--channels", "2")
         cls.addClassCleanup(cls.recorder.stop)
         cls.addresses = {}
         with Client() as client:

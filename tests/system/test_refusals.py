@@ -58,7 +58,7 @@ def http(body, headers=()):
 class Refusals(Test):
     @classmethod
     def setUpClass(cls):
-        cls.recorder = Recorder("--channels", "2", "--days", "1")
+        cls.recorder = Recorder("--channels", "2")
         cls.addClassCleanup(cls.recorder.stop)
         cls.device = cls.recorder.addresses["onvif"]
 
@@ -90,7 +90,7 @@ class Refusals(Test):
         self.check_refused(self.client.search("http://recorder.invalid/", 1, BEGIN, END), systemlab.UNREACHABLE)
 
     def test_the_recorders_limit_is_reached(self):
-        with Recorder("--channels", "1", "--days", "1", "--fault", "session-limit") as recorder:
+        with Recorder("--channels", "1", "--fault", "session-limit") as recorder:
             self.check_refused(self.client.download(recorder.addresses["onvif"], 1, BEGIN, END), systemlab.LIMIT)
 
     def test_a_disk_that_cannot_be_written(self):
@@ -126,7 +126,7 @@ class Refusals(Test):
         self.check_refused(self.client.search(self.device, 77, BEGIN, END), systemlab.FAILED, words="77")
 
     def test_a_recorder_without_replay(self):
-        with Recorder("--channels", "1", "--days", "1", "--fault", "no-replay") as recorder:
+        with Recorder("--channels", "1", "--fault", "no-replay") as recorder:
             self.check_refused(self.client.download(recorder.addresses["onvif"], 1, BEGIN, END), systemlab.FAILED)
 
     def test_usage(self):
