@@ -50,6 +50,7 @@ AccessUnitAssembler::AccessUnitAssembler(vav::TrackInfo track, ParameterSets set
 void AccessUnitAssembler::beginPacket(const TimedPacket& packet, bool startsUnit)
 {
     const std::uint32_t timestamp = packet.rtp.timestamp;
+    bool lossCounted = false;
     if (m_open && timestamp != m_timestamp) {
         if (!m_hasPicture && !m_damaged && !packet.lossBefore && !m_nalOpen) {
             m_timestamp = timestamp;
@@ -58,6 +59,7 @@ void AccessUnitAssembler::beginPacket(const TimedPacket& packet, bool startsUnit
             // Without its marker nobody knows whether the end of the access unit was among the lost packets.
             if (packet.lossBefore)
                 damage();
+            lossCounted = m_damaged;
             close();
         }
     }
@@ -73,10 +75,10 @@ void AccessUnitAssembler::beginPacket(const TimedPacket& packet, bool startsUnit
         }
         if (!m_open) {
             open(timestamp, packet.timeNs);
-            if (packet.lossBefore && startsUnit)
-                m_output.noteLost(1);
-            else if (packet.lossBefore)
+            if (packet.lossBefore && !startsUnit)
                 damage();
+            else if (packet.lossBefore && !lossCounted)
+                m_output.noteLost(1);
         }
     }
     m_output.noteExtension(packet.rtp.replay);
