@@ -6,6 +6,7 @@
 #include <QCryptographicHash>
 #include <QRandomGenerator>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdlib>
 #include <utility>
@@ -187,6 +188,36 @@ DigestAuth::Verdict DigestAuth::checkDigest(std::string_view parameters, std::st
     if (value("response") != hash(ha1 + ":" + middle + ":" + ha2))
         return Verdict::Refused;
     return fresh ? Verdict::Accepted : Verdict::Stale;
+}
+
+std::string DigestAuth::answer(std::string_view challenge, const std::string& user, const std::string& password,
+                               const std::string& method, const std::string& target)
+{
+    if (equalsIgnoringCase(challenge.substr(0, 5), "Basic")) {
+        const std::string login = user + ":" + password;
+        return "Basic " + QByteArray(login.data(), static_cast<int>(login.size())).toBase64().toStdString();
+    }
+    const std::string_view parameters = challenge.substr(std::min<std::size_t>(challenge.size(), 7));
+    const std::string realmName = parameterValue(parameters, "realm", ',');
+    const std::string nonce = parameterValue(parameters, "nonce", ',');
+    const std::string algorithm = parameterValue(parameters, "algorithm", ',');
+    const bool qop = !parameterValue(parameters, "qop", ',').empty();
+    const bool sha = equalsIgnoringCase(std::string_view(algorithm).substr(0, 7), "SHA-256");
+    const auto hash = [&](const std::string& text) {
+        return hashHex(sha ? QCryptographicHash::Sha256 : QCryptographicHash::Md5, text);
+    };
+    const std::string cnonce = randomHex(2);
+    std::string ha1 = hash(user + ":" + realmName + ":" + password);
+    if (endsWith(algorithm, "-sess"))
+        ha1 = hash(ha1 + ":" + nonce + ":" + cnonce);
+    const std::string middle = qop ? nonce + ":00000001:" + cnonce + ":auth" : nonce;
+    std::string out = "Digest username=\"" + user + "\", realm=\"" + realmName + "\", nonce=\"" + nonce + "\", uri=\"" +
+                      target + "\", response=\"" + hash(ha1 + ":" + middle + ":" + hash(method + ":" + target)) + "\"";
+    if (!algorithm.empty())
+        out += ", algorithm=" + algorithm;
+    if (qop)
+        out += ", qop=auth, nc=00000001, cnonce=\"" + cnonce + "\"";
+    return out;
 }
 
 } // namespace recorder_sim

@@ -21,6 +21,10 @@ public:
     /// Values of WWW-Authenticate headers, in the order in which they are to be sent.
     std::vector<std::string> challenges(bool stale) const;
 
+    /// The Authorization header that answers a challenge, for a client.
+    static std::string answer(std::string_view challenge, const std::string& user, const std::string& password,
+                              const std::string& method, const std::string& target);
+
     static bool parseScheme(std::string_view text, Scheme& scheme);
 
 private:

@@ -26,8 +26,6 @@ bool readDigits(std::string_view text, std::size_t at, std::size_t count, int& v
 
 std::optional<std::int64_t> parseNpt(std::string_view text)
 {
-    if (text == "now")
-        return std::nullopt;
     const std::string copy(text);
     char* end = nullptr;
     const double seconds = std::strtod(copy.c_str(), &end);
@@ -137,30 +135,30 @@ std::string clockText(std::int64_t utcNs)
 std::optional<RtspRange> RtspRange::parse(std::string_view text)
 {
     text = trimmed(text.substr(0, text.find(';')));
-    RtspRange range;
-    range.isClock = text.substr(0, 6) == "clock=";
-    if (!range.isClock && text.substr(0, 4) != "npt=")
+    const bool isClock = text.substr(0, 6) == "clock=";
+    if (!isClock && text.substr(0, 4) != "npt=")
         return std::nullopt;
-    text.remove_prefix(range.isClock ? 6 : 4);
+    text.remove_prefix(isClock ? 6 : 4);
     const std::size_t dash = text.find('-');
     const std::string_view begin = trimmed(text.substr(0, dash));
     const std::string_view end = dash == std::string_view::npos ? std::string_view() : trimmed(text.substr(dash + 1));
-    if (!begin.empty()) {
-        range.beginNs = range.isClock ? parseClock(begin) : parseNpt(begin);
-        if (!range.beginNs && begin != "now")
+    RtspRange range;
+    range.isClock = isClock;
+    if (!begin.empty() && begin != "now") {
+        range.beginNs = isClock ? parseClock(begin) : parseNpt(begin);
+        if (!range.beginNs)
+            return std::nullopt;
+    }
+    if (!end.empty()) {
+        range.endNs = isClock ? parseClock(end) : parseNpt(end);
+        if (!range.endNs)
             return std::nullopt;
     }
     // A player that took its span from a=range:clock= asks for it as npt, in seconds since 1900.
-    const auto isSince1900 = [](std::string_view npt) { return parseNpt(npt).value_or(0) >= ntpEpochNs; };
-    if (!range.isClock && range.beginNs && isSince1900(begin)) {
+    if (!isClock && range.beginNs.value_or(0) >= ntpEpochNs) {
         range.isClock = true;
         *range.beginNs -= ntpEpochNs;
-    }
-    if (!end.empty()) {
-        range.endNs = range.isClock ? parseClock(end) : parseNpt(end);
-        if (!range.endNs)
-            return std::nullopt;
-        if (range.isClock && isSince1900(end))
+        if (range.endNs)
             *range.endNs -= ntpEpochNs;
     }
     return range;
