@@ -29,7 +29,7 @@ QDateTime firstOfTwo(const QDateTime& time)
 TimeText::Parsed TimeText::parse(const QString& text)
 {
     static const QRegularExpression form(QStringLiteral(
-        "^(\\d{4}-\\d{2}-\\d{2})[T ](\\d{2}:\\d{2})(:\\d{2})?(?:[.,](\\d{1,9}))?(Z|[+-]\\d{2}:?\\d{2})?$"));
+        "^(\\d{4}-\\d{2}-\\d{2})[T ](\\d{2}:\\d{2})(:\\d{2})?(?:[.,](\\d{1,9}))?(Z|[+-]\\d{2}:?\\d{2})?\\z"));
     const QRegularExpressionMatch match = form.match(text);
     if (!match.hasMatch() || (!match.captured(4).isEmpty() && match.captured(3).isEmpty()))
         return {{}, tr("\"%1\" is not a time; write it as 2026-01-10T08:00:00.").arg(text.left(64))};

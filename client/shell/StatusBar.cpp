@@ -3,6 +3,7 @@
 #include "StatusItem.h"
 
 #include <DiskManager.h>
+#include <StylePainter.h>
 #include <SystemConfig.h>
 #include <SystemMsg.h>
 #include <Theme.h>
@@ -182,7 +183,7 @@ void StatusBar::paintEvent(QPaintEvent*)
     const vemo_base::Theme& theme = vemo_base::Theme::instance();
     QPainter painter(this);
     painter.fillRect(rect(), theme.color(vemo_base::Token::Surface));
-    painter.fillRect(QRect(0, 0, width(), 1), theme.color(vemo_base::Token::Border));
+    vemo_base::StylePainter::hairline(&painter, rect(), Qt::TopEdge, theme.mode());
 }
 
 } // namespace vemo_client

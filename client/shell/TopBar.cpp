@@ -3,6 +3,7 @@
 #include "TopBarEntry.h"
 
 #include <Icons.h>
+#include <StylePainter.h>
 #include <Theme.h>
 
 #include <QActionGroup>
@@ -129,7 +130,7 @@ void TopBar::paintEvent(QPaintEvent*)
     const vemo_base::Theme& theme = vemo_base::Theme::instance();
     QPainter painter(this);
     painter.fillRect(rect(), theme.color(vemo_base::Token::Surface));
-    painter.fillRect(QRect(0, height() - 1, width(), 1), theme.color(vemo_base::Token::Border));
+    vemo_base::StylePainter::hairline(&painter, rect(), Qt::BottomEdge, theme.mode());
 }
 
 } // namespace vemo_client

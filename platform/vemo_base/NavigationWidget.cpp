@@ -1,6 +1,7 @@
 #include "NavigationWidget.h"
 
 #include "NavigationEntry.h"
+#include "StylePainter.h"
 #include "Theme.h"
 
 #include <QApplication>
@@ -216,8 +217,8 @@ void NavigationWidget::paintEvent(QPaintEvent*)
     const Theme& theme = Theme::instance();
     QPainter painter(this);
     painter.fillRect(rect(), theme.color(Token::Surface));
-    const int x = layoutDirection() == Qt::RightToLeft ? 0 : width() - 1;
-    painter.fillRect(QRect(x, 0, 1, height()), theme.color(Token::Border));
+    const Qt::Edge trailing = layoutDirection() == Qt::RightToLeft ? Qt::LeftEdge : Qt::RightEdge;
+    StylePainter::hairline(&painter, rect(), trailing, theme.mode());
 }
 
 } // namespace vemo_base

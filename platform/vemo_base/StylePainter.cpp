@@ -49,6 +49,27 @@ void StylePainter::box(QPainter* painter, const QRectF& rect, double radius, con
     painter->restore();
 }
 
+void StylePainter::hairline(QPainter* painter, const QRectF& rect, Qt::Edge edge, ThemeMode mode)
+{
+    const double thickness = 1.0 / painter->device()->devicePixelRatioF();
+    QRectF line = rect;
+    switch (edge) {
+    case Qt::TopEdge:
+        line.setHeight(thickness);
+        break;
+    case Qt::BottomEdge:
+        line.setTop(rect.bottom() - thickness);
+        break;
+    case Qt::LeftEdge:
+        line.setWidth(thickness);
+        break;
+    case Qt::RightEdge:
+        line.setLeft(rect.right() - thickness);
+        break;
+    }
+    painter->fillRect(line, themeColor(mode, Token::Border));
+}
+
 void StylePainter::focusRing(QPainter* painter, const QRectF& rect, double radius, ThemeMode mode)
 {
     box(painter, rect, radius, QColor(), themeColor(mode, Token::Focus), ringWidth);

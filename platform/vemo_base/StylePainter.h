@@ -24,6 +24,8 @@ public:
 
     static void box(QPainter* painter, const QRectF& rect, double radius, const QColor& fill, const QColor& outline,
                     double outlineWidth = 1.0);
+    /// A line of one device pixel along the edge of `rect`.
+    static void hairline(QPainter* painter, const QRectF& rect, Qt::Edge edge, ThemeMode mode);
     /// 2 px ring that fills the outer edge of `rect`; the caller leaves the gap.
     static void focusRing(QPainter* painter, const QRectF& rect, double radius, ThemeMode mode);
     static void focusRingInside(QPainter* painter, const QRectF& rect, double radius);
