@@ -10,6 +10,8 @@ constexpr int defaultRtspPort = 554;
 constexpr int defaultRtspsPort = 322;
 // A direct source does not tell how many channels it has.
 constexpr int maxDirectChannels = 1024;
+// Devices tell their clock in whole seconds.
+constexpr qint64 skewToleranceMs = 2000;
 
 SoapLimits soapLimits(const SdkLimits& limits)
 {
@@ -180,12 +182,60 @@ void DeviceSession::answerLogin(const Error& error)
 
 quint64 DeviceSession::call(Service service, const OnvifRequest& request, SoapClient::Handler handler)
 {
-    const QUrl endpoint = m_result.services.value(service);
-    return m_client.call(endpoint, request, SoapClient::Auth::Login,
-                         [this, handler = std::move(handler)](const SoapAnswer& answer) {
-                             noteFailure(answer.error());
-                             handler(answer);
-                         });
+    const quint64 callId = ++m_lastCallId;
+    attempt(callId, m_result.services.value(service), request, std::move(handler));
+    return callId;
+}
+
+void DeviceSession::attempt(quint64 callId, const QUrl& endpoint, const OnvifRequest& request,
+                            SoapClient::Handler handler)
+{
+    const qint64 skewMs = m_result.info.clockSkewMs;
+    m_calls[callId] = m_client.call(
+        endpoint, request, SoapClient::Auth::Login,
+        [this, callId, endpoint, request, skewMs, handler = std::move(handler)](const SoapAnswer& answer) {
+            if (answer.error().kind == ErrorKind::LoginRefused && m_flow) {
+                // A login that was good until now may be refused because the device's clock was set.
+                readClockAnew(callId, skewMs, [this, callId, endpoint, request, answer, handler](bool hasChanged) {
+                    if (!m_calls.contains(callId))
+                        return;
+                    if (hasChanged)
+                        attempt(callId, endpoint, request, handler);
+                    else
+                        finishCall(callId, answer, handler);
+                });
+                return;
+            }
+            finishCall(callId, answer, handler);
+        });
+}
+
+void DeviceSession::readClockAnew(quint64 callId, qint64 skewBeforeMs, std::function<void(bool)> done)
+{
+    const auto hasChanged = [this, skewBeforeMs] {
+        return qAbs(m_result.info.clockSkewMs - skewBeforeMs) > skewToleranceMs;
+    };
+    if (hasChanged()) {
+        done(true); // another call has read it meanwhile
+        return;
+    }
+    m_calls[callId] = m_flow->readClock([this, hasChanged, done](const Error&) {
+        m_result.info.clockSkewMs = m_flow->clockSkewMs();
+        done(hasChanged());
+    });
+}
+
+void DeviceSession::finishCall(quint64 callId, const SoapAnswer& answer, const SoapClient::Handler& handler)
+{
+    m_calls.remove(callId);
+    noteFailure(answer.error());
+    handler(answer);
+}
+
+void DeviceSession::cancel(quint64 callId)
+{
+    if (const quint64 running = m_calls.take(callId))
+        m_client.cancel(running);
 }
 
 void DeviceSession::noteFailure(const Error& error)

@@ -46,7 +46,7 @@ public:
     void ensureLogin(Done done);
     /// One call to a service of the device, with login. Returns its number for cancel().
     quint64 call(onvif::Service service, const onvif::OnvifRequest& request, onvif::SoapClient::Handler handler);
-    void cancel(quint64 callId) { m_client.cancel(callId); }
+    void cancel(quint64 callId);
     /// Where a channel is replayed from: NotFound for an unknown channel, NoReplay when the device gives no address. An
     /// empty token means the channel's own recording.
     void findReplay(int channelNo, const QString& recordingToken, ReplayDone done);
@@ -60,6 +60,10 @@ signals:
 private:
     enum class State { LoggedOut, LoggingIn, LoggedIn };
 
+    void attempt(quint64 callId, const QUrl& endpoint, const onvif::OnvifRequest& request,
+                 onvif::SoapClient::Handler handler);
+    void readClockAnew(quint64 callId, qint64 skewBeforeMs, std::function<void(bool)> done);
+    void finishCall(quint64 callId, const onvif::SoapAnswer& answer, const onvif::SoapClient::Handler& handler);
     void startLogin();
     void checkPort();
     void loginDone(const LoginResult& result);
@@ -73,6 +77,8 @@ private:
     const SdkLimits m_limits;
     const onvif::SoapClient::Clock m_clock;
     onvif::SoapClient m_client;
+    quint64 m_lastCallId = 0;
+    QHash<quint64, quint64> m_calls; ///< the client's call by ours, which may be a second try
     State m_state = State::LoggedOut;
     LoginResult m_result;
     std::unique_ptr<LoginFlow> m_flow;

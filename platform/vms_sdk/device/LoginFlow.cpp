@@ -49,7 +49,7 @@ void LoginFlow::run(Done done)
     });
 }
 
-void LoginFlow::readClock(std::function<void(const Error&)> done)
+quint64 LoginFlow::readClock(std::function<void(const Error&)> done)
 {
     QElapsedTimer roundTrip;
     roundTrip.start();
@@ -64,7 +64,7 @@ void LoginFlow::readClock(std::function<void(const Error&)> done)
         }
         done(answer.error());
     };
-    m_client.call(m_deviceService, requests::getSystemDateAndTime(), SoapClient::Auth::None, take);
+    return m_client.call(m_deviceService, requests::getSystemDateAndTime(), SoapClient::Auth::None, take);
 }
 
 bool LoginFlow::endsLogin(const Error& error)

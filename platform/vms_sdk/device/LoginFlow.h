@@ -36,7 +36,9 @@ public:
     void run(Done done);
 
     /// Asks for the device's clock alone and sets the client's skew by it.
-    void readClock(std::function<void(const Error&)> done);
+    /// Returns the client's call.
+    quint64 readClock(std::function<void(const Error&)> done);
+    qint64 clockSkewMs() const { return m_result.info.clockSkewMs; }
     static QUrl deviceServiceOf(const QUrl& address);
 
 private:

@@ -1,0 +1,238 @@
+#include "SdkLife.h"
+#include "TestCertificate.h"
+
+#include <QElapsedTimer>
+
+#include <functional>
+
+using namespace vms_sdk;
+
+using Misbehave = std::function<void(OnvifFake&)>;
+Q_DECLARE_METATYPE(Misbehave)
+
+class DeviceSessionTest final : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void tellsWhoTheDeviceIsAndItsChannels();
+    void keepsFailuresApart_data();
+    void keepsFailuresApart();
+    void tellsAPeerThatIsNoRecorder_data();
+    void tellsAPeerThatIsNoRecorder();
+    void asksCapabilitiesWhereThereIsNoServiceList();
+    void staysOnTheHostThatWasReached();
+    void refusesAnUnknownCertificateAndShowsIt();
+    void answersEveryLoginOnceWhenTheyCrowd();
+    void forgetsALoggedOutDevice();
+    void logsInAgainAfterThePasswordWasCorrected();
+    void knowsADirectSourceAsSoonAsItsPortAnswers();
+    void endsInTimeWithLoginsUnderWay();
+};
+
+void DeviceSessionTest::tellsWhoTheDeviceIsAndItsChannels()
+{
+    OnvifFake device;
+    device.flags.clockOffsetMs = -3 * 3600 * 1000;
+    SdkLife sdk;
+    QThread* deliveredOn = nullptr;
+    connect(&ClientSignals::instance(), &ClientSignals::signalDevInfoPush, this,
+            [&] { deliveredOn = QThread::currentThread(); });
+    QCOMPARE(sdk.logIn(SdkLife::loginTo(device.address())).kind, ErrorKind::None);
+    QCOMPARE(dev_status(QStringLiteral("dev-1")), DevStatus::Online);
+    QCOMPARE(deliveredOn, qApp->thread());
+    const DevInfo info = dev_info(QStringLiteral("dev-1"));
+    QCOMPARE(info.name, QStringLiteral("Front gate"));
+    QCOMPARE(info.model, QStringLiteral("Four Channels"));
+    QVERIFY(info.supportsBackup);
+    QVERIFY2(qAbs(info.clockSkewMs - device.flags.clockOffsetMs) < 1500, "the clock's skew is wrong");
+    QCOMPARE(info.channels.size(), 2);
+    QCOMPARE(info.channels.at(1).channelNo, 2);
+    QCOMPARE(info.channels.at(1).name, QStringLiteral("Gate 2"));
+    QCOMPARE(info.channels.at(1).recordingToken, QStringLiteral("rec-2"));
+    QCOMPARE(info.channels.at(0).profileToken, QStringLiteral("prof-1"));
+    disconnect(&ClientSignals::instance(), nullptr, this, nullptr);
+}
+
+void DeviceSessionTest::keepsFailuresApart_data()
+{
+    QTest::addColumn<Misbehave>("misbehave");
+    QTest::addColumn<ErrorKind>("kind");
+    QTest::addColumn<DevStatus>("status");
+
+    QTest::newRow("wrong password") << Misbehave([](OnvifFake& d) { d.flags.password = QStringLiteral("x"); })
+                                    << ErrorKind::LoginRefused << DevStatus::WrongLogin;
+    QTest::newRow("endless 401") << Misbehave([](OnvifFake& d) {
+        d.flags.httpChallenge = "Digest realm=\"r\", nonce=\"n\", stale=true";
+        d.flags.refusesForEver = true;
+    }) << ErrorKind::LoginRefused << DevStatus::WrongLogin;
+    QTest::newRow("locked") << Misbehave([](OnvifFake& d) { d.flags.isLocked = true; }) << ErrorKind::AccountLocked
+                            << DevStatus::Locked;
+    QTest::newRow("not there") << Misbehave([](OnvifFake& d) { d.close(); }) << ErrorKind::Unreachable
+                               << DevStatus::Offline;
+    QTest::newRow("silent") << Misbehave([](OnvifFake& d) { d.flags.isSilent = true; }) << ErrorKind::TimedOut
+                            << DevStatus::Offline;
+    QTest::newRow("busy") << Misbehave([](OnvifFake& d) {
+        d.flags.rawAnswer = "HTTP/1.1 503 X\r\nContent-Length: 0\r\n\r\n";
+    }) << ErrorKind::LimitReached
+                          << DevStatus::ConnectionLimit;
+    QTest::newRow("redirects for ever") << Misbehave([](OnvifFake& d) { d.flags.redirects = 1000; })
+                                        << ErrorKind::Corrupt << DevStatus::Unknown;
+}
+
+void DeviceSessionTest::keepsFailuresApart()
+{
+    QFETCH(Misbehave, misbehave);
+    QFETCH(ErrorKind, kind);
+    QFETCH(DevStatus, status);
+    OnvifFake device;
+    const QUrl address = device.address();
+    misbehave(device);
+    SdkLife sdk;
+    const Error error = sdk.logIn(SdkLife::loginTo(address));
+    QVERIFY2(error.kind == kind, qPrintable(error.message));
+    QVERIFY(error.message.endsWith(QLatin1Char('.')));
+    QCOMPARE(sdk.lastStatus(), status);
+    QCOMPARE(sdk.infos.size(), 0);
+}
+
+void DeviceSessionTest::tellsAPeerThatIsNoRecorder_data()
+{
+    QTest::addColumn<QByteArray>("answer");
+    QTest::addColumn<qint64>("endlessBytes");
+    QTest::addColumn<QString>("named");
+
+    const QByteArray ok = "HTTP/1.1 200 OK\r\n";
+    const QByteArray dtd = "<!DOCTYPE a [<!ENTITY b \"c\">]><a>&b;</a>";
+    QTest::newRow("web page") << QByteArray(ok + "Content-Length: 13\r\n\r\n<html></html>") << qint64(0)
+                              << "cannot be read";
+    QTest::newRow("dtd") << QByteArray(ok + "Content-Length: " + QByteArray::number(dtd.size()) + "\r\n\r\n" + dtd)
+                         << qint64(0) << "document type definition";
+    QTest::newRow("endless line") << QByteArray(ok + "X: ") << qint64(16 << 20) << "longer than 8192";
+    QTest::newRow("huge body") << QByteArray(ok + "Content-Length: 9000000\r\n\r\n") << qint64(0)
+                               << "larger than 8388608";
+    QTest::newRow("ssh") << QByteArray("SSH-2.0-OpenSSH\r\n") << qint64(0) << "does not answer in HTTP";
+}
+
+void DeviceSessionTest::tellsAPeerThatIsNoRecorder()
+{
+    QFETCH(QByteArray, answer);
+    QFETCH(qint64, endlessBytes);
+    QFETCH(QString, named);
+    OnvifFake device;
+    device.flags.rawAnswer = answer;
+    device.flags.endlessBytes = endlessBytes;
+    SdkLife sdk;
+    const Error error = sdk.logIn(SdkLife::loginTo(device.address()));
+    QCOMPARE(error.kind, ErrorKind::Corrupt);
+    QVERIFY2(error.message.contains(named), qPrintable(error.message));
+}
+
+void DeviceSessionTest::asksCapabilitiesWhereThereIsNoServiceList()
+{
+    OnvifFake device;
+    device.flags.hasGetServices = false;
+    SdkLife sdk;
+    QCOMPARE(sdk.logIn(SdkLife::loginTo(device.address())).kind, ErrorKind::None);
+    QVERIFY(dev_info(QStringLiteral("dev-1")).supportsBackup);
+    QCOMPARE(dev_info(QStringLiteral("dev-1")).channels.size(), 2);
+}
+
+void DeviceSessionTest::staysOnTheHostThatWasReached()
+{
+    OnvifFake device;
+    device.flags.toldHost = QStringLiteral("10.9.8.7");
+    SdkLife sdk;
+    QCOMPARE(sdk.logIn(SdkLife::loginTo(device.address())).kind, ErrorKind::None);
+    QCOMPARE(device.count("GetRecordings"), 1);
+}
+
+void DeviceSessionTest::refusesAnUnknownCertificateAndShowsIt()
+{
+    const TestCertificate certificate = TestCertificate::make("recorder", true);
+    OnvifFake device;
+    device.useTls(certificate.serverConfiguration());
+    SdkLife sdk;
+    DevLogin login = SdkLife::loginTo(device.address());
+    QCOMPARE(sdk.logIn(login).kind, ErrorKind::CertificateRefused);
+    QCOMPARE(device.requests.size(), 0);
+    QVERIFY(!sdk.certificates.isEmpty());
+    // The person saw the fingerprint and accepts it.
+    login.tls.pinnedKeySha256 = sdk.certificates.last().at(2).toByteArray();
+    QCOMPARE(sdk.logIn(login).kind, ErrorKind::None);
+    login.tls.pinnedKeySha256 = QByteArray(32, 'x');
+    const int requests = device.requests.size();
+    QCOMPARE(sdk.logIn(login).kind, ErrorKind::CertificateRefused);
+    QCOMPARE(device.requests.size(), requests);
+}
+
+void DeviceSessionTest::answersEveryLoginOnceWhenTheyCrowd()
+{
+    OnvifFake device;
+    SdkLife sdk;
+    for (int i = 0; i < 5; ++i)
+        login_dev_req(SdkLife::loginTo(device.address()));
+    QTRY_COMPARE(sdk.logins.size(), 5);
+    QCOMPARE(device.count("GetDeviceInformation"), 1);
+}
+
+void DeviceSessionTest::forgetsALoggedOutDevice()
+{
+    OnvifFake device;
+    SdkLife sdk;
+    login_dev_req(SdkLife::loginTo(device.address()));
+    logout_dev_req(QStringLiteral("dev-1"));
+    QCOMPARE(sdk.logIn(SdkLife::loginTo(device.address(), QStringLiteral("dev-2"))).kind, ErrorKind::None);
+    QCOMPARE(sdk.logins.size(), 1);
+    QCOMPARE(dev_status(QStringLiteral("dev-1")), DevStatus::Unknown);
+    QCOMPARE(dev_info(QStringLiteral("dev-1")).devId, QString());
+}
+
+void DeviceSessionTest::logsInAgainAfterThePasswordWasCorrected()
+{
+    OnvifFake device;
+    SdkLife sdk;
+    DevLogin login = SdkLife::loginTo(device.address());
+    login.password = QStringLiteral("wrong");
+    QCOMPARE(sdk.logIn(login).kind, ErrorKind::LoginRefused);
+    QCOMPARE(sdk.logIn(SdkLife::loginTo(device.address())).kind, ErrorKind::None);
+    QCOMPARE(dev_status(QStringLiteral("dev-1")), DevStatus::Online);
+}
+
+void DeviceSessionTest::knowsADirectSourceAsSoonAsItsPortAnswers()
+{
+    QTcpServer server;
+    QVERIFY(server.listen(QHostAddress::LocalHost));
+    const QUrl address(QStringLiteral("rtsp://127.0.0.1:%1/replay/{channel}").arg(server.serverPort()));
+    SdkLife sdk;
+    QCOMPARE(sdk.logIn(SdkLife::loginTo(address)).kind, ErrorKind::None);
+    QVERIFY(dev_info(QStringLiteral("dev-1")).supportsBackup);
+    server.close();
+    QCOMPARE(sdk.logIn(SdkLife::loginTo(address)).kind, ErrorKind::Unreachable);
+    QCOMPARE(sdk.lastStatus(), DevStatus::Offline);
+}
+
+void DeviceSessionTest::endsInTimeWithLoginsUnderWay()
+{
+    OnvifFake device;
+    device.flags.isSilent = true;
+    QElapsedTimer timer;
+    {
+        SdkLife sdk;
+        for (int i = 0; i < 50; ++i)
+            login_dev_req(SdkLife::loginTo(device.address(), QString::number(i)));
+        QTRY_VERIFY(device.requests.size() > 10);
+        timer.start();
+        uninit_sdk();
+        QVERIFY2(timer.elapsed() < 1000, "ending waits for devices");
+        QTest::qWait(50);
+        QVERIFY2(sdk.logins.isEmpty(), "a signal came after the end");
+    }
+    // And it can live again.
+    OnvifFake other;
+    SdkLife sdk;
+    QCOMPARE(sdk.logIn(SdkLife::loginTo(other.address())).kind, ErrorKind::None);
+}
+
+QTEST_GUILESS_MAIN(DeviceSessionTest)
+#include "DeviceSessionTest.moc"

@@ -1,0 +1,296 @@
+#include "SdkLife.h"
+
+#include <QElapsedTimer>
+#include <QUuid>
+
+using namespace vms_sdk;
+
+namespace {
+
+const QString devId = QStringLiteral("dev-1");
+
+RecsSearchCondition day(int channelNo = 1)
+{
+    RecsSearchCondition condition;
+    condition.requestId = QUuid::createUuid().toString();
+    condition.devId = devId;
+    condition.channelNo = channelNo;
+    condition.begin = QDateTime(QDate(2026, 1, 10), QTime(0, 0), Qt::UTC);
+    condition.end = QDateTime(QDate(2026, 1, 10), QTime(23, 59, 59), Qt::UTC);
+    return condition;
+}
+
+/// "08:00-08:10 08:10-08:20!" in UTC, '!' for type 1.
+QString shown(const QList<VideoRecording>& recordings)
+{
+    QStringList parts;
+    for (const VideoRecording& recording : recordings) {
+        parts.append(recording.begin.toUTC().toString(QStringLiteral("HH:mm")) + QLatin1Char('-') +
+                     recording.end.toUTC().toString(QStringLiteral("HH:mm")) +
+                     (recording.type == 1 ? QStringLiteral("!") : QString()));
+    }
+    return parts.join(QLatin1Char(' '));
+}
+
+} // namespace
+
+class RecordingSearchTest final : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void makesRecordingsOfTheDevicesEvents();
+    void findsSomethingWhateverTheDeviceOffers_data();
+    void findsSomethingWhateverTheDeviceOffers();
+    void tellsWhatItCannotSearch_data();
+    void tellsWhatItCannotSearch();
+    void namesTheLimitWhenThereAreTooManyEvents();
+    void timesOutOnceUnlessRenewed();
+    void cancelsAtOnce();
+    void answersEachOfManyExactlyOnce();
+    void searchesADirectSourceWithoutAsking();
+    void logsInAgainWhenTheSessionWasLost();
+    void answersRunningSearchesAtLogout();
+
+private:
+    static QList<VideoRecording> recordingsOf(const QSignalSpy& spy)
+    {
+        return spy.last().at(2).value<QList<VideoRecording>>();
+    }
+    static ErrorKind kindOf(const QSignalSpy& spy) { return static_cast<ErrorKind>(spy.last().at(1).toInt()); }
+    static void giveEvents(OnvifFake& device)
+    {
+        device.events = {
+            OnvifFake::trackState("rec-1", "V", "2026-01-10T00:00:00Z", false, true),
+            OnvifFake::trackState("rec-1", "V", "2026-01-10T08:00:00Z", true),
+            OnvifFake::motion("rec-1", "2026-01-10T08:10:00Z", true),
+            OnvifFake::motion("rec-1", "2026-01-10T08:20:00Z", false),
+            OnvifFake::trackState("rec-1", "V", "2026-01-10T08:30:00Z", false),
+            OnvifFake::trackState("rec-2", "V", "2026-01-10T09:00:00Z", true), // another recording
+            OnvifFake::trackState("rec-1", "V", "2026-01-10T23:00:00Z", true),
+        };
+    }
+};
+
+void RecordingSearchTest::makesRecordingsOfTheDevicesEvents()
+{
+    OnvifFake device;
+    giveEvents(device);
+    device.flags.toldHost = QStringLiteral("10.9.8.7");
+    SdkLife sdk;
+    QCOMPARE(sdk.logIn(SdkLife::loginTo(device.address())).kind, ErrorKind::None);
+    const RecsSearchCondition condition = day();
+    search_video_recordings_req(condition);
+    QTRY_COMPARE(sdk.answers.size(), 1);
+    QCOMPARE(sdk.answers.last().at(0).toString(), condition.requestId);
+    QCOMPARE(kindOf(sdk.answers), ErrorKind::None);
+    const QList<VideoRecording> recordings = recordingsOf(sdk.answers);
+    QCOMPARE(shown(recordings), QStringLiteral("08:00-08:10 08:10-08:20! 08:20-08:30 23:00-23:59"));
+    QCOMPARE(recordings.first().begin.timeSpec(), Qt::LocalTime);
+    QCOMPARE(recordings.first().fileName, QStringLiteral("rec-1_20260110T080000000Z_20260110T081000000Z"));
+    QCOMPARE(recordings.first().replayUri, QUrl(QStringLiteral("rtsp://127.0.0.1:1/replay/rec-1")));
+    QCOMPARE(device.count("EndSearch"), 2);
+
+    // The same again: same names, and the replay address is known.
+    search_video_recordings_req(day());
+    QTRY_COMPARE(sdk.answers.size(), 2);
+    QCOMPARE(recordingsOf(sdk.answers).first().fileName, recordings.first().fileName);
+    QCOMPARE(device.count("GetReplayUri"), 1);
+}
+
+void RecordingSearchTest::findsSomethingWhateverTheDeviceOffers_data()
+{
+    QTest::addColumn<bool>("hasEvents");
+    QTest::addColumn<bool>("refusesFilters");
+    QTest::addColumn<bool>("hasReplay");
+    QTest::addColumn<QString>("recordings");
+
+    QTest::newRow("refuses the filter") << true << true << true << "08:00-08:10 08:10-08:20! 08:20-08:30 23:00-23:59";
+    QTest::newRow("no event search") << false << false << true << "00:00-23:59";
+    QTest::newRow("no replay") << true << false << false << "08:00-08:10 08:10-08:20! 08:20-08:30 23:00-23:59";
+}
+
+void RecordingSearchTest::findsSomethingWhateverTheDeviceOffers()
+{
+    QFETCH(bool, hasEvents);
+    QFETCH(bool, refusesFilters);
+    QFETCH(bool, hasReplay);
+    QFETCH(QString, recordings);
+    OnvifFake device;
+    giveEvents(device);
+    device.flags.hasEvents = hasEvents;
+    device.flags.refusesFilters = refusesFilters;
+    device.flags.hasReplay = hasReplay;
+    SdkLife sdk;
+    sdk.logIn(SdkLife::loginTo(device.address()));
+    search_video_recordings_req(day());
+    QTRY_COMPARE(sdk.answers.size(), 1);
+    QCOMPARE(shown(recordingsOf(sdk.answers)), recordings);
+    QCOMPARE(recordingsOf(sdk.answers).first().replayUri.isEmpty(), !hasReplay);
+}
+
+void RecordingSearchTest::tellsWhatItCannotSearch_data()
+{
+    QTest::addColumn<QString>("device");
+    QTest::addColumn<int>("channelNo");
+    QTest::addColumn<int>("seconds");
+    QTest::addColumn<ErrorKind>("kind");
+
+    QTest::newRow("unknown device") << "dev-9" << 1 << 3600 << ErrorKind::NotFound;
+    QTest::newRow("unknown channel") << devId << 9 << 3600 << ErrorKind::NotFound;
+    QTest::newRow("end before begin") << devId << 1 << -1 << ErrorKind::NotFound;
+    QTest::newRow("nothing recorded then") << devId << 1 << 60 << ErrorKind::None;
+}
+
+void RecordingSearchTest::tellsWhatItCannotSearch()
+{
+    QFETCH(QString, device);
+    QFETCH(int, channelNo);
+    QFETCH(int, seconds);
+    QFETCH(ErrorKind, kind);
+    OnvifFake fake;
+    giveEvents(fake);
+    SdkLife sdk;
+    sdk.logIn(SdkLife::loginTo(fake.address()));
+    RecsSearchCondition condition = day(channelNo);
+    condition.devId = device;
+    condition.begin = QDateTime(QDate(2026, 1, 9), QTime(12, 0), Qt::UTC);
+    condition.end = condition.begin.addSecs(seconds);
+    search_video_recordings_req(condition);
+    QVERIFY2(sdk.answers.isEmpty(), "answered from inside the request");
+    QTRY_COMPARE(sdk.answers.size(), 1);
+    QCOMPARE(kindOf(sdk.answers), kind);
+    QVERIFY(recordingsOf(sdk.answers).isEmpty());
+    QCOMPARE(search_error(condition.requestId).kind, kind);
+}
+
+void RecordingSearchTest::namesTheLimitWhenThereAreTooManyEvents()
+{
+    OnvifFake device;
+    device.flags.endlessEvents = 500;
+    SdkLimits limits = SdkLife::quickLimits();
+    limits.searchEvents = 3000;
+    SdkLife sdk(limits);
+    sdk.logIn(SdkLife::loginTo(device.address()));
+    const RecsSearchCondition condition = day();
+    search_video_recordings_req(condition);
+    QTRY_COMPARE(sdk.answers.size(), 1);
+    QCOMPARE(kindOf(sdk.answers), ErrorKind::Corrupt);
+    QVERIFY(search_error(condition.requestId).message.contains(QStringLiteral("3000")));
+    QVERIFY(device.count("GetEventSearchResults") <= 7);
+}
+
+void RecordingSearchTest::timesOutOnceUnlessRenewed()
+{
+    OnvifFake device;
+    device.flags.neverCompletes = true;
+    SdkLimits limits = SdkLife::quickLimits();
+    limits.requestTimeoutMs = 600;
+    SdkLife sdk(limits);
+    sdk.logIn(SdkLife::loginTo(device.address()));
+    const RecsSearchCondition condition = day();
+    QElapsedTimer timer;
+    timer.start();
+    search_video_recordings_req(condition);
+    QTest::qWait(400);
+    renewal_request_id(condition.requestId);
+    QTRY_COMPARE(sdk.timeouts.size(), 1);
+    QVERIFY2(timer.elapsed() >= 950, "the renewal did not count");
+    QCOMPARE(sdk.timeouts.first().at(0).toString(), condition.requestId);
+    QTest::qWait(300);
+    QCOMPARE(sdk.timeouts.size() + sdk.answers.size(), 1);
+    QCOMPARE(search_error(condition.requestId).kind, ErrorKind::TimedOut);
+}
+
+void RecordingSearchTest::cancelsAtOnce()
+{
+    OnvifFake device;
+    SdkLife sdk;
+    sdk.logIn(SdkLife::loginTo(device.address()));
+    device.flags.isSilent = true;
+    const RecsSearchCondition condition = day();
+    search_video_recordings_req(condition);
+    QTRY_VERIFY(device.operations.contains("FindRecordings"));
+    QElapsedTimer timer;
+    timer.start();
+    cancel_request(condition.requestId);
+    QTRY_COMPARE(sdk.answers.size(), 1);
+    QVERIFY2(timer.elapsed() < 200, "cancelling waits for the device");
+    QCOMPARE(kindOf(sdk.answers), ErrorKind::Cancelled);
+}
+
+void RecordingSearchTest::answersEachOfManyExactlyOnce()
+{
+    OnvifFake device;
+    giveEvents(device);
+    SdkLimits limits = SdkLife::quickLimits();
+    limits.requestTimeoutMs = 700;
+    SdkLife sdk(limits);
+    sdk.logIn(SdkLife::loginTo(device.address()));
+    device.flags.neverCompletes = true;
+    QStringList ids;
+    for (int i = 0; i < 40; ++i) {
+        RecsSearchCondition condition = day(1 + i % 3);
+        if (i % 10 == 0)
+            condition.devId = QStringLiteral("nobody");
+        ids.append(condition.requestId);
+        search_video_recordings_req(condition);
+        search_video_recordings_req(condition); // a request of that id is waiting already
+        if (i % 4 == 0)
+            cancel_request(condition.requestId);
+    }
+    QTRY_COMPARE(sdk.answers.size() + sdk.timeouts.size(), ids.size());
+    QTest::qWait(1000);
+    QStringList answered;
+    for (const QSignalSpy* spy : {&sdk.answers, &sdk.timeouts}) {
+        for (const QList<QVariant>& answer : *spy)
+            answered.append(answer.at(0).toString());
+    }
+    answered.sort();
+    ids.sort();
+    QCOMPARE(answered, ids);
+}
+
+void RecordingSearchTest::searchesADirectSourceWithoutAsking()
+{
+    QTcpServer server;
+    QVERIFY(server.listen(QHostAddress::LocalHost));
+    SdkLife sdk;
+    sdk.logIn(
+        SdkLife::loginTo(QUrl(QStringLiteral("rtsp://127.0.0.1:%1/play/{channel}?x=1").arg(server.serverPort()))));
+    search_video_recordings_req(day(3));
+    QTRY_COMPARE(sdk.answers.size(), 1);
+    QCOMPARE(shown(recordingsOf(sdk.answers)), QStringLiteral("00:00-23:59"));
+    QCOMPARE(recordingsOf(sdk.answers).first().replayUri,
+             QUrl(QStringLiteral("rtsp://127.0.0.1:%1/play/3?x=1").arg(server.serverPort())));
+}
+
+void RecordingSearchTest::logsInAgainWhenTheSessionWasLost()
+{
+    OnvifFake device;
+    giveEvents(device);
+    SdkLife sdk;
+    sdk.logIn(SdkLife::loginTo(device.address()));
+    // The device's clock jumps: the tokens are too old until the clock is read anew.
+    device.flags.clockOffsetMs = 3600 * 1000;
+    search_video_recordings_req(day());
+    QTRY_COMPARE(sdk.answers.size(), 1);
+    QCOMPARE(kindOf(sdk.answers), ErrorKind::None);
+    QCOMPARE(recordingsOf(sdk.answers).size(), 4);
+}
+
+void RecordingSearchTest::answersRunningSearchesAtLogout()
+{
+    OnvifFake device;
+    SdkLife sdk;
+    sdk.logIn(SdkLife::loginTo(device.address()));
+    device.flags.isSilent = true;
+    search_video_recordings_req(day());
+    QTRY_VERIFY(device.operations.contains("FindRecordings"));
+    logout_dev_req(devId);
+    QTRY_COMPARE(sdk.answers.size(), 1);
+    QCOMPARE(kindOf(sdk.answers), ErrorKind::Cancelled);
+}
+
+QTEST_GUILESS_MAIN(RecordingSearchTest)
+#include "RecordingSearchTest.moc"
