@@ -123,6 +123,9 @@ VAWS_DOWNLOAD_API int vaws_download_get_status(const char* task_id);
 /// Bytes pushed for the task and not yet consumed.
 VAWS_DOWNLOAD_API int64_t vaws_download_get_backlog(const char* task_id);
 
+/// How many bytes the caller should let be under way at most, so that a stop on this disk stays quick; 2 to 12 MiB.
+VAWS_DOWNLOAD_API int64_t vaws_download_get_credit_hint(const char* task_id);
+
 /// What is known of a task, as JSON, also for the last 256 that ended:
 /// {"task", "status", "event" (the ending one, 0 while it runs), "error" (a sentence, "" when none), "path", "files":
 /// [every finished file's path], "bytes", "begin", "end" (ISO 8601 UTC with ms, first and behind last frame),

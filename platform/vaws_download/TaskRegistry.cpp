@@ -1,0 +1,217 @@
+#include "TaskRegistry.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdlib>
+#include <system_error>
+#include <utility>
+
+namespace vaws {
+namespace {
+
+constexpr std::size_t maxEndedKept = 256;
+constexpr std::uint64_t defaultReserveBytes = 1024u * 1024 * 1024;
+constexpr std::size_t largestBatch = 1024u * 1024;
+constexpr std::chrono::seconds watchInterval{1};
+
+/// Free space that a target's disk must have. The environment sets it for tests on small disks.
+std::uint64_t reserveBytes()
+{
+    const char* text = std::getenv("VEMO_DISK_RESERVE_BYTES");
+    return text && *text ? std::strtoull(text, nullptr, 10) : defaultReserveBytes;
+}
+
+/// Free bytes where the file will lie; a folder that is still to be made counts as its nearest parent.
+bool freeBytes(const std::string& path, std::uint64_t& bytes)
+{
+    std::error_code error;
+    std::filesystem::path folder = std::filesystem::absolute(pathFromUtf8(path), error).parent_path();
+    while (!folder.empty() && !std::filesystem::exists(folder, error) && folder != folder.parent_path())
+        folder = folder.parent_path();
+    const std::filesystem::space_info space = std::filesystem::space(folder, error);
+    bytes = space.available;
+    return !error;
+}
+
+} // namespace
+
+TaskRegistry& TaskRegistry::instance()
+{
+    // Never destroyed: its threads may outlive main() in a process that forgot vaws_download_shutdown().
+    static auto* registry = new TaskRegistry;
+    return *registry;
+}
+
+int TaskRegistry::initialise(const std::string& folder)
+{
+    const std::filesystem::path path = pathFromUtf8(folder);
+    std::error_code error;
+    std::filesystem::create_directories(path, error);
+    if (folder.empty() || !std::filesystem::is_directory(path, error))
+        return VAWS_BAD_ARGUMENT;
+    std::unique_lock lock(m_mutex);
+    if (m_initialised && m_folder == path)
+        return VAWS_OK;
+    keepLargeBlocksOnHeap(largestBatch);
+    m_folder = path;
+    m_initialised = true;
+    m_stopping = false;
+    m_changed.wait(lock, [&] { return m_repaired; });
+    if (m_repairer.joinable())
+        m_repairer.join();
+    m_repaired = false;
+    m_repairs.clear();
+    // The journals are listed before any task can write a new one.
+    m_repairer = std::thread([this, left = TaskJournal::leftIn(path)]() mutable { repairAll(left); });
+    if (!m_watcher.joinable())
+        m_watcher = std::thread([this] { watch(); });
+    return VAWS_OK;
+}
+
+void TaskRegistry::repairAll(std::vector<TaskJournal::Left>& journals)
+{
+    for (TaskJournal::Left& left : journals) {
+        RepairRecord record = Mp4Repair::repair(left);
+        const std::lock_guard lock(m_mutex);
+        m_repairs.push_back(std::move(record));
+    }
+    const std::lock_guard lock(m_mutex);
+    m_repaired = true;
+    m_changed.notify_all();
+}
+
+int TaskRegistry::start(TaskSettings settings)
+{
+    std::uint64_t bytes = 0;
+    settings.reserveBytes = reserveBytes();
+    const bool low = freeBytes(settings.path, bytes) && bytes < settings.reserveBytes;
+    std::shared_ptr<DownloadTask> task;
+    {
+        const std::lock_guard lock(m_mutex);
+        if (!m_initialised || m_stopping)
+            return VAWS_NOT_INITIALISED;
+        if (low)
+            return VAWS_REFUSED;
+        settings.journalFolder = m_folder;
+        std::shared_ptr<DownloadTask>& slot = m_tasks[settings.id];
+        if (slot && slot->status() != VAWS_STATUS_ENDED && slot->status() != VAWS_STATUS_FINISHING)
+            return VAWS_TASK_EXISTS;
+        if (slot)
+            m_replaced.push_back(std::move(slot));
+        m_ended.erase(std::remove(m_ended.begin(), m_ended.end(), settings.id), m_ended.end());
+        slot = std::make_shared<DownloadTask>(std::move(settings), m_pool, m_callbacks);
+        task = slot;
+    }
+    task->start();
+    m_changed.notify_all();
+    return VAWS_OK;
+}
+
+std::shared_ptr<DownloadTask> TaskRegistry::find(const std::string& id) const
+{
+    const std::lock_guard lock(m_mutex);
+    const auto found = m_tasks.find(id);
+    return found == m_tasks.end() ? nullptr : found->second;
+}
+
+void TaskRegistry::watch()
+{
+    std::unique_lock lock(m_mutex);
+    std::map<const DownloadTask*, std::int64_t> before;
+    while (!m_stopping) {
+        m_changed.wait_for(lock, watchInterval, [&] { return m_stopping; });
+        std::map<const DownloadTask*, std::int64_t> now;
+        std::int64_t bytes = 0;
+        for (const auto& [id, task] : m_tasks) {
+            if (task->over())
+                continue;
+            const std::int64_t received = task->receivedBytes();
+            now[task.get()] = received;
+            bytes += received - (before.count(task.get()) ? before[task.get()] : 0);
+        }
+        before = std::move(now);
+        if (!before.empty() && !m_stopping) {
+            lock.unlock();
+            m_callbacks.bitrate(static_cast<int>(std::min<std::int64_t>(bytes * 8 / 1000, 0x7fffffff)));
+            lock.lock();
+        }
+        reap(lock);
+    }
+}
+
+/// Lets go of ended tasks beyond those whose reports are kept. Their threads have ended, so joining does not wait.
+void TaskRegistry::reap(std::unique_lock<std::mutex>& lock)
+{
+    std::vector<std::shared_ptr<DownloadTask>> gone;
+    for (auto task = m_replaced.begin(); task != m_replaced.end();) {
+        if (!(*task)->exited()) {
+            ++task;
+            continue;
+        }
+        gone.push_back(std::move(*task));
+        task = m_replaced.erase(task);
+    }
+    for (const auto& [id, task] : m_tasks) {
+        if (task->exited() && std::find(m_ended.begin(), m_ended.end(), id) == m_ended.end())
+            m_ended.push_back(id);
+    }
+    while (m_ended.size() > maxEndedKept) {
+        const auto found = m_tasks.find(m_ended.front());
+        if (found != m_tasks.end()) {
+            gone.push_back(std::move(found->second));
+            m_tasks.erase(found);
+        }
+        m_ended.pop_front();
+    }
+    const bool idle =
+        std::all_of(m_tasks.begin(), m_tasks.end(), [](const auto& task) { return task.second->exited(); });
+    lock.unlock();
+    gone.clear();
+    if (idle)
+        m_pool.clear();
+    lock.lock();
+}
+
+bool TaskRegistry::waitRepaired(int timeoutMs)
+{
+    std::unique_lock lock(m_mutex);
+    return m_changed.wait_for(lock, std::chrono::milliseconds(timeoutMs), [&] { return m_repaired; });
+}
+
+std::string TaskRegistry::repairReport() const
+{
+    const std::lock_guard lock(m_mutex);
+    return repairJson(m_repairs);
+}
+
+void TaskRegistry::shutdown()
+{
+    std::map<std::string, std::shared_ptr<DownloadTask>> tasks;
+    std::vector<std::shared_ptr<DownloadTask>> replaced;
+    std::thread watcher;
+    std::thread repairer;
+    {
+        const std::lock_guard lock(m_mutex);
+        m_stopping = true;
+        m_initialised = false;
+        tasks = std::exchange(m_tasks, {});
+        replaced = std::exchange(m_replaced, {});
+        watcher = std::move(m_watcher);
+        repairer = std::move(m_repairer);
+        m_ended.clear();
+    }
+    m_changed.notify_all();
+    std::int64_t count = 0;
+    std::string time;
+    for (const auto& [id, task] : tasks)
+        task->stop(count, time);
+    tasks.clear();
+    replaced.clear();
+    for (std::thread* thread : {&watcher, &repairer}) {
+        if (thread->joinable())
+            thread->join();
+    }
+    m_pool.clear();
+}
+
+} // namespace vaws
