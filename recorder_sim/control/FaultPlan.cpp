@@ -32,6 +32,7 @@ constexpr KnownFault knownFaults[] = {
     {"xml-bomb", Kind::Choice, " dtd entities depth attributes ",
      "SOAP answers with a DTD, nested entities, a million levels or attributes"},
     {"slow-soap", Kind::Number, "", "milliseconds before every SOAP answer"},
+    {"slow-search", Kind::Number, "", "the first so many requests for search results get none"},
     {"clock-skew", Kind::Number, "", "seconds by which the device's clock is ahead"},
     {"drop-after", Kind::Number, "", "cut the connection after that many bytes of stream"},
     {"drop-kind", Kind::Choice, " rst fin silence ", "how drop-after cuts (default rst)"},

@@ -2,8 +2,10 @@
 
 #include <QByteArray>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <thread>
 
 namespace recorder_sim {
 namespace {
@@ -69,7 +71,7 @@ void HttpConnection::run(const std::atomic<bool>& stopping)
             const bool keepAlive =
                 !equalsIgnoringCase(request.header("Connection"), "close") && request.version == "HTTP/1.1";
             const HttpResponse response = m_handler(request, *m_stream);
-            if (!sendResponse(response, keepAlive, stopping) || !keepAlive || !response.raw.empty())
+            if (!sendResponse(response, keepAlive, stopping) || !keepAlive || response.writeRaw)
                 break;
             lastHeard = Clock::now();
             continue;
@@ -108,8 +110,13 @@ bool HttpConnection::send(const std::string& bytes, const std::atomic<bool>& sto
 
 bool HttpConnection::sendResponse(const HttpResponse& response, bool keepAlive, const std::atomic<bool>& stopping)
 {
-    if (!response.raw.empty())
-        return send(response.raw, stopping);
+    const auto due = Clock::now() + std::chrono::milliseconds(response.delayMs);
+    while (Clock::now() < due && !stopping)
+        std::this_thread::sleep_for(std::min<Clock::duration>(due - Clock::now(), std::chrono::milliseconds(waitMs)));
+    if (response.writeRaw) {
+        response.writeRaw([&](const std::string& part) { return send(part, stopping); });
+        return false;
+    }
     std::string head = "HTTP/1.1 " + std::to_string(response.status) + " " + reason(response.status) + "\r\n";
     head += "Content-Type: " + response.contentType + "\r\n";
     for (const auto& [name, value] : response.headers)

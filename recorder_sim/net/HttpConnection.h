@@ -11,7 +11,7 @@
 
 namespace recorder_sim {
 
-/// What a handler answers. With `raw` set, exactly those bytes go out and the connection ends.
+/// What a handler answers. With `writeRaw` set, exactly those bytes go out and the connection ends.
 struct HttpResponse
 {
     using Sink = std::function<bool(const std::string& part)>; ///< false: the peer has gone
@@ -21,7 +21,8 @@ struct HttpResponse
     std::vector<std::pair<std::string, std::string>> headers;
     std::string body;
     std::function<void(const Sink&)> writeBody; ///< instead of `body`: writes it in parts of any size
-    std::string raw;
+    std::function<void(const Sink&)> writeRaw;
+    int delayMs = 0; ///< before the answer goes out
 };
 
 /// Serves one HTTP/1.1 connection on the calling thread, requests one after the other; ends it after half a minute of
