@@ -237,6 +237,9 @@ Error RtspConnection::connectError(QAbstractSocket::SocketError error) const
         return {ErrorKind::Unsupported,
                 tr("No secure connection to %1 is possible; it needs TLS 1.2 or newer.").arg(m_host), context};
     case QAbstractSocket::RemoteHostClosedError:
+        // A peer that finds no common version often just hangs up.
+        if (qobject_cast<QSslSocket*>(m_socket))
+            return {ErrorKind::Unsupported, tr("%1 ended the attempt of a secure connection.").arg(m_host), context};
         return {ErrorKind::BrokenOff, tr("%1 closed the connection.").arg(m_host), context};
     default:
         return {ErrorKind::Unreachable, tr("%1 cannot be reached.").arg(m_host), context};

@@ -1,0 +1,429 @@
+#include "ScriptedRecorder.h"
+#include "StreamLog.h"
+
+#include <QTest>
+
+using namespace rtptest;
+using namespace vms_sdk;
+using namespace vms_sdk::rtsp;
+
+Q_DECLARE_METATYPE(rtptest::Script)
+
+namespace {
+
+constexpr int waitMs = 10'000;
+
+ReplayRequest requestTo(const ScriptedRecorder& recorder, int pictures = 50)
+{
+    ReplayRequest request;
+    request.url = recorder.url();
+    request.user = QStringLiteral("viewer");
+    request.password = QStringLiteral("s3cret!word");
+    request.beginNs = ScriptedRecorder::beginNs;
+    request.endNs = ScriptedRecorder::beginNs + pictures * ScriptedRecorder::frameNs;
+    request.rateControl = false;
+    request.answerTimeoutMs = 400;
+    request.connectTimeoutMs = 2'000;
+    request.silenceTimeoutMs = 400;
+    return request;
+}
+
+/// Every picture once, in order, unaltered.
+void compareWithSent(const ScriptedRecorder& recorder, const StreamLog& log, int pictures)
+{
+    QVERIFY(log.batches.readable);
+    QCOMPARE(static_cast<int>(log.batches.frames.size()), pictures);
+    for (int i = 0; i < pictures; ++i) {
+        const BatchLog::Frame& frame = log.batches.frames[static_cast<std::size_t>(i)];
+        const QByteArray sent = recorder.payload(i);
+        QCOMPARE(frame.header.timeNs, ScriptedRecorder::beginNs + i * ScriptedRecorder::frameNs);
+        QVERIFY2(frame.payload == lengthPrefixed({Bytes(sent.begin(), sent.end())}),
+                 "a picture was altered on the way");
+    }
+}
+
+} // namespace
+
+class ReplayClientTest final : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void tellsHowTheRecordingEnded_data();
+    void tellsHowTheRecordingEnded();
+    void keepsFailuresApart_data();
+    void keepsFailuresApart();
+    void logsIn_data();
+    void logsIn();
+    void carriesNoLoginToAnotherHost();
+    void followsNoRedirectsWithoutEnd();
+    void asksPlainlyWhereReplayIsUnknown();
+    void readsAnswersInAnyPieces();
+    void stopsReadingWithoutCredit();
+    void pausesAndGoesOn_data();
+    void pausesAndGoesOn();
+    void staysAliveWhilePaused();
+    void saysNothingAfterStop();
+    void mayBeStoppedFromItsOwnSignal();
+    void findsItsTimesWithoutTheExtension();
+};
+
+void ReplayClientTest::tellsHowTheRecordingEnded_data()
+{
+    QTest::addColumn<int>("how");
+    QTest::addColumn<int>("asked"); // pictures
+    QTest::addColumn<int>("end");
+    QTest::addColumn<int>("error");
+    const auto row = [](const char* name, StreamEnd how, int asked, ReplayEnd end, ErrorKind error = ErrorKind::None) {
+        QTest::newRow(name) << static_cast<int>(how) << asked << static_cast<int>(end) << static_cast<int>(error);
+    };
+    row("marked", StreamEnd::Terminal, 50, ReplayEnd::EndOfRecording);
+    row("bye", StreamEnd::Bye, 50, ReplayEnd::EndOfRecording);
+    row("torn down", StreamEnd::TearDown, 50, ReplayEnd::EndOfRecording);
+    row("announced", StreamEnd::Announce, 50, ReplayEnd::EndOfRecording);
+    row("closed at the end", StreamEnd::Fin, 50, ReplayEnd::EndOfRecording);
+    row("silent at the end", StreamEnd::Silence, 50, ReplayEnd::EndOfRecording);
+    row("plays on past the end", StreamEnd::Silence, 49, ReplayEnd::EndOfRecording);
+    row("marked early", StreamEnd::Terminal, 500, ReplayEnd::EndByDevice);
+    row("bye early", StreamEnd::Bye, 500, ReplayEnd::EndByDevice);
+    row("torn down early", StreamEnd::TearDown, 500, ReplayEnd::EndByDevice);
+    row("closed early", StreamEnd::Fin, 500, ReplayEnd::Broken, ErrorKind::BrokenOff);
+    row("reset early", StreamEnd::Rst, 500, ReplayEnd::Broken, ErrorKind::BrokenOff);
+    row("silent early", StreamEnd::Silence, 500, ReplayEnd::Broken, ErrorKind::TimedOut);
+    row("silent inside a packet", StreamEnd::HalfPacket, 500, ReplayEnd::Broken, ErrorKind::TimedOut);
+}
+
+void ReplayClientTest::tellsHowTheRecordingEnded()
+{
+    QFETCH(int, how);
+    QFETCH(int, asked);
+    QFETCH(int, end);
+    QFETCH(int, error);
+    Script script;
+    script.end = static_cast<StreamEnd>(how);
+    ScriptedRecorder recorder(script);
+    ReplayClient client(requestTo(recorder, asked));
+    StreamLog log(client);
+    client.start();
+    QTRY_VERIFY_WITH_TIMEOUT(log.hasEnded(), waitMs);
+    QCOMPARE(log.order, QByteArray("pde"));
+    QCOMPARE(static_cast<int>(log.end), end);
+    QCOMPARE(static_cast<int>(log.error.kind), error);
+    if (error != 0)
+        QVERIFY2(log.error.message.contains(QStringLiteral("127.0.0.1")), "the sentence names no host");
+    compareWithSent(recorder, log, 50);
+    QCOMPARE(recorder.last("SETUP").header("Require"), QByteArray("onvif-replay"));
+    QCOMPARE(recorder.last("PLAY").header("Rate-Control"), QByteArray("no"));
+    QVERIFY(recorder.last("PLAY").header("Range").startsWith("clock=20231114T221320.000Z-20231114T2213"));
+}
+
+void ReplayClientTest::keepsFailuresApart_data()
+{
+    QTest::addColumn<Script>("script");
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<QString>("text");
+    const auto row = [](const char* name, const Script& script, ErrorKind kind, const char* text = "") {
+        QTest::newRow(name) << script << static_cast<int>(kind) << QString::fromLatin1(text);
+    };
+    const auto refusing = [](const char* method, int status) {
+        Script script;
+        script.refusals.insert(method, status);
+        return script;
+    };
+    row("no such recording", refusing("DESCRIBE", 404), ErrorKind::NotFound);
+    row("no bandwidth", refusing("SETUP", 453), ErrorKind::LimitReached);
+    row("too many sessions", refusing("PLAY", 503), ErrorKind::LimitReached);
+    row("too many connections", refusing("OPTIONS", 503), ErrorKind::LimitReached);
+    row("no TCP", refusing("SETUP", 461), ErrorKind::Unsupported);
+    row("bad request", refusing("PLAY", 400), ErrorKind::Refused, "400");
+    row("forbidden", refusing("DESCRIBE", 403), ErrorKind::Refused);
+    row("server error", refusing("DESCRIBE", 500), ErrorKind::Refused);
+    for (const char* method : {"OPTIONS", "DESCRIBE", "SETUP", "PLAY"}) {
+        Script script;
+        script.silentOn = method;
+        row(QByteArray(QByteArray("no answer to ") + method).constData(), script, ErrorKind::TimedOut);
+    }
+    const auto sending = [](const QByteArray& bytes) {
+        Script script;
+        script.rawAnswer = bytes;
+        return script;
+    };
+    row("one byte at a time", sending("RTSP/1.0 200 OK\r\nX: y"), ErrorKind::TimedOut);
+    row("endless line", sending("RTSP/1.0 200 OK\r\nX: " + QByteArray(9'000, 'y')), ErrorKind::Corrupt, "8192");
+    row("a million headers", sending("RTSP/1.0 200 OK\r\n" + QByteArray("X: y\r\n").repeated(300)), ErrorKind::Corrupt,
+        "128");
+    row("a body beyond the limit", sending("RTSP/1.0 200 OK\r\nCSeq: 1\r\nContent-Length: 200000\r\n\r\n"),
+        ErrorKind::Corrupt, "131072");
+    row("no RTSP", sending("SSH-2.0-OpenSSH_9.2\r\n"), ErrorKind::Corrupt);
+    Script empty;
+    empty.pictures = 0;
+    empty.end = StreamEnd::Fin;
+    row("closed before the first frame", empty, ErrorKind::BrokenOff);
+    empty.end = StreamEnd::Silence;
+    row("silent before the first frame", empty, ErrorKind::TimedOut);
+}
+
+void ReplayClientTest::keepsFailuresApart()
+{
+    QFETCH(Script, script);
+    QFETCH(int, kind);
+    QFETCH(QString, text);
+    ScriptedRecorder recorder(script);
+    ReplayClient client(requestTo(recorder));
+    StreamLog log(client);
+    client.start();
+    QTRY_VERIFY_WITH_TIMEOUT(log.hasEnded(), waitMs);
+    QCOMPARE(static_cast<int>(log.end), static_cast<int>(ReplayEnd::Failed));
+    QCOMPARE(static_cast<int>(log.error.kind), kind);
+    QVERIFY2(log.error.message.contains(text) && log.error.message.contains(QStringLiteral("127.0.0.1")),
+             qPrintable(log.error.message));
+    QVERIFY(!log.error.message.contains(QStringLiteral("s3cret")) &&
+            !log.error.context.contains(QStringLiteral("s3cret")));
+}
+
+void ReplayClientTest::logsIn_data()
+{
+    QTest::addColumn<QList<QByteArray>>("challenges");
+    QTest::addColumn<bool>("forEver");
+    QTest::addColumn<bool>("good");
+    QTest::addColumn<int>("connectionsAndTries");
+    const QByteArray md5 = "Digest realm=\"r\", nonce=\"1\"";
+    const QByteArray sha = "Digest realm=\"r\", nonce=\"1\", algorithm=SHA-256, qop=\"auth\"";
+    const QByteArray stale = "Digest realm=\"r\", nonce=\"2\", stale=true";
+    QTest::newRow("MD5") << QList<QByteArray>{md5} << false << true << 2;
+    QTest::newRow("SHA-256") << QList<QByteArray>{sha} << false << true << 2;
+    QTest::newRow("stale") << QList<QByteArray>{md5, stale} << false << true << 3;
+    QTest::newRow("refused") << QList<QByteArray>{md5} << true << false << 2;
+    QTest::newRow("stale for ever") << QList<QByteArray>{stale} << true << false << 4;
+    QTest::newRow("Basic in clear") << QList<QByteArray>{"Basic realm=\"r\""} << false << false << 1;
+}
+
+void ReplayClientTest::logsIn()
+{
+    QFETCH(QList<QByteArray>, challenges);
+    QFETCH(bool, forEver);
+    QFETCH(bool, good);
+    QFETCH(int, connectionsAndTries);
+    Script script;
+    script.challenges = challenges;
+    script.challengeForEver = forEver;
+    ScriptedRecorder recorder(script);
+    ReplayClient client(requestTo(recorder));
+    StreamLog log(client);
+    client.start();
+    QTRY_VERIFY_WITH_TIMEOUT(log.hasEnded(), waitMs);
+    QCOMPARE(log.end == ReplayEnd::EndOfRecording, good);
+    QCOMPARE(log.error.kind == ErrorKind::LoginRefused, !good);
+    QCOMPARE(recorder.count("OPTIONS"), connectionsAndTries);
+    if (good)
+        QVERIFY2(!recorder.last("PLAY").header("Authorization").isEmpty(), "the login is not sent along");
+    for (const RtspMessage& request : recorder.requests)
+        QVERIFY(!request.serialized().contains("s3cret") && !request.header("Authorization").startsWith("Basic"));
+}
+
+void ReplayClientTest::carriesNoLoginToAnotherHost()
+{
+    Script second;
+    second.challenges = {"Digest realm=\"r\", nonce=\"1\""};
+    second.challengeForEver = true;
+    ScriptedRecorder other(second);
+    Script first;
+    first.challenges = {"Digest realm=\"r\", nonce=\"1\""};
+    first.redirectTo = requestTo(other).url.toEncoded().replace("127.0.0.1", "localhost");
+    ScriptedRecorder recorder(first);
+    ReplayClient client(requestTo(recorder));
+    StreamLog log(client);
+    client.start();
+    QTRY_VERIFY_WITH_TIMEOUT(log.hasEnded(), waitMs);
+    QCOMPARE(other.connections, 1);
+    QCOMPARE(static_cast<int>(log.error.kind), static_cast<int>(ErrorKind::LoginRefused));
+    QVERIFY(log.error.message.contains(QStringLiteral("localhost")));
+    for (const RtspMessage& request : other.requests)
+        QVERIFY2(!request.hasHeader("Authorization"), "the login went to another host");
+}
+
+void ReplayClientTest::followsNoRedirectsWithoutEnd()
+{
+    ScriptedRecorder target{Script()};
+    Script script;
+    script.redirectTo = target.url().toEncoded();
+    ScriptedRecorder recorder(script);
+    ReplayClient client(requestTo(recorder));
+    StreamLog log(client);
+    client.start();
+    QTRY_VERIFY_WITH_TIMEOUT(log.hasEnded(), waitMs);
+    QCOMPARE(static_cast<int>(log.end), static_cast<int>(ReplayEnd::EndOfRecording));
+    compareWithSent(target, log, 50);
+
+    Script loop;
+    loop.redirectTo = "/replay?again";
+    ScriptedRecorder endless(loop);
+    ReplayClient lost(requestTo(endless));
+    StreamLog lostLog(lost);
+    lost.start();
+    QTRY_VERIFY_WITH_TIMEOUT(lostLog.hasEnded(), waitMs);
+    QCOMPARE(static_cast<int>(lostLog.error.kind), static_cast<int>(ErrorKind::Refused));
+    QVERIFY(lostLog.error.message.contains(QStringLiteral("5 times")));
+    QCOMPARE(endless.connections, 6);
+}
+
+void ReplayClientTest::asksPlainlyWhereReplayIsUnknown()
+{
+    Script script;
+    script.knowsReplay = false;
+    ScriptedRecorder recorder(script);
+    ReplayClient client(requestTo(recorder));
+    StreamLog log(client);
+    client.start();
+    QTRY_VERIFY_WITH_TIMEOUT(log.hasEnded(), waitMs);
+    QCOMPARE(static_cast<int>(log.end), static_cast<int>(ReplayEnd::EndOfRecording));
+    QVERIFY(!recorder.last("PLAY").hasHeader("Require") && !recorder.last("PLAY").hasHeader("Rate-Control"));
+    QVERIFY(recorder.last("PLAY").hasHeader("Range"));
+}
+
+void ReplayClientTest::readsAnswersInAnyPieces()
+{
+    for (const int piece : {1, 3, 1'001}) {
+        Script script;
+        script.piecesOf = piece;
+        script.pictures = 10;
+        script.challenges = {"Digest realm=\"r\", nonce=\"1\""};
+        ScriptedRecorder recorder(script);
+        ReplayClient client(requestTo(recorder, 10));
+        StreamLog log(client);
+        client.start();
+        QTRY_VERIFY_WITH_TIMEOUT(log.hasEnded(), waitMs);
+        compareWithSent(recorder, log, 10);
+    }
+}
+
+void ReplayClientTest::stopsReadingWithoutCredit()
+{
+    Script script;
+    script.pictures = 400;
+    script.pictureBytes = 20'000;
+    script.picturesAtOnce = 20;
+    ScriptedRecorder recorder(script);
+    ReplayRequest request = requestTo(recorder, 400);
+    request.creditBytes = 300'000;
+    request.endNs = 0;
+    ReplayClient client(request);
+    StreamLog log(client);
+    log.consumes = false;
+    client.start();
+    QTRY_VERIFY_WITH_TIMEOUT(log.outstandingBytes >= 300'000, waitMs);
+    QTest::qWait(1'000); // longer than the silence that would be a fault
+    QVERIFY2(log.outstandingBytes < 300'000 + 2 * 64 * 1024, "more was signalled than the credit allows");
+    QVERIFY2(client.bytesReceived() < 2'000'000, "the socket was read although the credit was used up");
+    QVERIFY(!log.hasEnded());
+    log.consumes = true;
+    client.returnCredit(log.outstandingBytes);
+    log.outstandingBytes = 0;
+    QTRY_VERIFY_WITH_TIMEOUT(log.hasEnded(), waitMs);
+    QCOMPARE(static_cast<int>(log.end), static_cast<int>(ReplayEnd::EndOfRecording));
+    compareWithSent(recorder, log, 400);
+}
+
+void ReplayClientTest::pausesAndGoesOn_data()
+{
+    QTest::addColumn<bool>("resumeNeedsRange");
+    QTest::addColumn<bool>("pauseUnknown");
+    QTest::newRow("goes on where it was") << false << false;
+    QTest::newRow("needs a range, begins at a key frame") << true << false;
+    QTest::newRow("knows no PAUSE") << false << true;
+}
+
+void ReplayClientTest::pausesAndGoesOn()
+{
+    QFETCH(bool, resumeNeedsRange);
+    QFETCH(bool, pauseUnknown);
+    Script script;
+    script.pictures = 120;
+    script.picturesAtOnce = 7;
+    script.resumeNeedsRange = resumeNeedsRange;
+    if (pauseUnknown)
+        script.refusals.insert("PAUSE", 501);
+    ScriptedRecorder recorder(script);
+    ReplayRequest request = requestTo(recorder, 120);
+    request.rateControl = true;
+    ReplayClient client(request);
+    StreamLog log(client);
+    client.start();
+    QTRY_VERIFY_WITH_TIMEOUT(log.batches.frames.size() > 30, waitMs);
+    client.pause();
+    QTRY_VERIFY_WITH_TIMEOUT(recorder.count("PAUSE") == 1, waitMs);
+    QTest::qWait(600); // longer than the silence that would be a fault
+    const std::size_t before = log.batches.frames.size();
+    QVERIFY(!log.hasEnded() && before < 100);
+    client.resume();
+    QTRY_VERIFY_WITH_TIMEOUT(log.hasEnded(), waitMs);
+    QCOMPARE(static_cast<int>(log.end), static_cast<int>(ReplayEnd::EndOfRecording));
+    compareWithSent(recorder, log, 120);
+}
+
+void ReplayClientTest::staysAliveWhilePaused()
+{
+    Script script;
+    script.sessionTimeoutS = 2;
+    script.pictures = 1'000;
+    script.picturesAtOnce = 5;
+    ScriptedRecorder recorder(script);
+    ReplayClient client(requestTo(recorder, 1'000));
+    StreamLog log(client);
+    client.start();
+    QTRY_VERIFY_WITH_TIMEOUT(!log.order.isEmpty(), waitMs);
+    client.pause();
+    QTRY_COMPARE_WITH_TIMEOUT(recorder.count("GET_PARAMETER"), 2, waitMs);
+    QCOMPARE(recorder.last("GET_PARAMETER").header("Session"), QByteArray("s1"));
+}
+
+void ReplayClientTest::saysNothingAfterStop()
+{
+    Script script;
+    script.pictures = 1'000;
+    script.picturesAtOnce = 5;
+    ScriptedRecorder recorder(script);
+    ReplayClient client(requestTo(recorder, 1'000));
+    StreamLog log(client);
+    client.start();
+    QTRY_VERIFY_WITH_TIMEOUT(!log.batches.frames.empty(), waitMs);
+    client.stop();
+    const QByteArray order = log.order;
+    const std::size_t frames = log.batches.frames.size();
+    QTRY_COMPARE_WITH_TIMEOUT(recorder.count("TEARDOWN"), 1, waitMs);
+    QTest::qWait(100);
+    QCOMPARE(log.order, order);
+    QCOMPARE(log.batches.frames.size(), frames);
+}
+
+void ReplayClientTest::mayBeStoppedFromItsOwnSignal()
+{
+    Script script;
+    script.pictureBytes = 30'000;
+    ScriptedRecorder recorder(script);
+    ReplayClient client(requestTo(recorder));
+    StreamLog log(client);
+    connect(&client, &ReplayClient::packets, &client, [&client] { client.stop(); });
+    client.start();
+    QTRY_COMPARE_WITH_TIMEOUT(recorder.count("TEARDOWN"), 1, waitMs);
+    QTest::qWait(50);
+    QCOMPARE(log.order, QByteArray("pd"));
+    QCOMPARE(log.batches.batchBytes.size(), std::size_t(1));
+}
+
+void ReplayClientTest::findsItsTimesWithoutTheExtension()
+{
+    Script script;
+    script.withoutTimes = true;
+    script.end = StreamEnd::Bye;
+    ScriptedRecorder recorder(script);
+    ReplayClient client(requestTo(recorder));
+    StreamLog log(client);
+    client.start();
+    QTRY_VERIFY_WITH_TIMEOUT(log.hasEnded(), waitMs);
+    compareWithSent(recorder, log, 50);
+    QCOMPARE(client.lastTimeNs(), ScriptedRecorder::beginNs + 49 * ScriptedRecorder::frameNs);
+}
+
+QTEST_GUILESS_MAIN(ReplayClientTest)
+#include "ReplayClientTest.moc"
