@@ -7,17 +7,45 @@
 #include <QPalette>
 #include <QVariant>
 
-#if defined(VEMO_WITH_DBUS)
+#if defined(Q_OS_WIN)
+#include <QSettings>
+#elif defined(VEMO_WITH_DBUS)
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusVariant>
-#elif defined(Q_OS_WIN)
-#include <QSettings>
 #endif
 
 namespace vemo_client {
+
+#if defined(Q_OS_WIN)
+
+namespace {
+
+void readRegistry()
+{
+    const QSettings settings(
+        QStringLiteral("HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Themes\\Personalize"),
+        QSettings::NativeFormat);
+    const bool light = settings.value(QStringLiteral("AppsUseLightTheme"), 1).toInt() != 0;
+    vemo_base::Theme::instance().setDesktopMode(light ? vemo_base::ThemeMode::Light : vemo_base::ThemeMode::Dark);
+}
+
+} // namespace
+
+DesktopTheme::DesktopTheme(QObject* parent)
+    : QObject(parent)
+{
+    readRegistry();
+    // The choice is made in another program's window, so ours is activated after it.
+    connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, [](Qt::ApplicationState state) {
+        if (state == Qt::ApplicationActive)
+            readRegistry();
+    });
+}
+
+#else
 
 namespace {
 
@@ -30,6 +58,15 @@ vemo_base::ThemeMode modeOfPalette()
 
 } // namespace
 
+DesktopTheme::DesktopTheme(QObject* parent)
+    : QObject(parent)
+{
+    vemo_base::Theme::instance().setDesktopMode(modeOfPalette());
+#if defined(VEMO_WITH_DBUS)
+    askPortal();
+#endif
+}
+
 #if defined(VEMO_WITH_DBUS)
 
 namespace {
@@ -41,13 +78,6 @@ const auto appearanceGroup = QLatin1String("org.freedesktop.appearance");
 const auto colorSchemeKey = QLatin1String("color-scheme");
 
 } // namespace
-
-DesktopTheme::DesktopTheme(QObject* parent)
-    : QObject(parent)
-{
-    vemo_base::Theme::instance().setDesktopMode(modeOfPalette());
-    askPortal();
-}
 
 void DesktopTheme::askPortal()
 {
@@ -86,40 +116,7 @@ void DesktopTheme::take(const QVariant& colorScheme)
         vemo_base::Theme::instance().setDesktopMode(vemo_base::ThemeMode::Light);
 }
 
-#elif defined(Q_OS_WIN)
-
-namespace {
-
-void readRegistry()
-{
-    const QSettings settings(
-        QStringLiteral("HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Themes\\Personalize"),
-        QSettings::NativeFormat);
-    const bool light = settings.value(QStringLiteral("AppsUseLightTheme"), 1).toInt() != 0;
-    vemo_base::Theme::instance().setDesktopMode(light ? vemo_base::ThemeMode::Light : vemo_base::ThemeMode::Dark);
-}
-
-} // namespace
-
-DesktopTheme::DesktopTheme(QObject* parent)
-    : QObject(parent)
-{
-    readRegistry();
-    // The choice is made in another program's window, so ours is activated after it.
-    connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, [](Qt::ApplicationState state) {
-        if (state == Qt::ApplicationActive)
-            readRegistry();
-    });
-}
-
-#else
-
-DesktopTheme::DesktopTheme(QObject* parent)
-    : QObject(parent)
-{
-    vemo_base::Theme::instance().setDesktopMode(modeOfPalette());
-}
-
+#endif
 #endif
 
 DesktopTheme::~DesktopTheme() = default;

@@ -58,7 +58,7 @@ int runWindow(int& argc, char** argv, const CliCommand& command)
     {
         MainWindow window;
         vemo_worker::SystemAssistant::instance().setPresenter([&window](const QString& title, const QString& text) {
-            vemo_base::VMessageBox::show(vemo_base::VMessageBox::Kind::Warning, title, text, &window);
+            vemo_base::VMessageBox::tell(vemo_base::VMessageBox::Kind::Warning, title, text, &window);
         });
         QObject::connect(&forms, &vemo_base::FormsMgr::signalFormCreated, &window, &MainWindow::placeForm);
         forms.createForm(vemo_base::FilesCenterFormType);

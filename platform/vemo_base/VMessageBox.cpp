@@ -111,7 +111,7 @@ VMessageBox::VMessageBox(Kind kind, const QString& title, const QString& text, c
     layout->addLayout(buttons);
 }
 
-void VMessageBox::show(Kind kind, const QString& title, const QString& text, QWidget* parent)
+void VMessageBox::tell(Kind kind, const QString& title, const QString& text, QWidget* parent)
 {
     auto* box = new VMessageBox(kind, title, text, QString(), parent);
     box->setAttribute(Qt::WA_DeleteOnClose);

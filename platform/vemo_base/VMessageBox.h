@@ -21,7 +21,7 @@ public:
                 QWidget* parent = nullptr);
 
     /// Opens the box, which deletes itself, and returns at once.
-    static void show(Kind kind, const QString& title, const QString& text, QWidget* parent = nullptr);
+    static void tell(Kind kind, const QString& title, const QString& text, QWidget* parent = nullptr);
     /// Asks and waits for the answer; for flows that are fixed as blocking.
     static bool question(QWidget* parent, const QString& title, const QString& text, const QString& deed = QString());
     static bool dangerousQuestion(QWidget* parent, const QString& title, const QString& text, const QString& deed);

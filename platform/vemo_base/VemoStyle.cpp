@@ -6,6 +6,7 @@
 #include "ThemeTokens.h"
 
 #include <QAbstractItemView>
+#include <QAbstractSpinBox>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -129,8 +130,9 @@ void drawItemBackground(const QStyleOptionViewItem* option, QPainter* painter)
         painter->fillRect(option->rect, option->backgroundBrush);
     if (selected || hover)
         painter->fillRect(option->rect, colorOf(option, selected ? Token::Select : Token::Hover));
-    const bool first = option->viewItemPosition == QStyleOptionViewItem::Beginning ||
-                       option->viewItemPosition == QStyleOptionViewItem::OnlyOne;
+    const QStyleOptionViewItem::ViewItemPosition position = option->viewItemPosition;
+    const bool first = position == QStyleOptionViewItem::Beginning || position == QStyleOptionViewItem::OnlyOne ||
+                       (position == QStyleOptionViewItem::Invalid && option->index.column() == 0);
     if (selected && first) {
         const QRect bar(option->rect.x(), option->rect.y(), selectionBar, option->rect.height());
         painter->fillRect(QStyle::visualRect(option->direction, option->rect, bar), colorOf(option, Token::AccentText));
@@ -187,6 +189,26 @@ void drawProgress(const QStyleOptionProgressBar* option, QPainter* painter, cons
     const bool paused = widget && widget->property("paused").toBool();
     StylePainter::progress(painter, groove, fraction, colorOf(option, Token::Track),
                            colorOf(option, paused ? Token::Control : Token::Progress));
+}
+
+void drawSpinBox(const QStyleOptionSpinBox* option, QPainter* painter, bool invalid, const QRect& up, const QRect& down)
+{
+    StylePainter::field(painter, option->rect, option->state, invalid, StylePainter::modeOf(option->palette));
+    constexpr double half = 3.5;
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    const auto arrow = [option, painter](const QRect& rect, QAbstractSpinBox::StepEnabledFlag step, double rise) {
+        const bool enabled = option->state & QStyle::State_Enabled && option->stepEnabled & step;
+        painter->setPen(QPen(colorOf(option, enabled ? Token::Text2 : Token::Text3), 1.5, Qt::SolidLine, Qt::RoundCap,
+                             Qt::RoundJoin));
+        const QPointF center = QRectF(rect).center();
+        const QPointF points[] = {center + QPointF(-half, rise / 2), center + QPointF(0, -rise / 2),
+                                  center + QPointF(half, rise / 2)};
+        painter->drawPolyline(points, 3);
+    };
+    arrow(up, QAbstractSpinBox::StepUpEnabled, half);
+    arrow(down, QAbstractSpinBox::StepDownEnabled, -half);
+    painter->restore();
 }
 
 void drawScrollBar(const QStyleOptionSlider* option, QPainter* painter, const QRect& slider)
@@ -347,6 +369,13 @@ void VemoStyle::drawComplexControl(ComplexControl control, const QStyleOptionCom
                               buttonIcon);
             Icons::icon(QStringLiteral("chev-down"))
                 .paint(painter, arrow, Qt::AlignCenter, combo->state & State_Enabled ? QIcon::Normal : QIcon::Disabled);
+            return;
+        }
+    }
+    if (control == CC_SpinBox) {
+        if (const auto* spin = qstyleoption_cast<const QStyleOptionSpinBox*>(option)) {
+            drawSpinBox(spin, painter, isInvalid(widget), subControlRect(CC_SpinBox, option, SC_SpinBoxUp, widget),
+                        subControlRect(CC_SpinBox, option, SC_SpinBoxDown, widget));
             return;
         }
     }
