@@ -195,12 +195,15 @@ void OutputWriter::rescue(FinishedOutput& finished)
         remove();
         return;
     }
-    // What was written in part takes room that the index needs.
-    m_file->truncate(m_fragmentsEnd);
     finished.path = m_settings.path;
     finished.beginNs = m_assembly.beginNs();
     finished.endNs = m_assembly.endNs();
     finished.bytes = m_fragmentsEnd;
+    // Index and header may stand already, and only bringing them to the disk failed: then the file plays as it is.
+    if (Mp4Reader(*m_file).readIndex() || Mp4Finalizer::revert(*m_file) != 0)
+        return;
+    // What was written in part takes room that the index needs.
+    m_file->truncate(m_fragmentsEnd);
     FinishedOutput whole;
     if (!finish(SyncOrder::EveryStep, whole)) {
         finished = whole;
@@ -208,11 +211,8 @@ void OutputWriter::rescue(FinishedOutput& finished)
     }
     // A header that was not switched leaves a file that plays by its fragments; the repair finishes it when there is
     // room.
-    Mp4Reader reader(*m_file);
-    if (!reader.readIndex()) {
+    if (!Mp4Reader(*m_file).readIndex() && Mp4Finalizer::revert(*m_file) == 0)
         m_file->truncate(m_fragmentsEnd);
-        Mp4Finalizer::revert(*m_file);
-    }
 }
 
 void OutputWriter::remove()
