@@ -127,6 +127,7 @@ bool AudioTranscoder::Worker::open(const vav::TrackInfo& source, std::string& er
     m_encoder->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
     m_encoder->time_base = AVRational{1, m_encoder->sample_rate};
     m_encoder->thread_count = 1;
+    m_encoder->log_level_offset = AV_LOG_DEBUG; // its statistics are of no interest
     if (avcodec_open2(m_encoder.get(), codec, nullptr) < 0) {
         error = "The AAC encoder does not take the stream's sampling rate.";
         return false;

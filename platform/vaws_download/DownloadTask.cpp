@@ -71,6 +71,7 @@ void DownloadTask::start()
 {
     if (m_settings.kind == TaskSettings::Kind::LocalCut && m_settings.problem.empty())
         m_cutter = std::make_unique<LocalCutter>(m_settings.cut, static_cast<FrameTarget&>(*this));
+    m_events.emplace_back(VAWS_EVENT_WAITING, 0);
     m_thread = std::thread([this] { run(); });
 }
 

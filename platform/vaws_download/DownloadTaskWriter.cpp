@@ -37,7 +37,6 @@ void DownloadTask::run()
     if (m_settings.problem.empty())
         refused = OutputWriter::check(m_settings.path);
     Lock lock(m_mutex);
-    post(VAWS_EVENT_WAITING);
     if (!m_settings.problem.empty())
         requestEnd(VAWS_EVENT_INVALID, m_settings.problem);
     else if (refused)

@@ -345,7 +345,8 @@ bool StreamAssembler::openOutput(const vav::FrameHeader& header, const std::uint
     auto plan = std::make_shared<OutputPlan>();
     plan->header.token = newToken();
     plan->header.baseNs = header.timeNs;
-    plan->header.askedBeginNs = m_continuesNs;
+    // A file that follows another one begins where that ended, or earlier when the recorder went back in time.
+    plan->header.askedBeginNs = m_switched ? std::min(m_continuesNs, header.timeNs) : m_continuesNs;
     plan->tags = {m_info.channelName, m_info.deviceName};
     std::size_t depth = 0;
     for (std::size_t number = 0; number < m_slots.size(); ++number) {
@@ -422,6 +423,7 @@ void StreamAssembler::closeOutput(bool switched, std::int64_t nextNs)
     drain();
     flush();
     m_continuesNs = m_seenLead ? m_lastLeadNs + typicalNs() : m_continuesNs;
+    m_switched = true;
     m_transcoder.reset();
     m_builder.reset();
     m_plan.reset();
