@@ -113,10 +113,10 @@ bool ClipMaker::load(ClipSet& clips)
                            QLatin1String(bits),    QStringLiteral("-f"),  QStringLiteral("adts")};
     };
     const AudioRecipe audios[] = {
-        {QStringLiteral("aac-48k-1"), Codec::Aac, 48000, 2, 1024, 1, aac("96k")},
-        {QStringLiteral("pcma-1"), Codec::Pcma, 8000, 1, 320, 1, {QStringLiteral("-f"), QStringLiteral("alaw")}},
-        {QStringLiteral("pcmu-1"), Codec::Pcmu, 8000, 1, 160, 1, {QStringLiteral("-f"), QStringLiteral("mulaw")}},
-        {QStringLiteral("aac-16k-1"), Codec::Aac, 16000, 1, 1024, 2, aac("32k")},
+        {QStringLiteral("aac-48k-2"), Codec::Aac, 48000, 2, 1024, 1, aac("96k")},
+        {QStringLiteral("pcma-2"), Codec::Pcma, 8000, 1, 320, 1, {QStringLiteral("-f"), QStringLiteral("alaw")}},
+        {QStringLiteral("pcmu-2"), Codec::Pcmu, 8000, 1, 160, 1, {QStringLiteral("-f"), QStringLiteral("mulaw")}},
+        {QStringLiteral("aac-16k-2"), Codec::Aac, 16000, 1, 1024, 2, aac("32k")},
     };
 
     if (!QDir().mkpath(m_folder))
@@ -232,7 +232,9 @@ bool ClipMaker::makeAudio(const AudioRecipe& recipe, const QString& folder)
     const QTemporaryDir temporary(m_folder + QStringLiteral("/making-XXXXXX"));
     if (!temporary.isValid())
         return fail(QStringLiteral("cannot write to the folder ") + m_folder);
-    const QString source = QStringLiteral("sine=frequency=500:beep_factor=2:sample_rate=%1").arg(recipe.sampleRate);
+    // A rising tone with a little noise, so that no two units are alike.
+    const QString source = QStringLiteral("aevalsrc=exprs=0.3*sin(2*PI*(300+15*t)*t)+0.05*(random(0)-0.5):sample_rate=%1")
+                               .arg(recipe.sampleRate);
     const QString failure = runProgram(
         QStringLiteral("ffmpeg"),
         QStringList{QStringLiteral("-nostdin"), QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-y"),

@@ -65,7 +65,7 @@ private:
     std::optional<std::int64_t> m_rate;
     bool m_trickle = false;
     bool m_stalled = false; ///< no stream any more
-    bool m_silent = false;  ///< as if the cable were cut: nothing is read or written
+    bool m_silent = false;  ///< as if the cable were cut: nothing is answered or sent
     double m_budget = 0;    ///< bytes that the rate allows now
     Clock::time_point m_budgetTime = Clock::now();
 };
