@@ -78,10 +78,7 @@ def main():
                 calls = lab.run_undisturbed(box, under=os.path.join(box.root, place), **variables)
             last = calls[-1][0] if calls else 0
             cases += [(error, place, ops, k, ever) for k in range(1, last + 1) for ever in (False, True)]
-    if arguments.full:
-        # Every call for a full disk, every fifth for the others.
-        cases = [case for case in cases if case[0] == "ENOSPC" or case[3] % 5 == 1]
-    else:
+    if not arguments.full:
         cases = faultlab.sample(cases, 30, arguments.seed)
     if arguments.only is not None:
         cases = [cases[arguments.only]]

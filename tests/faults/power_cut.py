@@ -2,7 +2,8 @@
 """Power cuts, replayed from the log of a task's calls: what a disk may hold when the current goes away after any call. Everything
 synced before is there; of what was written since, some 512-byte pieces are, in any combination; names made, changed or removed
 since the folder was last synced survive up to some point of their order. A restart on such an image leaves prefixes, keeps what
-was owed, and claims no more than there is."""
+was owed, and claims no more than there is. In the first second, before the journal was ever synced, nothing is owed yet, and a
+piece that cannot be read may stay."""
 import os
 import random
 import struct
@@ -39,7 +40,8 @@ def read_log(path):
 class File:
     """One file's content: what is certain, and what was done since."""
 
-    def __init__(self):
+    def __init__(self, inode):
+        self.inode = inode
         self.durable = bytearray()
         self.pending = []
 
@@ -88,7 +90,7 @@ class Disk:
     def replay(self, entry):
         call = entry["call"]
         if call in (WRITE, PWRITE, WRITEV, FTRUNCATE):
-            self.by_inode.setdefault(entry["inode"], File()).pending.append(entry)
+            self.by_inode.setdefault(entry["inode"], File(entry["inode"])).pending.append(entry)
         elif call in (FSYNC, FDATASYNC):
             if entry["folder"]:
                 self.sync_names()
@@ -96,10 +98,10 @@ class Disk:
                 self.by_inode[entry["inode"]].sync()
         elif call == OPEN:
             if entry["created"]:
-                self.by_inode[entry["inode"]] = File()
+                self.by_inode[entry["inode"]] = File(entry["inode"])
                 self.change_name(entry["path"], self.by_inode[entry["inode"]])
             elif entry["truncated"]:
-                self.by_inode.setdefault(entry["inode"], File()).pending.append(dict(entry, call=FTRUNCATE, length=0))
+                self.by_inode.setdefault(entry["inode"], File(entry["inode"])).pending.append(dict(entry, call=FTRUNCATE, length=0))
         elif call == RENAME:
             self.change_name(entry["second"], self.names.get(entry["path"]), entry["path"])
         elif call == LINK:
@@ -123,26 +125,48 @@ class Disk:
         self.pending_names.clear()
 
     def image(self, chance):
-        """{path: content}. File systems keep the order of names; how far it got is chance."""
+        """{path: (inode, content)}. File systems keep the order of names; how far it got is chance."""
         names = dict(self.durable_names)
         for change in self.pending_names[:chance.randint(0, len(self.pending_names))]:
             self.do_name(names, *change)
-        return {path: bytes(file.image(chance)) for path, file in names.items()}
+        return {path: (file.inode, bytes(file.image(chance))) for path, file in names.items()}
 
 
-def judge_image(lab, box, image, cut_ns, was_finished):
+def keep_files(box):
+    """Second links to what the run left, by inode."""
+    place = os.path.join(box.base, "kept")
+    os.mkdir(place)
+    kept = {}
+    for folder in (box.folder, box.temp):
+        for name in os.listdir(folder):
+            inode = os.stat(os.path.join(folder, name)).st_ino
+            kept[inode] = os.path.join(place, str(inode))
+            os.link(os.path.join(folder, name), kept[inode])
+    return kept
+
+
+def journal_was_synced(box, entries):
+    return any(entry["call"] == FSYNC and entry["folder"] and entry["path"] == box.temp for entry in entries)
+
+
+def judge_image(lab, box, kept, image, cut_ns, was_synced, was_finished):
     for folder in (box.folder, box.temp):
         for name in os.listdir(folder):
             if os.path.join(folder, name) not in box.neighbours:
                 os.unlink(os.path.join(folder, name))
-    for path, content in image.items():
+    for path, (inode, content) in image.items():
+        # A power cut does not make other files of the same name: what the run left keeps its identity.
+        if inode in kept:
+            os.link(kept[inode], path)
         with open(path, "wb") as file:
             file.write(content)
     report, problems = lab.repair(box)
     found = {}
     if os.path.exists(box.out) and os.path.getsize(box.out) > 0:
         found, found_problems = lab.judge(box.out)
-        problems += found_problems + faultlab.honesty_problems(report, box.out, found)
+        if was_synced:
+            problems += found_problems
+        problems += faultlab.honesty_problems(report, box.out, found)
     owed = box.pushed_by(cut_ns - WINDOW_NS) - faultlab.FRAGMENT_FRAMES
     if len(found.get(0, [])) < owed:
         problems.append(f"{len(found.get(0, []))} frames survived where {owed} should have")
@@ -163,13 +187,15 @@ def main():
             with Box() as box:
                 lab.run_undisturbed(box, "--speed", speed, log=True)
                 entries = read_log(box.call_log)
+                kept = keep_files(box)
                 finished_ns = next(int(line[0]) for line in box.log_lines() if line[2:4] == ["event", "16"])
 
                 def one(number):
                     chance = random.Random(f"{arguments.seed} {clip} {speed} {number}")
                     count = chance.randint(1, len(entries))
                     cut_ns = entries[count - 1]["time"]
-                    problems = judge_image(lab, box, Disk(entries[:count]).image(chance), cut_ns, finished_ns < cut_ns)
+                    problems = judge_image(lab, box, kept, Disk(entries[:count]).image(chance), cut_ns,
+                                           journal_was_synced(box, entries[:count]), finished_ns < cut_ns)
                     return [f"after call {count} of {len(entries)}", *problems] if problems else []
 
                 # The paths in the journals are absolute, so the images of one run stand at one place, one after the other.
