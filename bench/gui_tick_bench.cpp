@@ -106,7 +106,7 @@ int main(int argc, char** argv)
             }
             for (int i = 0; i < downloads; ++i)
                 emit access.signalDownloadRecordingByTimeRangeImplicitly(
-                    vemo_base::BaseTools::formatChannelId(devId, args[4].toInt()), 0,
+                    vemo_base::BaseTools::instance().formatChannelId(devId, args[4].toInt()), 0,
                     QStringLiteral("{tick-%1}").arg(i), outDir.filePath(QStringLiteral("tick-%1.mp4").arg(i)),
                     QDateTime::fromString(args[5], Qt::ISODate), QDateTime::fromString(args[6], Qt::ISODate));
             QTimer::singleShot(settleMs, &app, measure);
