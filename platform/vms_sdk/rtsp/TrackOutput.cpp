@@ -1,6 +1,7 @@
 #include "TrackOutput.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace vms_sdk::rtsp {
 namespace {
@@ -8,6 +9,8 @@ namespace {
 /// Without a word of the recorder, a jump is a gap when it is longer than this and than several frames.
 constexpr std::int64_t minSilentGapNs = 1'500'000'000;
 constexpr std::int64_t silentGapFrames = 5;
+/// The distance of frames is learned anew over so many of them, so that it follows a recorder that slows down.
+constexpr int intervalWindowFrames = 32;
 
 } // namespace
 
@@ -145,18 +148,27 @@ void TrackOutput::learnInterval(std::int64_t timeNs)
         m_newestNs = timeNs;
         return;
     }
+    // In decode order, pictures that lean on later ones jump to and fro: their least distance is that of the frames.
+    const std::int64_t distance = std::llabs(timeNs - m_lastDecodedNs);
+    if (distance > 0 && (m_intervalNs == 0 || distance < std::max(m_intervalNs * silentGapFrames, minSilentGapNs))) {
+        m_leastDistanceNs = m_leastDistanceNs == 0 ? distance : std::min(m_leastDistanceNs, distance);
+        m_intervalNs = m_intervalNs == 0 ? distance : std::min(m_intervalNs, distance);
+        if (++m_distances == intervalWindowFrames) {
+            m_intervalNs = m_leastDistanceNs;
+            m_leastDistanceNs = 0;
+            m_distances = 0;
+        }
+    }
     const std::int64_t step = timeNs - m_newestNs;
-    if (step < 0) {
-        // A step back of seconds is a recorder that jumped, no picture order.
-        if (-step < 2'000'000'000)
-            m_reorderNs = std::max(m_reorderNs, -step);
-        else
-            m_newestNs = timeNs;
+    if (step >= 0) {
+        m_newestNs = timeNs;
         return;
     }
-    m_newestNs = timeNs;
-    if (step > 0 && (m_intervalNs == 0 || step < std::max(m_intervalNs * silentGapFrames, minSilentGapNs)))
-        m_intervalNs = m_intervalNs == 0 ? step : m_intervalNs + (step - m_intervalNs) / 8;
+    // A step back of seconds is a recorder that jumped, no picture order.
+    if (-step < 2'000'000'000)
+        m_reorderNs = std::max(m_reorderNs, -step);
+    else
+        m_newestNs = timeNs;
 }
 
 } // namespace vms_sdk::rtsp

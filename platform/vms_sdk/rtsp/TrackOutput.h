@@ -75,6 +75,8 @@ private:
     std::int64_t m_lastDecodedNs = 0;
     std::int64_t m_intervalNs = 0;
     std::int64_t m_reorderNs = 0;
+    std::int64_t m_leastDistanceNs = 0; ///< over the last m_distances frames
+    int m_distances = 0;
     std::uint32_t m_lost = 0;
     std::uint64_t m_totalLost = 0;
     bool m_pendingDiscontinuity = false;
