@@ -61,7 +61,7 @@ DownloadTask::DownloadTask(TaskSettings settings, BufferPool& pool, const Callba
 DownloadTask::~DownloadTask()
 {
     if (m_cutter)
-        m_cutter->stop();
+        m_cutter->requestStop();
     if (m_thread.joinable())
         m_thread.join();
     m_cutter.reset();

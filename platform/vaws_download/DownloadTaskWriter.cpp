@@ -329,14 +329,9 @@ void DownloadTask::leave(Lock& lock)
     m_consumed = m_pushed;
     m_changed.notify_all();
     deliver(lock);
-    if (m_cutter) {
-        lock.unlock();
-        m_cutter->stop();
-        lock.lock();
-    }
-    lock.unlock();
+    if (m_cutter)
+        m_cutter->requestStop();
     m_exited = true;
-    lock.lock();
 }
 
 } // namespace vaws

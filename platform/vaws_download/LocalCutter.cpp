@@ -298,19 +298,14 @@ LocalCutter::LocalCutter(CutList list, FrameTarget& target)
 
 LocalCutter::~LocalCutter()
 {
-    stop();
+    requestStop();
+    if (m_thread.joinable())
+        m_thread.join();
 }
 
 void LocalCutter::start()
 {
     m_thread = std::thread([this] { run(); });
-}
-
-void LocalCutter::stop()
-{
-    m_stop = true;
-    if (m_thread.joinable() && m_thread.get_id() != std::this_thread::get_id())
-        m_thread.join();
 }
 
 void LocalCutter::run()

@@ -23,8 +23,8 @@ public:
     ~LocalCutter();
 
     void start();
-    /// Ends the thread as soon as it looks; joins it unless called from it.
-    void stop();
+    /// The thread ends as soon as it looks; does not wait for it. Safe for threads.
+    void requestStop() { m_stop = true; }
 
 private:
     class Source;

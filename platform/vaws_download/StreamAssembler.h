@@ -117,7 +117,7 @@ private:
     std::vector<HeldFrame> m_preroll; ///< from the last key frame before the asked begin
     std::size_t m_prerollBytes = 0;
     bool m_begun = false;
-    bool m_switched = false;         ///< a file was closed before
+    bool m_switched = false;       ///< a file was closed before
     std::vector<HeldFrame> m_tail; ///< frames past the asked end that a frame before it may still need
     std::uint32_t m_lostAhead = 0;
     bool m_leadComplete = false;

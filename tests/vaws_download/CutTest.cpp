@@ -1,0 +1,185 @@
+#include "CutList.h"
+#include "TaskDriver.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <fstream>
+
+namespace {
+
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+constexpr std::int64_t nsPerSecond = 1'000'000'000;
+
+struct Record
+{
+    std::string path;
+    std::int64_t beginNs;
+    std::int64_t endNs;
+};
+
+std::string listText(std::int64_t beginNs, std::int64_t endNs, const std::vector<Record>& records)
+{
+    nlohmann::json list = {
+        {"begin_time", clockText(beginNs)}, {"end_time", clockText(endNs)}, {"play_time", clockText(beginNs)}};
+    for (const Record& record : records)
+        list["records"].push_back({{"file_path", record.path},
+                                   {"begin_time", clockText(record.beginNs)},
+                                   {"end_time", clockText(record.endNs)}});
+    return list.dump();
+}
+
+class Cut : public testing::Test
+{
+protected:
+    int cut(const std::string& task, std::int64_t beginNs, std::int64_t endNs, const std::vector<Record>& records)
+    {
+        EXPECT_EQ(vaws_download_time_range(listText(beginNs, endNs, records).c_str(), clockText(beginNs).c_str(),
+                                           clockText(endNs).c_str(), driver.path(task + ".mp4").c_str(), task.c_str()),
+                  VAWS_OK);
+        return driver.waitForEnd(task);
+    }
+
+    const std::int64_t origin = 1'768'032'000 * nsPerSecond;
+    TaskDriver driver;
+};
+
+TEST_F(Cut, takesASpanOutOfOneFileExactly)
+{
+    const std::string clip = TaskDriver::clip("h264_aac");
+    const ClipSource source(clip);
+    const std::int64_t begin = origin + 2'600'000'000;
+    ASSERT_EQ(cut("t", begin, origin + 6'000'000'000, {{clip, origin, origin + 8 * nsPerSecond}}), VAWS_EVENT_FINISHED)
+        << TaskDriver::report("t");
+    const std::string path = driver.path("t.mp4");
+    EXPECT_NEAR(probeNumber(path, "-select_streams v -show_entries stream=duration"), 3.4, 0.001);
+    EXPECT_NEAR(probeNumber(path, "-select_streams a -show_entries stream=duration"), 3.4, 0.03);
+    const std::vector<std::string> sent = source.payloadMd5(0);
+    const std::vector<std::string> found = ffmpegPacketMd5(path, 0);
+    ASSERT_GE(found.size(), 98u);
+    EXPECT_TRUE(std::equal(found.begin(), found.end(), sent.begin() + 50))
+        << "the cut begins at the key frame before the asked begin";
+    EXPECT_THAT(decodeErrors(path), IsEmpty());
+    EXPECT_EQ(probe(path, "-show_entries format_tags=com.vemo.start"), "2026-01-10T08:00:02.600Z");
+}
+
+TEST_F(Cut, joinsFilesAndKeepsTheGapBetweenThemAsTime)
+{
+    const std::string clip = TaskDriver::clip("h264_aac");
+    const ClipSource source(clip);
+    const std::int64_t second = origin + 12 * nsPerSecond;
+    ASSERT_EQ(cut("t", origin, origin + 20 * nsPerSecond,
+                  {{clip, second, second + 8 * nsPerSecond}, {clip, origin, origin + 8 * nsPerSecond}}),
+              VAWS_EVENT_FINISHED)
+        << TaskDriver::report("t");
+    const std::string path = driver.path("t.mp4");
+    EXPECT_NEAR(probeNumber(path, "-select_streams v -show_entries stream=duration"), 20.0, 0.05);
+    std::vector<std::string> twice = source.payloadMd5(0);
+    const std::vector<std::string> once = twice;
+    twice.insert(twice.end(), once.begin(), once.end());
+    EXPECT_EQ(ffmpegPacketMd5(path, 0), twice);
+    EXPECT_THAT(shellOutput("ffprobe -v error -show_chapters -of compact '" + path + "'"),
+                HasSubstr("start_time=12.0"));
+    EXPECT_THAT(TaskDriver::report("t"), HasSubstr("\"begin\":\"2026-01-10T08:00:08"));
+}
+
+TEST_F(Cut, startsANewOutputForOtherParameterSets)
+{
+    const std::string one = TaskDriver::clip("h264_aac");
+    const std::string other = TaskDriver::clip("h264_small");
+    ASSERT_EQ(
+        cut("t", origin, origin + 12 * nsPerSecond,
+            {{one, origin, origin + 8 * nsPerSecond}, {other, origin + 8 * nsPerSecond, origin + 12 * nsPerSecond}}),
+        VAWS_EVENT_FINISHED);
+    ASSERT_EQ(driver.toggles().size(), 1u);
+    EXPECT_EQ(ffmpegPacketMd5(driver.toggles().front().file, 0), ClipSource(one).payloadMd5(0));
+    EXPECT_EQ(ffmpegPacketMd5(driver.path("t.mp4"), 0), ClipSource(other).payloadMd5(0));
+}
+
+TEST_F(Cut, cutsAgainWhatItCutAtTheTimesInsideTheFile)
+{
+    const std::string clip = TaskDriver::clip("h264_aac");
+    ASSERT_EQ(
+        cut("first", origin + 2'600'000'000, origin + 8 * nsPerSecond, {{clip, origin, origin + 8 * nsPerSecond}}),
+        VAWS_EVENT_FINISHED);
+    // The record's own span is told in whole seconds; the file knows better.
+    ASSERT_EQ(cut("again", origin + 4 * nsPerSecond, origin + 6 * nsPerSecond,
+                  {{driver.path("first.mp4"), origin + 2 * nsPerSecond, origin + 8 * nsPerSecond}}),
+              VAWS_EVENT_FINISHED);
+    const std::vector<std::string> sent = ClipSource(clip).payloadMd5(0);
+    const std::vector<std::string> found = ffmpegPacketMd5(driver.path("again.mp4"), 0);
+    ASSERT_GE(found.size(), 50u);
+    EXPECT_TRUE(std::equal(found.begin(), found.end(), sent.begin() + 100));
+    EXPECT_NEAR(probeNumber(driver.path("again.mp4"), "-select_streams v -show_entries stream=duration"), 2.0, 0.001);
+}
+
+TEST_F(Cut, namesTheFileThatIsMissingOrBroken)
+{
+    const std::string clip = TaskDriver::clip("h264_aac");
+    std::ofstream(driver.path("rubbish.mp4")) << std::string(5000, 'x');
+    EXPECT_EQ(cut("none", origin, origin + nsPerSecond, {{driver.path("missing.mp4"), origin, origin + nsPerSecond}}),
+              VAWS_EVENT_INVALID);
+    EXPECT_THAT(TaskDriver::reportText("none", "error"), HasSubstr("missing.mp4"));
+    EXPECT_EQ(cut("beside", origin, origin + 16 * nsPerSecond,
+                  {{clip, origin, origin + 8 * nsPerSecond},
+                   {driver.path("rubbish.mp4"), origin + 8 * nsPerSecond, origin + 16 * nsPerSecond}}),
+              VAWS_EVENT_FINISHED);
+    EXPECT_THAT(TaskDriver::reportText("beside", "error"), HasSubstr("rubbish.mp4"));
+    EXPECT_THAT(TaskDriver::report("beside"), HasSubstr("not recorded"));
+    EXPECT_EQ(cut("nothing", origin, origin + nsPerSecond, {}), VAWS_EVENT_NO_DATA);
+    EXPECT_EQ(cut("outside", origin - 100 * nsPerSecond, origin - 90 * nsPerSecond,
+                  {{clip, origin, origin + 8 * nsPerSecond}}),
+              VAWS_EVENT_NO_DATA);
+    EXPECT_THAT(driver.journalFiles(), IsEmpty());
+}
+
+TEST_F(Cut, stopsAndCancelsLikeADownload)
+{
+    const std::string clip = TaskDriver::clip("h264_aac");
+    std::vector<Record> records;
+    for (int i = 0; i < 400; ++i)
+        records.push_back({clip, origin + i * 8 * nsPerSecond, origin + (i + 1) * 8 * nsPerSecond});
+    const auto start = [&](const std::string& task) {
+        return vaws_download_time_range(listText(origin, origin + 3200 * nsPerSecond, records).c_str(),
+                                        clockText(origin).c_str(), clockText(origin + 3200 * nsPerSecond).c_str(),
+                                        driver.path(task + ".mp4").c_str(), task.c_str());
+    };
+    ASSERT_EQ(start("cancelled"), VAWS_OK);
+    ASSERT_TRUE(driver.waitForConsumed("cancelled", 1'000'000));
+    EXPECT_EQ(vaws_download_cancel("cancelled"), VAWS_OK);
+    EXPECT_THAT(driver.files(), IsEmpty());
+    ASSERT_EQ(start("stopped"), VAWS_OK);
+    ASSERT_TRUE(driver.waitForConsumed("stopped", 1'000'000));
+    std::int64_t count = 0;
+    char text[24] = {};
+    EXPECT_EQ(vaws_download_stop("stopped", &count, text), VAWS_OK);
+    EXPECT_GT(count, 0);
+    EXPECT_NEAR(probeNumber(driver.path("stopped.mp4"), "-show_entries format=duration"),
+                static_cast<double>(count) / 1000, 0.05);
+}
+
+TEST(CutListText, refusesWhatIsNoList)
+{
+    vaws::CutList list;
+    std::string error;
+    const std::string head = R"({"begin_time":"20260110080000","end_time":"20260110090000")";
+    EXPECT_TRUE(list.parse(head + "}", error));
+    EXPECT_TRUE(list.parse(
+        head + R"(,"records":[{"file_path":"a","begin_time":"20260110080000","end_time":"20260110090000"}]})", error));
+    EXPECT_EQ(list.records.size(), 1u);
+    for (const std::string& wrong :
+         {std::string(), std::string("vavframe"), std::string("{}"), std::string("[]"), head,
+          head + R"(,"records":{}})", head + R"(,"records":[1]})", head + R"(,"records":[{"file_path":"a"}]})",
+          std::string(R"({"begin_time":"20260110090000","end_time":"20260110080000"})"), std::string(100'000, '['),
+          std::string("{\"a\":") + std::string(5000, '[')}) {
+        error.clear();
+        EXPECT_FALSE(list.parse(wrong, error)) << wrong.substr(0, 80);
+        EXPECT_FALSE(error.empty());
+    }
+}
+
+} // namespace
