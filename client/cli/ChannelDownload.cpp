@@ -95,7 +95,7 @@ void ChannelDownload::interrupted()
     m_ended = true;
     if (isStarted() && !m_refused)
         m_report = DownloadReport::ofTask(m_taskId);
-    const QString where = m_session.where(m_channelNo);
+    const QString where = m_session.place(m_channelNo).text;
     if (m_report.frames > 0)
         conclude(
             {ExitCode::Interrupted, tr("%1: interrupted; what had arrived is kept in %2.").arg(where, m_report.path)});
@@ -141,7 +141,7 @@ void ChannelDownload::searchEnded()
         if (m_report.frames == 0) {
             cancelTask();
             conclude({ExitCode::NoRecording, tr("%1: no recording from %2 to %3.")
-                                                 .arg(m_session.where(m_channelNo), TimeText::plain(m_asked.begin),
+                                                 .arg(m_session.place(m_channelNo).text, TimeText::plain(m_asked.begin),
                                                       TimeText::plain(m_asked.end))});
             return;
         }
@@ -159,7 +159,7 @@ void ChannelDownload::concludeIfReady()
         return;
     }
     DownloadFacts facts;
-    facts.where = m_session.where(m_channelNo);
+    facts.place = m_session.place(m_channelNo);
     facts.asked = m_asked;
     facts.report = m_report;
     if (facts.report.path.isEmpty())

@@ -23,9 +23,10 @@ QString tr(const char* text)
     return QCoreApplication::translate("vemo_client::DownloadPrinter", text);
 }
 
-double rounded(double value, double step)
+double rounded(double value, int decimals)
 {
-    return std::round(value / step) * step;
+    const double scale = std::pow(10.0, decimals);
+    return std::round(value * scale) / scale;
 }
 
 QByteArray line(const QJsonObject& object)
@@ -86,9 +87,9 @@ void DownloadPrinter::progress(const QList<ChannelDownload*>& downloads)
         const ChannelDownload::Progress& progress = download->progress();
         QJsonObject object{{QStringLiteral("state"), QStringLiteral("running")},
                            {QStringLiteral("channel"), download->channelNo()},
-                           {QStringLiteral("percent"), rounded(progress.fraction * 100, 0.1)},
+                           {QStringLiteral("percent"), rounded(progress.fraction * 100, 1)},
                            {QStringLiteral("bytes"), progress.bytes},
-                           {QStringLiteral("rate_mb_s"), rounded(progress.bytesPerSecond / megabyte, 0.1)}};
+                           {QStringLiteral("rate_mb_s"), rounded(progress.bytesPerSecond / megabyte, 1)}};
         object.insert(QStringLiteral("seconds_left"),
                       progress.secondsLeft < 0 ? QJsonValue() : QJsonValue(progress.secondsLeft));
         Terminal::out(QString::fromUtf8(line(object)));
@@ -145,8 +146,8 @@ QByteArray DownloadPrinter::resultJson(const ChannelDownload& download)
                        {QStringLiteral("begin"), timeOrNull(report.begin)},
                        {QStringLiteral("end"), timeOrNull(report.end)},
                        {QStringLiteral("gaps"), gaps},
-                       {QStringLiteral("seconds"), rounded(download.seconds(), 0.001)},
-                       {QStringLiteral("rate_mb_s"), rounded(averageRate(download), 0.1)},
+                       {QStringLiteral("seconds"), rounded(download.seconds(), 3)},
+                       {QStringLiteral("rate_mb_s"), rounded(averageRate(download), 1)},
                        {QStringLiteral("video"), report.video},
                        {QStringLiteral("audio"), report.audio},
                        {QStringLiteral("frames"), report.frames},

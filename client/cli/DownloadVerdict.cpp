@@ -1,6 +1,5 @@
 #include "DownloadVerdict.h"
 
-#include "Failures.h"
 #include "TimeText.h"
 
 #include <vaws_download.h>
@@ -23,7 +22,7 @@ QString tr(const char* text)
 
 QString sentence(const DownloadFacts& facts, const QString& text)
 {
-    const QString whole = facts.where % QLatin1String(": ") % text;
+    const QString whole = facts.place.text % QLatin1String(": ") % text;
     return whole.endsWith(QLatin1Char('.')) ? whole : QString(whole % QLatin1Char('.'));
 }
 
@@ -74,7 +73,7 @@ Outcome brokenOff(const DownloadFacts& facts)
                 sentence(facts, tr("the stream broke off at %1; what arrived until then is in %2.")
                                     .arg(TimeText::plain(report.end), pathText(facts)))};
     if (facts.streamError)
-        return Failures::of(facts.streamError, facts.where);
+        return Failures::of(facts.streamError, facts.place);
     return {ExitCode::Failed,
             sentence(facts, reasonOr(report.error, tr("the stream broke off before the first picture.")))};
 }
@@ -82,7 +81,7 @@ Outcome brokenOff(const DownloadFacts& facts)
 Outcome noData(const DownloadFacts& facts)
 {
     if (facts.streamError && facts.streamError.kind != vms_sdk::ErrorKind::NotFound)
-        return Failures::of(facts.streamError, facts.where);
+        return Failures::of(facts.streamError, facts.place);
     if (facts.listed)
         return {ExitCode::Failed,
                 sentence(facts, tr("the recorder lists recordings for the span, but sent no picture of them."))};
@@ -123,7 +122,7 @@ Outcome judgeDownload(const DownloadFacts& facts)
                                          tr("the recorder serves no further stream at the moment.")))};
     case VAWS_EVENT_CONNECT_FAILED:
         if (facts.streamError)
-            return Failures::of(facts.streamError, facts.where);
+            return Failures::of(facts.streamError, facts.place);
         return {ExitCode::Unreachable, sentence(facts, tr("the stream could not be opened."))};
     default:
         break;

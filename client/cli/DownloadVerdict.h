@@ -3,6 +3,7 @@
 #include "Coverage.h"
 #include "DownloadReport.h"
 #include "ExitCode.h"
+#include "Failures.h"
 
 #include <Error.h>
 
@@ -13,7 +14,7 @@ namespace vemo_client {
 /// All that is known about one download when it is over.
 struct DownloadFacts
 {
-    QString where; ///< "http://10.0.0.5, channel 3"
+    Place place;
     Span asked;
     DownloadReport report;
     bool refused = false;       ///< the library did not take the task

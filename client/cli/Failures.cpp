@@ -33,7 +33,7 @@ QString ranges(QList<int> numbers)
 
 QString Failures::addressText(const QUrl& address)
 {
-    return address.toString(QUrl::RemoveUserInfo | QUrl::RemoveQuery | QUrl::RemoveFragment);
+    return address.toString(QUrl::RemoveUserInfo | QUrl::RemovePath | QUrl::RemoveQuery | QUrl::RemoveFragment);
 }
 
 ExitCode Failures::codeOf(vms_sdk::ErrorKind kind)
@@ -64,12 +64,13 @@ ExitCode Failures::codeOf(vms_sdk::ErrorKind kind)
     return ExitCode::Failed;
 }
 
-Outcome Failures::of(const vms_sdk::Error& error, const QString& where)
+Outcome Failures::of(const vms_sdk::Error& error, const Place& place)
 {
-    QString message = error.message.isEmpty() ? tr("the recorder gave no reason") : error.message;
+    QString message = error.message.isEmpty() ? tr("The recorder gave no reason") : error.message;
     if (!message.endsWith(QLatin1Char('.')))
         message += QLatin1Char('.');
-    return {codeOf(error.kind), where % QLatin1String(": ") % message};
+    const bool namesHost = !place.host.isEmpty() && message.contains(place.host);
+    return {codeOf(error.kind), namesHost ? message : QString(place.text % QLatin1String(": ") % message)};
 }
 
 Outcome Failures::ofCertificate(const DeviceOptions& device, const QByteArray& keySha256, const QString& reason)

@@ -7,18 +7,25 @@
 
 namespace vemo_client {
 
+/// What a failure belongs to.
+struct Place
+{
+    QString text; ///< "http://10.0.0.5, channel 3"
+    QString host; ///< a message that names it already needs no other place
+};
+
 /// Failures of the device client SDK as exit codes and sentences.
 class Failures final
 {
 public:
     static ExitCode codeOf(vms_sdk::ErrorKind kind);
-    /// `where` names what was asked ("http://10.0.0.5, channel 3").
-    static Outcome of(const vms_sdk::Error& error, const QString& where);
+    /// One sentence that names the place and the reason.
+    static Outcome of(const vms_sdk::Error& error, const Place& place);
     /// For a certificate that is neither pinned nor verified: names the key and how it is trusted.
     static Outcome ofCertificate(const DeviceOptions& device, const QByteArray& keySha256, const QString& reason);
     static Outcome unknownChannel(int channelNo, const QList<vms_sdk::ChannelInfo>& channels, const QString& address);
 
-    /// The address without whatever could be a secret: no user, no query.
+    /// Scheme, host and port; nothing that could be a secret.
     static QString addressText(const QUrl& address);
 };
 

@@ -1,5 +1,6 @@
 #include "OutPath.h"
 
+#include <DiskManager.h>
 #include <ToolsCollection.h>
 
 #include <QCoreApplication>
@@ -47,8 +48,8 @@ Outcome OutPath::prepare()
     const QFileInfo folderInfo(folder);
     if (!folderInfo.isDir())
         return {ExitCode::Disk, tr("The folder %1 does not exist.").arg(folder)};
-    if (!folderInfo.isWritable())
-        return {ExitCode::Disk, tr("There is no right to write in the folder %1.").arg(folder)};
+    if (!vemo_worker::DiskManager::instance().isPathAvailable(folder, true))
+        return {ExitCode::Disk, tr("The folder %1 can't be written.").arg(folder)};
     return {};
 }
 

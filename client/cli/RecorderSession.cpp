@@ -1,7 +1,5 @@
 #include "RecorderSession.h"
 
-#include "Failures.h"
-
 #include <ClientSignals.h>
 #include <DevsMgrData.h>
 
@@ -52,9 +50,14 @@ QString RecorderSession::addressText() const
     return Failures::addressText(m_device.address);
 }
 
-QString RecorderSession::where(int channelNo) const
+Place RecorderSession::place() const
 {
-    return tr("%1, channel %2").arg(addressText()).arg(channelNo);
+    return {addressText(), m_device.address.host()};
+}
+
+Place RecorderSession::place(int channelNo) const
+{
+    return {tr("%1, channel %2").arg(addressText()).arg(channelNo), m_device.address.host()};
 }
 
 void RecorderSession::finishLogin(const QString& devId, const vms_sdk::Error& error)
@@ -62,7 +65,7 @@ void RecorderSession::finishLogin(const QString& devId, const vms_sdk::Error& er
     if (devId != m_devId || m_open)
         return;
     if (error) {
-        fail(Failures::of(error, addressText()));
+        fail(Failures::of(error, place()));
         return;
     }
     m_open = true;

@@ -2,6 +2,7 @@
 
 #include "CliCommand.h"
 #include "ExitCode.h"
+#include "Failures.h"
 
 #include <VmsTypes.h>
 
@@ -31,8 +32,8 @@ public:
     vms_sdk::DevInfo info() const;
     bool hasChannel(int channelNo) const;
     QString addressText() const;
-    /// "http://10.0.0.5, channel 3"
-    QString where(int channelNo) const;
+    Place place() const;
+    Place place(int channelNo) const;
 
 signals:
     void signalOpened();

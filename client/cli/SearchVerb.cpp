@@ -81,7 +81,7 @@ void SearchVerb::printAll()
         return;
     for (const auto& search : m_searches) {
         if (search->error()) {
-            const Outcome outcome = Failures::of(search->error(), m_session.where(search->channelNo()));
+            const Outcome outcome = Failures::of(search->error(), m_session.place(search->channelNo()));
             leave(outcome.code, outcome.sentence);
             return;
         }

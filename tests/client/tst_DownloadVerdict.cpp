@@ -47,7 +47,7 @@ QList<Span> spans(const Seconds& list)
 DownloadFacts facts(int event, int frames = 0)
 {
     DownloadFacts facts;
-    facts.where = QStringLiteral("http://10.0.0.5, channel 3");
+    facts.place = {QStringLiteral("http://10.0.0.5, channel 3"), QStringLiteral("10.0.0.5")};
     facts.asked = span(0, 120);
     facts.report.known = true;
     facts.report.status = VAWS_STATUS_ENDED;
@@ -172,7 +172,7 @@ void tst_DownloadVerdict::tellsFailuresApart()
     const Outcome outcome = vemo_client::judgeDownload(over);
     QVERIFY2(outcome.code == code, qPrintable(outcome.sentence));
     QVERIFY2(outcome.sentence.contains(says), qPrintable(outcome.sentence));
-    QVERIFY2(outcome.sentence.startsWith(over.where) && outcome.sentence.endsWith(QLatin1Char('.')),
+    QVERIFY2(outcome.sentence.startsWith(over.place.text) && outcome.sentence.endsWith(QLatin1Char('.')),
              qPrintable(outcome.sentence));
 }
 
