@@ -31,7 +31,7 @@ START_TIMEOUT_S = 600
 
 DONE, FAILED, USAGE, LOGIN_REFUSED, UNREACHABLE, LIMIT, DISK, NO_RECORDING, INCOMPLETE, INTERRUPTED = 0, 1, 2, 3, 4, 5, 6, 7, 8, 130
 
-OPTIONS = argparse.Namespace(build="", full=False, seed=0)
+OPTIONS = argparse.Namespace()
 
 
 def parse():
@@ -182,7 +182,7 @@ class Client:
     def __init__(self):
         self.folder = tempfile.mkdtemp(prefix="vemo-client-")
         self.out = os.path.join(self.folder, "out")
-        for name in ("home", "data", "out", "tmp"):
+        for name in ("home", "out", "tmp"):
             os.mkdir(os.path.join(self.folder, name))
 
     def __enter__(self):

@@ -61,9 +61,9 @@ Track load(const std::string& pipeline, GstClockTime begin)
         }
         GstBuffer* unit = gst_buffer_copy(gst_sample_get_buffer(sample));
         const GstSegment* segment = gst_sample_get_segment(sample);
-        // Where the clip's edit list puts it: a decoder's first B-frame delay does not move the picture.
+        // Where the clip's edit list puts it: the delay of reordered pictures does not move the first one.
         const auto shift = [&](GstClockTime time) {
-            return GST_CLOCK_TIME_IS_VALID(time) ? begin + time - std::min(time, segment->start) : time;
+            return GST_CLOCK_TIME_IS_VALID(time) ? begin + time - segment->start : time;
         };
         GST_BUFFER_PTS(unit) = shift(GST_BUFFER_PTS(unit));
         GST_BUFFER_DTS(unit) = shift(GST_BUFFER_DTS(unit));
@@ -105,11 +105,10 @@ gboolean onSeekData(GstAppSrc*, guint64 position, gpointer data)
     auto* feeder = static_cast<Feeder*>(data);
     const auto& units = feeder->track->units;
     feeder->next = 0;
-    for (std::size_t index = 0; index < units.size(); ++index) {
-        const bool isKey = !GST_BUFFER_FLAG_IS_SET(units[index], GST_BUFFER_FLAG_DELTA_UNIT);
-        if (isKey && GST_BUFFER_PTS(units[index]) <= position) {
-            feeder->next = index;
-        }
+    // The first key frame from there on: rtponviftimestamp has no time for what lies before the span.
+    while (feeder->next < units.size() && (GST_BUFFER_FLAG_IS_SET(units[feeder->next], GST_BUFFER_FLAG_DELTA_UNIT) ||
+                                           GST_BUFFER_PTS(units[feeder->next]) < position)) {
+        ++feeder->next;
     }
     return TRUE;
 }
@@ -117,9 +116,12 @@ gboolean onSeekData(GstAppSrc*, guint64 position, gpointer data)
 void connectSource(GstElement* pipeline, const char* name, const Track& track)
 {
     GstElement* source = gst_bin_get_by_name(GST_BIN(pipeline), name);
-    const GstBuffer* last = track.units.back();
+    GstClockTime end = 0;
+    for (const GstBuffer* unit : track.units) {
+        end = std::max(end, GST_BUFFER_PTS(unit) + GST_BUFFER_DURATION(unit));
+    }
     g_object_set(source, "caps", track.caps, "format", GST_FORMAT_TIME, "stream-type", GST_APP_STREAM_TYPE_SEEKABLE,
-                 "duration", GST_BUFFER_PTS(last) + GST_BUFFER_DURATION(last), nullptr);
+                 "duration", end, nullptr);
     auto* feeder = new Feeder{&track, 0};
     GstAppSrcCallbacks callbacks{};
     callbacks.need_data = onNeedData;
@@ -196,21 +198,18 @@ int main(int count, char** arguments)
     gst_init(nullptr, nullptr);
 
     const std::string demux = "filesrc location=" + clip + " ! qtdemux name=d ";
-    tracks().push_back(load(demux +
-                                "d.video_0 ! queue ! h264parse ! video/x-h264,stream-format=byte-stream,alignment=au ! "
-                                "appsink name=out sync=false max-buffers=0",
-                            begin));
+    // No parser on the way: it would make times of its own for reordered pictures.
+    const std::string sink = "appsink name=out sync=false max-buffers=0";
+    tracks().push_back(load(demux + "d.video_0 ! queue ! video/x-h264 ! " + sink, begin));
     if (tracks()[0].units.empty()) {
         fail("the clip has no H.264 track");
     }
-    Track audio = load(
-        demux + "d.audio_0 ! queue ! aacparse ! audio/mpeg,stream-format=raw ! appsink name=out sync=false", begin);
-    std::string launch = "( appsrc name=video ! h264parse ! rtph264pay config-interval=-1 pt=96 ! rtponviftimestamp "
-                         "ntp-offset=0 drop-out-of-segment=false name=pay0 ";
+    const Track audio = load(demux + "d.audio_0 ! queue ! " + sink, begin);
+    std::string launch = "( appsrc name=video ! rtph264pay config-interval=-1 pt=96 ! rtponviftimestamp "
+                         "ntp-offset=0 name=pay0 ";
     if (!audio.units.empty()) {
         tracks().push_back(audio);
-        launch += "appsrc name=audio ! aacparse ! rtpmp4gpay pt=97 ! rtponviftimestamp ntp-offset=0 "
-                  "drop-out-of-segment=false name=pay1 ";
+        launch += "appsrc name=audio ! rtpmp4gpay pt=97 ! rtponviftimestamp ntp-offset=0 name=pay1 ";
     }
     launch += ")";
 
