@@ -105,6 +105,27 @@ TEST_F(Replay, dropsWhatComesTwiceAfterAResume)
     }
 }
 
+TEST_F(Replay, putsMixedUpPacketsInOrderAndWaitsForLostOnesInBounds)
+{
+    const auto at = [this](int number) { sequence() = static_cast<std::uint16_t>(65'530 + number); };
+    for (const int number : {0, 2, 1, 3, 7, 6, 5, 4, 4, 8}) {
+        at(number);
+        picture(number, number == 0, baseNs + number * frameNs);
+    }
+    ASSERT_EQ(frames().size(), 9u);
+    for (std::size_t i = 0; i < 9; ++i) {
+        EXPECT_EQ(frames()[i].header.timeNs, baseNs + static_cast<std::int64_t>(i) * frameNs);
+        EXPECT_EQ(frames()[i].header.flags & vav::LossBefore, 0) << i;
+    }
+    for (int number = 10; number < 60; ++number) {
+        at(number);
+        picture(number, false, baseNs + number * frameNs);
+    }
+    ASSERT_EQ(frames().size(), 59u);
+    EXPECT_EQ(frames()[9].header.lostBefore, 1u);
+    EXPECT_EQ(receiver.lostPackets(), 1u);
+}
+
 TEST_F(Replay, keepsSoundInStepWithoutTimesOfItsOwn)
 {
     addTrack(audioMedia("PCMA", 8'000));

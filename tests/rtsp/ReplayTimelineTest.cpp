@@ -85,6 +85,16 @@ TEST(ReplayTimeline, fallsBackInOrder)
         EXPECT_EQ(timeline.packetTime(packet(7'200), 0), baseNs + 40'000'000);
     }
     {
+        SCOPED_TRACE("a wall clock near the recording's, while a minute comes in a second");
+        ReplayTimeline timeline(90'000);
+        timeline.setRangeBegin(baseNs, believable);
+        timeline.packetTime(packet(0), 0);
+        for (int second = 0; second < 8; ++second)
+            timeline.senderReport(rtptest::ntpOf(baseNs + second * 1'000'000'000LL),
+                                  static_cast<std::uint32_t>(second) * 60 * 90'000);
+        EXPECT_EQ(timeline.packetTime(packet(8 * 60 * 90'000), 0), baseNs + 8 * minuteNs);
+    }
+    {
         SCOPED_TRACE("RTP-Info");
         ReplayTimeline timeline(90'000);
         timeline.setRangeBegin(baseNs, believable);

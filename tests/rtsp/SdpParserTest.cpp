@@ -56,6 +56,21 @@ TEST(SdpParser, findsVideoAndAudioAmongOtherMedia)
     EXPECT_EQ(chooseMedia(session, "rtsp://h/s", false, refused).size(), 1u);
 }
 
+TEST(SdpParser, leavesBackChannelsAloneUnlessAllMediaLookLikeOne)
+{
+    const QByteArray video = "m=video 0 RTP/AVP 96\r\na=rtpmap:96 H264/90000\r\n";
+    const QByteArray audio = "m=audio 0 RTP/AVP 0\r\n";
+    const QByteArray sendOnly = "a=sendonly\r\n";
+    const auto count = [](const QByteArray& media) {
+        SdpSession session;
+        parseSdp("v=0\r\n" + media, session);
+        QByteArray refused;
+        return chooseMedia(session, "rtsp://h/s", true, refused).size();
+    };
+    EXPECT_EQ(count(video + audio + sendOnly), 1u);
+    EXPECT_EQ(count(video + sendOnly + audio + sendOnly), 2u);
+}
+
 TEST(SdpParser, judgesWhatCanBeReceived)
 {
     const struct

@@ -212,6 +212,7 @@ TEST_F(H264, dropsDamagedUnitsAndTellsHowMany)
         row.broken();
         picture(2, false);
         picture(3, false);
+        receiver.giveUpWaiting();
         receiver.flush();
         ASSERT_EQ(log.frames.size(), 3u);
         EXPECT_TRUE(log.frames[1].header.flags & vav::LossBefore);

@@ -107,7 +107,7 @@ bool makeMediaFormat(const SdpMedia& media, MediaFormat& format, QByteArray& rea
 {
     format = MediaFormat();
     reason = media.encoding.isEmpty() ? media.type : media.encoding;
-    if (media.payloadType < 0 || media.clockRate < minClockRate || media.towardsServer)
+    if (media.payloadType < 0 || media.clockRate < minClockRate)
         return false;
     format.track.clockRate = media.clockRate;
     if (media.type == "video") {

@@ -1,5 +1,6 @@
 #include "MediaReceiver.h"
 
+#include "ReorderQueue.h"
 #include "RtcpParser.h"
 
 #include <algorithm>
@@ -22,6 +23,8 @@ struct MediaReceiver::Track
     std::uint8_t channel = 0;
     bool bye = false;
     SequenceTracker sequence;
+    ReorderQueue early;
+    std::uint64_t reordered = 0;
     ReplayTimeline timeline;
     TrackOutput output;
     std::unique_ptr<Depacketizer> depacketizer;
@@ -63,6 +66,7 @@ void MediaReceiver::resumed(bool fromLastTime)
 {
     for (const auto& track : m_tracks) {
         track->sequence.reset();
+        track->early.clear();
         track->bye = false;
         track->output.resumed(fromLastTime);
         if (fromLastTime) {
@@ -91,6 +95,18 @@ MediaLimit MediaReceiver::rtp(Track& track, const std::uint8_t* data, std::size_
     if (!parseRtpPacket(data, bytes, packet) || packet.payloadType != track.payloadType)
         return MediaLimit::None;
     ++m_packets;
+    if (track.sequence.isAhead(packet.sequence, packet.ssrc)) {
+        track.early.add(packet.sequence, data, bytes);
+        return track.early.isFull() ? takeQueued(track, false) : MediaLimit::None;
+    }
+    const MediaLimit limit = takeOrdered(track, packet);
+    if (track.early.isEmpty() || limit != MediaLimit::None)
+        return limit;
+    return takeQueued(track, true);
+}
+
+MediaLimit MediaReceiver::takeOrdered(Track& track, const RtpPacket& packet)
+{
     bool loss = false;
     switch (track.sequence.update(packet.sequence, packet.ssrc)) {
     case SequenceTracker::Verdict::InOrder:
@@ -99,6 +115,7 @@ MediaLimit MediaReceiver::rtp(Track& track, const std::uint8_t* data, std::size_
         loss = true;
         break;
     case SequenceTracker::Verdict::Restart:
+        track.early.clear();
         track.depacketizer->interrupt();
         break;
     case SequenceTracker::Verdict::Drop:
@@ -108,6 +125,36 @@ MediaLimit MediaReceiver::rtp(Track& track, const std::uint8_t* data, std::size_
     const MediaLimit limit = track.depacketizer->push({packet, timeNs, loss});
     m_newestNs = std::max(m_newestNs, track.output.lastTimeNs());
     return limit;
+}
+
+/// Takes what is next in order; without waiting for the missing ones, all that there is.
+MediaLimit MediaReceiver::takeQueued(Track& track, bool waitForMissing)
+{
+    MediaLimit limit = MediaLimit::None;
+    std::vector<std::uint8_t> bytes;
+    while (!track.early.isEmpty() && limit == MediaLimit::None) {
+        const std::uint16_t highest = track.sequence.highest();
+        if (track.early.take(static_cast<std::uint16_t>(highest + 1), bytes))
+            ++track.reordered;
+        else if (waitForMissing)
+            break;
+        else
+            bytes = track.early.takeFirstAfter(highest);
+        RtpPacket packet;
+        if (parseRtpPacket(bytes.data(), bytes.size(), packet))
+            limit = takeOrdered(track, packet);
+    }
+    return limit;
+}
+
+MediaLimit MediaReceiver::giveUpWaiting()
+{
+    for (const auto& track : m_tracks) {
+        const MediaLimit limit = takeQueued(*track, false);
+        if (limit != MediaLimit::None)
+            return limit;
+    }
+    return MediaLimit::None;
 }
 
 void MediaReceiver::rtcp(Track& track, const std::uint8_t* data, std::size_t bytes)
@@ -121,6 +168,7 @@ void MediaReceiver::rtcp(Track& track, const std::uint8_t* data, std::size_t byt
 
 void MediaReceiver::finish()
 {
+    giveUpWaiting();
     for (const auto& track : m_tracks)
         track->depacketizer->finish();
     m_description.settle();
@@ -148,6 +196,14 @@ std::uint64_t MediaReceiver::lostPackets() const
     std::uint64_t count = 0;
     for (const auto& track : m_tracks)
         count += track->sequence.lost();
+    return count;
+}
+
+std::uint64_t MediaReceiver::reorderedPackets() const
+{
+    std::uint64_t count = 0;
+    for (const auto& track : m_tracks)
+        count += track->reordered + track->sequence.reordered();
     return count;
 }
 

@@ -35,6 +35,8 @@ public:
     void resumed(bool fromLastTime);
 
     MediaLimit packet(std::uint8_t channel, const std::uint8_t* data, std::size_t bytes);
+    /// Packets that came too early wait no longer for those that are missing.
+    MediaLimit giveUpWaiting();
     /// Emits what is complete.
     void flush() { m_batcher.flush(); }
     bool hasFrames() const { return m_batcher.hasFrames(); }
@@ -45,6 +47,7 @@ public:
     std::uint64_t packets() const { return m_packets; }
     std::uint64_t lostUnits() const;
     std::uint64_t lostPackets() const;
+    std::uint64_t reorderedPackets() const;
     /// Presentation time of the newest frame of the leading track (video when there is one), 0 before it.
     std::int64_t lastTimeNs() const;
     /// Usual distance of its frames.
@@ -62,6 +65,8 @@ private:
     Track* lead() const;
     static bool reached(const Track& track, std::int64_t endNs);
     MediaLimit rtp(Track& track, const std::uint8_t* data, std::size_t bytes);
+    MediaLimit takeOrdered(Track& track, const RtpPacket& packet);
+    MediaLimit takeQueued(Track& track, bool waitForMissing);
     void rtcp(Track& track, const std::uint8_t* data, std::size_t bytes);
 
     StreamBatcher m_batcher;

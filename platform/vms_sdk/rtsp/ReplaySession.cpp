@@ -317,6 +317,13 @@ void ReplaySession::tick()
     const quint64 packets = m_receiver->packets();
     const qint64 bytes = m_connection->bytesReceived();
     const bool nothingCanCome = !mayRead() || m_phase == Phase::Paused;
+    if (packets == m_seenPackets && !nothingCanCome) {
+        const MediaLimit limit = m_receiver->giveUpWaiting();
+        if (limit != MediaLimit::None)
+            mediaLimitPassed(limit);
+        if (m_phase == Phase::Ended)
+            return;
+    }
     if (packets != m_seenPackets || nothingCanCome) {
         m_sinceProgress.restart();
         m_sincePacket.restart();

@@ -8,6 +8,9 @@ namespace {
 
 /// A sender report that moves the timeline by more than this can only be another clock.
 constexpr std::int64_t maxReportCorrectionNs = 10'000'000'000;
+/// Clocks drift by less than a hundredth. Reports that go slower or faster than RTP time are a server's wall clock,
+/// while it sends the recording at a pace of its own.
+constexpr std::int64_t maxDriftShare = 100;
 /// A mapping that is farther off the range that PLAY answered is of the time before the pause.
 constexpr std::int64_t maxResumeErrorNs = 2'000'000'000;
 /// Keeps sums of hostile times inside 64 bits: anchors within 146 years of 1970, and ten years from an anchor at most.
@@ -45,7 +48,6 @@ void ReplayTimeline::restart(std::int64_t resumeNs)
     m_rangeBeginNs = resumeNs;
     m_hasRtpInfo = false;
     m_hasReport = false;
-    m_hasReportOffset = false;
     m_cached = false;
 }
 
@@ -66,23 +68,13 @@ void ReplayTimeline::senderReport(std::uint64_t ntpTime, std::uint32_t rtpTime)
     if (isFarFromAnchor(rtp))
         return;
     const std::int64_t offset = reportNs - predicted(rtp);
-    const bool mayCorrect = std::llabs(offset) <= maxReportCorrectionNs;
-    if (m_source == Source::SenderReport || (m_source == Source::FirstPacket && mayCorrect)) {
-        if (mayCorrect && std::llabs(offset) > maxDriftNs)
-            anchor(Source::SenderReport, rtp, reportNs);
-        else if (mayCorrect)
-            m_source = Source::SenderReport;
-        return;
+    if (m_source == Source::FirstPacket && std::llabs(offset) <= maxReportCorrectionNs) {
+        // The first report puts the tracks in step.
+        anchor(Source::SenderReport, rtp, reportNs);
+    } else if (m_source == Source::SenderReport && std::llabs(offset) > maxDriftNs &&
+               std::llabs(offset) <= std::llabs(reportNs - m_anchorNs) / maxDriftShare) {
+        anchor(Source::SenderReport, rtp, reportNs);
     }
-    // The report is on a clock of its own: only how it drifts against RTP time says anything.
-    if (!m_hasReportOffset) {
-        m_hasReportOffset = true;
-        m_reportOffsetNs = offset;
-        return;
-    }
-    const std::int64_t drift = offset - m_reportOffsetNs;
-    if (std::llabs(drift) > maxDriftNs && std::llabs(drift) <= maxReportCorrectionNs)
-        anchor(m_source, rtp, reportNs - m_reportOffsetNs);
 }
 
 std::int64_t ReplayTimeline::packetTime(const RtpPacket& packet, std::int64_t arrivalHintNs)

@@ -10,7 +10,7 @@ namespace vms_sdk::rtsp {
 /// Gives each packet of one track its time in the footage. Sources, best first:
 ///
 /// 1. the NTP time of the replay extension, on every packet, on the first of an access unit, or on the very first only;
-/// 2. an RTCP sender report that came before the first packet, or that says something believable later;
+/// 2. an RTCP sender report that is near enough to what was asked for to be on the recording's clock;
 /// 3. the `RTP-Info` of PLAY: its RTP time is the begin of the answered range;
 /// 4. the begin of the range, or the other track's time, for the first packet.
 ///
@@ -58,8 +58,6 @@ private:
     bool m_hasReport = false;
     std::uint64_t m_reportNtp = 0;
     std::uint32_t m_reportRtp = 0;
-    bool m_hasReportOffset = false;
-    std::int64_t m_reportOffsetNs = 0; ///< reports minus this timeline, as of the first report
 
     bool m_cached = false;
     std::uint32_t m_cachedTimestamp = 0;

@@ -101,7 +101,7 @@ bool readMediaAttribute(SdpMedia& media, const QByteArray& name, const QByteArra
     else if (name == "control")
         media.control = value;
     else if (name == "sendonly")
-        media.towardsServer = true;
+        media.isSendOnly = true;
     return true;
 }
 

@@ -19,7 +19,7 @@ struct SdpMedia
     int channels = 1;
     QHash<QByteArray, QByteArray> formatParameters; ///< a=fmtp, names in lower case
     QByteArray control;
-    bool towardsServer = false; ///< a=sendonly: a back channel, which the client would fill
+    bool isSendOnly = false; ///< a=sendonly
 
     /// A parameter that is a number, `missing` when it is not there or no number.
     int formatNumber(const char* name, int missing) const;

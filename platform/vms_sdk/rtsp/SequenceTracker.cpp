@@ -50,6 +50,12 @@ SequenceTracker::Verdict SequenceTracker::update(std::uint16_t sequence, std::ui
     return Verdict::Restart;
 }
 
+bool SequenceTracker::isAhead(std::uint16_t sequence, std::uint32_t ssrc) const
+{
+    const auto ahead = static_cast<std::uint16_t>(sequence - m_highest);
+    return m_started && ssrc == m_ssrc && ahead > 1 && ahead < maxDropout;
+}
+
 void SequenceTracker::start(std::uint16_t sequence, std::uint32_t ssrc)
 {
     m_started = true;

@@ -13,10 +13,13 @@ public:
         InOrder,
         Lost,    ///< packets are missing right before this one
         Restart, ///< another source, or a jump too far to be a loss
-        Drop,    ///< a duplicate, or a packet that comes after its successors
+        Drop,    ///< a duplicate, or a packet that comes when its successors were counted already
     };
 
     Verdict update(std::uint16_t sequence, std::uint32_t ssrc);
+    /// Others should have come before this packet.
+    bool isAhead(std::uint16_t sequence, std::uint32_t ssrc) const;
+    std::uint16_t highest() const { return m_highest; }
     /// The next packet starts a new count, as after PLAY.
     void reset() { m_started = false; }
 
