@@ -9,21 +9,24 @@ import media
 import systemlab
 from systemlab import Client, Recorder, Test
 
+PASSWORD = "gehe/im%2B+7"
+
 
 class OtherClients(Test):
     @classmethod
     def setUpClass(cls):
-        cls.recorder = Recorder("--channels", "2")
+        # gst-launch cannot take every character in a property.
+        cls.recorder = Recorder("--channels", "2", password=PASSWORD)
         cls.addClassCleanup(cls.recorder.stop)
         cls.addresses = {}
         with Client() as client:
             for channel in (1, 2):
                 run = client.search(cls.recorder.addresses["onvif"], channel, systemlab.FIRST_DAY,
-                                    systemlab.FIRST_DAY + datetime.timedelta(days=1), "--json")
+                                    systemlab.FIRST_DAY + datetime.timedelta(days=1), "--json", password=PASSWORD)
                 cls.addresses[channel] = run.lines[0]["replayUri"]
 
     def with_login(self, channel):
-        user, password = (urllib.parse.quote(text, safe="") for text in (systemlab.USER, systemlab.PASSWORD))
+        user, password = (urllib.parse.quote(text, safe="") for text in (systemlab.USER, PASSWORD))
         return self.addresses[channel].replace("rtsp://", f"rtsp://{user}:{password}@", 1)
 
     def test_ffprobe_tells_the_codecs(self):
@@ -50,7 +53,7 @@ class OtherClients(Test):
                 chains = [f"s. ! {chain} ! identity eos-after=100 ! filesink location={output}"
                           for chain, output in zip((video, audio), outputs)]
                 done = media.run(["gst-launch-1.0", "-q", "rtspsrc", "name=s", f"location={self.addresses[channel]}", "protocols=tcp",
-                                  "latency=0", f"user-id={systemlab.USER}", f"user-pw={systemlab.PASSWORD}",
+                                  "latency=0", f"user-id={systemlab.USER}", f"user-pw={PASSWORD}",
                                   *" ".join(chains).split()], timeout=60)
                 for output in outputs:
                     self.assertTrue(os.path.exists(output) and os.path.getsize(output) > 5000,
