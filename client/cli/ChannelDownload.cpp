@@ -53,7 +53,7 @@ void ChannelDownload::start(const QString& path)
 
 bool ChannelDownload::isCompared() const
 {
-    return m_search.isFinished() && !m_search.error();
+    return !m_session.isDirect() && m_search.isFinished() && !m_search.error();
 }
 
 void ChannelDownload::poll()

@@ -45,6 +45,11 @@ bool RecorderSession::hasChannel(int channelNo) const
                        [channelNo](const vms_sdk::ChannelInfo& channel) { return channel.channelNo == channelNo; });
 }
 
+bool RecorderSession::isDirect() const
+{
+    return m_device.address.scheme().startsWith(QLatin1String("rtsp"));
+}
+
 QString RecorderSession::addressText() const
 {
     return Failures::addressText(m_device.address);
@@ -62,7 +67,7 @@ Place RecorderSession::place(int channelNo) const
 
 void RecorderSession::finishLogin(const QString& devId, const vms_sdk::Error& error)
 {
-    if (devId != m_devId || m_open)
+    if (devId != m_devId || m_open || m_failure)
         return;
     if (error) {
         fail(Failures::of(error, place()));
@@ -72,9 +77,10 @@ void RecorderSession::finishLogin(const QString& devId, const vms_sdk::Error& er
     emit signalOpened();
 }
 
+/// Also of an open session: a stream may meet another certificate than the login did.
 void RecorderSession::fail(const Outcome& outcome)
 {
-    if (m_open || m_failure)
+    if (m_failure)
         return;
     m_failure = outcome;
     emit signalFailed();

@@ -13,7 +13,7 @@
 namespace vemo_client {
 
 /// The recorder that a command line names, as a device of the client for this run only. GUI thread. open() logs in;
-/// signalOpened or signalFailed follows once.
+/// signalOpened or signalFailed follows, each once at most: a session that was opened may still fail.
 class RecorderSession final : public QObject
 {
     Q_OBJECT
@@ -30,6 +30,8 @@ public:
     Outcome failure() const { return m_failure.value_or(Outcome()); }
     /// Known once it is open.
     vms_sdk::DevInfo info() const;
+    /// A replay address without services beside it: it has no list of recordings.
+    bool isDirect() const;
     bool hasChannel(int channelNo) const;
     QString addressText() const;
     Place place() const;
