@@ -15,7 +15,7 @@ namespace vaws {
 
 /// Reads a span out of local recording files, packets as they are, on a thread of its own, and gives them to a target
 /// in order. A file that is missing or broken is left out and told. Life: start() once, then the target's sourceEnded()
-/// once, unless stop() comes before; the destructor joins.
+/// once, unless requestStop() comes before; the destructor stops and joins.
 class LocalCutter final
 {
 public:
