@@ -87,20 +87,20 @@ TEST_F(Replay, waitsForEveryTrackToEnd)
 TEST_F(Replay, dropsWhatComesTwiceAfterAResume)
 {
     const int order[] = {0, 4, 2, 1, 3, 8, 6, 5, 7};
-    const auto play = [&](std::size_t from, std::size_t to) {
+    const auto play = [&](std::size_t from, std::size_t to, std::int64_t shiftNs) {
         for (std::size_t i = from; i < to; ++i)
             send(h264Nal(order[i] == 0 ? 5 : 1, 20, static_cast<std::uint8_t>(order[i])),
-                 static_cast<std::uint32_t>(order[i]) * frameTicks, true, baseNs + order[i] * frameNs,
+                 static_cast<std::uint32_t>(order[i]) * frameTicks, true, baseNs + shiftNs + order[i] * frameNs,
                  i == 0 ? Gap : 0);
     };
-    play(0, 7);
+    play(0, 7, 0);
     send(fragments(h264Nal(1, 4'000, 5), 1'000)[0], 5 * frameTicks, false, baseNs + 5 * frameNs);
     receiver.resumed(true);
     sequence() = 7;
-    play(0, 9); // from the key frame again
+    play(0, 9, 600'000); // from the key frame again, with times rounded otherwise
     ASSERT_EQ(frames().size(), 9u);
     for (std::size_t i = 0; i < 9; ++i) {
-        EXPECT_EQ(frames()[i].header.timeNs, baseNs + order[i] * frameNs) << i;
+        EXPECT_EQ(frames()[i].header.timeNs, baseNs + order[i] * frameNs + (i < 7 ? 0 : 600'000)) << i;
         EXPECT_EQ(frames()[i].header.flags, i == 0 ? vav::KeyFrame : 0) << i;
     }
 }

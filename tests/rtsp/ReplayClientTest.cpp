@@ -155,6 +155,9 @@ void ReplayClientTest::keepsFailuresApart_data()
     row("a body beyond the limit", sending("RTSP/1.0 200 OK\r\nCSeq: 1\r\nContent-Length: 200000\r\n\r\n"),
         ErrorKind::Corrupt, "131072");
     row("no RTSP", sending("SSH-2.0-OpenSSH_9.2\r\n"), ErrorKind::Corrupt);
+    Script deaf = sending(QByteArray("OPTIONS * RTSP/1.0\r\nCSeq: 1\r\n\r\n").repeated(600'000));
+    deaf.isDeaf = true;
+    row("asks without reading", deaf, ErrorKind::Corrupt, "262144");
     Script empty;
     empty.pictures = 0;
     empty.end = StreamEnd::Fin;

@@ -103,6 +103,10 @@ void ScriptedRecorder::answer(const RtspMessage& request)
 {
     if (request.method == m_script.silentOn)
         return;
+    if (m_script.isDeaf) {
+        m_socket->setReadBufferSize(1);
+        m_socket->disconnect(this);
+    }
     if (!m_script.rawAnswer.isEmpty()) {
         write(m_script.rawAnswer);
         auto* trickle = new QTimer(m_socket);

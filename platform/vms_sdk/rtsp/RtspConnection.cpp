@@ -12,6 +12,8 @@ namespace {
 constexpr int defaultPort = 554;
 constexpr int defaultTlsPort = 322;
 constexpr qint64 socketBufferBytes = 1024 * 1024;
+/// Requests and answers that the peer does not take.
+constexpr qint64 maxUnsentBytes = 256 * 1024;
 /// After this much one stream lets the others of its thread have their turn.
 constexpr qint64 maxBytesATurn = 4 * 1024 * 1024;
 
@@ -120,8 +122,23 @@ void RtspConnection::becomeReady()
 
 void RtspConnection::send(const QByteArray& bytes)
 {
-    if (m_stage == Stage::Ready)
-        m_socket->write(bytes);
+    if (m_stage != Stage::Ready)
+        return;
+    m_socket->write(bytes);
+    if (m_socket->bytesToWrite() <= maxUnsentBytes)
+        return;
+    // Not from within this call: the caller is not done.
+    m_stage = Stage::Overrun;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (m_stage == Stage::Overrun)
+                lose({ErrorKind::Corrupt,
+                      tr("%1 asks without reading the answers, beyond the limit of %2 bytes.")
+                          .arg(m_host, QString::number(maxUnsentBytes)),
+                      QString()});
+        },
+        Qt::QueuedConnection);
 }
 
 void RtspConnection::readMore()

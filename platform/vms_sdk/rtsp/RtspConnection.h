@@ -56,7 +56,7 @@ public:
     bool insidePacket() const { return m_reader.insidePacket(); }
 
 private:
-    enum class Stage : std::uint8_t { Idle, Connecting, Ready, Closed };
+    enum class Stage : std::uint8_t { Idle, Connecting, Ready, Overrun, Closed };
 
     void connectPlain();
     void connectTls(const TlsPolicy& tls);

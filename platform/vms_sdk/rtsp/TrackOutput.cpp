@@ -89,11 +89,12 @@ bool TrackOutput::skips(std::int64_t timeNs)
 {
     if (!m_skipping)
         return false;
-    if (timeNs > m_newestNs) {
+    const std::int64_t toleranceNs = m_intervalNs / 2;
+    if (timeNs > m_newestNs + toleranceNs) {
         m_skipping = false;
         return false;
     }
-    if (timeNs == m_lastDecodedNs)
+    if (std::llabs(timeNs - m_lastDecodedNs) <= toleranceNs)
         m_skipping = false;
     return true;
 }
