@@ -13,7 +13,7 @@
 namespace recorder_sim {
 namespace {
 
-constexpr int makeTimeoutMs = 120'000;
+constexpr int makeTimeoutMs = 600'000;
 const QString streamName = QStringLiteral("stream");
 const QString packetsName = QStringLiteral("packets.csv");
 
@@ -37,7 +37,7 @@ QString runProgram(const QString& program, const QStringList& arguments, QByteAr
     if (!process.waitForFinished(makeTimeoutMs)) {
         process.kill();
         process.waitForFinished();
-        return program + QStringLiteral(" took more than two minutes");
+        return program + QStringLiteral(" took more than ten minutes");
     }
     if (process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0)
         return program + QStringLiteral(" failed: ") +
@@ -233,8 +233,9 @@ bool ClipMaker::makeAudio(const AudioRecipe& recipe, const QString& folder)
     if (!temporary.isValid())
         return fail(QStringLiteral("cannot write to the folder ") + m_folder);
     // A rising tone with a little noise, so that no two units are alike.
-    const QString source = QStringLiteral("aevalsrc=exprs=0.3*sin(2*PI*(300+15*t)*t)+0.05*(random(0)-0.5):sample_rate=%1")
-                               .arg(recipe.sampleRate);
+    const QString source =
+        QStringLiteral("aevalsrc=exprs=0.3*sin(2*PI*(300+15*t)*t)+0.05*(random(0)-0.5):sample_rate=%1")
+            .arg(recipe.sampleRate);
     const QString failure = runProgram(
         QStringLiteral("ffmpeg"),
         QStringList{QStringLiteral("-nostdin"), QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-y"),
