@@ -15,7 +15,7 @@ class RunHeadless(Test):
     def test_two_channels_are_downloaded(self):
         with tempfile.TemporaryDirectory(prefix="vemo-run-") as folder:
             environment = dict(os.environ, VEMO_BUILD_DIR=systemlab.OPTIONS.build, VEMO_DOWNLOADS=os.path.join(folder, "downloads"),
-                               HOME=folder)
+                               HOME=folder, XDG_CACHE_HOME=os.environ.get("XDG_CACHE_HOME", os.path.expanduser("~/.cache")))
             environment.pop("DISPLAY", None)
             done = subprocess.run([os.path.join(ROOT, "run"), "--headless"], cwd=ROOT, env=environment, stdin=subprocess.DEVNULL,
                                   capture_output=True, text=True, timeout=280)
