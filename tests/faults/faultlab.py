@@ -23,6 +23,8 @@ FRAGMENT_FRAMES = 2 * GOP_FRAMES
 # AAC access units that the encoder's last flush may add or change, where the library encodes G.711 itself.
 ENCODER_TAIL = 3
 LEADING_AUDIO = 3
+# What arrived in the last second may be lost to a kill; half a second more is for a processor that others use.
+WINDOW_NS = 1_500_000_000
 
 CLIPS = {
     "h264_aac": ["-c:v", "libx264", "-preset", "veryfast", "-bf", "2", "-g", str(GOP_FRAMES), "-x264-params", "scenecut=0",
@@ -180,7 +182,7 @@ class Lab:
             problems.append(f"repair took {answer['ms']} ms")
         return answer["repaired"], problems
 
-    def judge_wreck(self, box, death_ns, outputs=None, window_ns=1_000_000_000, gstreamer=True):
+    def judge_wreck(self, box, death_ns, outputs=None, window_ns=WINDOW_NS, gstreamer=True):
         """N1 to N4, N6 and N7 for what a killed run left in `box`; `outputs` maps tasks to their files. A list of problems."""
         outputs = outputs or {"task1": box.out}
         problems, before = [], {}
