@@ -4,6 +4,23 @@
 #include <cstdio>
 
 namespace recorder_sim {
+namespace {
+
+/// The value of a fault that strikes so many seconds into the range, or each day at HH:MM:SS.
+std::optional<DayMoment> momentOf(const FaultPlan& faults, const char* name, int channel)
+{
+    const auto text = faults.value(name, channel);
+    if (!text)
+        return std::nullopt;
+    int hour = 0;
+    int minute = 0;
+    int second = 0;
+    if (std::sscanf(text->c_str(), "%2d:%2d:%2d", &hour, &minute, &second) == 3)
+        return DayMoment{true, (hour * 60 + minute) * 60 + second};
+    return DayMoment{false, faults.number(name, channel).value_or(0)};
+}
+
+} // namespace
 
 RecorderState::RecorderState(const Options& given)
     : options(given)
@@ -31,15 +48,8 @@ ReplayRange RecorderState::faultyRange(int channel, std::int64_t beginNs, std::i
     range.endNs = endNs;
     range.earlierGops = static_cast<int>(faults.number("earlier-key", channel).value_or(0));
     range.endsEarlierNs = faults.number("early-end", channel).value_or(0) * nsPerSecond;
-    if (const auto change = faults.value("parameter-set-change", channel)) {
-        int hour = 0;
-        int minute = 0;
-        int second = 0;
-        if (std::sscanf(change->c_str(), "%2d:%2d:%2d", &hour, &minute, &second) == 3)
-            range.changeAtSecondOfDay = (hour * 60 + minute) * 60 + second;
-        else
-            range.changeAfterNs = faults.number("parameter-set-change", channel).value_or(0) * nsPerSecond;
-    }
+    range.change = momentOf(faults, "parameter-set-change", channel);
+    range.gap = momentOf(faults, "extra-gap", channel);
     return range;
 }
 

@@ -117,7 +117,10 @@ bool Simulator::start()
         return false;
     if (offlineSeconds > 0)
         goOffline(offlineSeconds);
-    return true;
+    if (!options.discovery)
+        return true;
+    m_discovery = std::make_unique<WsDiscovery>(m_state);
+    return m_discovery->start(m_error);
 }
 
 void Simulator::goOffline(int seconds)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "net/ConnectionServer.h"
+#include "onvif/WsDiscovery.h"
 #include "RecorderState.h"
 
 #include <QString>
@@ -38,6 +39,7 @@ private:
     std::unique_ptr<ConnectionServer> m_control;
     std::unique_ptr<ConnectionServer> m_onvifTls;
     std::unique_ptr<ConnectionServer> m_rtspTls;
+    std::unique_ptr<WsDiscovery> m_discovery;
 };
 
 } // namespace recorder_sim

@@ -38,7 +38,7 @@ constexpr KnownFault knownFaults[] = {
     {"drop-kind", Kind::Choice, " rst fin silence ", "how drop-after cuts (default rst)"},
     {"stall-after", Kind::Number, "", "send no more stream after that many bytes, answer requests still"},
     {"rate", Kind::Number, "", "bytes of stream per second at most"},
-    {"one-byte-a-second", Kind::Flag, "", "everything on RTSP connections comes a byte a second"},
+    {"one-byte-a-second", Kind::Flag, "", "everything on RTSP connections and every SOAP answer comes a byte a second"},
     {"torn-packet", Kind::Number, "", "the RTP packet of that number stops half way"},
     {"wrong-length", Kind::Number, "", "the interleaved length of the packet of that number is wrong"},
     {"rtp-trap", Kind::Number, "", "every so many packets one with lying padding, extension or CSRC count"},
@@ -54,6 +54,8 @@ constexpr KnownFault knownFaults[] = {
     {"end", Kind::Choice, " bye close silence ", "what follows the last packet of a range (default bye)"},
     {"parameter-set-change", Kind::NumberOrTime, "",
      "other parameter sets so many seconds into the range, or each day from HH:MM:SS on"},
+    {"extra-gap", Kind::NumberOrTime, "",
+     "10 s are missing so many seconds into the range, or each day from HH:MM:SS on"},
     {"early-end", Kind::Number, "", "the replay ends so many seconds before the asked end"},
     {"earlier-key", Kind::Number, "", "the replay begins so many key frames earlier"},
     {"offline", Kind::Number, "", "for so many seconds connections are cut and refused (ONVIF and RTSP)"},
@@ -183,11 +185,17 @@ std::vector<Fault> FaultPlan::all() const
 
 const Fault* FaultPlan::find(const std::string& name, int channel) const
 {
+    const Fault* found = nullptr;
     for (const Fault& fault : m_faults) {
-        if (fault.name == name && (fault.channel == 0 || fault.channel == channel))
+        if (fault.name != name)
+            continue;
+        // One for this channel goes before one for all.
+        if (fault.channel == channel && channel != 0)
             return &fault;
+        if (fault.channel == 0)
+            found = &fault;
     }
-    return nullptr;
+    return found;
 }
 
 std::optional<std::string> FaultPlan::value(const std::string& name, int channel) const

@@ -37,42 +37,79 @@ ReplayRun makeRun(const std::shared_ptr<const MediaLoop>& loop, std::int64_t ori
     return run;
 }
 
-/// Where in [begin, end) the loop is switched: pieces of one loop each, cut at GOPs of the segment.
+/// A part of a segment that comes from one loop without interruption, cut at GOPs of the segment.
 struct Piece
 {
     TimeSpan span;
+    std::int64_t originNs = 0;
     bool changed = false;
+    bool followsGap = false;
+    bool endsAtGap = false;
 };
 
-std::vector<Piece> piecesOf(const TimeSpan& segment, const ReplayRange& range, const QTimeZone& zone)
+/// The spans that begin at a moment, on each day of the segment where it is one of the day, and last `durationNs`, or
+/// without one to the end of the day or segment; cut to the segment and its GOPs.
+std::vector<TimeSpan> spansFrom(const std::optional<DayMoment>& moment, const ReplayRange& range,
+                                const TimeSpan& segment, const QTimeZone& zone, std::optional<std::int64_t> durationNs)
 {
-    std::vector<TimeSpan> changed;
-    if (range.changeAfterNs) {
-        changed.push_back({range.beginNs + *range.changeAfterNs, segment.endNs});
-    } else if (range.changeAtSecondOfDay) {
+    std::vector<TimeSpan> spans;
+    if (moment && !moment->ofDay) {
+        const std::int64_t begin = range.beginNs + moment->seconds * nsPerSecond;
+        spans.push_back({begin, durationNs ? begin + *durationNs : segment.endNs});
+    } else if (moment) {
         QDate day = QDateTime::fromMSecsSinceEpoch(segment.beginNs / 1'000'000, zone).date();
         const QDate last = QDateTime::fromMSecsSinceEpoch(segment.endNs / 1'000'000, zone).date();
         for (; day <= last; day = day.addDays(1)) {
-            const QDateTime begin(day, QTime(0, 0).addSecs(*range.changeAtSecondOfDay), zone);
-            const QDateTime end(day.addDays(1), QTime(0, 0), zone);
-            changed.push_back({begin.toMSecsSinceEpoch() * 1'000'000, end.toMSecsSinceEpoch() * 1'000'000});
+            const QDateTime time(day, QTime(0, 0).addSecs(static_cast<int>(moment->seconds)), zone);
+            const QDateTime midnight(day.addDays(1), QTime(0, 0), zone);
+            const std::int64_t begin = time.toMSecsSinceEpoch() * 1'000'000;
+            spans.push_back({begin, durationNs ? begin + *durationNs : midnight.toMSecsSinceEpoch() * 1'000'000});
         }
     }
-    std::vector<Piece> pieces;
+    std::vector<TimeSpan> cut;
+    for (const TimeSpan& span : spans) {
+        const auto toGop = [&](std::int64_t ns) { return ns - (ns - segment.beginNs) % gopNs; };
+        const TimeSpan part{toGop(std::max(span.beginNs, segment.beginNs)),
+                            std::min(toGop(std::max(span.endNs, segment.beginNs)), segment.endNs)};
+        if (part.beginNs < part.endNs)
+            cut.push_back(part);
+    }
+    return cut;
+}
+
+std::vector<Piece> piecesOf(const TimeSpan& segment, const ReplayRange& range, const QTimeZone& zone)
+{
+    constexpr std::int64_t gapNs = 10 * nsPerSecond;
+    std::vector<Piece> whole;
     std::int64_t at = segment.beginNs;
-    for (TimeSpan part : changed) {
-        part.beginNs = std::max(part.beginNs, segment.beginNs);
-        part.beginNs -= (part.beginNs - segment.beginNs) % gopNs;
-        part.endNs = std::min(part.endNs, segment.endNs);
-        if (part.beginNs >= part.endNs)
-            continue;
+    for (const TimeSpan& part : spansFrom(range.change, range, segment, zone, std::nullopt)) {
         if (at < part.beginNs)
-            pieces.push_back({{at, part.beginNs}, false});
-        pieces.push_back({part, true});
+            whole.push_back({{at, part.beginNs}, segment.beginNs});
+        whole.push_back({part, part.beginNs, true});
         at = part.endNs;
     }
     if (at < segment.endNs)
-        pieces.push_back({{at, segment.endNs}, false});
+        whole.push_back({{at, segment.endNs}, segment.beginNs});
+    whole.front().followsGap = true;
+    whole.back().endsAtGap = true;
+
+    std::vector<Piece> pieces;
+    const std::vector<TimeSpan> gaps = spansFrom(range.gap, range, segment, zone, gapNs);
+    for (Piece piece : whole) {
+        for (const TimeSpan& gap : gaps) {
+            if (gap.endNs <= piece.span.beginNs || gap.beginNs >= piece.span.endNs)
+                continue;
+            if (piece.span.beginNs < gap.beginNs) {
+                pieces.push_back(piece);
+                pieces.back().span.endNs = gap.beginNs;
+                pieces.back().endsAtGap = true;
+            }
+            piece.span.beginNs = gap.endNs;
+            piece.followsGap = true;
+        }
+        if (piece.span.beginNs < piece.span.endNs)
+            pieces.push_back(piece);
+    }
     return pieces;
 }
 
@@ -88,19 +125,17 @@ ReplaySchedule ChannelFootage::schedule(const ReplayRange& range) const
         std::int64_t begin = std::max(segment.beginNs, range.beginNs);
         if (runs.empty())
             begin = std::max(segment.beginNs, begin - range.earlierGops * gopNs);
-        const std::size_t firstOfSegment = runs.size();
         for (const Piece& piece : piecesOf(segment, range, zone)) {
             if (piece.span.endNs <= begin || piece.span.beginNs >= end)
                 continue;
-            const std::int64_t origin = piece.changed ? piece.span.beginNs : segment.beginNs;
-            ReplayRun run = makeRun(piece.changed ? changedLoop : loop, origin, std::max(begin, piece.span.beginNs),
-                                    std::min(end, piece.span.endNs));
-            run.endsAtGap = std::min(end, piece.span.endNs) == segment.endNs;
+            const std::int64_t runEnd = std::min(end, piece.span.endNs);
+            ReplayRun run = makeRun(piece.changed ? changedLoop : loop, piece.originNs,
+                                    std::max(begin, piece.span.beginNs), runEnd);
+            run.followsGap = piece.followsGap && !runs.empty();
+            run.endsAtGap = piece.endsAtGap && runEnd == piece.span.endNs;
             if (run.firstPosition < run.endPosition)
                 runs.push_back(std::move(run));
         }
-        if (firstOfSegment > 0 && runs.size() > firstOfSegment)
-            runs[firstOfSegment].followsGap = true;
     }
     return runs;
 }

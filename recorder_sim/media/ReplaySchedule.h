@@ -34,6 +34,13 @@ struct ReplayRun
 /// What a replay plays: runs in order.
 using ReplaySchedule = std::vector<ReplayRun>;
 
+/// A moment by the begin of a range, or one of each day by local time.
+struct DayMoment
+{
+    bool ofDay = false;
+    std::int64_t seconds = 0;
+};
+
 /// Asked for and bent by faults. Times are UTC nanoseconds.
 struct ReplayRange
 {
@@ -41,10 +48,10 @@ struct ReplayRange
 
     std::int64_t beginNs = 0;
     std::int64_t endNs = open;
-    int earlierGops = 0;                       ///< begin so many key frames earlier, as far as the segment reaches
-    std::int64_t endsEarlierNs = 0;            ///< end so much before the asked end
-    std::optional<std::int64_t> changeAfterNs; ///< from so far behind beginNs on, the other parameter sets
-    std::optional<int> changeAtSecondOfDay;    ///< local time from which on, each day, the other parameter sets
+    int earlierGops = 0;             ///< begin so many key frames earlier, as far as the segment reaches
+    std::int64_t endsEarlierNs = 0;  ///< end so much before the asked end
+    std::optional<DayMoment> change; ///< from then on to the end of the segment or day, the other parameter sets
+    std::optional<DayMoment> gap;    ///< from then on ten seconds are missing
 };
 
 /// A channel's footage: its loop, the loop with other parameter sets, and when it has recorded. What is sent for a

@@ -108,11 +108,16 @@ bool HttpConnection::send(const std::string& bytes, const std::atomic<bool>& sto
     return true;
 }
 
-bool HttpConnection::sendResponse(const HttpResponse& response, bool keepAlive, const std::atomic<bool>& stopping)
+void HttpConnection::pause(int ms, const std::atomic<bool>& stopping)
 {
-    const auto due = Clock::now() + std::chrono::milliseconds(response.delayMs);
+    const auto due = Clock::now() + std::chrono::milliseconds(ms);
     while (Clock::now() < due && !stopping)
         std::this_thread::sleep_for(std::min<Clock::duration>(due - Clock::now(), std::chrono::milliseconds(waitMs)));
+}
+
+bool HttpConnection::sendResponse(const HttpResponse& response, bool keepAlive, const std::atomic<bool>& stopping)
+{
+    pause(response.delayMs, stopping);
     if (response.writeRaw) {
         response.writeRaw([&](const std::string& part) { return send(part, stopping); });
         return false;
@@ -122,6 +127,15 @@ bool HttpConnection::sendResponse(const HttpResponse& response, bool keepAlive, 
     for (const auto& [name, value] : response.headers)
         head += name + ": " + value + "\r\n";
     head += keepAlive ? "Connection: keep-alive\r\n" : "Connection: close\r\n";
+    if (response.trickles) {
+        for (const char c :
+             head + "Content-Length: " + std::to_string(response.body.size()) + "\r\n\r\n" + response.body) {
+            if (!send(std::string(1, c), stopping))
+                return false;
+            pause(1000, stopping);
+        }
+        return true;
+    }
     if (!response.writeBody)
         return send(head + "Content-Length: " + std::to_string(response.body.size()) + "\r\n\r\n" + response.body,
                     stopping);

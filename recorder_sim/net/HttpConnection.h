@@ -22,7 +22,8 @@ struct HttpResponse
     std::string body;
     std::function<void(const Sink&)> writeBody; ///< instead of `body`: writes it in parts of any size
     std::function<void(const Sink&)> writeRaw;
-    int delayMs = 0; ///< before the answer goes out
+    int delayMs = 0;       ///< before the answer goes out
+    bool trickles = false; ///< a byte a second
 };
 
 /// Serves one HTTP/1.1 connection on the calling thread, requests one after the other; ends it after half a minute of
@@ -38,6 +39,7 @@ public:
 
 private:
     bool send(const std::string& bytes, const std::atomic<bool>& stopping);
+    void pause(int ms, const std::atomic<bool>& stopping);
     bool sendResponse(const HttpResponse& response, bool keepAlive, const std::atomic<bool>& stopping);
 
     ByteStreamPtr m_stream;

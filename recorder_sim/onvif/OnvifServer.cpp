@@ -51,6 +51,7 @@ HttpResponse OnvifServer::handle(const TextRequest& request, const ByteStream& s
     HttpResponse response = faulty ? *faulty : answer(request, stream);
     response.delayMs =
         static_cast<int>(std::clamp<std::int64_t>(m_recorder.faults.number("slow-soap").value_or(0), 0, maxDelayMs));
+    response.trickles = m_recorder.faults.isOn("one-byte-a-second");
     if (const auto headers = m_recorder.faults.number("many-headers")) {
         for (std::int64_t i = 0; i < std::min<std::int64_t>(*headers, 2'000'000); ++i)
             response.headers.emplace_back("X-" + std::to_string(i), "1");

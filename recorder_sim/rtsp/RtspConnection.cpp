@@ -50,7 +50,8 @@ void RtspConnection::run(const std::atomic<bool>& stopping)
 {
     while (m_open && !stopping) {
         if (m_silent) {
-            // To the peer it looks as if nobody were there; that the peer has gone is still seen, or its session would stay.
+            // To the peer it looks as if nobody were there; that the peer has gone is still seen, or its session would
+            // stay.
             m_stream->wait(ByteStream::Readable, idleWaitMs);
             if (m_stream->read(m_readBuffer.data(), m_readBuffer.size()).status == IoStatus::Closed)
                 m_open = false;

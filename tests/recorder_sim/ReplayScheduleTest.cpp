@@ -137,17 +137,15 @@ TEST_F(ReplayScheduleTest, faultsBendTheRange)
     const struct
     {
         const char* what;
-        std::optional<std::int64_t> after;
-        std::optional<int> secondOfDay;
-        std::int64_t changeNs;
+        DayMoment moment;
     } rows[] = {
-        {"so long after the begin", 31 * second, std::nullopt, at(8, 1, 30)},
-        {"at a time of the day", std::nullopt, 8 * 3600 + 90, at(8, 1, 30)},
+        {"so long after the begin", {false, 31}},
+        {"at a time of the day", {true, 8 * 3600 + 90}},
     };
+    const std::int64_t changeNs = at(8, 1, 30);
     for (const auto& row : rows) {
         bent = range(at(8, 1), at(8, 2));
-        bent.changeAfterNs = row.after;
-        bent.changeAtSecondOfDay = row.secondOfDay;
+        bent.change = row.moment;
         std::int64_t lastOld = 0;
         std::int64_t firstNew = 0;
         for (const Sent& item : sentOf(footage.schedule(bent))) {
@@ -161,7 +159,19 @@ TEST_F(ReplayScheduleTest, faultsBendTheRange)
                 firstNew = item.utcNs;
             }
         }
-        EXPECT_EQ(firstNew, row.changeNs) << row.what;
+        EXPECT_EQ(firstNew, changeNs) << row.what;
         EXPECT_EQ(firstNew - lastOld, 40'000'000) << row.what << ": no frame is lost by the change";
     }
+
+    bent = range(at(8, 1), at(8, 2));
+    bent.gap = DayMoment{true, 8 * 3600 + 70};
+    const ReplaySchedule broken = footage.schedule(bent);
+    ASSERT_EQ(broken.size(), 2u);
+    EXPECT_EQ(broken[0].endNs, at(8, 1, 10));
+    EXPECT_TRUE(broken[0].endsAtGap);
+    EXPECT_TRUE(broken[1].followsGap);
+    EXPECT_EQ(broken[1].utcNs(broken[1].firstPosition), at(8, 1, 20));
+    const ReplaySchedule unbroken = footage.schedule(range(at(8, 1, 20), at(8, 2)));
+    EXPECT_EQ(broken[1].firstPosition, unbroken[0].firstPosition)
+        << "behind the gap the footage is as it would be without";
 }
