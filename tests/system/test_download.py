@@ -135,6 +135,24 @@ class Download(Test):
                 self.assertEqual(os.stat(os.path.join(folder, name)).st_mode & 0o077, 0, f"others may read {name}")
                 self.assertNotIn("journal", name.rsplit(".", 1)[-1])
 
+    def test_changed_parameter_sets_begin_another_file(self):
+        with Recorder("--channels", "2", "--fault", "parameter-set-change=20") as recorder:
+            for channel in (1, 2):
+                with self.subTest(channel=channel):
+                    begin = systemlab.parse_time(self.longest(channel)["begin"]) + 10 * SECOND
+                    end = begin + 40 * SECOND
+                    run = self.client.download(recorder.addresses["onvif"], channel, begin, end,
+                                               os.path.join(self.client.out, f"{channel}.mp4"))
+                    self.check_run(self.client, run, systemlab.DONE)
+                    self.assertEqual(len(run.last["files"]), 2, run)
+                    pictures = []
+                    for path in run.last["files"]:
+                        self.check_file(path)
+                        pictures.append(media.samples(path)[0])
+                    sent = [md5 for _, md5 in recorder.samples(channel, begin, end)[0]]
+                    self.assertEqual(pictures[0] + pictures[1], sent[sent.index(pictures[0][0]):][:len(pictures[0]) + len(pictures[1])])
+                    self.assertAlmostEqual(len(pictures[0]) + len(pictures[1]), 1000, delta=1)
+
     def test_interrupting_keeps_a_playable_part(self):
         with Recorder("--channels", "1", "--speed", "8") as recorder:
             begin = systemlab.parse_time(self.longest(1)["begin"]) + 10 * SECOND
