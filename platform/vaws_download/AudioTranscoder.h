@@ -14,7 +14,7 @@ namespace vaws {
 /// packets come out in order with their presentation times, which go by the times pushed: silence fills where sound is
 /// missing, and what comes twice is left out. Functions are called by one thread at a time. The destructor drops what
 /// is not encoded yet.
-class AudioTranscoder final
+class AudioTranscoder
 {
 public:
     struct Packet
@@ -23,25 +23,21 @@ public:
         std::vector<std::uint8_t> bytes;
     };
 
-    /// nullptr, with a sentence in `error`, where the codec or its parameters are not supported.
+    /// Made by the codec library. nullptr, with a sentence in `error`, where that is missing or the codec or its
+    /// parameters are not supported.
     static std::unique_ptr<AudioTranscoder> create(const vav::TrackInfo& source, std::string& error);
     static bool handles(vav::Codec codec) { return codec == vav::Codec::PcmA || codec == vav::Codec::PcmU; }
-    ~AudioTranscoder();
+    virtual ~AudioTranscoder() = default;
 
     /// The AAC track that comes out.
-    const vav::TrackInfo& track() const;
+    virtual const vav::TrackInfo& track() const = 0;
     static constexpr std::uint32_t frameSamples = 1024;
 
-    void push(std::int64_t mediaNs, const std::uint8_t* data, std::size_t size);
-    bool take(Packet& packet);
+    virtual void push(std::int64_t mediaNs, const std::uint8_t* data, std::size_t size) = 0;
+    virtual bool take(Packet& packet) = 0;
     /// No sound follows: waits until all of it can be taken.
-    void drain();
-    std::size_t backlogBytes() const;
-
-private:
-    class Worker;
-    explicit AudioTranscoder(std::unique_ptr<Worker> worker);
-    std::unique_ptr<Worker> m_worker;
+    virtual void drain() = 0;
+    virtual std::size_t backlogBytes() const = 0;
 };
 
 } // namespace vaws

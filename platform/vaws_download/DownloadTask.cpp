@@ -70,7 +70,7 @@ DownloadTask::~DownloadTask()
 void DownloadTask::start()
 {
     if (m_settings.kind == TaskSettings::Kind::LocalCut && m_settings.problem.empty())
-        m_cutter = std::make_unique<LocalCutter>(m_settings.cut, static_cast<FrameTarget&>(*this));
+        m_cutter = LocalCutter::create(m_settings.cut, static_cast<FrameTarget&>(*this), m_settings.problem);
     m_events.emplace_back(VAWS_EVENT_WAITING, 0);
     m_thread = std::thread([this] { run(); });
 }

@@ -127,7 +127,7 @@ private:
     bool mayWrite() const;
     void leave(Lock& lock);
 
-    const TaskSettings m_settings;
+    TaskSettings m_settings; ///< as they are once start() has returned
     BufferPool& m_pool;
     const CallbackTable& m_callbacks;
     CallbackGate m_gate;

@@ -2,9 +2,7 @@
 
 #include "BoxWriter.h"
 
-extern "C" {
-#include <libavutil/crc.h>
-}
+#include <zlib.h>
 
 #include <algorithm>
 #include <cstring>
@@ -150,7 +148,7 @@ bool runsLieInside(const FragmentInfo& info)
 
 std::uint32_t checksum(const std::uint8_t* data, std::size_t size, std::uint32_t before)
 {
-    return ~av_crc(av_crc_get_table(AV_CRC_32_IEEE_LE), ~before, data, size);
+    return static_cast<std::uint32_t>(crc32_z(before, data, size));
 }
 
 std::uint64_t dataSignature(const std::uint8_t* data, std::size_t size, std::uint64_t before)

@@ -1,18 +1,10 @@
-#include "AudioTranscoder.h"
+#include "AacTranscoder.h"
 
 #include "ClockText.h"
 #include "GapTimeline.h"
 
-extern "C" {
-#include <libavcodec/avcodec.h>
-}
-
 #include <algorithm>
-#include <array>
-#include <condition_variable>
-#include <deque>
-#include <mutex>
-#include <thread>
+#include <utility>
 
 namespace vaws {
 namespace {
@@ -48,66 +40,9 @@ std::array<float, 256> expansionTable(vav::Codec codec)
     return table;
 }
 
-struct ContextDeleter
-{
-    void operator()(AVCodecContext* context) const { avcodec_free_context(&context); }
-    void operator()(AVFrame* frame) const { av_frame_free(&frame); }
-    void operator()(AVPacket* packet) const { av_packet_free(&packet); }
-};
-
 } // namespace
 
-class AudioTranscoder::Worker final
-{
-public:
-    bool open(const vav::TrackInfo& source, std::string& error);
-    ~Worker();
-
-    const vav::TrackInfo& track() const { return m_track; }
-    void push(std::int64_t mediaNs, const std::uint8_t* data, std::size_t size);
-    bool take(Packet& packet);
-    void drain();
-    std::size_t backlogBytes() const;
-
-private:
-    struct Chunk
-    {
-        std::int64_t mediaNs;
-        std::vector<std::uint8_t> bytes;
-    };
-    void run();
-    void encodeChunk(const Chunk& chunk);
-    void encodeFrame();
-    void completeWithSilence();
-    void receive();
-
-    vav::TrackInfo m_track;
-    std::array<float, 256> m_expansion{};
-
-    // The encoding thread's own.
-    std::unique_ptr<AVCodecContext, ContextDeleter> m_encoder;
-    std::unique_ptr<AVFrame, ContextDeleter> m_frame;
-    std::unique_ptr<AVPacket, ContextDeleter> m_packet;
-    std::vector<float> m_partial; ///< interleaved, less than one frame
-    std::int64_t m_position = 0;  ///< media time of the next sample in, ticks
-    bool m_started = false;
-    bool m_primed = false;
-    std::deque<std::int64_t> m_framePositions; ///< of the packets to come
-
-    // Guarded by m_mutex.
-    mutable std::mutex m_mutex;
-    std::condition_variable m_changed;
-    std::deque<Chunk> m_in;
-    std::deque<Packet> m_out;
-    std::size_t m_backlog = 0;
-    bool m_draining = false;
-    bool m_drained = false;
-    bool m_stop = false;
-
-    std::thread m_thread;
-};
-
-bool AudioTranscoder::Worker::open(const vav::TrackInfo& source, std::string& error)
+bool AacTranscoder::open(const vav::TrackInfo& source, std::string& error)
 {
     const int channels = std::max<int>(source.channels, 1);
     const AVCodec* codec = avcodec_find_encoder(AV_CODEC_ID_AAC);
@@ -148,7 +83,7 @@ bool AudioTranscoder::Worker::open(const vav::TrackInfo& source, std::string& er
     return true;
 }
 
-AudioTranscoder::Worker::~Worker()
+AacTranscoder::~AacTranscoder()
 {
     {
         const std::lock_guard lock(m_mutex);
@@ -159,7 +94,7 @@ AudioTranscoder::Worker::~Worker()
         m_thread.join();
 }
 
-void AudioTranscoder::Worker::push(std::int64_t mediaNs, const std::uint8_t* data, std::size_t size)
+void AacTranscoder::push(std::int64_t mediaNs, const std::uint8_t* data, std::size_t size)
 {
     {
         const std::lock_guard lock(m_mutex);
@@ -169,7 +104,7 @@ void AudioTranscoder::Worker::push(std::int64_t mediaNs, const std::uint8_t* dat
     m_changed.notify_all();
 }
 
-bool AudioTranscoder::Worker::take(Packet& packet)
+bool AacTranscoder::take(Packet& packet)
 {
     const std::lock_guard lock(m_mutex);
     if (m_out.empty())
@@ -179,7 +114,7 @@ bool AudioTranscoder::Worker::take(Packet& packet)
     return true;
 }
 
-void AudioTranscoder::Worker::drain()
+void AacTranscoder::drain()
 {
     std::unique_lock lock(m_mutex);
     m_draining = true;
@@ -187,13 +122,13 @@ void AudioTranscoder::Worker::drain()
     m_changed.wait(lock, [&] { return m_drained; });
 }
 
-std::size_t AudioTranscoder::Worker::backlogBytes() const
+std::size_t AacTranscoder::backlogBytes() const
 {
     const std::lock_guard lock(m_mutex);
     return m_backlog;
 }
 
-void AudioTranscoder::Worker::run()
+void AacTranscoder::run()
 {
     for (;;) {
         Chunk chunk;
@@ -221,7 +156,7 @@ void AudioTranscoder::Worker::run()
     }
 }
 
-void AudioTranscoder::Worker::encodeChunk(const Chunk& chunk)
+void AacTranscoder::encodeChunk(const Chunk& chunk)
 {
     const auto channels = static_cast<std::size_t>(m_track.channels);
     const std::int64_t tolerance = m_track.clockRate / 50; // 20 ms: less is jitter of the sender's clock
@@ -245,7 +180,7 @@ void AudioTranscoder::Worker::encodeChunk(const Chunk& chunk)
     }
 }
 
-void AudioTranscoder::Worker::completeWithSilence()
+void AacTranscoder::completeWithSilence()
 {
     const std::size_t whole = frameSamples * static_cast<std::size_t>(m_track.channels);
     if (m_partial.empty())
@@ -255,7 +190,7 @@ void AudioTranscoder::Worker::completeWithSilence()
     encodeFrame();
 }
 
-void AudioTranscoder::Worker::encodeFrame()
+void AacTranscoder::encodeFrame()
 {
     const auto channels = static_cast<std::size_t>(m_track.channels);
     if (av_frame_make_writable(m_frame.get()) < 0)
@@ -278,7 +213,7 @@ void AudioTranscoder::Worker::encodeFrame()
         receive();
 }
 
-void AudioTranscoder::Worker::receive()
+void AacTranscoder::receive()
 {
     while (avcodec_receive_packet(m_encoder.get(), m_packet.get()) >= 0) {
         Packet packet;
@@ -293,48 +228,6 @@ void AudioTranscoder::Worker::receive()
         const std::lock_guard lock(m_mutex);
         m_out.push_back(std::move(packet));
     }
-}
-
-AudioTranscoder::AudioTranscoder(std::unique_ptr<Worker> worker)
-    : m_worker(std::move(worker))
-{}
-
-AudioTranscoder::~AudioTranscoder() = default;
-
-std::unique_ptr<AudioTranscoder> AudioTranscoder::create(const vav::TrackInfo& source, std::string& error)
-{
-    auto worker = std::make_unique<Worker>();
-    if (!worker->open(source, error)) {
-        if (error.empty())
-            error = "There is no memory for the AAC encoder.";
-        return nullptr;
-    }
-    return std::unique_ptr<AudioTranscoder>(new AudioTranscoder(std::move(worker)));
-}
-
-const vav::TrackInfo& AudioTranscoder::track() const
-{
-    return m_worker->track();
-}
-
-void AudioTranscoder::push(std::int64_t mediaNs, const std::uint8_t* data, std::size_t size)
-{
-    m_worker->push(mediaNs, data, size);
-}
-
-bool AudioTranscoder::take(Packet& packet)
-{
-    return m_worker->take(packet);
-}
-
-void AudioTranscoder::drain()
-{
-    m_worker->drain();
-}
-
-std::size_t AudioTranscoder::backlogBytes() const
-{
-    return m_worker->backlogBytes();
 }
 
 } // namespace vaws

@@ -1,4 +1,4 @@
-#include "LocalCutter.h"
+#include "RecordCutter.h"
 
 #include "Bytes.h"
 #include "ClockText.h"
@@ -131,7 +131,7 @@ std::vector<std::uint8_t> readConfiguration(const AVCodecParameters& codec, Unit
 } // namespace
 
 /// One open file with what its streams are.
-class LocalCutter::Source final
+class RecordCutter::Source final
 {
 public:
     explicit Source(std::atomic<bool>& stop)
@@ -172,7 +172,7 @@ private:
     std::int64_t m_beginNs = 0; ///< UTC of the file's time 0
 };
 
-bool LocalCutter::Source::open(const std::string& path, std::string& cause)
+bool RecordCutter::Source::open(const std::string& path, std::string& cause)
 {
     m_context = avformat_alloc_context();
     if (!m_context || !m_packet)
@@ -195,7 +195,7 @@ bool LocalCutter::Source::open(const std::string& path, std::string& cause)
     return false;
 }
 
-vav::StreamInfo LocalCutter::Source::info(const CutRecord& record)
+vav::StreamInfo RecordCutter::Source::info(const CutRecord& record)
 {
     vav::StreamInfo info;
     m_beginNs = record.beginNs;
@@ -237,7 +237,7 @@ vav::StreamInfo LocalCutter::Source::info(const CutRecord& record)
     return info;
 }
 
-void LocalCutter::Source::seek(std::int64_t timeNs, bool backward)
+void RecordCutter::Source::seek(std::int64_t timeNs, bool backward)
 {
     const int index = m_leading >= 0 ? m_leading : 0;
     const AVStream& stream = *m_context->streams[index];
@@ -248,7 +248,7 @@ void LocalCutter::Source::seek(std::int64_t timeNs, bool backward)
         av_seek_frame(m_context, index, ticks, backward ? AVSEEK_FLAG_BACKWARD : 0);
 }
 
-int LocalCutter::Source::next(vav::FrameHeader& header, const std::uint8_t*& payload)
+int RecordCutter::Source::next(vav::FrameHeader& header, const std::uint8_t*& payload)
 {
     for (;;) {
         av_packet_unref(m_packet);
@@ -291,24 +291,24 @@ int LocalCutter::Source::next(vav::FrameHeader& header, const std::uint8_t*& pay
     }
 }
 
-LocalCutter::LocalCutter(CutList list, FrameTarget& target)
+RecordCutter::RecordCutter(CutList list, FrameTarget& target)
     : m_list(std::move(list))
     , m_target(target)
 {}
 
-LocalCutter::~LocalCutter()
+RecordCutter::~RecordCutter()
 {
     requestStop();
     if (m_thread.joinable())
         m_thread.join();
 }
 
-void LocalCutter::start()
+void RecordCutter::start()
 {
     m_thread = std::thread([this] { run(); });
 }
 
-void LocalCutter::run()
+void RecordCutter::run()
 {
     SourceEnd end;
     for (const CutRecord& record : m_list.records) {
@@ -328,7 +328,7 @@ void LocalCutter::run()
         m_target.sourceEnded(end);
 }
 
-bool LocalCutter::readRecord(const CutRecord& record, std::string& problem)
+bool RecordCutter::readRecord(const CutRecord& record, std::string& problem)
 {
     Source source(m_stop);
     std::string cause;
@@ -353,7 +353,7 @@ bool LocalCutter::readRecord(const CutRecord& record, std::string& problem)
     return readPackets(source, record, problem);
 }
 
-bool LocalCutter::readPackets(Source& source, const CutRecord& record, std::string& problem)
+bool RecordCutter::readPackets(Source& source, const CutRecord& record, std::string& problem)
 {
     vav::FrameHeader header;
     const std::uint8_t* payload = nullptr;
