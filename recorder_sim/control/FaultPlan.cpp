@@ -48,6 +48,8 @@ constexpr KnownFault knownFaults[] = {
     {"seed", Kind::Number, "", "of the random choices of loss"},
     {"seq-start", Kind::Number, "", "first RTP sequence number"},
     {"ts-start", Kind::Number, "", "first RTP time"},
+    {"clock-step", Kind::Number, "",
+     "ten seconds into a range, the footage's NTP times step by so many seconds (RTP time does not)"},
     {"ext", Kind::Choice, " none first all au ",
      "replay header extension on no packet, the first, all, or each access unit's first"},
     {"sr", Kind::Choice, " media wall zero none ", "time in RTCP sender reports, or none of them (default media)"},

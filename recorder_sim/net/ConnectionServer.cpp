@@ -88,7 +88,8 @@ void ConnectionServer::serve(NativeSocket socket)
     }
     Connection& connection = m_connections.emplace_back();
     connection.thread = std::thread([this, &connection, moved = std::move(socket)]() mutable {
-        ByteStreamPtr stream = m_tls ? m_tls->accept(std::move(moved)) : std::make_unique<TcpStream>(std::move(moved));
+        ByteStreamPtr stream = m_tls ? m_tls->accept(std::move(moved), connection.stopping)
+                                     : std::make_unique<TcpStream>(std::move(moved));
         if (stream)
             m_handler(std::move(stream), connection.stopping);
         connection.finished = true;

@@ -25,10 +25,10 @@ public:
 
     ~TlsStream() override { SSL_free(m_ssl); }
 
-    bool handshake()
+    bool handshake(const std::atomic<bool>& stopping)
     {
         const auto deadline = std::chrono::steady_clock::now() + std::chrono::milliseconds(handshakeTimeoutMs);
-        while (std::chrono::steady_clock::now() < deadline) {
+        while (std::chrono::steady_clock::now() < deadline && !stopping) {
             ERR_clear_error();
             const int done = SSL_accept(m_ssl);
             if (done == 1)
@@ -137,14 +137,14 @@ TlsContext::~TlsContext()
     SSL_CTX_free(m_context);
 }
 
-ByteStreamPtr TlsContext::accept(NativeSocket socket) const
+ByteStreamPtr TlsContext::accept(NativeSocket socket, const std::atomic<bool>& stopping) const
 {
     SSL* ssl = SSL_new(m_context);
     if (!ssl)
         return nullptr;
     SSL_set_fd(ssl, static_cast<int>(socket.handle()));
     auto made = std::make_unique<TlsStream>(std::move(socket), ssl);
-    if (!made->handshake())
+    if (!made->handshake(stopping))
         return nullptr;
     return made;
 }

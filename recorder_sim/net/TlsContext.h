@@ -3,6 +3,7 @@
 #include "net/ByteStream.h"
 #include "net/NativeSocket.h"
 
+#include <atomic>
 #include <memory>
 #include <string>
 
@@ -21,8 +22,8 @@ public:
     TlsContext(const TlsContext&) = delete;
     TlsContext& operator=(const TlsContext&) = delete;
 
-    /// Does the handshake (10 s at most); null when it fails.
-    ByteStreamPtr accept(NativeSocket socket) const;
+    /// Does the handshake (10 s at most); null when it fails or `stopping` becomes true.
+    ByteStreamPtr accept(NativeSocket socket, const std::atomic<bool>& stopping) const;
 
 private:
     TlsContext() = default;

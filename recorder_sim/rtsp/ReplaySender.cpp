@@ -10,6 +10,7 @@ namespace recorder_sim {
 namespace {
 
 constexpr std::size_t chunkBytes = 512 * 1024;
+constexpr std::int64_t clockStepAfterNs = 10 * nsPerSecond;
 constexpr std::int64_t ntpOffsetSeconds = 2'208'988'800;
 
 std::int64_t steadyNs()
@@ -56,6 +57,7 @@ void ReplaySender::play(ReplaySchedule schedule, double speed, std::uint8_t cseq
     if (!m_schedule.empty()) {
         const ReplayRun& run = m_schedule.front();
         m_position = run.firstPosition;
+        m_rangeBeginNs = run.utcNs(m_position);
         if (!m_hasBase)
             m_baseNs = run.utcNs(m_position);
         m_hasBase = true;
@@ -235,7 +237,8 @@ void ReplaySender::patchItem(const ReplayRun& run, PatchedPlan& patched, const M
         return;
     const std::int64_t loopNs = run.originNs + plan.loop().loopOf(m_position) * MediaLoop::loopNs;
     const std::int64_t utcNs = loopNs + item.ptsNs;
-    const quint64 ntp = ntpTime(utcNs);
+    const bool stepped = utcNs - m_rangeBeginNs >= clockStepAfterNs;
+    const quint64 ntp = ntpTime(utcNs + (stepped ? m_options.clockStepNs : 0));
     std::uint32_t rtp = rtpTime(item.track, plan.loop().clockRate(item.track), loopNs) + item.ticks;
     SenderTrack& track = m_tracks[item.track];
     std::uint8_t flags = 0;

@@ -40,6 +40,7 @@ public:
         PlanOptions plan;
         bool extensionOnce = false; ///< the extension on the very first packet of each track alone
         ReportTime reportTime = ReportTime::Media;
+        std::int64_t clockStepNs = 0; ///< the footage's clock steps by that much, ten seconds into each range
     };
 
     enum class Step { Data, Wait, End };
@@ -101,6 +102,7 @@ private:
     bool m_byeWanted = true;
     bool m_hasBase = false;
     std::int64_t m_baseNs = 0; ///< UTC time that timeStart stands for
+    std::int64_t m_rangeBeginNs = 0;
     std::uint8_t m_cseq = 0;
 
     double m_speed = 0;

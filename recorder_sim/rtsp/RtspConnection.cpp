@@ -117,6 +117,7 @@ void RtspConnection::answer(const TextRequest& request)
     if (request.method == "PLAY" && response.status == 200) {
         m_revision = 0;
         m_stalled = false;
+        m_stallAt.reset();
     }
     std::string text = "RTSP/1.0 " + std::to_string(response.status) + " " + rtspReason(response.status) + "\r\n";
     text += "CSeq: " + std::string(request.header("CSeq")) + "\r\n";

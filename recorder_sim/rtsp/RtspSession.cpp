@@ -253,6 +253,7 @@ void RtspSession::makeSender()
     options.reportTime = reports == "wall"   ? ReportTime::Wall
                          : reports == "zero" ? ReportTime::Zero
                                              : ReportTime::Media;
+    options.clockStepNs = faults.number("clock-step", m_url.channel).value_or(0) * nsPerSecond;
     m_sender = std::make_unique<ReplaySender>(m_recorder.plans, options, m_tracks);
     m_sender->setByeWanted(faults.value("end", m_url.channel).value_or("bye") == "bye");
 }

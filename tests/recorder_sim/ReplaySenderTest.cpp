@@ -37,6 +37,7 @@ struct Counted
     std::uint16_t lastSequence = 0;
     std::uint32_t lastTime = 0;
     std::uint8_t allFlags = 0;
+    std::uint32_t lastNtpSeconds = 0;
 };
 
 class ReplaySenderTest : public testing::Test
@@ -91,6 +92,7 @@ private:
         if (packet[0] & 0x10) {
             ++c.extensions;
             EXPECT_EQ(read32(packet, 12), 0xabac0003u);
+            c.lastNtpSeconds = read32(packet, 16);
             c.allFlags |= static_cast<std::uint8_t>(packet[24]);
             EXPECT_EQ(packet[25], 77) << "the low byte of CSeq";
         }
@@ -142,6 +144,20 @@ TEST_F(ReplaySenderTest, keepsTimeOverLoopsAndGaps)
         << "RTP time follows the footage's time";
     EXPECT_EQ(counted.at(6).lastTime, 20u + (50 * 8000u - 160));
     EXPECT_EQ(video.allFlags & 0x70, 0x70) << "E before the gap, D behind it, T at the end";
+}
+
+TEST_F(ReplaySenderTest, stepsTheClockOfTheFootage)
+{
+    const auto lastOf = [&](std::int64_t stepSeconds, int endSecond) {
+        ReplaySender::Options options;
+        options.clockStepNs = stepSeconds * nsPerSecond;
+        ReplaySender sender(plans, options, tracks());
+        return play(sender, 8 * 3600, 8 * 3600 + endSecond).at(6);
+    };
+    const Counted plain = lastOf(0, 12);
+    EXPECT_EQ(lastOf(-100, 12).lastNtpSeconds, plain.lastNtpSeconds - 100);
+    EXPECT_EQ(lastOf(-100, 12).lastTime, plain.lastTime) << "RTP time goes on";
+    EXPECT_EQ(lastOf(-100, 8).lastNtpSeconds, lastOf(0, 8).lastNtpSeconds) << "not yet";
 }
 
 TEST_F(ReplaySenderTest, leavesOutTracksThatWereNotSetUp)
