@@ -1,3 +1,4 @@
+#include "AudioConfig.h"
 #include "ReceiverFixture.h"
 
 #include <gtest/gtest.h>
@@ -87,6 +88,41 @@ TEST(AacDepacketizer, survivesHostileLengths)
     feed.receiver.finish();
     ASSERT_FALSE(feed.log.frames.empty());
     EXPECT_EQ(feed.log.frames.back().payload, (Bytes{7, 8}));
+}
+
+TEST(AudioConfig, readsTheFormsThatRecordersSend)
+{
+    const struct
+    {
+        Bytes bytes;
+        bool readable;
+        unsigned objectType;
+        std::uint32_t samplingRate;
+        unsigned channels;
+        unsigned samplesPerUnit;
+    } rows[] = {
+        {{0x11, 0x90}, true, 2, 48'000, 2, 1'024},
+        {{0x14, 0x0C}, true, 2, 16'000, 1, 960},
+        {{0x13, 0x38}, true, 2, 24'000, 7 + 1, 1'024},
+        {{0x17, 0x80, 0x3E, 0x80, 0x10}, true, 2, 32'000, 2, 1'024}, // the rate in full
+        {{0x2B, 0x11, 0x88, 0x00}, true, 2, 24'000, 2, 1'024},       // SBR told explicitly
+        {{0xF9, 0x06, 0x40}, true, 32 + 8, 48'000, 2, 1'024},        // escaped object type
+        {{0x16, 0x90}, false, 0, 0, 0, 0},                           // reserved rate
+        {{0x11, 0xC8}, false, 0, 0, 0, 0},                           // reserved channels
+        {{0x11}, false, 0, 0, 0, 0},
+        {{}, false, 0, 0, 0, 0},
+    };
+    for (const auto& row : rows) {
+        vms_sdk::rtsp::AudioConfig config;
+        const bool readable = vms_sdk::rtsp::parseAudioSpecificConfig(row.bytes.data(), row.bytes.size(), config);
+        ASSERT_EQ(readable, row.readable) << &row - rows;
+        if (!readable)
+            continue;
+        EXPECT_EQ(config.objectType, row.objectType) << &row - rows;
+        EXPECT_EQ(config.samplingRate, row.samplingRate) << &row - rows;
+        EXPECT_EQ(config.channels, row.channels) << &row - rows;
+        EXPECT_EQ(config.samplesPerUnit, row.samplesPerUnit) << &row - rows;
+    }
 }
 
 TEST(RawAudio, makesOneFrameAPacket)

@@ -66,6 +66,11 @@ private slots:
     void saysNothingAfterStop();
     void mayBeStoppedFromItsOwnSignal();
     void findsItsTimesWithoutTheExtension();
+    void playsWithoutSoundWhenItIsRefused();
+    void changesItsSpeed();
+    void endsWhenTheSessionIsForgotten();
+    void tellsWhyThereIsNoConnection_data();
+    void tellsWhyThereIsNoConnection();
 };
 
 void ReplayClientTest::tellsHowTheRecordingEnded_data()
@@ -426,6 +431,89 @@ void ReplayClientTest::findsItsTimesWithoutTheExtension()
     QTRY_VERIFY_WITH_TIMEOUT(log.hasEnded(), waitMs);
     compareWithSent(recorder, log, 50);
     QCOMPARE(client.lastTimeNs(), ScriptedRecorder::beginNs + 49 * ScriptedRecorder::frameNs);
+}
+
+void ReplayClientTest::playsWithoutSoundWhenItIsRefused()
+{
+    Script script;
+    script.offersSound = true;
+    ScriptedRecorder recorder(script);
+    ReplayClient client(requestTo(recorder));
+    StreamLog log(client);
+    client.start();
+    QTRY_VERIFY_WITH_TIMEOUT(log.hasEnded(), waitMs);
+    QCOMPARE(recorder.count("SETUP"), 2);
+    QCOMPARE(static_cast<int>(log.end), static_cast<int>(ReplayEnd::EndOfRecording));
+    compareWithSent(recorder, log, 50);
+}
+
+void ReplayClientTest::changesItsSpeed()
+{
+    Script script;
+    script.pictures = 200;
+    script.picturesAtOnce = 2;
+    ScriptedRecorder recorder(script);
+    ReplayRequest request = requestTo(recorder, 200);
+    request.rateControl = true;
+    ReplayClient client(request);
+    StreamLog log(client);
+    client.start();
+    QTRY_VERIFY_WITH_TIMEOUT(log.batches.frames.size() > 10, waitMs);
+    QVERIFY(!recorder.last("PLAY").hasHeader("Scale"));
+    client.setScale(4);
+    QTRY_COMPARE_WITH_TIMEOUT(recorder.count("PLAY"), 2, waitMs);
+    QCOMPARE(recorder.last("PLAY").header("Scale"), QByteArray("4.000"));
+    client.setScale(0);
+    QTRY_COMPARE_WITH_TIMEOUT(recorder.count("PLAY"), 3, waitMs);
+    QCOMPARE(recorder.last("PLAY").header("Rate-Control"), QByteArray("no"));
+    QTRY_VERIFY_WITH_TIMEOUT(log.hasEnded(), waitMs);
+    compareWithSent(recorder, log, 200);
+}
+
+void ReplayClientTest::endsWhenTheSessionIsForgotten()
+{
+    Script script;
+    script.sessionTimeoutS = 2;
+    script.pictures = 100'000;
+    script.picturesAtOnce = 1;
+    script.refusals.insert("GET_PARAMETER", 454);
+    ScriptedRecorder recorder(script);
+    ReplayClient client(requestTo(recorder, 100'000));
+    StreamLog log(client);
+    client.start();
+    QTRY_VERIFY_WITH_TIMEOUT(log.hasEnded(), waitMs);
+    QCOMPARE(static_cast<int>(log.end), static_cast<int>(ReplayEnd::Broken));
+    QCOMPARE(static_cast<int>(log.error.kind), static_cast<int>(ErrorKind::BrokenOff));
+}
+
+void ReplayClientTest::tellsWhyThereIsNoConnection_data()
+{
+    QTest::addColumn<QString>("url");
+    QTest::addColumn<int>("kind");
+    QTcpServer closed;
+    QVERIFY(closed.listen(QHostAddress::LocalHost));
+    QTest::newRow("refused") << QStringLiteral("rtsp://127.0.0.1:%1/x").arg(closed.serverPort())
+                             << static_cast<int>(ErrorKind::Unreachable);
+    QTest::newRow("no such host") << QStringLiteral("rtsp://no-such-host.invalid/x")
+                                  << static_cast<int>(ErrorKind::Unreachable);
+    QTest::newRow("no RTSP") << QStringLiteral("http://127.0.0.1/x") << static_cast<int>(ErrorKind::Unsupported);
+    QTest::newRow("no host") << QStringLiteral("rtsp:///x") << static_cast<int>(ErrorKind::Unsupported);
+}
+
+void ReplayClientTest::tellsWhyThereIsNoConnection()
+{
+    QFETCH(QString, url);
+    QFETCH(int, kind);
+    ReplayRequest request;
+    request.url = QUrl(url);
+    request.connectTimeoutMs = 5'000;
+    ReplayClient client(request);
+    StreamLog log(client);
+    client.start();
+    QTRY_VERIFY_WITH_TIMEOUT(log.hasEnded(), waitMs);
+    QCOMPARE(log.order, QByteArray("e"));
+    QCOMPARE(static_cast<int>(log.end), static_cast<int>(ReplayEnd::Failed));
+    QCOMPARE(static_cast<int>(log.error.kind), kind);
 }
 
 QTEST_GUILESS_MAIN(ReplayClientTest)

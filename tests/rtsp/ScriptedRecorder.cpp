@@ -136,7 +136,10 @@ void ScriptedRecorder::answer(const RtspMessage& request)
     } else if (request.method == "DESCRIBE") {
         reply(request, 200, {RtspHeader("Content-Type", "application/sdp")},
               "v=0\r\nm=video 0 RTP/AVP 96\r\na=rtpmap:96 H264/90000\r\na=fmtp:96 sprop-parameter-sets=" +
-                  toArray(sps640()).toBase64() + ',' + toArray(pps()).toBase64() + "\r\na=control:video\r\n");
+                  toArray(sps640()).toBase64() + ',' + toArray(pps()).toBase64() + "\r\na=control:video\r\n" +
+                  (m_script.offersSound ? "m=audio 0 RTP/AVP 0\r\na=control:audio\r\n" : ""));
+    } else if (request.method == "SETUP" && request.uri.endsWith("audio")) {
+        reply(request, 404);
     } else if (request.method == "SETUP") {
         reply(request, 200,
               {RtspHeader("Transport", "RTP/AVP/TCP;unicast;interleaved=4-5"),

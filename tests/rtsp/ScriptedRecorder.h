@@ -39,6 +39,7 @@ struct Script
     QByteArray silentOn;             ///< never answers this method
     QByteArray rawAnswer;            ///< answers OPTIONS with these bytes and goes on sending its last byte
     bool isDeaf = false;             ///< reads nothing after the first request
+    bool offersSound = false;        ///< a second medium, whose SETUP is refused
     QList<QByteArray> challenges;    ///< one 401 each, before anything else
     bool challengeForEver = false;   ///< the last one again and again
     QByteArray redirectTo;           ///< Location of the answer to DESCRIBE

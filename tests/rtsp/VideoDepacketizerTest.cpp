@@ -45,6 +45,47 @@ const std::vector<Bytes>& h265Sets()
     return sets;
 }
 
+/// Writes parameter sets that no encoder at hand makes.
+class BitWriter
+{
+public:
+    BitWriter& bits(std::uint32_t value, unsigned count)
+    {
+        while (count-- > 0)
+            m_bits.push_back((value >> count & 1) != 0);
+        return *this;
+    }
+    BitWriter& ue(std::uint32_t value)
+    {
+        unsigned length = 0;
+        while ((value + 1) >> (length + 1) != 0)
+            ++length;
+        return bits(0, length).bits(value + 1, length + 1);
+    }
+    Bytes nal(Bytes bytes) const
+    {
+        std::vector<bool> all = m_bits;
+        all.push_back(true);
+        all.resize((all.size() + 7) / 8 * 8);
+        unsigned zeros = 0;
+        for (std::size_t i = 0; i < all.size(); i += 8) {
+            unsigned byte = 0;
+            for (std::size_t bit = 0; bit < 8; ++bit)
+                byte = byte << 1 | (all[i + bit] ? 1u : 0u);
+            if (zeros >= 2 && byte <= 3) {
+                bytes.push_back(3);
+                zeros = 0;
+            }
+            zeros = byte == 0 ? zeros + 1 : 0;
+            bytes.push_back(static_cast<std::uint8_t>(byte));
+        }
+        return bytes;
+    }
+
+private:
+    std::vector<bool> m_bits;
+};
+
 class H264 : public ReceiverFixture, public testing::Test
 {
 protected:
@@ -362,4 +403,75 @@ TEST(ParameterSets, readsPictureSizes)
             EXPECT_FALSE(parse(exact.get(), cut, size)) << cut;
         }
     }
+}
+
+TEST(ParameterSets, readsRareFormsOfSequenceParameterSets)
+{
+    using vms_sdk::rtsp::PictureSize;
+    PictureSize size;
+
+    // High 4:4:4 with separate planes, scaling lists, picture order type 1, fields, cropped.
+    BitWriter high;
+    high.bits(244, 8).bits(0, 8).bits(40, 8).ue(3).ue(3).bits(1, 1).ue(0).ue(0).bits(0, 1).bits(1, 1);
+    for (int list = 0; list < 12; ++list) {
+        high.bits(list % 2 == 0, 1);
+        for (int i = 0; list % 2 == 0 && i < (list < 6 ? 16 : 64); ++i)
+            high.ue(0);
+    }
+    high.ue(0).ue(1).bits(0, 1).ue(2).ue(1).ue(2).ue(3).ue(4).ue(4).bits(0, 1);
+    high.ue(44).ue(17).bits(0, 1).bits(0, 1).bits(1, 1).bits(1, 1).ue(2).ue(3).ue(4).ue(5).bits(0, 1);
+    const Bytes highSps = high.nal({0x67});
+    ASSERT_TRUE(vms_sdk::rtsp::parseH264Sps(highSps.data(), highSps.size(), size));
+    EXPECT_EQ(size.id, 3u);
+    EXPECT_EQ(size.width, 45 * 16 - 5);
+    EXPECT_EQ(size.height, 18 * 32 - 9 * 2);
+
+    // Two temporal layers with levels of their own, 4:2:2, cropped.
+    BitWriter layered;
+    layered.bits(0, 4).bits(2, 3).bits(1, 1);
+    for (int i = 0; i < 12; ++i)
+        layered.bits(0x5A, 8);
+    layered.bits(0b1101, 4).bits(0, 12);
+    for (int i = 0; i < 11 + 1 + 1; ++i)
+        layered.bits(0xFF, 8);
+    layered.ue(2).ue(2).ue(1'936).ue(1'100).bits(1, 1).ue(4).ue(4).ue(10).ue(10);
+    const Bytes layeredSps = layered.nal({0x42, 0x01});
+    ASSERT_TRUE(vms_sdk::rtsp::parseH265Sps(layeredSps.data(), layeredSps.size(), size));
+    EXPECT_EQ(size.width, 1'920);
+    EXPECT_EQ(size.height, 1'080);
+
+    // Larger than sixteen bits, or cropped to nothing.
+    const Bytes huge = BitWriter()
+                           .bits(66, 8)
+                           .bits(0, 16)
+                           .ue(0)
+                           .ue(0)
+                           .ue(2)
+                           .ue(1)
+                           .bits(0, 1)
+                           .ue(5'000)
+                           .ue(10)
+                           .bits(1, 1)
+                           .bits(0, 2)
+                           .nal({0x67});
+    EXPECT_FALSE(vms_sdk::rtsp::parseH264Sps(huge.data(), huge.size(), size));
+    const Bytes nothing = BitWriter()
+                              .bits(66, 8)
+                              .bits(0, 16)
+                              .ue(0)
+                              .ue(0)
+                              .ue(2)
+                              .ue(1)
+                              .bits(0, 1)
+                              .ue(1)
+                              .ue(1)
+                              .bits(1, 1)
+                              .bits(0, 1)
+                              .bits(1, 1)
+                              .ue(9)
+                              .ue(9)
+                              .ue(0)
+                              .ue(0)
+                              .nal({0x67});
+    EXPECT_FALSE(vms_sdk::rtsp::parseH264Sps(nothing.data(), nothing.size(), size));
 }
