@@ -54,10 +54,11 @@ def probe(path, *options):
 
 def gstreamer_error(path, tracks):
     """What GStreamer's qtdemux says against the file, read to its end with `tracks` tracks ("video", "audio"); empty when it
-    plays."""
+    plays. No branch waits for another one: the sound of an unfinished file may end long before its pictures."""
     command = ["gst-launch-1.0", "-q", "filesrc", f"location={path}", "!", "qtdemux", "name=d"]
     for track in tracks:
-        command += [f"d.{track}_0", "!", "queue", "!", "fakesink", "sync=false"]
+        command += [f"d.{track}_0", "!", "queue", "max-size-buffers=0", "max-size-time=0", "max-size-bytes=0", "!", "fakesink",
+                    "sync=false", "async=false"]
     done = run(command, timeout=60)
     return "" if done.returncode == 0 else (done.stderr.strip() or f"exit {done.returncode}")[:600]
 
