@@ -3,6 +3,8 @@
 #include "DownloadVerb.h"
 #include "Interrupt.h"
 #include "SearchVerb.h"
+#include "Terminal.h"
+#include "VerbFolder.h"
 
 #include <vaws_download.h>
 #include <vms_sdk.h>
@@ -33,6 +35,11 @@ int run(const CliCommand& command)
 
 int runVerb(const CliCommand& command)
 {
+    VerbFolder folder;
+    if (const Outcome taken = folder.take(); taken.code != ExitCode::Done) {
+        Terminal::error(taken.sentence);
+        return static_cast<int>(taken.code);
+    }
     if (!command.verbose)
         qInstallMessageHandler(dropMessage);
     const int code = command.verb == CliCommand::Verb::Search ? run<SearchVerb>(command) : run<DownloadVerb>(command);

@@ -74,6 +74,13 @@ void MainWindow::placeForm(vemo_base::BaseForm* form)
     showModule(filesCenterKey());
 }
 
+void MainWindow::comeToFront()
+{
+    setWindowState((windowState() & ~Qt::WindowMinimized) | Qt::WindowActive);
+    raise();
+    activateWindow();
+}
+
 void MainWindow::showModule(const QString& key)
 {
     if (vemo_base::BaseForm* form = m_formByKey.value(key)) {

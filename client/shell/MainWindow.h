@@ -26,6 +26,7 @@ public:
     ~MainWindow() override;
 
     void placeForm(vemo_base::BaseForm* form);
+    void comeToFront();
 
     /// Name of the setting that holds the chosen theme.
     static QString themeSetting();

@@ -2,10 +2,12 @@
 
 #include "DesktopTheme.h"
 #include "MainWindow.h"
+#include "SingleWindow.h"
 
 #include <DevsMgrData.h>
 #include <FilesCenterInit.h>
 #include <FormsMgr.h>
+#include <SysPaths.h>
 #include <SystemAssistant.h>
 #include <SystemMsg.h>
 #include <Theme.h>
@@ -40,6 +42,10 @@ int runWindow(int& argc, char** argv, const CliCommand& command)
     QApplication application(argc, argv);
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/vemo_base/icons/mark.svg")));
 
+    SingleWindow single(vemo_worker::SysPaths::dataDir());
+    if (!single.take())
+        return 0;
+
     vemo_base::Theme& theme = vemo_base::Theme::instance();
     const DesktopTheme desktop;
     const QString chosen = command.theme.isEmpty()
@@ -61,6 +67,7 @@ int runWindow(int& argc, char** argv, const CliCommand& command)
             vemo_base::VMessageBox::tell(vemo_base::VMessageBox::Kind::Warning, title, text, &window);
         });
         QObject::connect(&forms, &vemo_base::FormsMgr::signalFormCreated, &window, &MainWindow::placeForm);
+        QObject::connect(&single, &SingleWindow::signalRaise, &window, &MainWindow::comeToFront);
         forms.createForm(vemo_base::FilesCenterFormType);
         window.show();
         code = QApplication::exec();

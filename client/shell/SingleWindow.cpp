@@ -1,0 +1,57 @@
+#include "SingleWindow.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QLocalSocket>
+
+namespace vemo_client {
+
+namespace {
+
+constexpr int answerMs = 1000;
+
+/// One name a data folder: names of local sockets are short and know no separators.
+QString serverName(const QString& dataDir)
+{
+    const QByteArray path = QDir(dataDir).canonicalPath().toUtf8();
+    return QStringLiteral("vemo-") +
+           QString::fromLatin1(QCryptographicHash::hash(path, QCryptographicHash::Sha256).toHex().left(24));
+}
+
+} // namespace
+
+SingleWindow::SingleWindow(const QString& dataDir, QObject* parent)
+    : QObject(parent)
+    , m_name(serverName(dataDir))
+    , m_lock(dataDir + QStringLiteral("/window.lock"))
+{
+    m_lock.setStaleLockTime(0);
+    m_server.setSocketOptions(QLocalServer::UserAccessOption);
+    connect(&m_server, &QLocalServer::newConnection, this, [this] {
+        while (QLocalSocket* peer = m_server.nextPendingConnection()) {
+            connect(peer, &QLocalSocket::disconnected, peer, &QObject::deleteLater);
+            emit signalRaise();
+        }
+    });
+}
+
+SingleWindow::~SingleWindow() = default;
+
+bool SingleWindow::take()
+{
+    if (m_lock.tryLock()) {
+        // What a crashed window left under the name is nobody's any more.
+        QLocalServer::removeServer(m_name);
+        m_server.listen(m_name);
+        return true;
+    }
+    // Another failure than a held lock, such as a folder without right to write, is told by the stores.
+    if (m_lock.error() != QLockFile::LockFailedError)
+        return true;
+    QLocalSocket first;
+    first.connectToServer(m_name);
+    first.waitForConnected(answerMs);
+    return false;
+}
+
+} // namespace vemo_client
