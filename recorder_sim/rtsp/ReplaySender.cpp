@@ -42,6 +42,8 @@ ReplaySender::ReplaySender(PacketPlanCache& plans, const Options& options,
     , m_options(options)
     , m_tracks(tracks)
 {
+    if (!m_options.clockNs)
+        m_options.clockNs = steadyNs;
     m_options.plan.trackMask = (tracks[videoTrack].on ? 1u : 0u) | (tracks[audioTrack].on ? 2u : 0u);
 }
 
@@ -76,7 +78,7 @@ void ReplaySender::resume(double speed, std::uint8_t cseq)
 
 void ReplaySender::anchorPace(std::int64_t mediaNs)
 {
-    m_paceWallNs = steadyNs();
+    m_paceWallNs = m_options.clockNs();
     m_paceMediaNs = mediaNs;
 }
 
@@ -141,7 +143,7 @@ ReplaySender::Step ReplaySender::next(std::string_view& data, int& waitMs)
     const ReplayRun& run = m_schedule[m_run];
     std::int64_t dueNs = ReplayRange::open;
     if (m_speed > 0) {
-        const std::int64_t nowNs = steadyNs();
+        const std::int64_t nowNs = m_options.clockNs();
         dueNs = m_paceMediaNs + static_cast<std::int64_t>(static_cast<double>(nowNs - m_paceWallNs) * m_speed);
         const std::int64_t nextNs = run.originNs + run.loop->sendTimeAt(m_position);
         if (nextNs > dueNs) {

@@ -8,6 +8,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -40,7 +41,8 @@ public:
         PlanOptions plan;
         bool extensionOnce = false; ///< the extension on the very first packet of each track alone
         ReportTime reportTime = ReportTime::Media;
-        std::int64_t clockStepNs = 0; ///< the footage's clock steps by that much, ten seconds into each range
+        std::function<std::int64_t()> clockNs; ///< that paces; the steady clock when empty
+        std::int64_t clockStepNs = 0;          ///< the footage's clock steps by that much, ten seconds into each range
     };
 
     enum class Step { Data, Wait, End };

@@ -170,16 +170,26 @@ TEST_F(ReplaySenderTest, leavesOutTracksThatWereNotSetUp)
     EXPECT_EQ(counted.at(6).rtp, 1000);
 }
 
-TEST_F(ReplaySenderTest, sendsInRealTimeWhenAsked)
+TEST_F(ReplaySenderTest, sendsInTheAskedMultipleOfRealTime)
 {
-    ReplaySender sender(plans, {}, tracks());
-    ReplayRange range;
-    range.beginNs = midnight;
-    sender.play(footage.schedule(range), 1, 1);
-    std::string_view data;
-    int waitMs = 0;
-    ASSERT_EQ(sender.next(data, waitMs), ReplaySender::Step::Data);
-    EXPECT_LT(data.size(), 10'000u) << "the first picture, not all that there is";
-    ASSERT_EQ(sender.next(data, waitMs), ReplaySender::Step::Wait);
-    EXPECT_LE(waitMs, 41);
+    for (const int speed : {1, 4}) {
+        std::int64_t nowNs = 1;
+        ReplaySender::Options options;
+        options.clockNs = [&] { return nowNs; };
+        ReplaySender sender(plans, options, tracks());
+        ReplayRange range;
+        range.beginNs = midnight + 8 * 3600 * nsPerSecond;
+        sender.play(footage.schedule(range), speed, 1);
+        std::string_view data;
+        int waitMs = 0;
+        // Ten seconds pass, as the sender asks for; it gives what is due and no more.
+        while (nowNs < 10 * nsPerSecond) {
+            if (sender.next(data, waitMs) == ReplaySender::Step::Wait) {
+                ASSERT_TRUE(waitMs >= 1 && waitMs <= 41) << waitMs;
+                nowNs += waitMs * 1'000'000;
+            }
+        }
+        const std::int64_t sentUntil = sender.nextUtcNs() - range.beginNs;
+        EXPECT_NEAR(static_cast<double>(sentUntil) / 1e9, 10.0 * speed, 0.2) << "at speed " << speed;
+    }
 }
