@@ -29,7 +29,7 @@ TEST_F(FaultsTest, cutAtTheByte)
         RtspReader client = reader("/replay/1");
         ASSERT_TRUE(client.connect());
         ASSERT_TRUE(client.play(fullSpeed)) << client.error();
-        EXPECT_EQ(client.discard(1 << 30, 700), row.bytes) << row.kind;
+        EXPECT_EQ(client.discard(1 << 30, 3000), row.bytes) << row.kind;
         EXPECT_EQ(client.atEnd(), row.ends) << row.kind;
         EXPECT_EQ(control("/faults").find("drop-after"), std::string::npos) << "a counted fault is used up";
     }
@@ -63,7 +63,7 @@ TEST_F(FaultsTest, slowTheLink)
     client.discard(400'000, 1000);
     const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
     EXPECT_GT(seconds, 0.85) << "never faster than asked for";
-    EXPECT_LT(seconds, 3.0);
+    EXPECT_LT(seconds, 10.0);
 }
 
 TEST_F(FaultsTest, refuseInTheAskedWay)
