@@ -18,8 +18,6 @@ public:
     {}
 
     std::size_t depth() const { return m_depth; }
-    bool started() const { return m_started; }
-    std::int64_t last() const { return m_last; }
 
     /// Learns the depth from a sample, in decode order, ahead of assign().
     void observe(std::int64_t presentation);

@@ -116,6 +116,7 @@ private:
     // On the writer thread.
     void run();
     bool step(Lock& lock);
+    bool soundIsBehind() const;
     void deliver(Lock& lock);
     void process(Item item, Lock& lock);
     void processQueue(Lock& lock);

@@ -14,6 +14,8 @@ using std::chrono::milliseconds;
 using std::chrono::steady_clock;
 
 constexpr milliseconds tickLength{1000};
+constexpr milliseconds soundCheckInterval{5};
+constexpr std::size_t maxSoundBacklogBytes = 256 * 1024; ///< half a minute of G.711, a tenth of a second to encode
 constexpr std::size_t leastFragmentLimit = 256 * 1024;
 constexpr std::size_t mostFragmentLimit = 2 * 1024 * 1024;
 constexpr double secondsAFragment = 0.05; ///< of the disk's rate
@@ -82,19 +84,30 @@ bool DownloadTask::step(Lock& lock)
     if (!m_queue.empty())
         return true;
     m_idle = true;
-    m_wake.wait_until(lock, std::min(m_lastSync, m_lastHandOver) + tickLength, [&] {
-        return !m_queue.empty() || !m_events.empty() || m_giveBack > 0 || m_phase != Phase::Taking || m_flushNow;
+    const bool behind = soundIsBehind();
+    const auto wakeUp = std::min(m_lastSync, m_lastHandOver) + tickLength;
+    m_wake.wait_until(lock, behind ? std::min(wakeUp, now + soundCheckInterval) : wakeUp, [&] {
+        return !m_queue.empty() || !m_events.empty() || (m_giveBack > 0 && !behind) || m_phase != Phase::Taking ||
+               m_flushNow;
     });
     m_idle = false;
     return true;
 }
 
+/// Sound is encoded slower than a recorder sends at full speed: what was pushed is not given back meanwhile, so that
+/// the recorder waits and memory stays bounded.
+bool DownloadTask::soundIsBehind() const
+{
+    return m_phase == Phase::Taking && m_assembler.soundBacklogBytes() > maxSoundBacklogBytes;
+}
+
 void DownloadTask::deliver(Lock& lock)
 {
-    if (m_events.empty() && m_giveBack == 0)
+    const bool behind = soundIsBehind();
+    if (m_events.empty() && (m_giveBack == 0 || behind))
         return;
     const auto events = std::exchange(m_events, {});
-    const std::int64_t consumed = std::exchange(m_giveBack, 0);
+    const std::int64_t consumed = behind ? 0 : std::exchange(m_giveBack, 0);
     m_changed.notify_all();
     lock.unlock();
     if (consumed > 0)
@@ -316,8 +329,6 @@ void DownloadTask::abandon(Lock& lock)
             writer->remove();
     }
     lock.lock();
-    m_writer.reset();
-    m_unsettled.reset();
     m_queue.clear();
 }
 
@@ -331,6 +342,13 @@ void DownloadTask::leave(Lock& lock)
     deliver(lock);
     if (m_cutter)
         m_cutter->requestStop();
+    // Whoever cancelled goes on by now: a large file without a name takes long to close.
+    auto writer = std::move(m_writer);
+    auto unsettled = std::move(m_unsettled);
+    lock.unlock();
+    writer.reset();
+    unsettled.reset();
+    lock.lock();
     m_exited = true;
 }
 

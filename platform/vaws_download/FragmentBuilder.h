@@ -63,7 +63,6 @@ public:
     std::size_t bufferedBytes() const { return m_buffer ? m_buffer->used + m_dataBytes + m_sideBytes : 0; }
     std::uint32_t nominalTicks() const { return m_tracks[m_leading].nominal; }
     void setFragmentLimit(std::size_t bytes) { m_fragmentLimit = bytes; }
-    std::size_t reorderDepth() const { return m_tracks[m_leading].order.depth(); }
 
 private:
     struct PendingSample

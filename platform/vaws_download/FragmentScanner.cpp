@@ -139,7 +139,6 @@ void FragmentScanner::readFragments(ScanResult& result, const MovieTags& tags)
             break;
         take(info);
     }
-    result.droppedBytes = m_length - result.fragmentsEnd;
 }
 
 ScanResult FragmentScanner::scan(const MovieTags& tags)

@@ -25,7 +25,6 @@ struct ScanResult
     std::vector<TrackFormat> formats;
     MovieAssembly assembly;
     std::uint64_t fragmentsEnd = 0; ///< behind the last whole fragment
-    std::uint64_t droppedBytes = 0; ///< of the file behind that
     int error = 0;                  ///< errno of a read that failed
 };
 

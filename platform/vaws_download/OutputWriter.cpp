@@ -220,7 +220,7 @@ void OutputWriter::remove()
     if (!m_file)
         return;
     m_file->remove(m_path);
-    m_file.reset();
+    m_removed = std::move(m_file);
     m_journal.drop();
 }
 

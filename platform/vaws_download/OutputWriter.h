@@ -76,9 +76,7 @@ public:
     const MovieAssembly& assembly() const { return m_assembly; }
     bool truncated() const { return m_cut; }
     std::uint64_t bytes() const { return m_fragmentsEnd; }
-    bool unsynced() const { return m_unsynced; }
     double bytesPerSecond() const { return m_rate; } ///< of the disk, 0 while unknown
-    const OutputPlan& plan() const { return *m_plan; }
 
 private:
     WriteFailure create();
@@ -92,6 +90,7 @@ private:
     TaskJournal m_journal;
     JournalEntry m_entry;
     std::unique_ptr<DirectFile> m_file;
+    std::unique_ptr<DirectFile> m_removed; ///< without a name: closing it gives its room back, which takes long
     MovieAssembly m_assembly;
     std::uint64_t m_fragmentsEnd = 0;
     double m_rate = 0;

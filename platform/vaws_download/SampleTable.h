@@ -17,9 +17,7 @@ public:
     void append(const TrackRun& run);
 
     std::uint32_t sampleCount() const { return m_count; }
-    std::uint64_t chunkCount() const { return m_chunks.size(); }
     std::int64_t firstDecodeTime() const { return m_firstDecode; }
-    std::int64_t lastDecodeTime() const { return m_lastDecode; }
     std::int64_t firstPresentation() const { return m_firstPresentation; }
     std::int64_t lastPresentation() const { return m_lastPresentation; }
     std::int64_t presentationEnd() const { return m_presentationEnd; } ///< behind the sample shown last

@@ -63,7 +63,8 @@ public:
     std::size_t bufferedBytes() const { return m_builder ? m_builder->bufferedBytes() : 0; }
     void setFragmentLimit(std::size_t bytes);
     const vav::StreamInfo& info() const { return m_info; }
-    const AssemblyRequest& request() const { return m_request; }
+    /// Sound that waits for its encoder. Any thread.
+    std::size_t soundBacklogBytes() const { return m_transcoder ? m_transcoder->backlogBytes() : 0; }
     void setRequestedSpan(std::int64_t beginNs, std::int64_t endNs);
 
 private:

@@ -19,7 +19,6 @@ struct JournalEntry
     FileIdentity identity;         ///< unknown between journalling and creating the output
     std::int64_t askedBeginNs = 0; ///< UTC, 0 open
     std::int64_t askedEndNs = 0;
-    std::int64_t reachedNs = 0; ///< UTC behind the last frame, when last told
     std::string channelName;
     std::string deviceName;
 };

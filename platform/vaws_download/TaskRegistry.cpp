@@ -84,6 +84,7 @@ int TaskRegistry::start(TaskSettings settings)
 {
     std::uint64_t bytes = 0;
     settings.reserveBytes = reserveBytes();
+    settings.maxFileBytes = m_fileLimit;
     const bool low = freeBytes(settings.path, bytes) && bytes < settings.reserveBytes;
     std::shared_ptr<DownloadTask> task;
     {

@@ -2,6 +2,7 @@
 
 #include "DownloadTask.h"
 
+#include <atomic>
 #include <condition_variable>
 #include <deque>
 #include <filesystem>
@@ -26,6 +27,7 @@ public:
     /// The newest task of this id, ended ones included; nullptr when there is none.
     std::shared_ptr<DownloadTask> find(const std::string& id) const;
     CallbackTable& callbacks() { return m_callbacks; }
+    void setFileLimit(std::uint64_t bytes) { m_fileLimit = bytes; }
 
     bool waitRepaired(int timeoutMs);
     std::string repairReport() const;
@@ -39,6 +41,7 @@ private:
 
     CallbackTable m_callbacks;
     BufferPool m_pool;
+    std::atomic<std::uint64_t> m_fileLimit{0};
 
     // Guarded by m_mutex.
     mutable std::mutex m_mutex;

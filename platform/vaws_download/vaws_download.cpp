@@ -87,6 +87,14 @@ void vaws_download_register_consumed_callback(vaws_consumed_callback callback)
     TaskRegistry::instance().callbacks().setConsumed(callback);
 }
 
+int vaws_download_set_file_limit(int64_t bytes)
+{
+    if (bytes < 0)
+        return VAWS_BAD_ARGUMENT;
+    TaskRegistry::instance().setFileLimit(static_cast<std::uint64_t>(bytes));
+    return VAWS_OK;
+}
+
 int vaws_download_file(const char* source, int downloaded_ms, const char* save_path, const char* task_id)
 {
     if (!source || !usable(save_path, maxPathBytes) || !usable(task_id, maxIdBytes) || downloaded_ms < 0)

@@ -94,6 +94,10 @@ VAWS_DOWNLOAD_API void vaws_download_register_file_toggle_callback(vaws_file_tog
 VAWS_DOWNLOAD_API void vaws_download_register_bitrate_callback(vaws_bitrate_callback callback);
 VAWS_DOWNLOAD_API void vaws_download_register_consumed_callback(vaws_consumed_callback callback);
 
+/// Tasks started from now on begin a new file at the first key frame beyond so many bytes; 0, as at the start: no
+/// limit.
+VAWS_DOWNLOAD_API int vaws_download_set_file_limit(int64_t bytes);
+
 /// Starts a task by recording file. `source` is "vavFrame". `downloaded_ms` is what an earlier part of this recording
 /// already holds: the new file at `save_path` gets the rest. Returns VAWS_OK, VAWS_REFUSED or another negative result.
 VAWS_DOWNLOAD_API int vaws_download_file(const char* source, int downloaded_ms, const char* save_path,

@@ -258,6 +258,36 @@ TEST_F(Task, startsANewFileWhenTheParameterSetsChange)
     EXPECT_THAT(driver.journalFiles(), IsEmpty());
 }
 
+TEST_F(Task, startsANewFileAtTheSizeLimitWithoutLosingAFrame)
+{
+    ClipSource::Options options;
+    options.seconds = 32;
+    const ClipSource source(TaskDriver::clip("h264_aac"), options);
+    ASSERT_EQ(vaws_download_set_file_limit(1'000'000), VAWS_OK);
+    startRange("t", "cap.mp4", source.beginNs(), source.endNs());
+    ASSERT_EQ(vaws_download_set_file_limit(0), VAWS_OK);
+    driver.pushAll("t", source);
+    vaws_download_push_player_event("t", VAWS_PLAYER_ENDED);
+    ASSERT_EQ(driver.waitForEnd("t"), VAWS_EVENT_FINISHED);
+    ASSERT_GE(driver.toggles().size(), 2u);
+    std::vector<std::string> found[2];
+    double seconds = 0;
+    std::vector<std::string> files;
+    for (const TaskDriver::Toggle& toggle : driver.toggles())
+        files.push_back(toggle.file);
+    files.push_back(driver.path("cap.mp4"));
+    for (const std::string& file : files) {
+        seconds += probeNumber(file, "-select_streams v -show_entries stream=duration");
+        for (int track : {0, 1}) {
+            const std::vector<std::string> part = ffmpegPacketMd5(file, track);
+            found[track].insert(found[track].end(), part.begin(), part.end());
+        }
+    }
+    EXPECT_EQ(found[0], source.payloadMd5(0));
+    EXPECT_EQ(found[1], source.payloadMd5(1));
+    EXPECT_NEAR(seconds, 32.0, 0.05);
+}
+
 TEST_F(Task, startsANewFileWhenTheRecorderGoesBackInTime)
 {
     const ClipSource source(TaskDriver::clip("h264_plain"));
