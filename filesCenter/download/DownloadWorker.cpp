@@ -14,7 +14,6 @@
 #include <VCopyLocalFile.h>
 #include <vms_sdk.h>
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QLoggingCategory>
 
@@ -66,9 +65,13 @@ DownloadWorker::DownloadWorker()
             &DownloadWorker::slotPlaybackByFileProgressPush);
     connect(&client, &ClientSignals::signalPlaybackByTimeProgressPush, this,
             &DownloadWorker::slotPlaybackByTimeProgressPush);
+}
 
-    // The callbacks refer to this object, so the SDK's threads end before it does.
-    connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this, [] { vaws_download_shutdown(); });
+DownloadWorker::~DownloadWorker()
+{
+    // The callbacks refer to this object, so the SDK's threads end before it does; a host that did so already loses
+    // nothing.
+    vaws_download_shutdown();
 }
 
 DownloadWorker& DownloadWorker::instance()

@@ -63,6 +63,7 @@ private:
     };
 
     DownloadWorker();
+    ~DownloadWorker() override;
 
     void startCopy(const DownloadTaskInfo& task);
     void startByFile(const DownloadTaskInfo& task, const QString& devId, int channelNo);

@@ -29,8 +29,8 @@ const QString password = QStringLiteral("s3cret&<word>");
 SoapLimits quickLimits()
 {
     SoapLimits limits;
-    limits.timeouts.connectMs = 2000;
-    limits.timeouts.answerMs = 600;
+    limits.timeouts.connectMs = 5000;
+    limits.timeouts.answerMs = 20000;
     return limits;
 }
 
@@ -48,7 +48,7 @@ public:
         SoapAnswer got({ErrorKind::None, QStringLiteral("never answered"), {}});
         // Not qWaitFor: it sleeps between events, and the device lives on this thread as well.
         QEventLoop loop;
-        QTimer::singleShot(10000, &loop, &QEventLoop::quit);
+        QTimer::singleShot(30000, &loop, &QEventLoop::quit);
         soap.call(QUrl(address.toString() + QStringLiteral("/onvif/device_service")), requests::getDeviceInformation(),
                   SoapClient::Auth::Login, [&](const SoapAnswer& answer) {
                       got = answer;
@@ -214,8 +214,8 @@ void SoapClientTest::endsWhatAHostilePeerDrags_data()
     QTest::addColumn<ErrorKind>("kind");
 
     const QByteArray ok = "HTTP/1.1 200 OK\r\n";
-    QTest::newRow("endless header") << QByteArray(ok + "X: ") << qint64(64 << 20) << false << ErrorKind::Corrupt;
-    QTest::newRow("endless body") << QByteArray(ok + "\r\n<a>") << qint64(64 << 20) << false << ErrorKind::Corrupt;
+    QTest::newRow("endless header") << QByteArray(ok + "X: ") << qint64(16 << 20) << false << ErrorKind::Corrupt;
+    QTest::newRow("endless body") << QByteArray(ok + "\r\n<a>") << qint64(16 << 20) << false << ErrorKind::Corrupt;
     QTest::newRow("lying length") << QByteArray(ok + "Content-Length: 4000000000\r\n\r\n<a>") << qint64(0) << false
                                   << ErrorKind::Corrupt;
     QTest::newRow("one byte at a time") << QByteArray(ok + QByteArray("X: y\r\n").repeated(100)) << qint64(0) << true
@@ -239,12 +239,15 @@ void SoapClientTest::endsWhatAHostilePeerDrags()
     device.flags.rawAnswer = rawAnswer;
     device.flags.endlessBytes = endlessBytes;
     device.flags.oneByteASecond = oneByteAtATime;
-    Client client;
+    SoapLimits limits = quickLimits();
+    if (oneByteAtATime)
+        limits.timeouts.answerMs = 600;
+    Client client({QStringLiteral("admin"), password, {}}, limits);
     QElapsedTimer timer;
     timer.start();
     const SoapAnswer answer = client.ask(device.address());
     QVERIFY2(answer.error().kind == kind, qPrintable(answer.error().message));
-    QVERIFY2(timer.elapsed() < 3000, "the answer took longer than its limit");
+    QVERIFY2(timer.elapsed() < 15000, "the answer took longer than its limit");
     QCOMPARE(client.answers, 1);
 }
 

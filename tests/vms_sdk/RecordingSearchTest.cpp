@@ -81,7 +81,7 @@ void RecordingSearchTest::makesRecordingsOfTheDevicesEvents()
     QCOMPARE(sdk.logIn(SdkLife::loginTo(device.address())).kind, ErrorKind::None);
     const RecsSearchCondition condition = day();
     search_video_recordings_req(condition);
-    QTRY_COMPARE(sdk.answers.size(), 1);
+    QTRY_COMPARE_WITH_TIMEOUT(sdk.answers.size(), 1, patienceMs);
     QCOMPARE(sdk.answers.last().at(0).toString(), condition.requestId);
     QCOMPARE(kindOf(sdk.answers), ErrorKind::None);
     const QList<VideoRecording> recordings = recordingsOf(sdk.answers);
@@ -93,7 +93,7 @@ void RecordingSearchTest::makesRecordingsOfTheDevicesEvents()
 
     // The same again: same names, and the replay address is known.
     search_video_recordings_req(day());
-    QTRY_COMPARE(sdk.answers.size(), 2);
+    QTRY_COMPARE_WITH_TIMEOUT(sdk.answers.size(), 2, patienceMs);
     QCOMPARE(recordingsOf(sdk.answers).first().fileName, recordings.first().fileName);
     QCOMPARE(device.count("GetReplayUri"), 1);
 }
@@ -124,7 +124,7 @@ void RecordingSearchTest::findsSomethingWhateverTheDeviceOffers()
     SdkLife sdk;
     sdk.logIn(SdkLife::loginTo(device.address()));
     search_video_recordings_req(day());
-    QTRY_COMPARE(sdk.answers.size(), 1);
+    QTRY_COMPARE_WITH_TIMEOUT(sdk.answers.size(), 1, patienceMs);
     QCOMPARE(shown(recordingsOf(sdk.answers)), recordings);
     QCOMPARE(recordingsOf(sdk.answers).first().replayUri.isEmpty(), !hasReplay);
 }
@@ -158,7 +158,7 @@ void RecordingSearchTest::tellsWhatItCannotSearch()
     condition.end = condition.begin.addSecs(seconds);
     search_video_recordings_req(condition);
     QVERIFY2(sdk.answers.isEmpty(), "answered from inside the request");
-    QTRY_COMPARE(sdk.answers.size(), 1);
+    QTRY_COMPARE_WITH_TIMEOUT(sdk.answers.size(), 1, patienceMs);
     QCOMPARE(kindOf(sdk.answers), kind);
     QVERIFY(recordingsOf(sdk.answers).isEmpty());
     QCOMPARE(search_error(condition.requestId).kind, kind);
@@ -174,7 +174,7 @@ void RecordingSearchTest::namesTheLimitWhenThereAreTooManyEvents()
     sdk.logIn(SdkLife::loginTo(device.address()));
     const RecsSearchCondition condition = day();
     search_video_recordings_req(condition);
-    QTRY_COMPARE(sdk.answers.size(), 1);
+    QTRY_COMPARE_WITH_TIMEOUT(sdk.answers.size(), 1, patienceMs);
     QCOMPARE(kindOf(sdk.answers), ErrorKind::Corrupt);
     QVERIFY(search_error(condition.requestId).message.contains(QStringLiteral("3000")));
     QVERIFY(device.count("GetEventSearchResults") <= 7);
@@ -194,7 +194,7 @@ void RecordingSearchTest::timesOutOnceUnlessRenewed()
     search_video_recordings_req(condition);
     QTest::qWait(400);
     renewal_request_id(condition.requestId);
-    QTRY_COMPARE(sdk.timeouts.size(), 1);
+    QTRY_COMPARE_WITH_TIMEOUT(sdk.timeouts.size(), 1, patienceMs);
     QVERIFY2(timer.elapsed() >= 950, "the renewal did not count");
     QCOMPARE(sdk.timeouts.first().at(0).toString(), condition.requestId);
     QTest::qWait(300);
@@ -210,12 +210,12 @@ void RecordingSearchTest::cancelsAtOnce()
     device.flags.isSilent = true;
     const RecsSearchCondition condition = day();
     search_video_recordings_req(condition);
-    QTRY_VERIFY(device.operations.contains("FindRecordings"));
+    QTRY_VERIFY_WITH_TIMEOUT(device.operations.contains("FindRecordings"), patienceMs);
     QElapsedTimer timer;
     timer.start();
     cancel_request(condition.requestId);
-    QTRY_COMPARE(sdk.answers.size(), 1);
-    QVERIFY2(timer.elapsed() < 200, "cancelling waits for the device");
+    QTRY_COMPARE_WITH_TIMEOUT(sdk.answers.size(), 1, patienceMs);
+    QVERIFY2(timer.elapsed() < SdkLife::quickLimits().answerTimeoutMs / 2, "cancelling waits for the device");
     QCOMPARE(kindOf(sdk.answers), ErrorKind::Cancelled);
 }
 
@@ -239,7 +239,7 @@ void RecordingSearchTest::answersEachOfManyExactlyOnce()
         if (i % 4 == 0)
             cancel_request(condition.requestId);
     }
-    QTRY_COMPARE(sdk.answers.size() + sdk.timeouts.size(), ids.size());
+    QTRY_COMPARE_WITH_TIMEOUT(sdk.answers.size() + sdk.timeouts.size(), ids.size(), patienceMs);
     QTest::qWait(1000);
     QStringList answered;
     for (const QSignalSpy* spy : {&sdk.answers, &sdk.timeouts}) {
@@ -259,7 +259,7 @@ void RecordingSearchTest::searchesADirectSourceWithoutAsking()
     sdk.logIn(
         SdkLife::loginTo(QUrl(QStringLiteral("rtsp://127.0.0.1:%1/play/{channel}?x=1").arg(server.serverPort()))));
     search_video_recordings_req(day(3));
-    QTRY_COMPARE(sdk.answers.size(), 1);
+    QTRY_COMPARE_WITH_TIMEOUT(sdk.answers.size(), 1, patienceMs);
     QCOMPARE(shown(recordingsOf(sdk.answers)), QStringLiteral("00:00-23:59"));
     QCOMPARE(recordingsOf(sdk.answers).first().replayUri,
              QUrl(QStringLiteral("rtsp://127.0.0.1:%1/play/3?x=1").arg(server.serverPort())));
@@ -274,7 +274,7 @@ void RecordingSearchTest::logsInAgainWhenTheSessionWasLost()
     // The device's clock jumps: the tokens are too old until the clock is read anew.
     device.flags.clockOffsetMs = 3600 * 1000;
     search_video_recordings_req(day());
-    QTRY_COMPARE(sdk.answers.size(), 1);
+    QTRY_COMPARE_WITH_TIMEOUT(sdk.answers.size(), 1, patienceMs);
     QCOMPARE(kindOf(sdk.answers), ErrorKind::None);
     QCOMPARE(recordingsOf(sdk.answers).size(), 4);
 }
@@ -286,9 +286,9 @@ void RecordingSearchTest::answersRunningSearchesAtLogout()
     sdk.logIn(SdkLife::loginTo(device.address()));
     device.flags.isSilent = true;
     search_video_recordings_req(day());
-    QTRY_VERIFY(device.operations.contains("FindRecordings"));
+    QTRY_VERIFY_WITH_TIMEOUT(device.operations.contains("FindRecordings"), patienceMs);
     logout_dev_req(devId);
-    QTRY_COMPARE(sdk.answers.size(), 1);
+    QTRY_COMPARE_WITH_TIMEOUT(sdk.answers.size(), 1, patienceMs);
     QCOMPARE(kindOf(sdk.answers), ErrorKind::Cancelled);
 }
 

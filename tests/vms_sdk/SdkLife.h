@@ -9,6 +9,9 @@
 #include <QTest>
 #include <QThread>
 
+/// How long a test waits for something that must come, on a machine that is busy with other things.
+constexpr int patienceMs = 30'000;
+
 /// One life of the library with limits that a test can wait for, and what its signals said meanwhile.
 class SdkLife
 {
@@ -16,9 +19,9 @@ public:
     static vms_sdk::SdkLimits quickLimits()
     {
         vms_sdk::SdkLimits limits;
-        limits.connectTimeoutMs = 1000;
-        limits.answerTimeoutMs = 1000;
-        limits.requestTimeoutMs = 5000;
+        limits.connectTimeoutMs = 5000;
+        limits.answerTimeoutMs = 10'000;
+        limits.requestTimeoutMs = 20'000;
         return limits;
     }
 
@@ -52,7 +55,7 @@ public:
     {
         const int before = logins.size();
         vms_sdk::login_dev_req(login);
-        if (!QTest::qWaitFor([&] { return logins.size() > before; }, 8000))
+        if (!QTest::qWaitFor([&] { return logins.size() > before; }, patienceMs))
             return {vms_sdk::ErrorKind::Cancelled, QStringLiteral("the login was never answered"), {}};
         return logins.last().at(1).value<vms_sdk::Error>();
     }

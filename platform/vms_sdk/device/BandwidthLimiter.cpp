@@ -1,7 +1,5 @@
 #include "BandwidthLimiter.h"
 
-#include <QMutexLocker>
-
 namespace vms_sdk {
 
 namespace {
@@ -17,7 +15,7 @@ BandwidthLimiter::BandwidthLimiter()
 
 void BandwidthLimiter::setLimit(qint64 bytesPerSecond)
 {
-    const QMutexLocker locker(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     m_bytesPerSecond.store(qMax<qint64>(bytesPerSecond, 0), std::memory_order_relaxed);
     m_tokens = 0;
     m_sinceRefill.restart();
@@ -28,7 +26,7 @@ qint64 BandwidthLimiter::take(qint64 wantedBytes)
     const auto rate = static_cast<double>(limit());
     if (rate <= 0)
         return wantedBytes;
-    const QMutexLocker locker(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     const double seconds = static_cast<double>(m_sinceRefill.nsecsElapsed()) * 1e-9;
     m_sinceRefill.restart();
     m_tokens = qMin(m_tokens + rate * seconds, rate * savedSeconds);

@@ -1,9 +1,9 @@
 #pragma once
 
 #include <QElapsedTimer>
-#include <QMutex>
 
 #include <atomic>
+#include <mutex>
 
 namespace vms_sdk {
 
@@ -25,7 +25,7 @@ private:
     std::atomic<qint64> m_bytesPerSecond{0};
 
     // Under m_mutex.
-    QMutex m_mutex;
+    std::mutex m_mutex;
     QElapsedTimer m_sinceRefill;
     double m_tokens = 0;
 };

@@ -4,18 +4,22 @@ namespace vms_sdk {
 
 SdkCore::SdkCore(const SdkLimits& limits, std::shared_ptr<StreamFlowTable> flows)
     : m_searches(limits.requestTimeoutMs)
-    , m_streams(limits, std::move(flows))
+    , m_streams(limits, std::move(flows), m_mailbox)
     , m_soap(QStringLiteral("vms-soap"), limits)
 {
-    qRegisterMetaType<QSslCertificate>();
-    qRegisterMetaType<vms_sdk::ReplaySource>();
     SoapWorker* soap = m_soap.worker();
-    connect(soap, &SoapWorker::loginDone, &m_devices, &DeviceRegistry::takeLoginDone);
-    connect(soap, &SoapWorker::statusChanged, &m_devices, &DeviceRegistry::takeStatus);
-    connect(soap, &SoapWorker::infoChanged, &m_devices, &DeviceRegistry::takeInfo);
-    connect(soap, &SoapWorker::certificateRefused, &m_devices, &DeviceRegistry::takeCertificate);
-    connect(soap, &SoapWorker::searchDone, &m_searches, &SearchRequests::answer);
-    connect(soap, &SoapWorker::replayFound, &m_streams, &StreamRegistry::takeReplay);
+    connect(soap, &SoapWorker::loginDone, soap, delivery(m_mailbox, m_devices, &DeviceRegistry::takeLoginDone),
+            Qt::DirectConnection);
+    connect(soap, &SoapWorker::statusChanged, soap, delivery(m_mailbox, m_devices, &DeviceRegistry::takeStatus),
+            Qt::DirectConnection);
+    connect(soap, &SoapWorker::infoChanged, soap, delivery(m_mailbox, m_devices, &DeviceRegistry::takeInfo),
+            Qt::DirectConnection);
+    connect(soap, &SoapWorker::certificateRefused, soap,
+            delivery(m_mailbox, m_devices, &DeviceRegistry::takeCertificate), Qt::DirectConnection);
+    connect(soap, &SoapWorker::searchDone, soap, delivery(m_mailbox, m_searches, &SearchRequests::answer),
+            Qt::DirectConnection);
+    connect(soap, &SoapWorker::replayFound, soap, delivery(m_mailbox, m_streams, &StreamRegistry::takeReplay),
+            Qt::DirectConnection);
     connect(&m_searches, &SearchRequests::timedOut, this, [this](const QString& requestId) {
         m_soap.post([requestId](SoapWorker& worker) { worker.cancelSearch(requestId); });
     });
@@ -23,6 +27,7 @@ SdkCore::SdkCore(const SdkLimits& limits, std::shared_ptr<StreamFlowTable> flows
             [this](quint64 streamId, const QString& devId, int channelNo, const QString& recordingToken) {
                 m_soap.post([=](SoapWorker& worker) { worker.findReplay(streamId, devId, channelNo, recordingToken); });
             });
+    m_soap.start();
 }
 
 SdkCore::~SdkCore() = default;

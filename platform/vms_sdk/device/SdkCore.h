@@ -33,6 +33,7 @@ public:
     StreamRegistry& streams() { return m_streams; }
 
 private:
+    Mailbox m_mailbox; ///< what the other threads have to say
     DeviceRegistry m_devices;
     SearchRequests m_searches;
     StreamRegistry m_streams;

@@ -60,5 +60,3 @@ private:
 };
 
 } // namespace vms_sdk
-
-Q_DECLARE_METATYPE(vms_sdk::ReplaySource)

@@ -1,14 +1,13 @@
 #pragma once
 
 #include <QHash>
-#include <QMutex>
 
 #include <atomic>
+#include <functional>
 #include <memory>
+#include <mutex>
 
 namespace vms_sdk {
-
-class StreamWorker;
 
 /// Carries consumed bytes from any thread to the network thread of a stream. Reports are added up until the network
 /// thread takes them, so a report costs an addition and only the first of many wakes it. Entries are removed before
@@ -16,10 +15,12 @@ class StreamWorker;
 class StreamFlowTable final
 {
 public:
+    using Wake = std::function<void()>;
     using Counter = std::shared_ptr<std::atomic<qint64>>;
 
-    /// GUI thread.
-    Counter add(quint64 streamId, StreamWorker* worker);
+    /// GUI thread, like remove() and clear(). `wake` runs under the lock, when the counter leaves zero; it must only
+    /// post.
+    Counter add(quint64 streamId, Wake wake);
     void remove(quint64 streamId);
     void clear();
 
@@ -29,11 +30,11 @@ public:
 private:
     struct Entry
     {
-        StreamWorker* worker = nullptr;
+        Wake wake;
         Counter consumedBytes;
     };
 
-    QMutex m_mutex;
+    std::mutex m_mutex;
     QHash<quint64, Entry> m_entries; ///< under m_mutex
 };
 

@@ -17,14 +17,14 @@ constexpr double unthrottledSpeed = 100;
 
 } // namespace
 
-StreamRegistry::StreamRegistry(const SdkLimits& limits, std::shared_ptr<StreamFlowTable> flows, QObject* parent)
+StreamRegistry::StreamRegistry(const SdkLimits& limits, std::shared_ptr<StreamFlowTable> flows, Mailbox& mailbox,
+                               QObject* parent)
     : QObject(parent)
+    , m_mailbox(mailbox)
     , m_limits(limits)
     , m_limiter(std::make_shared<BandwidthLimiter>())
     , m_flows(std::move(flows))
-{
-    qRegisterMetaType<vms_sdk::rtsp::ReplayEnd>();
-}
+{}
 
 StreamRegistry::~StreamRegistry()
 {
@@ -134,7 +134,9 @@ void StreamRegistry::takeReplay(quint64 streamId, const Error& error, const Repl
     request.silenceTimeoutMs = m_limits.silenceTimeoutMs;
     Network& network = networkForNewStream();
     found->network = &network;
-    const StreamFlowTable::Counter counter = m_flows->add(streamId, network.worker());
+    const StreamFlowTable::Counter counter = m_flows->add(streamId, [&network, streamId] {
+        network.post([streamId](StreamWorker& worker) { worker.takeConsumed(streamId); });
+    });
     network.post([streamId, request, counter](StreamWorker& worker) { worker.start(streamId, request, counter); });
     if (found->isPaused)
         control(streamId, PlaybackPause);
@@ -156,15 +158,24 @@ StreamRegistry::Network& StreamRegistry::networkForNewStream()
     m_networks.push_back(
         std::make_unique<Network>(QStringLiteral("vms-network-%1").arg(m_networks.size() + 1), m_limiter));
     StreamWorker* worker = m_networks.back()->worker();
-    connect(worker, &StreamWorker::playing, this, [this](quint64 streamId) {
-        if (m_streams.contains(streamId))
-            emit ClientSignals::instance().signalStreamEventPush(streamId, StreamPlaying);
-    });
-    connect(worker, &StreamWorker::packets, this, &StreamRegistry::onPackets);
-    connect(worker, &StreamWorker::progress, this, &StreamRegistry::onProgress);
-    connect(worker, &StreamWorker::ended, this, &StreamRegistry::onEnded);
-    connect(worker, &StreamWorker::certificateRefused, this, &StreamRegistry::onCertificate);
+    connect(worker, &StreamWorker::playing, worker, delivery(m_mailbox, *this, &StreamRegistry::onPlaying),
+            Qt::DirectConnection);
+    connect(worker, &StreamWorker::packets, worker, delivery(m_mailbox, *this, &StreamRegistry::onPackets),
+            Qt::DirectConnection);
+    connect(worker, &StreamWorker::progress, worker, delivery(m_mailbox, *this, &StreamRegistry::onProgress),
+            Qt::DirectConnection);
+    connect(worker, &StreamWorker::ended, worker, delivery(m_mailbox, *this, &StreamRegistry::onEnded),
+            Qt::DirectConnection);
+    connect(worker, &StreamWorker::certificateRefused, worker,
+            delivery(m_mailbox, *this, &StreamRegistry::onCertificate), Qt::DirectConnection);
+    m_networks.back()->start();
     return *m_networks.back();
+}
+
+void StreamRegistry::onPlaying(quint64 streamId)
+{
+    if (m_streams.contains(streamId))
+        emit ClientSignals::instance().signalStreamEventPush(streamId, StreamPlaying);
 }
 
 void StreamRegistry::onPackets(quint64 streamId, const QByteArray& batch)

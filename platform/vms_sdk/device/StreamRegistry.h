@@ -27,7 +27,8 @@ class StreamRegistry final : public QObject
     Q_DISABLE_COPY_MOVE(StreamRegistry)
 
 public:
-    StreamRegistry(const SdkLimits& limits, std::shared_ptr<StreamFlowTable> flows, QObject* parent = nullptr);
+    StreamRegistry(const SdkLimits& limits, std::shared_ptr<StreamFlowTable> flows, Mailbox& mailbox,
+                   QObject* parent = nullptr);
     ~StreamRegistry() override;
 
     quint64 openByFile(const PlaybackByFileCondition& condition);
@@ -67,6 +68,7 @@ private:
     void connectStream(quint64 streamId);
     void endStream(quint64 streamId, StreamEvent event, const Error& error);
     Network& networkForNewStream();
+    void onPlaying(quint64 streamId);
     void onPackets(quint64 streamId, const QByteArray& batch);
     void onProgress(quint64 streamId, qint64 lastTimeNs);
     void onEnded(quint64 streamId, rtsp::ReplayEnd end, const Error& error);
@@ -74,6 +76,7 @@ private:
                        const QString& reason);
     static StreamEvent eventOf(ErrorKind kind);
 
+    Mailbox& m_mailbox; ///< of the GUI thread; outlives the registry
     const SdkLimits m_limits;
     const std::shared_ptr<BandwidthLimiter> m_limiter;
     QHash<quint64, Stream> m_streams;

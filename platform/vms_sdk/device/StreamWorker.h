@@ -68,5 +68,3 @@ private:
 };
 
 } // namespace vms_sdk
-
-Q_DECLARE_METATYPE(vms_sdk::rtsp::ReplayEnd)
