@@ -24,6 +24,10 @@ int main(int argc, char** argv)
 {
     std::signal(SIGTERM, requestStop);
     std::signal(SIGINT, requestStop);
+#ifdef SIGPIPE
+    // A peer that is gone shows as an error of the write, also where OpenSSL writes.
+    std::signal(SIGPIPE, SIG_IGN);
+#endif
     QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("recorder_sim"));
 

@@ -202,7 +202,10 @@ class Lab:
                 if not any(after.values()):
                     problems.append(f"{task}: an empty file was left")
             for stream, samples in before.get(task, {}).items():
-                if len(after.get(stream, [])) < len(samples):
+                # The first packet of an AAC encoder decodes to what comes before the sound: a finished file's edit list hides it,
+                # and when it is all the sound there is, it is not read any more.
+                hidden = 1 if stream != min(before[task]) and len(samples) == 1 else 0
+                if len(after.get(stream, [])) < len(samples) - hidden:
                     problems.append(f"{task}: repair lost samples of stream {stream}: {len(samples)} before, "
                                     f"{len(after.get(stream, []))} after")
             owed = box.pushed_by(death_ns - window_ns, task) - FRAGMENT_FRAMES
