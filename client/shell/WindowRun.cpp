@@ -4,6 +4,8 @@
 #include "MainWindow.h"
 #include "SingleWindow.h"
 
+#include "cli/Interrupt.h"
+
 #include <DevsMgrData.h>
 #include <FilesCenterInit.h>
 #include <FormsMgr.h>
@@ -69,6 +71,9 @@ int runWindow(int& argc, char** argv, const CliCommand& command)
         QObject::connect(&forms, &vemo_base::FormsMgr::signalFormCreated, &window, &MainWindow::placeForm);
         QObject::connect(&single, &SingleWindow::signalRaise, &window, &MainWindow::comeToFront);
         forms.createForm(vemo_base::FilesCenterFormType);
+        // Asked to terminate, it ends as if the person had closed it.
+        Interrupt interrupt;
+        QObject::connect(&interrupt, &Interrupt::signalInterrupted, &window, &QWidget::close);
         window.show();
         code = QApplication::exec();
         emit vemo_contact::SystemMsg::instance().signalPrepareQuitSystem();
