@@ -118,7 +118,7 @@ void DownloadPrinter::bar(const QList<ChannelDownload*>& downloads)
     if (left >= 0)
         text += QLatin1String("  ") % tr("%1 left").arg(duration(left));
     if (downloads.size() > 1)
-        text += QLatin1String("  ") % tr("%1 of %2 channels running").arg(running).arg(downloads.size());
+        text += QLatin1String("  ") % tr("%1 of %2 running").arg(running).arg(downloads.size());
     Terminal::errorStatus(text);
     m_barShown = true;
 }
@@ -152,6 +152,7 @@ QByteArray DownloadPrinter::resultJson(const ChannelDownload& download)
                        {QStringLiteral("audio"), report.audio},
                        {QStringLiteral("frames"), report.frames},
                        {QStringLiteral("lost"), report.lost},
+                       {QStringLiteral("verified"), report.verified},
                        {QStringLiteral("compared"), download.isCompared()}};
     if (!report.files.isEmpty())
         object.insert(QStringLiteral("files"), QJsonArray::fromStringList(report.files));

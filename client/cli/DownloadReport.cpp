@@ -17,11 +17,6 @@ QDateTime timeOf(const QJsonValue& value)
 
 } // namespace
 
-bool DownloadReport::hasEnded() const
-{
-    return status == VAWS_STATUS_ENDED;
-}
-
 DownloadReport DownloadReport::ofTask(const QString& taskId)
 {
     const QByteArray id = taskId.toUtf8();
@@ -46,7 +41,6 @@ DownloadReport DownloadReport::fromJson(const QByteArray& json)
         return report;
     const QJsonObject object = document.object();
     report.known = true;
-    report.status = object[QLatin1String("status")].toInt();
     report.event = object[QLatin1String("event")].toInt();
     report.error = object[QLatin1String("error")].toString();
     report.path = object[QLatin1String("path")].toString();

@@ -18,7 +18,6 @@ struct DownloadReport
     };
 
     bool known = false; ///< the library has a task of that id
-    int status = 0;     ///< vaws_download_status
     int event = 0;      ///< the ending one, 0 while it runs
     QString error;
     QString path;
@@ -31,9 +30,7 @@ struct DownloadReport
     QList<Gap> gaps;
     QString video;
     QString audio;
-    bool verified = false;
-
-    bool hasEnded() const;
+    bool verified = false; ///< read back by its index
 
     static DownloadReport ofTask(const QString& taskId);
     static DownloadReport fromJson(const QByteArray& json);

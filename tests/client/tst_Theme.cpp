@@ -158,8 +158,8 @@ void tst_Theme::iconsTakeTheColourOfTheMomentTheyAreDrawn()
 void tst_Theme::allIconsOfTheClientCanBeDrawn_data()
 {
     QTest::addColumn<QString>("name");
-    for (const char* name : {"check", "chev-down", "chev-right", "disk", "download-mgr", "error", "files", "info",
-                             "rate", "theme", "warning"})
+    for (const char* name :
+         {"check", "chev-down", "chev-right", "disk", "error", "files", "info", "rate", "theme", "warning"})
         QTest::newRow(name) << QString::fromLatin1(name);
 }
 
