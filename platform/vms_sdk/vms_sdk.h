@@ -14,7 +14,7 @@ namespace vms_sdk {
 VMS_SDK_EXPORT void init_sdk();
 /// Limits other than the defaults, for the next init_sdk().
 VMS_SDK_EXPORT void set_sdk_limits(const SdkLimits& limits);
-/// Ends all streams, requests and sessions and joins the threads. Safe with work in flight.
+/// Ends all streams, requests and sessions and joins the threads. Safe with work in flight; not from inside a signal.
 VMS_SDK_EXPORT void uninit_sdk();
 
 /// Makes the device known, or changes how it is reached, and logs in: signalDevLoginRes, signalDevStatusPush, and on

@@ -75,6 +75,8 @@ private slots:
     void pausesAndGoesOn();
     void tellsHowAStreamEnded_data();
     void tellsHowAStreamEnded();
+    void refusesHostileAnswersAtLogin_data();
+    void refusesHostileAnswersAtLogin();
     void logsInOverASkewedClock();
     void isSilentAfterDisconnecting();
     void endsWithFiveDownloadsAtFullSpeed();
@@ -403,6 +405,40 @@ void RecorderTest::tellsHowAStreamEnded()
     QVERIFY2(sdk.eventsOf(streamId).last() == event, qPrintable(stream_error(streamId).message));
     QVERIFY(!stream_error(streamId).message.isEmpty());
     QVERIFY(!stream_error(streamId).message.contains(password));
+}
+
+void RecorderTest::refusesHostileAnswersAtLogin_data()
+{
+    QTest::addColumn<QString>("faultQuery");
+    QTest::addColumn<ErrorKind>("kind");
+    QTest::addColumn<QString>("named");
+
+    QTest::newRow("wrong password") << "name=wrong-password" << ErrorKind::LoginRefused << "user name or password";
+    QTest::newRow("401 for ever") << "name=auth-loop" << ErrorKind::LoginRefused << "";
+    QTest::newRow("rubbish") << "name=rubbish" << ErrorKind::Corrupt << "does not answer in HTTP";
+    QTest::newRow("endless line") << "name=endless-line" << ErrorKind::Corrupt << "longer than 8192";
+    QTest::newRow("headers") << "name=many-headers&value=100000" << ErrorKind::Corrupt << "more than 128 headers";
+    QTest::newRow("dtd") << "name=xml-bomb&value=dtd" << ErrorKind::Corrupt << "document type definition";
+    QTest::newRow("entities") << "name=xml-bomb&value=entities" << ErrorKind::Corrupt << "document type definition";
+    QTest::newRow("depth") << "name=xml-bomb&value=depth" << ErrorKind::Corrupt << "";
+    QTest::newRow("attributes") << "name=xml-bomb&value=attributes" << ErrorKind::Corrupt << "";
+    QTest::newRow("slow") << "name=slow-soap&value=5000" << ErrorKind::TimedOut << "did not answer";
+}
+
+void RecorderTest::refusesHostileAnswersAtLogin()
+{
+    QFETCH(QString, faultQuery);
+    QFETCH(ErrorKind, kind);
+    QFETCH(QString, named);
+    fault(faultQuery);
+    SdkLimits limits = SdkLife::quickLimits();
+    if (kind == ErrorKind::TimedOut)
+        limits.answerTimeoutMs = 500;
+    SdkLife sdk(limits);
+    const Error error = sdk.logIn(login());
+    QVERIFY2(error.kind == kind, qPrintable(error.message));
+    QVERIFY2(error.message.contains(named), qPrintable(error.message));
+    QVERIFY(!error.message.contains(password) && !error.context.contains(password));
 }
 
 void RecorderTest::logsInOverASkewedClock()
