@@ -10,6 +10,7 @@ extern "C" {
 #include <cstring>
 #include <filesystem>
 #include <map>
+#include <random>
 #include <sstream>
 #include <stdexcept>
 #include <utility>
@@ -118,7 +119,10 @@ void ClipSource::makeClip(const std::string& path, double seconds, const std::st
     if (std::filesystem::exists(path))
         return;
     const std::string length = std::to_string(seconds);
-    const std::string part = path + ".part." + std::filesystem::path(path).extension().string().substr(1);
+    // Test programs that run side by side may make the same clip: each under a name of its own, and the first one
+    // stays.
+    const std::string part =
+        path + "." + std::to_string(std::random_device()()) + std::filesystem::path(path).extension().string();
     int code = 0;
     const std::string output =
         shellOutput("ffmpeg -nostdin -v error -y -f lavfi -i testsrc2=size=640x360:rate=25:duration=" + length +
@@ -127,7 +131,11 @@ void ClipSource::makeClip(const std::string& path, double seconds, const std::st
                     &code);
     if (code != 0)
         throw std::runtime_error("ffmpeg could not make " + path + ": " + output);
-    std::filesystem::rename(part, path);
+    std::error_code exists;
+    std::filesystem::create_hard_link(part, path, exists);
+    std::filesystem::remove(part);
+    if (exists && !std::filesystem::exists(path))
+        throw std::runtime_error("no room for " + path + ": " + exists.message());
 }
 
 ClipSource::ClipSource(const std::string& path)
