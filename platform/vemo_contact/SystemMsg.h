@@ -21,6 +21,10 @@ signals:
     void signalPrepareQuitSystem();
     /// What all downloads together receive, in kbit/s, about once a second.
     void signalDownloadBitRate(qint64 kbitPerSecond);
+    /// How many downloads of the queue run (those just being started included), wait, are paused, and have failed but
+    /// are tried again by themselves. Told when one of the figures changed, once when the stored tasks were handed out,
+    /// and never between two steps of one change: four zeros mean that nothing is left to do.
+    void signalDownloadQueueChanged(int running, int waiting, int paused, int retrying);
 
 private:
     SystemMsg();
