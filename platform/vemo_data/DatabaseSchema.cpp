@@ -84,6 +84,20 @@ const std::vector<Step>& steps()
             ))",
             "CREATE INDEX files_center_logs_time ON files_center_logs (time_utc_ms)",
         },
+        {
+            // Without a reference: facts may be stored before their task. The trigger lets them go with it.
+            R"(CREATE TABLE task_facts (
+                task_id TEXT PRIMARY KEY NOT NULL,
+                report TEXT NOT NULL DEFAULT '',               -- JSON, empty: none
+                reason TEXT NOT NULL DEFAULT '',               -- of the failure, one sentence
+                sha256 BLOB CHECK (sha256 IS NULL OR length(sha256) = 32),
+                sha256_bytes INTEGER NOT NULL DEFAULT 0 CHECK (sha256_bytes >= 0),
+                seconds REAL NOT NULL DEFAULT 0
+            ))",
+            R"(CREATE TRIGGER download_tasks_facts AFTER DELETE ON download_tasks BEGIN
+                DELETE FROM task_facts WHERE task_id = old.task_id;
+            END)",
+        },
     };
     return all;
 }

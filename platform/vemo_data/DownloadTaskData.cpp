@@ -71,6 +71,32 @@ void DownloadTaskData::amendDownloadTasksByAdd(const QList<DownloadTaskInfo>& ta
         &DataSignals::signalAddDownloadTasksToLocalDB);
 }
 
+void DownloadTaskData::splitDownloadTask(const DownloadTaskInfo& finished, const DownloadTaskInfo& rest)
+{
+    struct Stored
+    {
+        Tasks updated;
+        Tasks added;
+    };
+    auto stored = std::make_shared<Stored>();
+    Database::instance().post(
+        [finished, rest, stored](QSqlDatabase& db) {
+            return DownloadTaskStore::update(db, {finished}, &stored->updated) &&
+                   DownloadTaskStore::add(db, {rest}, DownloadTaskStore::Duplicates::Keep, &stored->added);
+        },
+        [stored](bool ok) {
+            if (ok && !stored->updated.isEmpty())
+                emit DataSignals::instance().signalUpdateDownloadTasksInLocalDB(stored->updated);
+            if (ok && !stored->added.isEmpty())
+                emit DataSignals::instance().signalAddDownloadTasksToLocalDB(stored->added);
+        });
+}
+
+bool DownloadTaskData::flush()
+{
+    return Database::instance().run([](QSqlDatabase&) { return true; });
+}
+
 void DownloadTaskData::deleteDownloadTasks(const QList<DownloadTaskInfo>& tasks)
 {
     auto removed = std::make_shared<QMap<int, QSet<QString>>>();

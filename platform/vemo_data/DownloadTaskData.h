@@ -8,8 +8,10 @@
 namespace vemo_data {
 
 /// The persisted download tasks. One object a process, used on the GUI thread; writes go to the database's thread and
-/// return at once, and what they did is announced by DataSignals after it is on disk. A write that fails changes
-/// nothing and is told by DataSignals::signalStoreNotice.
+/// return at once, and what they did is announced by DataSignals after it is on disk. Writes called in one turn of the
+/// event loop are stored by one commit: a crash keeps all of them or none, so that a task which is updated and added to
+/// in one slot is never found half done. A write that fails changes nothing and is told by
+/// DataSignals::signalStoreNotice.
 class VEMO_DATA_EXPORT DownloadTaskData final : public QObject
 {
     Q_OBJECT
@@ -28,10 +30,16 @@ public:
     void updateDownloadTasks(const QList<DownloadTaskInfo>& tasks, bool announce);
     void amendDownloadTasksByUpdate(const QList<DownloadTaskInfo>& tasks); ///< stores and announces an update
     void amendDownloadTasksByAdd(const QList<DownloadTaskInfo>& tasks);    ///< stores and announces an add
+    /// Stores `finished` under its id and adds `rest` as one change, or neither; announces the update, then the add.
+    void splitDownloadTask(const DownloadTaskInfo& finished, const DownloadTaskInfo& rest);
     void deleteDownloadTasks(const QList<DownloadTaskInfo>& tasks);
     /// From now on the same request may be queued again while this task exists.
     void removeDownloadTaskKey(const DownloadTaskInfo& task);
     void updateDownloadTaskChannelId(const DownloadTaskInfo& task, const QString& channelId);
+
+    /// Waits until everything written before is on disk; for the end of the program. Announcements of these writes
+    /// still come by the event loop. False when the store can't be written.
+    bool flush();
 
 private:
     DownloadTaskData();

@@ -1,0 +1,53 @@
+#include "TaskFactsData.h"
+
+#include "Database.h"
+#include "TaskFactsStore.h"
+
+#include <QPointer>
+
+#include <memory>
+
+namespace vemo_data {
+
+TaskFactsData::TaskFactsData() = default;
+
+TaskFactsData& TaskFactsData::instance()
+{
+    static TaskFactsData data;
+    return data;
+}
+
+void TaskFactsData::put(const TaskFacts& facts)
+{
+    TaskFacts kept = facts;
+    if (kept.report.size() > reportLimitBytes)
+        kept.report.clear();
+    Database::instance().post([kept](QSqlDatabase& db) { return TaskFactsStore::put(db, kept); });
+}
+
+void TaskFactsData::setSha256(const QString& taskId, const QByteArray& sum, qint64 bytes)
+{
+    Database::instance().post(
+        [taskId, sum, bytes](QSqlDatabase& db) { return TaskFactsStore::setSha256(db, taskId, sum, bytes); });
+}
+
+void TaskFactsData::get(const QString& taskId, QObject* context, std::function<void(const TaskFacts&)> answer)
+{
+    auto facts = std::make_shared<TaskFacts>();
+    facts->taskId = taskId;
+    Database::instance().post([facts](QSqlDatabase& db) { return TaskFactsStore::get(db, facts.get()); },
+                              [facts, guard = QPointer<QObject>(context), answer = std::move(answer)](bool) {
+                                  if (guard)
+                                      answer(*facts);
+                              });
+}
+
+TaskFacts TaskFactsData::getNow(const QString& taskId)
+{
+    TaskFacts facts;
+    facts.taskId = taskId;
+    Database::instance().run([&facts](QSqlDatabase& db) { return TaskFactsStore::get(db, &facts); });
+    return facts;
+}
+
+} // namespace vemo_data

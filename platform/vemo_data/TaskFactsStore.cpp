@@ -1,0 +1,77 @@
+#include "TaskFactsStore.h"
+
+#include <QDebug>
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QVariant>
+
+namespace vemo_data {
+
+namespace {
+
+constexpr int sumBytes = 32;
+
+bool carryOut(QSqlQuery& query)
+{
+    if (query.exec())
+        return true;
+    qWarning().noquote() << "task facts:" << query.lastError().text();
+    return false;
+}
+
+QVariant sumOrNull(const QByteArray& sum)
+{
+    return sum.size() == sumBytes ? QVariant(sum) : QVariant(QVariant::ByteArray);
+}
+
+} // namespace
+
+bool TaskFactsStore::put(QSqlDatabase& db, const TaskFacts& facts)
+{
+    QSqlQuery query(db);
+    query.prepare(QStringLiteral(
+        "INSERT INTO task_facts (task_id, report, reason, sha256, sha256_bytes, seconds) VALUES (?, ?, ?, ?, ?, ?) "
+        "ON CONFLICT (task_id) DO UPDATE SET report = excluded.report, reason = excluded.reason, "
+        "seconds = excluded.seconds, sha256 = coalesce(excluded.sha256, sha256), "
+        "sha256_bytes = iif(excluded.sha256 IS NULL, sha256_bytes, excluded.sha256_bytes)"));
+    query.addBindValue(facts.taskId);
+    query.addBindValue(QString::fromUtf8(facts.report.isNull() ? QByteArray("") : facts.report));
+    query.addBindValue(facts.reason.isNull() ? QStringLiteral("") : facts.reason);
+    query.addBindValue(sumOrNull(facts.sha256));
+    query.addBindValue(facts.sha256Bytes);
+    query.addBindValue(facts.seconds);
+    return carryOut(query);
+}
+
+bool TaskFactsStore::setSha256(QSqlDatabase& db, const QString& taskId, const QByteArray& sum, qint64 bytes)
+{
+    QSqlQuery query(db);
+    query.prepare(QStringLiteral("INSERT INTO task_facts (task_id, sha256, sha256_bytes) VALUES (?, ?, ?) "
+                                 "ON CONFLICT (task_id) DO UPDATE SET sha256 = excluded.sha256, "
+                                 "sha256_bytes = excluded.sha256_bytes"));
+    query.addBindValue(taskId);
+    query.addBindValue(sumOrNull(sum));
+    query.addBindValue(sum.size() == sumBytes ? bytes : 0);
+    return carryOut(query);
+}
+
+bool TaskFactsStore::get(QSqlDatabase& db, TaskFacts* facts)
+{
+    QSqlQuery query(db);
+    query.prepare(
+        QStringLiteral("SELECT report, reason, sha256, sha256_bytes, seconds FROM task_facts WHERE task_id = ?"));
+    query.addBindValue(facts->taskId);
+    if (!carryOut(query))
+        return false;
+    if (!query.next())
+        return true;
+    facts->report = query.value(0).toString().toUtf8();
+    facts->reason = query.value(1).toString();
+    facts->sha256 = query.value(2).toByteArray();
+    facts->sha256Bytes = query.value(3).toLongLong();
+    facts->seconds = query.value(4).toDouble();
+    return true;
+}
+
+} // namespace vemo_data
