@@ -35,6 +35,13 @@ enum class Token : int {
     Warning,
     Error,
     ErrorFill,
+    // Of time axes, which are dark islands: the same in both themes.
+    Axis,
+    AxisSegment,
+    AxisBackedUp,
+    AxisNoRecording,
+    AxisRecording,
+    AxisAlarm,
     Count
 };
 
