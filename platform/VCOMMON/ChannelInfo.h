@@ -6,12 +6,13 @@
 
 namespace VCOMMON {
 
-/// A channel as the local index stores know it.
+/// A channel as the local index stores and the local playback know it.
 struct ChannelInfo
 {
     QString devId;
     int channelNo = 0;
-    QString devLabel; ///< the device's name
+    QString devLabel;    ///< the device's name
+    QString channelName; ///< as the person knows it; may be empty
 };
 
 } // namespace VCOMMON

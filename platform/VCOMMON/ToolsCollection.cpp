@@ -1,5 +1,7 @@
 #include "ToolsCollection.h"
 
+#include "FileManager.h"
+
 #include <QFileInfo>
 #include <QTextBoundaryFinder>
 
@@ -109,6 +111,16 @@ QString ToolsCollection::freeFileName(const QString& path)
         if (!other.exists() && !other.isSymLink())
             return candidate;
     }
+}
+
+void ToolsCollection::openFolder(const QString& path)
+{
+    FileManager::show(path, FileManager::Target::Folder);
+}
+
+void ToolsCollection::openFolderAndSelectFile(const QString& path)
+{
+    FileManager::show(path, FileManager::Target::FileInFolder);
 }
 
 } // namespace VCOMMON

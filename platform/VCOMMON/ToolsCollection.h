@@ -6,7 +6,7 @@
 
 namespace VCOMMON {
 
-/// Small tools for names and files.
+/// Small tools for names, files and folders.
 class VCOMMON_EXPORT ToolsCollection final
 {
 public:
@@ -25,6 +25,12 @@ public:
 
     /// `path` itself when nothing stands there, else the same with " (2)", " (3)", ... before the suffix.
     static QString freeFileName(const QString& path);
+
+    /// Shows a folder in the desktop's file manager. Returns at once, whatever the desktop does; any thread.
+    static void openFolder(const QString& path);
+    /// Shows the folder of a file with the file selected; where the desktop can't select, the folder alone. Returns at
+    /// once; any thread.
+    static void openFolderAndSelectFile(const QString& path);
 };
 
 } // namespace VCOMMON

@@ -1,0 +1,183 @@
+#include "FileVerifier.h"
+
+#include <FileChecksum.h>
+#include <TaskFactsData.h>
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QPointer>
+
+#include <algorithm>
+
+namespace vemo_filesCenter {
+
+using vemo_data::DownloadTaskInfo;
+using vemo_data::TaskFacts;
+using vemo_data::TaskFactsData;
+
+FileVerifier::FileVerifier(QObject* parent)
+    : QObject(parent)
+    , m_checksum(new VCOMMON::FileChecksum(this))
+{
+    connect(m_checksum, &VCOMMON::FileChecksum::signalProgress, this, [this](qint64 done, qint64 total) {
+        constexpr qint64 whole = 100;
+        emit signalProgress(m_current.taskId, total > 0 ? static_cast<int>(done * whole / total) : 0);
+    });
+    connect(m_checksum, &VCOMMON::FileChecksum::signalFinished, this, &FileVerifier::judge);
+    connect(m_checksum, &VCOMMON::FileChecksum::signalFailed, this,
+            [this](VCOMMON::FileChecksum::Failure failure, const QString& text) {
+                const bool missing = failure == VCOMMON::FileChecksum::Failure::Missing;
+                end(missing ? Outcome::Missing : Outcome::Failed, {}, 0, text);
+            });
+}
+
+FileVerifier::~FileVerifier() = default;
+
+FileVerifier& FileVerifier::instance()
+{
+    // Goes with the application, whose threads and event loop it needs.
+    static QPointer<FileVerifier> verifier;
+    if (!verifier)
+        verifier = new FileVerifier(QCoreApplication::instance());
+    return *verifier;
+}
+
+void FileVerifier::keepSum(const DownloadTaskInfo& task)
+{
+    if (m_waiting.size() < queueLimit)
+        add({task.taskId, task.savePath, Wish::KeepSum, {}, 0});
+}
+
+void FileVerifier::verify(const DownloadTaskInfo& task)
+{
+    add({task.taskId, task.savePath, Wish::Verify, {}, 0});
+}
+
+void FileVerifier::forget(const QString& taskId)
+{
+    m_waiting.erase(
+        std::remove_if(m_waiting.begin(), m_waiting.end(), [&taskId](const Job& job) { return job.taskId == taskId; }),
+        m_waiting.end());
+    if (m_current.taskId != taskId)
+        return;
+    m_checksum->cancel();
+    m_current = {};
+    startNext();
+}
+
+void FileVerifier::setDownloadsRunning(bool running)
+{
+    m_downloadsRunning = running;
+    updatePause();
+}
+
+bool FileVerifier::isVerifying(const QString& taskId) const
+{
+    const auto isIt = [&taskId](const Job& job) { return job.taskId == taskId && job.wish == Wish::Verify; };
+    return isIt(m_current) || std::any_of(m_waiting.cbegin(), m_waiting.cend(), isIt);
+}
+
+void FileVerifier::add(const Job& job)
+{
+    if (job.taskId.isEmpty())
+        return;
+    if (m_current.taskId == job.taskId) {
+        // A person asks for what is being summed up for the store: there is nothing yet to compare it with.
+        if (job.wish == Wish::Verify)
+            m_current.wish = Wish::Verify;
+        updatePause();
+        return;
+    }
+    const auto same = std::find_if(m_waiting.begin(), m_waiting.end(),
+                                   [&job](const Job& other) { return other.taskId == job.taskId; });
+    if (same != m_waiting.end()) {
+        if (job.wish != Wish::Verify || same->wish == Wish::Verify)
+            return;
+        m_waiting.erase(same);
+    }
+    const auto place = job.wish == Wish::KeepSum
+                           ? m_waiting.end()
+                           : std::find_if(m_waiting.begin(), m_waiting.end(),
+                                          [](const Job& other) { return other.wish == Wish::KeepSum; });
+    m_waiting.insert(place, job);
+    // What only the store waits for makes room for a person.
+    if (job.wish == Wish::Verify && m_current.wish == Wish::KeepSum && m_checksum->isRunning()) {
+        m_checksum->cancel();
+        m_waiting.append(m_current);
+        m_current = {};
+    }
+    startNext();
+}
+
+void FileVerifier::startNext()
+{
+    if (!m_current.taskId.isEmpty() || m_waiting.isEmpty())
+        return;
+    m_current = m_waiting.takeFirst();
+    updatePause();
+    TaskFactsData::instance().get(m_current.taskId, this, [this, taskId = m_current.taskId](const TaskFacts& facts) {
+        // Forgotten meanwhile, or asked for twice.
+        if (m_current.taskId != taskId || m_checksum->isRunning())
+            return;
+        m_current.keptSha256 = facts.sha256;
+        m_current.keptBytes = facts.sha256Bytes;
+        if (m_current.wish == Wish::KeepSum && !facts.sha256.isEmpty())
+            end(Outcome::Unknown, {}, 0, {});
+        else
+            m_checksum->start(m_current.path);
+    });
+}
+
+void FileVerifier::judge(const QByteArray& sha256, qint64 bytes)
+{
+    if (m_current.keptSha256.isEmpty())
+        end(Outcome::NoSumYet, sha256, bytes, {});
+    else if (m_current.keptSha256 == sha256)
+        end(Outcome::Same, sha256, bytes, {});
+    else if (m_current.keptBytes != bytes)
+        end(Outcome::Changed, sha256, bytes,
+            tr("It had %L1 bytes when it was finished and has %L2 now").arg(m_current.keptBytes).arg(bytes));
+    else
+        end(Outcome::Changed, sha256, bytes, tr("Its length is the same, its content is not"));
+}
+
+void FileVerifier::end(Outcome outcome, const QByteArray& sha256, qint64 bytes, const QString& cause)
+{
+    const Job job = m_current;
+    m_current = {};
+    if (outcome == Outcome::NoSumYet) {
+        TaskFactsData::instance().setSha256(job.taskId, sha256, bytes);
+        emit signalSumKept(job.taskId, sha256);
+    }
+    if (job.wish == Wish::Verify)
+        emit signalVerified(job.taskId, outcome, sentence(outcome, job.path, cause));
+    startNext();
+}
+
+void FileVerifier::updatePause()
+{
+    m_checksum->setPaused(m_downloadsRunning && m_current.wish != Wish::Verify);
+}
+
+QString FileVerifier::sentence(Outcome outcome, const QString& path, const QString& cause)
+{
+    const QString name = QFileInfo(path).fileName();
+    switch (outcome) {
+    case Outcome::Same:
+        return tr("%1 is what was downloaded: its SHA-256 is the one kept when it was finished.").arg(name);
+    case Outcome::Changed:
+        return tr("%1 is not what was downloaded. %2. Download it again if the recorder still has it.")
+            .arg(name, cause);
+    case Outcome::Missing:
+        return tr("%1 is not there any more, so nothing can be compared.").arg(name);
+    case Outcome::NoSumYet:
+        return tr("No SHA-256 of %1 was kept when it was finished. Its present one is kept from now on.").arg(name);
+    case Outcome::Failed:
+        return tr("%1 can't be verified: %2").arg(name, cause);
+    case Outcome::Unknown:
+        break;
+    }
+    return {};
+}
+
+} // namespace vemo_filesCenter

@@ -1,0 +1,82 @@
+#pragma once
+
+#include <DownloadTaskInfo.h>
+
+#include <QList>
+#include <QObject>
+#include <QString>
+
+namespace VCOMMON {
+class FileChecksum;
+}
+
+namespace vemo_filesCenter {
+
+/// Keeps the SHA-256 of finished downloads and compares files with it. One object a process on the GUI thread, made at
+/// the first use.
+///
+/// How the tables use it: keepSum() when a download has finished (records of state 3); verify() for "Verify", then
+/// signalVerified; setDownloadsRunning() whenever the number of running downloads goes to 0 or leaves it, because sums
+/// that nobody waits for stand back while downloads need the disk. One file is read at a time, what a person asked for
+/// first; at most `queueLimit` wait, further keepSum() calls are left out (their first verify() then says that no sum
+/// was kept, and keeps one). The sums themselves lie in vemo_data::TaskFactsData.
+class FileVerifier final : public QObject
+{
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(FileVerifier)
+
+public:
+    enum class Outcome : int { Unknown = 0, Same, Changed, Missing, NoSumYet, Failed };
+
+    static constexpr int queueLimit = 4096;
+
+    explicit FileVerifier(QObject* parent = nullptr);
+    ~FileVerifier() override;
+
+    static FileVerifier& instance();
+
+    /// Sums up the finished file in the background and stores the sum. Returns at once.
+    void keepSum(const vemo_data::DownloadTaskInfo& task);
+    /// Reads the file now and compares; ends in signalVerified. Asking again for a task that waits does nothing.
+    void verify(const vemo_data::DownloadTaskInfo& task);
+    /// Forgets what is waiting or running for the task, without a signal.
+    void forget(const QString& taskId);
+    void setDownloadsRunning(bool running);
+
+    bool isVerifying(const QString& taskId) const;
+
+    /// What an outcome means, as a sentence with the file's name.
+    static QString sentence(Outcome outcome, const QString& path, const QString& cause = QString());
+
+signals:
+    void signalProgress(const QString& taskId, int percent);
+    /// The sum of a finished download was stored.
+    void signalSumKept(const QString& taskId, const QByteArray& sha256);
+    void signalVerified(const QString& taskId, vemo_filesCenter::FileVerifier::Outcome outcome,
+                        const QString& sentence);
+
+private:
+    enum class Wish : int { Nothing = 0, KeepSum, Verify };
+
+    struct Job
+    {
+        QString taskId; ///< empty: no job
+        QString path;
+        Wish wish = Wish::Nothing;
+        QByteArray keptSha256; ///< of the store; empty: none
+        qint64 keptBytes = 0;
+    };
+
+    void add(const Job& job);
+    void startNext();
+    void judge(const QByteArray& sha256, qint64 bytes);
+    void end(Outcome outcome, const QByteArray& sha256, qint64 bytes, const QString& cause);
+    void updatePause();
+
+    VCOMMON::FileChecksum* const m_checksum;
+    QList<Job> m_waiting; ///< those that a person asked for first
+    Job m_current;
+    bool m_downloadsRunning = false;
+};
+
+} // namespace vemo_filesCenter

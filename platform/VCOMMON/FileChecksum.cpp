@@ -1,0 +1,221 @@
+#include "FileChecksum.h"
+
+#include "FileCacheHint.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
+#include <QMutex>
+#include <QMutexLocker>
+#include <QThread>
+#include <QWaitCondition>
+
+#include <openssl/evp.h>
+
+namespace VCOMMON {
+
+namespace {
+
+constexpr int chunkBytes = 1024 * 1024;
+constexpr qint64 progressEveryMs = 100;
+constexpr int sumBytes = 32;
+
+QString say(const char* text)
+{
+    return QCoreApplication::translate("VCOMMON::FileChecksum", text);
+}
+
+struct ContextDeleter
+{
+    void operator()(EVP_MD_CTX* context) const { EVP_MD_CTX_free(context); }
+};
+
+} // namespace
+
+/// The reading, carried out on the thread; pause and cancel may be called from any.
+class FileChecksum::Summer final
+{
+public:
+    Summer(FileChecksum* owner, int run, const QString& path, bool paused)
+        : m_owner(owner)
+        , m_run(run)
+        , m_path(path)
+        , m_paused(paused)
+    {}
+
+    void run();
+
+    void setPaused(bool paused)
+    {
+        const QMutexLocker lock(&m_mutex);
+        m_paused = paused;
+        m_changed.wakeAll();
+    }
+
+    void cancel()
+    {
+        const QMutexLocker lock(&m_mutex);
+        m_cancelled = true;
+        m_changed.wakeAll();
+    }
+
+private:
+    bool sum();
+    bool fail(Failure failure, const QString& text);
+    bool waitWhilePaused();
+    void report();
+
+    FileChecksum* const m_owner;
+    const int m_run; ///< tells what an earlier, cancelled run still has in the owner's event queue
+    const QString m_path;
+    QByteArray m_sum;
+    Failure m_failure = Failure::Unknown;
+    QString m_error;
+    qint64 m_doneBytes = 0;
+    qint64 m_totalBytes = 0;
+    QElapsedTimer m_sinceReport;
+
+    QMutex m_mutex;
+    QWaitCondition m_changed;
+    bool m_paused = false;    ///< guarded by m_mutex
+    bool m_cancelled = false; ///< guarded by m_mutex
+};
+
+/// False when it was cancelled.
+bool FileChecksum::Summer::waitWhilePaused()
+{
+    QMutexLocker lock(&m_mutex);
+    while (m_paused && !m_cancelled)
+        m_changed.wait(&m_mutex);
+    return !m_cancelled;
+}
+
+void FileChecksum::Summer::report()
+{
+    if (m_doneBytes < m_totalBytes && m_sinceReport.isValid() && m_sinceReport.elapsed() < progressEveryMs)
+        return;
+    m_sinceReport.start();
+    QMetaObject::invokeMethod(
+        m_owner,
+        [owner = m_owner, run = m_run, done = m_doneBytes, total = m_totalBytes] {
+            if (owner->m_run == run)
+                emit owner->signalProgress(done, total);
+        },
+        Qt::QueuedConnection);
+}
+
+bool FileChecksum::Summer::fail(Failure failure, const QString& text)
+{
+    m_failure = failure;
+    m_error = text;
+    return false;
+}
+
+bool FileChecksum::Summer::sum()
+{
+    QFile file(m_path);
+    // A pipe or a device would never end.
+    if (!QFileInfo(m_path).isFile())
+        return fail(Failure::Missing, say("%1 is not there.").arg(m_path));
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        return fail(Failure::Unreadable, say("%1 can't be read: %2.").arg(m_path, file.errorString()));
+    hintSequential(file);
+    m_totalBytes = file.size();
+    const std::unique_ptr<EVP_MD_CTX, ContextDeleter> context(EVP_MD_CTX_new());
+    if (!context || EVP_DigestInit_ex(context.get(), EVP_sha256(), nullptr) != 1)
+        return fail(Failure::Unknown, say("SHA-256 is not available."));
+    QByteArray chunk(chunkBytes, Qt::Uninitialized);
+    while (waitWhilePaused()) {
+        const qint64 size = file.read(chunk.data(), chunk.size());
+        if (size < 0)
+            return fail(Failure::Unreadable, say("%1 can't be read: %2.").arg(m_path, file.errorString()));
+        if (size == 0) {
+            m_sum.resize(sumBytes);
+            unsigned length = sumBytes;
+            return EVP_DigestFinal_ex(context.get(), reinterpret_cast<unsigned char*>(m_sum.data()), &length) == 1;
+        }
+        EVP_DigestUpdate(context.get(), chunk.constData(), static_cast<std::size_t>(size));
+        dropFromCache(file, m_doneBytes, size);
+        m_doneBytes += size;
+        report();
+    }
+    return false;
+}
+
+void FileChecksum::Summer::run()
+{
+    if (!sum())
+        m_sum.clear();
+    QMetaObject::invokeMethod(
+        m_owner,
+        [owner = m_owner, run = m_run, sum = m_sum, bytes = m_doneBytes, failure = m_failure, error = m_error] {
+            if (owner->m_run != run)
+                return;
+            owner->join();
+            if (sum.isEmpty())
+                emit owner->signalFailed(failure, error);
+            else
+                emit owner->signalFinished(sum, bytes);
+        },
+        Qt::QueuedConnection);
+}
+
+FileChecksum::FileChecksum(QObject* parent)
+    : QObject(parent)
+{}
+
+FileChecksum::~FileChecksum()
+{
+    cancel();
+}
+
+bool FileChecksum::start(const QString& path)
+{
+    if (m_thread)
+        return false;
+    m_path = path;
+    m_summer = std::make_unique<Summer>(this, m_run, path, m_paused);
+    m_thread.reset(QThread::create([summer = m_summer.get()] { summer->run(); }));
+    m_thread->setObjectName(QStringLiteral("checksum"));
+    m_thread->start(QThread::IdlePriority);
+    return true;
+}
+
+void FileChecksum::cancel()
+{
+    if (!m_thread)
+        return;
+    m_summer->cancel();
+    join();
+}
+
+void FileChecksum::setPaused(bool paused)
+{
+    m_paused = paused;
+    if (m_summer)
+        m_summer->setPaused(paused);
+}
+
+void FileChecksum::join()
+{
+    ++m_run;
+    // On a busy machine an idle thread would not even get to its end.
+    m_thread->setPriority(QThread::NormalPriority);
+    m_thread->wait();
+    m_thread.reset();
+    m_summer.reset();
+}
+
+QString FileChecksum::checkLine(const QByteArray& sha256, const QString& path)
+{
+    QString name = QFileInfo(path).fileName();
+    const QString plain = name;
+    name.replace(QLatin1Char('\\'), QLatin1String("\\\\"));
+    name.replace(QLatin1Char('\n'), QLatin1String("\\n"));
+    name.replace(QLatin1Char('\r'), QLatin1String("\\r"));
+    const QString escape = name == plain ? QString() : QStringLiteral("\\");
+    return escape + QString::fromLatin1(sha256.toHex()) + QStringLiteral("  ") + name;
+}
+
+} // namespace VCOMMON
