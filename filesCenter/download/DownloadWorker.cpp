@@ -52,6 +52,7 @@ DownloadWorker::DownloadWorker()
     qRegisterMetaType<vms_sdk::StreamEvent>("vms_sdk::StreamEvent");
 
     vaws_download_init_sdk(QDir(vemo_worker::SysPaths::tempDir()).absolutePath().toUtf8().constData());
+    vaws_download_set_whole_seconds(1);
     vaws_download_register_event_callback(&DownloadWorker::onLibraryEvent);
     vaws_download_register_file_toggle_callback(&DownloadWorker::onFileToggle);
     vaws_download_register_bitrate_callback(&DownloadWorker::onBitRate);

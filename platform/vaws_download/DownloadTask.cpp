@@ -348,7 +348,7 @@ int DownloadTask::stop(std::int64_t& count, std::string& timeText)
     timeText.clear();
     if (m_reached.frames > 0) {
         count = std::max<std::int64_t>((m_reached.endNs - recordingBeginNs()) / nsPerMs, 0);
-        timeText = localClockText(m_reached.lastFrameNs);
+        timeText = localClockText(m_reached.restBeginNs > 0 ? m_reached.restBeginNs : m_reached.lastFrameNs);
     }
     return VAWS_OK;
 }

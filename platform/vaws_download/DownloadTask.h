@@ -35,6 +35,7 @@ struct TaskSettings
     std::filesystem::path journalFolder;
     std::uint64_t reserveBytes = 0; ///< free space below this is told, once
     std::uint64_t maxFileBytes = 0;
+    bool wholeSeconds = false; ///< ended early, the file shows whole seconds
     CutList cut;
     std::string problem; ///< the task can only tell this, as event 14
 };
@@ -83,6 +84,7 @@ private:
         std::int64_t beginNs = 0;
         std::int64_t endNs = 0;
         std::int64_t lastFrameNs = 0;
+        std::int64_t restBeginNs = 0; ///< where the rest of the span is to begin; 0: behind the last frame
         std::uint64_t frames = 0;
         std::uint64_t lost = 0;
         std::uint64_t bytes = 0;
@@ -111,6 +113,8 @@ private:
     void post(int event, int value = 0);
     void noteProgress();
     void takeReached();
+    /// For an output that ends before the span does. False when nothing of it is to stay.
+    bool endOnWholeSecond();
     std::int64_t recordingBeginNs() const;
 
     // On the writer thread.

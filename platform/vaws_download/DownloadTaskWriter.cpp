@@ -135,6 +135,7 @@ void DownloadTask::process(Item item, Lock& lock)
         settings.journalFolder = m_settings.journalFolder;
         settings.task = m_settings.id;
         settings.askedBeginNs = m_report.askedBeginNs;
+        settings.wholeSeconds = m_settings.wholeSeconds;
         settings.askedEndNs = m_settings.kind == TaskSettings::Kind::ByFile ? 0 : m_settings.endNs;
         m_writer = std::make_unique<OutputWriter>(std::move(settings), std::move(item.plan));
         return;
@@ -178,13 +179,27 @@ void DownloadTask::takeReached()
     m_report.bytes = m_reached.bytes;
 }
 
+bool DownloadTask::endOnWholeSecond()
+{
+    const std::int64_t second = m_writer->endOnWholeSecond();
+    if (second == 0) {
+        m_reached = m_before;
+        return false;
+    }
+    takeReached();
+    m_reached.restBeginNs = second;
+    return true;
+}
+
 void DownloadTask::finishOutput(const Item& item, Lock& lock)
 {
     if (!m_writer)
         return;
     FinishedOutput finished;
     WriteFailure failed;
-    const bool nothing = m_writer->assembly().empty();
+    bool nothing = m_writer->assembly().empty();
+    if (!nothing && m_settings.wholeSeconds && !item.switched && m_endEvent != VAWS_EVENT_FINISHED)
+        nothing = !endOnWholeSecond();
     const bool quick = m_stopping && !item.switched;
     lock.unlock();
     if (nothing) {
@@ -224,8 +239,12 @@ void DownloadTask::finishOutput(const Item& item, Lock& lock)
 void DownloadTask::fail(const WriteFailure& failure, Lock& lock)
 {
     FinishedOutput left;
+    const bool nothing = m_settings.wholeSeconds && !m_writer->assembly().empty() && !endOnWholeSecond();
     lock.unlock();
-    m_writer->rescue(left);
+    if (nothing)
+        m_writer->remove();
+    else
+        m_writer->rescue(left);
     lock.lock();
     m_writer.reset();
     if (!left.path.empty()) {

@@ -86,6 +86,15 @@ std::int64_t MovieAssembly::endNs() const
     return empty() ? 0 : m_timeline.toUtcNs(shownEndNs() - 1) + 1;
 }
 
+std::int64_t MovieAssembly::endOnWholeSecond(std::int64_t fromNs)
+{
+    const std::int64_t second = endNs() / nsPerSecond * nsPerSecond;
+    if (empty() || second <= std::max(fromNs, beginNs()))
+        return 0;
+    setAskedEnd(second);
+    return second;
+}
+
 std::int64_t MovieAssembly::lastFrameNs() const
 {
     const std::size_t leading = leadingTrack();

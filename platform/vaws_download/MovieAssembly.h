@@ -21,6 +21,11 @@ public:
     /// Nothing from here on is shown; 0: all is.
     void setAskedEnd(std::int64_t utcNs) { m_askedEndNs = utcNs; }
 
+    /// For a span that is not whole: what is shown ends on a whole second, because the rest of the span is asked for by
+    /// the second, and so nothing is shown twice or left out where the two meet. Returns that second as UTC; 0 when not
+    /// one whole second behind `fromNs` is there.
+    std::int64_t endOnWholeSecond(std::int64_t fromNs);
+
     /// The index. It refers to the tables of this object.
     Movie movie() const;
 

@@ -129,6 +129,12 @@ RepairOutcome Mp4Repair::repairFile(DirectFile& file, const JournalEntry& entry,
     scan.assembly.setAskedEnd(entry.askedEndNs);
     record.beginNs = scan.assembly.beginNs();
     record.endNs = scan.assembly.endNs();
+    if (entry.wholeSeconds && record.endNs < entry.askedEndNs) {
+        const std::int64_t second = scan.assembly.endOnWholeSecond(entry.askedBeginNs);
+        if (second == 0 && scan.state != FileState::Finished)
+            return RepairOutcome::EmptyRemoved;
+        record.endNs = second > 0 ? second : record.endNs;
+    }
     if (scan.state == FileState::Finished) {
         const int error = file.sync();
         return error == 0 ? RepairOutcome::Kept : fail("could not be brought safely to the disk", error);

@@ -75,6 +75,7 @@ WriteFailure OutputWriter::create()
     m_entry.path = m_settings.path;
     m_entry.askedBeginNs = m_settings.askedBeginNs;
     m_entry.askedEndNs = m_settings.askedEndNs;
+    m_entry.wholeSeconds = m_settings.wholeSeconds;
     m_entry.channelName = m_plan->tags.channelName;
     m_entry.deviceName = m_plan->tags.deviceName;
     m_entry.token = m_plan->header.token;
@@ -219,9 +220,11 @@ void OutputWriter::remove()
 {
     if (!m_file)
         return;
-    m_file->remove(m_path);
+    const int error = m_file->remove(m_path);
     m_removed = std::move(m_file);
-    m_journal.drop();
+    // A file that the disk did not let go of is left to the repair.
+    if (error == 0 || error == ENOENT)
+        m_journal.drop();
 }
 
 WriteFailure OutputWriter::renameToSpan(FinishedOutput& finished)

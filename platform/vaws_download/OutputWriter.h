@@ -47,6 +47,7 @@ public:
         std::string task;
         std::int64_t askedBeginNs = 0;
         std::int64_t askedEndNs = 0;
+        bool wholeSeconds = false; ///< for the repair; see endOnWholeSecond()
     };
 
     OutputWriter(Settings settings, std::shared_ptr<OutputPlan> plan);
@@ -61,6 +62,8 @@ public:
     /// Syncs what is written; the first time also the folder and the journal.
     WriteFailure sync();
 
+    /// Before finish() or rescue(): as MovieAssembly::endOnWholeSecond().
+    std::int64_t endOnWholeSecond() { return m_assembly.endOnWholeSecond(m_settings.askedBeginNs); }
     /// Makes an ordinary file of it and reads it back. With Afterwards the caller calls settle() later.
     WriteFailure finish(SyncOrder order, FinishedOutput& finished);
     /// After finish(): syncs and drops the journal.

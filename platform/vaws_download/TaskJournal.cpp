@@ -49,6 +49,7 @@ int TaskJournal::write(const JournalEntry& entry)
         {"file", entry.identity.number},
         {"asked_begin", entry.askedBeginNs},
         {"asked_end", entry.askedEndNs},
+        {"whole_seconds", entry.wholeSeconds},
         {"channel", entry.channelName},
         {"recorder", entry.deviceName},
     };
@@ -83,6 +84,7 @@ bool TaskJournal::parse(const std::string& text, JournalEntry& entry)
         entry.identity.number = json.at("file").get<std::uint64_t>();
         entry.askedBeginNs = json.at("asked_begin").get<std::int64_t>();
         entry.askedEndNs = json.at("asked_end").get<std::int64_t>();
+        entry.wholeSeconds = json.value("whole_seconds", false);
         entry.channelName = json.at("channel").get<std::string>();
         entry.deviceName = json.at("recorder").get<std::string>();
     } catch (const nlohmann::json::exception&) {

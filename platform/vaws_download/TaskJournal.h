@@ -19,6 +19,7 @@ struct JournalEntry
     FileIdentity identity;         ///< unknown between journalling and creating the output
     std::int64_t askedBeginNs = 0; ///< UTC, 0 open
     std::int64_t askedEndNs = 0;
+    bool wholeSeconds = false; ///< a span that is not whole ends on a whole second
     std::string channelName;
     std::string deviceName;
 };

@@ -98,6 +98,12 @@ VAWS_DOWNLOAD_API void vaws_download_register_consumed_callback(vaws_consumed_ca
 /// limit.
 VAWS_DOWNLOAD_API int vaws_download_set_file_limit(int64_t bytes);
 
+/// Non-zero: tasks by time range started from now on that end before their span does, also by a crash, show their file
+/// up to a whole second, and that is the time that vaws_download_stop and the repair tell; one without a whole second
+/// leaves no file. Who asks for the rest of the span from that second on has all of it, once. 0, as at the start: every
+/// frame is shown.
+VAWS_DOWNLOAD_API int vaws_download_set_whole_seconds(int on);
+
 /// Starts a task by recording file. `source` is "vavFrame". `downloaded_ms` is what an earlier part of this recording
 /// already holds: the new file at `save_path` gets the rest. Returns VAWS_OK, VAWS_REFUSED or another negative result.
 VAWS_DOWNLOAD_API int vaws_download_file(const char* source, int downloaded_ms, const char* save_path,

@@ -100,6 +100,11 @@ void vaws_download_register_bitrate_callback(vaws_bitrate_callback callback)
     fake().onBitRate = callback;
 }
 
+int vaws_download_set_whole_seconds(int)
+{
+    return VAWS_OK;
+}
+
 void vaws_download_register_consumed_callback(vaws_consumed_callback callback)
 {
     fake().onConsumed = callback;

@@ -327,6 +327,64 @@ TEST_F(Task, stopKeepsAFinishedFileAndTellsHowFarItGot)
     EXPECT_THAT(driver.journalFiles(), IsEmpty());
 }
 
+/// How a task by time range may end before its span does.
+struct EarlyEnd
+{
+    const char* name;
+    double seconds; ///< of footage that came
+    bool broken;
+    std::int64_t wholeSeconds; ///< to be kept; 0: no file
+};
+
+class EndsEarly : public testing::TestWithParam<EarlyEnd>
+{
+protected:
+    TaskDriver driver;
+};
+
+TEST_P(EndsEarly, onAWholeSecondFromWhichTheRestIsAskedFor)
+{
+    ClipSource::Options options;
+    options.seconds = 12;
+    ClipSource source(TaskDriver::clip("h264_aac"), options);
+    auto& frames = source.frames();
+    const std::int64_t until = source.beginNs() + static_cast<std::int64_t>(GetParam().seconds * nsPerSecond);
+    frames.erase(std::remove_if(frames.begin(), frames.end(),
+                                [&](const ClipSource::Frame& frame) { return frame.header.timeNs >= until; }),
+                 frames.end());
+    vaws_download_set_whole_seconds(1);
+    const std::string path = driver.path("part.mp4");
+    vaws_download_time_range("vavFrame", clockText(source.beginNs()).c_str(),
+                             clockText(source.beginNs() + 3600 * nsPerSecond).c_str(), path.c_str(), "t");
+    vaws_download_set_whole_seconds(0);
+    driver.pushAll("t", source);
+    if (GetParam().broken) {
+        vaws_download_push_player_event("t", VAWS_PLAYER_BROKEN);
+        ASSERT_EQ(driver.waitForEnd("t"), VAWS_EVENT_BROKEN);
+    }
+    std::int64_t count = 0;
+    char text[24] = {};
+    ASSERT_EQ(vaws_download_stop("t", &count, text), VAWS_OK);
+    const std::int64_t kept = GetParam().wholeSeconds;
+    if (kept == 0) {
+        EXPECT_STREQ(text, "");
+        EXPECT_THAT(driver.files(), IsEmpty());
+        return;
+    }
+    // clockText() is UTC, the library tells local time; the tests run in one zone of whole hours.
+    EXPECT_EQ(std::string(text).substr(10), clockText(source.beginNs() + kept * nsPerSecond).substr(10, 4));
+    EXPECT_NEAR(probeNumber(path, "-select_streams v -show_entries stream=duration"), static_cast<double>(kept), 0.001);
+    EXPECT_NEAR(probeNumber(path, "-count_frames -select_streams v -show_entries stream=nb_read_frames"),
+                static_cast<double>(kept) * 25, 0.5);
+    EXPECT_THAT(decodeErrors(path), IsEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Ends, EndsEarly,
+                         testing::Values(EarlyEnd{"Stopped", 7.6, false, 7}, EarlyEnd{"Broken", 7.6, true, 7},
+                                         EarlyEnd{"OnTheSecond", 8.0, false, 8}, EarlyEnd{"TooShort", 0.5, false, 0},
+                                         EarlyEnd{"TooShortBroken", 0.5, true, 0}),
+                         [](const auto& row) { return std::string(row.param.name); });
+
 TEST_F(Task, cancelRemovesItsFileAndNothingElse)
 {
     const ClipSource source(TaskDriver::clip("h264_aac"));
