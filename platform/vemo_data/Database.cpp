@@ -18,6 +18,10 @@
 #include <QThread>
 #include <QVariant>
 
+#include <algorithm>
+#include <utility>
+#include <vector>
+
 namespace vemo_data {
 
 namespace {
@@ -117,11 +121,22 @@ QString setAside(const QString& path)
 class Database::Worker final : public QObject
 {
 public:
-    bool carryOut(const Job& job);
+    struct Posted
+    {
+        Job job;
+        Done done;
+        bool stored = false;
+    };
+
+    /// One transaction for all; a job that fails is undone alone.
+    void carryOut(std::vector<Posted>& group);
     void close();
     QString notice() const;
 
 private:
+    enum class JobEnd { Stored, Undone, TransactionLost };
+
+    static JobEnd carryOutOne(QSqlDatabase& db, const Job& job);
     bool ensureOpen();
     Opening openFile(const QString& path);
     void note(const QString& text);
@@ -200,20 +215,42 @@ bool Database::Worker::ensureOpen()
     return m_open;
 }
 
-bool Database::Worker::carryOut(const Job& job)
+/// The job alone takes effect or not; what went before it in the transaction stands. A full or broken disk makes SQLite
+/// roll the whole transaction back, savepoints included.
+Database::Worker::JobEnd Database::Worker::carryOutOne(QSqlDatabase& db, const Job& job)
+{
+    QSqlQuery query(db);
+    if (!query.exec(QStringLiteral("SAVEPOINT job")))
+        return JobEnd::TransactionLost;
+    if (job(db) && query.exec(QStringLiteral("RELEASE job")))
+        return JobEnd::Stored;
+    const bool undone = query.exec(QStringLiteral("ROLLBACK TO job")) && query.exec(QStringLiteral("RELEASE job"));
+    return undone ? JobEnd::Undone : JobEnd::TransactionLost;
+}
+
+void Database::Worker::carryOut(std::vector<Posted>& group)
 {
     if (!ensureOpen())
-        return false;
+        return;
     QSqlDatabase db = QSqlDatabase::database(connectionName(), false);
     QSqlQuery query(db);
-    if (query.exec(QStringLiteral("BEGIN IMMEDIATE"))) {
-        if (job(db) && query.exec(QStringLiteral("COMMIT")))
-            return true;
+    bool committed = query.exec(QStringLiteral("BEGIN IMMEDIATE"));
+    if (committed) {
+        for (auto posted = group.begin(); posted != group.end() && committed; ++posted) {
+            const JobEnd end = carryOutOne(db, posted->job);
+            posted->stored = end == JobEnd::Stored;
+            committed = end != JobEnd::TransactionLost;
+        }
+        committed = committed && query.exec(QStringLiteral("COMMIT"));
     }
     const QString cause = (query.lastError().isValid() ? query.lastError() : db.lastError()).text();
-    query.exec(QStringLiteral("ROLLBACK"));
-    tell(say("A change could not be saved: %1").arg(cause.isEmpty() ? say("the database refused it") : cause));
-    return false;
+    if (!committed) {
+        query.exec(QStringLiteral("ROLLBACK"));
+        for (Posted& posted : group)
+            posted.stored = false;
+    }
+    if (std::any_of(group.cbegin(), group.cend(), [](const Posted& posted) { return !posted.stored; }))
+        tell(say("A change could not be saved: %1").arg(cause.isEmpty() ? say("the database refused it") : cause));
 }
 
 void Database::Worker::close()
@@ -254,16 +291,50 @@ public:
         thread.wait();
     }
 
+    /// Hands what was posted so far to the database's thread, as one transaction.
+    void handOver()
+    {
+        auto group = std::make_shared<std::vector<Worker::Posted>>();
+        {
+            const QMutexLocker lock(&groupMutex);
+            group->swap(posted);
+        }
+        if (group->empty())
+            return;
+        ensureRunning();
+        QMetaObject::invokeMethod(
+            &worker,
+            [this, group] {
+                worker.carryOut(*group);
+                const auto hasDone = [](const Worker::Posted& each) { return bool(each.done); };
+                if (std::none_of(group->cbegin(), group->cend(), hasDone))
+                    return;
+                onGuiThread([group] {
+                    for (const Worker::Posted& each : *group) {
+                        if (each.done)
+                            each.done(each.stored);
+                    }
+                });
+            },
+            Qt::QueuedConnection);
+    }
+
     QMutex startMutex;
     QThread thread;
     Worker worker;
+
+    QMutex groupMutex;
+    std::vector<Worker::Posted> posted; ///< guarded by groupMutex; not handed over yet
 };
 
 Database::Database()
     : d(std::make_unique<Private>())
 {
     // The SQL drivers go with the application object, so the connection must be gone by then.
-    qAddPostRoutine([] { Database::instance().d->shutdown(); });
+    qAddPostRoutine([] {
+        Database::instance().d->handOver();
+        Database::instance().d->shutdown();
+    });
 }
 
 Database::~Database()
@@ -279,28 +350,34 @@ Database& Database::instance()
 
 void Database::post(Job job, Done done)
 {
-    d->ensureRunning();
-    QMetaObject::invokeMethod(
-        &d->worker,
-        [this, job = std::move(job), done = std::move(done)] {
-            const bool ok = d->worker.carryOut(job);
-            if (done)
-                onGuiThread([done, ok] { done(ok); });
-        },
-        Qt::QueuedConnection);
+    const QCoreApplication* app = QCoreApplication::instance();
+    const bool groups = app && QThread::currentThread() == app->thread();
+    bool first = false;
+    {
+        const QMutexLocker lock(&d->groupMutex);
+        first = d->posted.empty();
+        d->posted.push_back({std::move(job), std::move(done)});
+    }
+    if (!groups)
+        d->handOver();
+    else if (first)
+        onGuiThread([this] { d->handOver(); });
 }
 
 bool Database::run(const Job& job)
 {
+    d->handOver();
     d->ensureRunning();
-    bool ok = false;
+    std::vector<Worker::Posted> group(1);
+    group.front().job = job;
     QMetaObject::invokeMethod(
-        &d->worker, [this, &job, &ok] { ok = d->worker.carryOut(job); }, Qt::BlockingQueuedConnection);
-    return ok;
+        &d->worker, [this, &group] { d->worker.carryOut(group); }, Qt::BlockingQueuedConnection);
+    return group.front().stored;
 }
 
 void Database::close()
 {
+    d->handOver();
     if (d->thread.isRunning())
         QMetaObject::invokeMethod(
             &d->worker, [this] { d->worker.close(); }, Qt::BlockingQueuedConnection);

@@ -15,10 +15,11 @@ namespace vemo_data {
 ///
 /// Opened by the first job, under DataFolder::databaseFile(): WAL, synchronous FULL, foreign keys on, brought up to the
 /// newest schema. A file that is damaged, of a newer schema or no database at all is set aside under a dated name and a
-/// new one begun; that, and a store that can't be opened at all, is told by DataSignals::signalStoreNotice. Every job
-/// runs in a transaction of its own, in the order of posting; it is committed when the job returns true and rolled back
-/// otherwise. Calls may come from any thread. Jobs posted before close() are carried out; the application's end closes
-/// by itself.
+/// new one begun; that, and a store that can't be opened at all, is told by DataSignals::signalStoreNotice. Jobs are
+/// carried out in the order of posting. Each is stored as a whole when it returns true and rolled back otherwise. Jobs
+/// posted in one turn of the GUI thread's event loop share one transaction, so that one action of a person costs one
+/// sync and a crash keeps all of it or none. Calls may come from any thread. Jobs posted before close() are carried
+/// out; the application's end closes by itself.
 class VEMO_DATA_EXPORT Database final
 {
 public:
@@ -31,7 +32,8 @@ public:
 
     static Database& instance();
 
-    /// `done` is called on the GUI thread after the commit, or with false when the job or the commit failed.
+    /// `done` is called on the GUI thread after the commit, or with false when the job or the commit failed; those of
+    /// one transaction one after another, in order.
     void post(Job job, Done done = {});
     /// Carries the job out behind those posted before and waits for it. For what can't go on without the answer.
     bool run(const Job& job);
