@@ -1,6 +1,12 @@
 #include "BaseTools.h"
 
+#include "TableWidget.h"
+
 #include <DevsMgrData.h>
+#include <SystemConfig.h>
+
+#include <QDateTime>
+#include <QLocale>
 
 #include <algorithm>
 
@@ -84,6 +90,55 @@ QString BaseTools::strReocordingLocation(int location) const
         return tr("This Computer");
     default:
         return tr("Unknown");
+    }
+}
+
+bool BaseTools::isSameChannel(const QString& channelId, const QString& otherChannelId) const
+{
+    const QPair<QString, int> parts = formatChannelId(channelId);
+    return !parts.first.isEmpty() && parts == formatChannelId(otherChannelId);
+}
+
+QString BaseTools::strDate(const QDate& date, bool withWeekday) const
+{
+    if (!date.isValid())
+        return {};
+    const QString text = date.toString(vemo_worker::SystemConfig::instance().getDateFormat());
+    return withWeekday ? QLocale().dayName(date.dayOfWeek(), QLocale::ShortFormat) + QLatin1Char(' ') + text : text;
+}
+
+QString BaseTools::strDatetime(const QDateTime& time, bool withDate, bool withMs) const
+{
+    if (!time.isValid())
+        return {};
+    const QString clock = time.toString(withMs ? QStringLiteral("hh:mm:ss.zzz") : QStringLiteral("hh:mm:ss"));
+    return withDate ? strDate(time.date(), false) + QLatin1Char(' ') + clock : clock;
+}
+
+QString BaseTools::get2DatetimeIntervalTime(const QDateTime& begin, const QDateTime& end) const
+{
+    const qint64 seconds = begin.isValid() && end.isValid() ? qMax<qint64>(0, begin.secsTo(end)) : 0;
+    constexpr qint64 minute = 60;
+    constexpr qint64 hour = 60 * minute;
+    const auto twoDigits = [](qint64 number) { return QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0')); };
+    return twoDigits(seconds / hour) + QLatin1Char(':') + twoDigits(seconds % hour / minute) + QLatin1Char(':') +
+           twoDigits(seconds % minute);
+}
+
+QWidget* BaseTools::getRootParentWt(QWidget* widget) const
+{
+    return widget ? widget->window() : nullptr;
+}
+
+void BaseTools::updateTableOrderNum(QTableWidget* table, int firstNumber) const
+{
+    if (auto* painted = qobject_cast<TableWidget*>(table)) {
+        painted->setFirstOrderNumber(firstNumber);
+        return;
+    }
+    for (int row = 0; table && row < table->rowCount(); ++row) {
+        if (QTableWidgetItem* item = table->item(row, 0))
+            item->setText(QString::number(firstNumber + row));
     }
 }
 

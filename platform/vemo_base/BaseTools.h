@@ -8,6 +8,11 @@
 #include <QPair>
 #include <QString>
 
+class QDate;
+class QDateTime;
+class QTableWidget;
+class QWidget;
+
 namespace vemo_base {
 
 /// Texts and look-ups that every page needs. One object a process, without state of its own; GUI thread.
@@ -35,6 +40,22 @@ public:
 
     /// Display text of a recording location: 0 device, 1 platform storage, 2 edge card, 3 cloud, 4 this computer.
     QString strReocordingLocation(int location) const;
+
+    /// Both ids name the same channel of the same device; false when either is no channel id.
+    bool isSameChannel(const QString& channelId, const QString& otherChannelId) const;
+
+    /// The date in the person's format, with the day of the week ahead of it when asked; empty for an invalid one.
+    QString strDate(const QDate& date, bool withWeekday) const;
+    /// The clock time "hh:mm:ss", the date ahead of it and milliseconds behind it when asked; empty for an invalid one.
+    QString strDatetime(const QDateTime& time, bool withDate, bool withMs) const;
+    /// The time that passed from `begin` to `end` as "hh:mm:ss", hours beyond 24 included; "00:00:00" when none did.
+    QString get2DatetimeIntervalTime(const QDateTime& begin, const QDateTime& end) const;
+
+    /// The window or page-wide widget that boxes over `widget` belong to.
+    QWidget* getRootParentWt(QWidget* widget) const;
+    /// Numbers the rows of the order-number column, column 0, from `firstNumber` on. A TableWidget paints its numbers,
+    /// so there it costs nothing.
+    void updateTableOrderNum(QTableWidget* table, int firstNumber) const;
 
 private:
     BaseTools() = default;

@@ -12,6 +12,7 @@ namespace {
 
 constexpr double ringWidth = 2.0;
 constexpr double controlRadius = 6.0;
+constexpr double panelRadius = 8.0;
 constexpr double checkRadius = 4.0;
 constexpr double checkOutline = 1.5;
 constexpr int darkBelow = 128;
@@ -68,6 +69,25 @@ void StylePainter::hairline(QPainter* painter, const QRectF& rect, Qt::Edge edge
         break;
     }
     painter->fillRect(line, themeColor(mode, Token::Border));
+}
+
+void StylePainter::panelCorner(QPainter* painter, const QRectF& panel, Qt::Corner corner, const QPalette& palette)
+{
+    QRectF square(panel.topLeft(), QSizeF(panelRadius, panelRadius));
+    if (corner == Qt::TopRightCorner || corner == Qt::BottomRightCorner)
+        square.moveRight(panel.right());
+    if (corner == Qt::BottomLeftCorner || corner == Qt::BottomRightCorner)
+        square.moveBottom(panel.bottom());
+    QPainterPath outside;
+    outside.addRect(square);
+    QPainterPath inside;
+    inside.addRoundedRect(panel, panelRadius, panelRadius);
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setClipRect(square, Qt::IntersectClip);
+    painter->fillPath(outside.subtracted(inside), palette.color(QPalette::Window));
+    box(painter, panel, panelRadius, QColor(), themeColor(modeOf(palette), Token::Border));
+    painter->restore();
 }
 
 void StylePainter::focusRing(QPainter* painter, const QRectF& rect, double radius, ThemeMode mode)

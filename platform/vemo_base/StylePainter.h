@@ -26,6 +26,9 @@ public:
                     double outlineWidth = 1.0);
     /// A line of one device pixel along the edge of `rect`.
     static void hairline(QPainter* painter, const QRectF& rect, Qt::Edge edge, ThemeMode mode);
+    /// Makes one corner of a panel with square contents round: paints over what lies outside of it with the window's
+    /// colour and draws the outline's bend. `panel` is the whole panel in the painter's coordinates.
+    static void panelCorner(QPainter* painter, const QRectF& panel, Qt::Corner corner, const QPalette& palette);
     /// 2 px ring that fills the outer edge of `rect`; the caller leaves the gap.
     static void focusRing(QPainter* painter, const QRectF& rect, double radius, ThemeMode mode);
     static void focusRingInside(QPainter* painter, const QRectF& rect, double radius);

@@ -12,6 +12,8 @@
 #include <QVariant>
 #include <QVBoxLayout>
 
+#include <utility>
+
 namespace vemo_base {
 
 namespace {
@@ -42,6 +44,14 @@ Face faceOf(VMessageBox::Kind kind)
         break;
     }
     return {"info", Token::AccentText};
+}
+
+constexpr int yes = 1;
+
+std::function<int(const QString&)>& answerer()
+{
+    static std::function<int(const QString&)> function;
+    return function;
 }
 
 } // namespace
@@ -94,21 +104,25 @@ VMessageBox::VMessageBox(Kind kind, const QString& title, const QString& text, c
         no->setDefault(true);
         no->setFocus(Qt::TabFocusReason);
     }
-    auto* confirm = new QPushButton(!deed.isEmpty() ? deed : asks ? tr("Yes") : tr("OK"), this);
-    confirm->setProperty("kind",
-                         kind == Kind::DangerousQuestion ? QStringLiteral("danger") : QStringLiteral("primary"));
-    connect(confirm, &QPushButton::clicked, this, &QDialog::accept);
-    buttons->addWidget(confirm);
-    if (!asks) {
-        confirm->setDefault(true);
-        confirm->setFocus(Qt::TabFocusReason);
-    }
+    m_confirm = new QPushButton(!deed.isEmpty() ? deed : asks ? tr("Yes") : tr("OK"), this);
+    m_confirm->setProperty("kind",
+                           kind == Kind::DangerousQuestion ? QStringLiteral("danger") : QStringLiteral("primary"));
+    connect(m_confirm, &QPushButton::clicked, this, &QDialog::accept);
+    buttons->addWidget(m_confirm);
+    if (!asks)
+        focusYes();
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(margin, margin, margin, margin - 4);
     layout->setSpacing(16);
     layout->addLayout(head);
     layout->addLayout(buttons);
+}
+
+void VMessageBox::focusYes()
+{
+    m_confirm->setDefault(true);
+    m_confirm->setFocus(Qt::TabFocusReason);
 }
 
 void VMessageBox::tell(Kind kind, const QString& title, const QString& text, QWidget* parent)
@@ -118,14 +132,36 @@ void VMessageBox::tell(Kind kind, const QString& title, const QString& text, QWi
     box->open();
 }
 
+int VMessageBox::question(QWidget* parent, const QString& text, int kind, bool yesIsSafe)
+{
+    if (answerer())
+        return answerer()(text);
+    constexpr int news = 1;
+    constexpr int question = 2;
+    const Kind face = kind == news ? Kind::Information : kind == question ? Kind::Question : Kind::DangerousQuestion;
+    VMessageBox box(face, kind == news ? tr("Information") : tr("Please confirm"), text, QString(), parent);
+    if (yesIsSafe)
+        box.focusYes();
+    return box.exec() == QDialog::Accepted ? yes : 0;
+}
+
+void VMessageBox::setAnswerer(std::function<int(const QString& text)> function)
+{
+    answerer() = std::move(function);
+}
+
 bool VMessageBox::question(QWidget* parent, const QString& title, const QString& text, const QString& deed)
 {
+    if (answerer())
+        return answerer()(text) == yes;
     VMessageBox box(Kind::Question, title, text, deed, parent);
     return box.exec() == QDialog::Accepted;
 }
 
 bool VMessageBox::dangerousQuestion(QWidget* parent, const QString& title, const QString& text, const QString& deed)
 {
+    if (answerer())
+        return answerer()(text) == yes;
     VMessageBox box(Kind::DangerousQuestion, title, text, deed, parent);
     return box.exec() == QDialog::Accepted;
 }

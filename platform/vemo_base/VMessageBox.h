@@ -4,6 +4,10 @@
 
 #include <QDialog>
 
+#include <functional>
+
+class QPushButton;
+
 namespace vemo_base {
 
 /// The client's message box: a title, a sentence, buttons trailing. GUI thread. Esc is the safe button, which also has
@@ -22,12 +26,23 @@ public:
 
     /// Opens the box, which deletes itself, and returns at once.
     static void tell(Kind kind, const QString& title, const QString& text, QWidget* parent = nullptr);
-    /// Asks and waits for the answer; for flows that are fixed as blocking.
+    /// Asks and waits for the answer; for flows that are fixed as blocking. `kind`: 1 a piece of news with "OK", 2 a
+    /// question, 3 a question before a deed that can't be taken back. 1 means yes; 0 no, Esc or the box's window
+    /// closed. `yesIsSafe` gives "Yes" the focus, otherwise "No" has it.
+    static int question(QWidget* parent, const QString& text, int kind, bool yesIsSafe);
+    /// Answers every question and makes no box, for programs without a person; an empty function ends that.
+    static void setAnswerer(std::function<int(const QString& text)> answerer);
+    /// The same with a title and a button that names the deed.
     static bool question(QWidget* parent, const QString& title, const QString& text, const QString& deed = QString());
     static bool dangerousQuestion(QWidget* parent, const QString& title, const QString& text, const QString& deed);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+
+private:
+    void focusYes();
+
+    QPushButton* m_confirm = nullptr;
 };
 
 } // namespace vemo_base
