@@ -1,38 +1,414 @@
 #include "LocalPlaybackDlg.h"
 
+#include "player/DimVeil.h"
+#include "player/FadingBar.h"
+#include "player/MpvPlayer.h"
+#include "player/PictureWt.h"
+#include "player/PlaybackTexts.h"
+#include "player/PlayerTitleBar.h"
+#include "player/RecordingClock.h"
+#include "player/TransportBar.h"
+#include "StylePainter.h"
+
+#include <SystemConfig.h>
+#include <ToolsCollection.h>
+
+#include <QApplication>
+#include <QDir>
 #include <QKeyEvent>
+#include <QPainter>
+#include <QPainterPath>
+#include <QPointer>
+#include <QScreen>
+#include <QSizeGrip>
+#include <QTimer>
 
 namespace vemo_base {
+
+namespace {
+
+constexpr int widest = 1000;
+constexpr int narrowest = 720;
+constexpr double shareOfParent = 0.9;
+constexpr int openingAfterMs = 300;
+constexpr int skipS = 10;
+constexpr double radius = 10;
+constexpr int border = 1;
+
+int heightFor(int width)
+{
+    return PlayerTitleBar::barHeight + width * 9 / 16 + TransportBar::barHeight;
+}
+
+} // namespace
 
 class LocalPlaybackDlg::Private final
 {
 public:
+    explicit Private(LocalPlaybackDlg* dialog);
+    ~Private() { delete veil; }
+
+    void play();
+    void stop();
+    void arrange();
+    void setFullScreen(bool on);
+    void showState();
+    void showClock();
+    void seekTo(qint64 clockMs);
+    void skip(int seconds);
+    void step(int frames);
+    void takeSnapshot();
+    bool takeKey(const QKeyEvent& event);
+
+    LocalPlaybackDlg* const q;
+    PlayerTitleBar* const titleBar;
+    PictureWt* const picture;
+    TransportBar* const bar;
+    FadingBar* const fading; ///< hides the bar in full screen
+    QSizeGrip* const grip;
+    QPointer<DimVeil> veil;
+
+    std::unique_ptr<MpvPlayer> player; ///< while the dialog is open
+    QTimer opening;
+    RecordingClock clock;
+    int factsVersion = 0;
     QString path;
+    QString channelName;
+    QString dateFormat;
+    QRect geometryBefore; ///< full screen
+
+private:
+    void connectBar();
 };
 
+LocalPlaybackDlg::Private::Private(LocalPlaybackDlg* dialog)
+    : q(dialog)
+    , titleBar(new PlayerTitleBar(dialog))
+    , picture(new PictureWt(dialog))
+    , bar(new TransportBar(dialog))
+    , fading(new FadingBar(bar, dialog))
+    , grip(new QSizeGrip(dialog))
+{
+    opening.setSingleShot(true);
+    opening.setInterval(openingAfterMs);
+    connect(&opening, &QTimer::timeout, q, [this] {
+        if (player && player->state().phase == PlayerState::Phase::Opening)
+            picture->setMessage({}, tr("Opening %1").arg(QDir::toNativeSeparators(path)));
+    });
+    connect(titleBar, &PlayerTitleBar::signalCloseRequested, q, &QDialog::reject);
+    connect(picture, &PictureWt::signalDoubleClicked, q, [this] { setFullScreen(!q->isFullScreen()); });
+    connect(picture, &PictureWt::signalPictureSizeChanged, q, [this](const QSize& size) {
+        if (player)
+            player->setPictureSize(size);
+    });
+    connectBar();
+}
+
+void LocalPlaybackDlg::Private::connectBar()
+{
+    connect(bar, &TransportBar::signalSeekRequested, q, [this](qint64 clockMs) { seekTo(clockMs); });
+    connect(bar, &TransportBar::signalSkipRequested, q, [this](int seconds) { skip(seconds); });
+    connect(bar, &TransportBar::signalStepRequested, q, [this](int frames) { step(frames); });
+    connect(bar, &TransportBar::signalPlayRequested, q, [this] {
+        if (player)
+            player->togglePaused();
+    });
+    connect(bar, &TransportBar::signalStopRequested, q, [this] {
+        if (!player)
+            return;
+        player->setPaused(true);
+        player->seek(0);
+    });
+    connect(bar, &TransportBar::signalSpeedChosen, q, [this](double speed) {
+        if (player)
+            player->setSpeed(speed);
+    });
+    connect(bar, &TransportBar::signalVolumeChosen, q, [this](int percent) {
+        if (player)
+            player->setVolume(percent);
+    });
+    connect(bar, &TransportBar::signalMuteRequested, q, [this](bool muted) {
+        if (player)
+            player->setMuted(muted);
+    });
+    connect(bar, &TransportBar::signalSnapshotRequested, q, [this] { takeSnapshot(); });
+    connect(bar, &TransportBar::signalFolderRequested, q,
+            [this] { VCOMMON::ToolsCollection::openFolderAndSelectFile(path); });
+    connect(bar, &TransportBar::signalFullScreenRequested, q, [this] { setFullScreen(!q->isFullScreen()); });
+}
+
+void LocalPlaybackDlg::Private::play()
+{
+    stop();
+    if (path.isEmpty())
+        return;
+    dateFormat = vemo_worker::SystemConfig::instance().getDateFormat();
+    player = std::make_unique<MpvPlayer>();
+    connect(player.get(), &MpvPlayer::signalStateChanged, q, [this] { showState(); });
+    connect(player.get(), &MpvPlayer::signalPictureChanged, q, [this] { picture->setPicture(player->picture()); });
+    connect(player.get(), &MpvPlayer::signalSnapshotTaken, q, [this](const QString& file) {
+        picture->showNote(tr("Snapshot saved as %1").arg(QDir::toNativeSeparators(file)));
+    });
+    connect(player.get(), &MpvPlayer::signalSnapshotFailed, q,
+            [this](const QString& text) { picture->showNote(text); });
+    player->setPictureSize(picture->pictureSize());
+    player->open(path);
+    player->setVolume(bar->volume());
+    player->setSpeed(bar->speed());
+    opening.start();
+}
+
+void LocalPlaybackDlg::Private::stop()
+{
+    opening.stop();
+    player.reset();
+    clock = {};
+    factsVersion = 0;
+    picture->setMessage({}, {});
+    picture->setPictureShape({});
+    picture->setPicture({});
+    picture->setClockText({});
+    titleBar->setFacts({});
+    bar->setClock(clock);
+    bar->setClockMs(0);
+    bar->setState({});
+}
+
+void LocalPlaybackDlg::Private::showState()
+{
+    const PlayerState& state = player->state();
+    if (state.phase == PlayerState::Phase::Failed) {
+        picture->setMessage(QStringLiteral("error"), state.error);
+    } else if (state.phase == PlayerState::Phase::Ready) {
+        const bool soundOnly = state.videoFormat.isEmpty() && !state.audioFormat.isEmpty();
+        picture->setMessage(soundOnly ? QStringLiteral("volume") : QString(),
+                            soundOnly ? tr("This recording has sound only.") : QString());
+        picture->setPictureShape(state.shownSize);
+        if (factsVersion != state.factsVersion) {
+            factsVersion = state.factsVersion;
+            clock = RecordingClock(state);
+            bar->setClock(clock);
+        }
+        titleBar->setFacts(PlaybackTexts::facts(state, clock.gaps().size()));
+    }
+    bar->setState(state);
+    showClock();
+}
+
+void LocalPlaybackDlg::Private::showClock()
+{
+    const PlayerState& state = player->state();
+    if (state.phase != PlayerState::Phase::Ready || state.durationS <= 0)
+        return;
+    const qint64 clockMs = clock.toClockMs(state.positionS);
+    bar->setClockMs(clockMs);
+    picture->setClockText(PlaybackTexts::clock(clock, clockMs, dateFormat, state.paused));
+}
+
+void LocalPlaybackDlg::Private::seekTo(qint64 clockMs)
+{
+    if (player)
+        player->seek(clock.toMediaS(clockMs));
+}
+
+void LocalPlaybackDlg::Private::skip(int seconds)
+{
+    if (!player || player->state().phase != PlayerState::Phase::Ready)
+        return;
+    // By the file's time: 10 s of footage, also across a gap.
+    const double target = player->state().positionS + seconds;
+    player->seek(qBound(0.0, target, player->state().durationS));
+}
+
+void LocalPlaybackDlg::Private::step(int frames)
+{
+    if (!player)
+        return;
+    if (frames > 0)
+        player->stepForward();
+    else
+        player->stepBack();
+}
+
+void LocalPlaybackDlg::Private::takeSnapshot()
+{
+    if (!player || player->state().phase != PlayerState::Phase::Ready)
+        return;
+    const qint64 clockMs = clock.toClockMs(player->state().positionS);
+    player->takeSnapshot(PlaybackTexts::snapshotFolder(), PlaybackTexts::snapshotName(channelName, clock, clockMs));
+}
+
+bool LocalPlaybackDlg::Private::takeKey(const QKeyEvent& event)
+{
+    if (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier) &&
+        event.key() != Qt::Key_BracketLeft && event.key() != Qt::Key_BracketRight)
+        return false;
+    switch (event.key()) {
+    case Qt::Key_Space:
+        if (player && !event.isAutoRepeat())
+            player->togglePaused();
+        return true;
+    case Qt::Key_Comma:
+        step(-1);
+        return true;
+    case Qt::Key_Period:
+        step(1);
+        return true;
+    case Qt::Key_Left:
+        skip(-skipS);
+        return true;
+    case Qt::Key_Right:
+        skip(skipS);
+        return true;
+    case Qt::Key_Home:
+        seekTo(clock.beginMs());
+        return true;
+    case Qt::Key_End:
+        seekTo(clock.endMs());
+        return true;
+    case Qt::Key_BracketLeft:
+        bar->stepSpeed(-1);
+        return true;
+    case Qt::Key_BracketRight:
+        bar->stepSpeed(1);
+        return true;
+    case Qt::Key_M:
+        if (player)
+            player->setMuted(!player->state().muted);
+        return true;
+    case Qt::Key_S:
+        if (!event.isAutoRepeat())
+            takeSnapshot();
+        return true;
+    case Qt::Key_F:
+        if (!event.isAutoRepeat())
+            setFullScreen(!q->isFullScreen());
+        return true;
+    default:
+        return false;
+    }
+}
+
+void LocalPlaybackDlg::Private::setFullScreen(bool on)
+{
+    if (on == q->isFullScreen())
+        return;
+    if (on) {
+        geometryBefore = q->geometry();
+        q->showFullScreen();
+    } else {
+        q->showNormal();
+        q->setGeometry(geometryBefore);
+    }
+    arrange();
+}
+
+void LocalPlaybackDlg::Private::arrange()
+{
+    const bool full = q->isFullScreen();
+    titleBar->setVisible(!full);
+    grip->setVisible(!full);
+    bar->setFullScreen(full);
+    fading->setActive(full);
+    if (full) {
+        q->clearMask();
+        picture->setGeometry(q->rect());
+        bar->setGeometry(0, q->height() - TransportBar::barHeight, q->width(), TransportBar::barHeight);
+        bar->raise();
+        return;
+    }
+    QPainterPath shape;
+    shape.addRoundedRect(q->rect().adjusted(0, 0, border, border), radius, radius);
+    q->setMask(shape.toFillPolygon().toPolygon());
+    const QRect inside = q->rect().adjusted(border, border, -border, -border);
+    titleBar->setGeometry(inside.left(), inside.top(), inside.width(), PlayerTitleBar::barHeight);
+    bar->setGeometry(inside.left(), inside.bottom() + 1 - TransportBar::barHeight, inside.width(),
+                     TransportBar::barHeight);
+    picture->setGeometry(inside.adjusted(0, PlayerTitleBar::barHeight, 0, -TransportBar::barHeight));
+    const QSize gripSize = grip->sizeHint();
+    grip->setGeometry(inside.right() - gripSize.width(), inside.bottom() - gripSize.height(), gripSize.width(),
+                      gripSize.height());
+    grip->raise();
+}
+
 LocalPlaybackDlg::LocalPlaybackDlg(QWidget* parent)
-    : QDialog(parent)
-    , d(std::make_unique<Private>())
-{}
+    : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint)
+    , d(std::make_unique<Private>(this))
+{
+    setObjectName(QStringLiteral("localPlaybackDlg"));
+    setWindowModality(Qt::WindowModal);
+    setMinimumSize(narrowest, heightFor(narrowest));
+    setFocusPolicy(Qt::StrongFocus);
+    d->stop();
+}
 
 LocalPlaybackDlg::~LocalPlaybackDlg() = default;
 
-void LocalPlaybackDlg::setLocalVideoRecordingPath(const QString& path, const VCOMMON::ChannelInfo&,
+void LocalPlaybackDlg::setLocalVideoRecordingPath(const QString& path, const VCOMMON::ChannelInfo& channel,
                                                   const QString& title)
 {
     d->path = path;
+    d->channelName = channel.channelName.isEmpty() ? title.section(QLatin1Char('@'), 0, -2) : channel.channelName;
     setWindowTitle(title);
+    d->titleBar->setTitle(title);
+    d->picture->setChannelName(d->channelName);
+    if (isVisible())
+        d->play();
 }
 
 void LocalPlaybackDlg::showLocalPlaybackDlg()
 {
+    if (isVisible()) {
+        raise();
+        activateWindow();
+        return;
+    }
+    const QWidget* under = parentWidget() ? parentWidget()->window() : nullptr;
+    const QRect room = under ? under->geometry() : QGuiApplication::primaryScreen()->availableGeometry();
+    int width = qBound(narrowest, static_cast<int>(room.width() * shareOfParent), widest);
+    while (width > narrowest && heightFor(width) > room.height() * shareOfParent)
+        --width;
+    resize(width, heightFor(width));
+    move(room.center() - rect().center());
+    if (under && under->isVisible())
+        d->veil = new DimVeil(parentWidget()->window());
     open();
+    setFocus();
+    d->play();
 }
 
 void LocalPlaybackDlg::done(int result)
 {
+    d->setFullScreen(false);
+    d->stop();
+    delete d->veil;
     QDialog::done(result);
     emit signalPlaybackDlgClosed(d->path);
+}
+
+void LocalPlaybackDlg::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape && isFullScreen())
+        d->setFullScreen(false);
+    else if (event->key() == Qt::Key_Escape)
+        reject();
+    else if (!d->takeKey(*event))
+        event->ignore(); // Enter has no button here that it could mean
+}
+
+void LocalPlaybackDlg::resizeEvent(QResizeEvent* event)
+{
+    QDialog::resizeEvent(event);
+    d->arrange();
+}
+
+void LocalPlaybackDlg::paintEvent(QPaintEvent*)
+{
+    const ThemeMode mode = StylePainter::modeOf(palette());
+    QPainter painter(this);
+    painter.fillRect(rect(), themeColor(mode, Token::Surface));
+    painter.setRenderHint(QPainter::Antialiasing);
+    StylePainter::box(&painter, QRectF(rect()), radius, Qt::transparent, themeColor(mode, Token::Control));
 }
 
 } // namespace vemo_base

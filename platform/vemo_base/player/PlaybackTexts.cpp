@@ -1,0 +1,72 @@
+#include "PlaybackTexts.h"
+
+#include "PlayerState.h"
+#include "RecordingClock.h"
+
+#include <SystemConfig.h>
+#include <ToolsCollection.h>
+
+#include <QCoreApplication>
+#include <QHash>
+#include <QStringList>
+
+namespace vemo_base {
+
+namespace {
+
+constexpr double megabyte = 1048576;
+constexpr const char* context = "vemo_base::LocalPlaybackDlg";
+
+QString codecText(const QString& format)
+{
+    static const QHash<QString, QString> names{
+        {QStringLiteral("h264"), QStringLiteral("H.264")},  {QStringLiteral("hevc"), QStringLiteral("H.265")},
+        {QStringLiteral("mjpeg"), QStringLiteral("MJPEG")}, {QStringLiteral("mpeg4"), QStringLiteral("MPEG-4")},
+        {QStringLiteral("av1"), QStringLiteral("AV1")},
+    };
+    return names.value(format, format.toUpper());
+}
+
+} // namespace
+
+QString PlaybackTexts::facts(const PlayerState& state, int gaps)
+{
+    QStringList parts;
+    if (gaps > 0)
+        parts << (gaps == 1 ? QCoreApplication::translate(context, "1 gap")
+                            : QCoreApplication::translate(context, "%1 gaps").arg(gaps));
+    if (!state.videoFormat.isEmpty() && !state.codedSize.isEmpty())
+        parts << QStringLiteral("%1 %2 x %3")
+                     .arg(codecText(state.videoFormat))
+                     .arg(state.codedSize.width())
+                     .arg(state.codedSize.height());
+    if (state.fileBytes > 0)
+        parts << QString::number(static_cast<double>(state.fileBytes) / megabyte, 'f', 2) + QStringLiteral(" MB");
+    return parts.join(QStringLiteral(", "));
+}
+
+QString PlaybackTexts::clock(const RecordingClock& clock, qint64 clockMs, const QString& dateFormat, bool standing)
+{
+    const QString time = clock.timeText(clockMs, standing);
+    if (!clock.isKnown())
+        return time;
+    return QDateTime::fromMSecsSinceEpoch(clockMs).date().toString(dateFormat) + QLatin1Char(' ') + time;
+}
+
+QString PlaybackTexts::snapshotName(const QString& channelName, const RecordingClock& clock, qint64 clockMs)
+{
+    QString time = PlaybackTexts::clock(clock, clockMs, QStringLiteral("yyyy-MM-dd"), true);
+    time.replace(QLatin1Char(':'), QLatin1Char('_')).replace(QLatin1Char('.'), QLatin1Char('_'));
+    QString channel = channelName;
+    constexpr int timeAndSuffixBytes = 64;
+    VCOMMON::ToolsCollection::cutToBytes(channel, VCOMMON::ToolsCollection::maxFileNameBytes - timeAndSuffixBytes);
+    QString name = channel + QLatin1Char('@') + time + QStringLiteral(".jpg");
+    return VCOMMON::ToolsCollection::formatLegalFileName(name, QStringLiteral("_"));
+}
+
+QString PlaybackTexts::snapshotFolder()
+{
+    return vemo_worker::SystemConfig::instance().getVideoFilePath(true) + QStringLiteral("/Snapshots");
+}
+
+} // namespace vemo_base
