@@ -47,8 +47,10 @@ int main(int argc, char* argv[])
         }
         if (!command.dataDir.isEmpty())
             vemo_worker::SysPaths::setRoot(command.dataDir);
-        if (command.verb != CliCommand::Verb::Window)
+        if (command.verb != CliCommand::Verb::Window && !command.needsWidgets())
             return vemo_client::runVerb(command);
     }
+    if (command.needsWidgets())
+        return vemo_client::runQueue(argc, argv, command);
     return vemo_client::runWindow(argc, argv, command);
 }

@@ -7,6 +7,7 @@
 #include <QDateTime>
 #include <QList>
 #include <QString>
+#include <QStringList>
 #include <QUrl>
 
 namespace vemo_client {
@@ -20,6 +21,19 @@ struct DeviceOptions
     vms_sdk::TlsPolicy tls;
 };
 
+/// What `queue` is to do, and with which tasks.
+struct QueueOptions
+{
+    enum class Action : int { Unknown = 0, List, Add, Pause, Resume, Cancel, Retry, Clear, Run };
+
+    Action action = Action::Unknown;
+    QStringList ids; ///< braced UUID texts
+    bool all = false;
+    bool waitForRetries = true;
+    QString fileName;         ///< Add: the recording to fetch as a whole; empty: the span
+    bool hasPassword = false; ///< Add: a password was given; otherwise the stored one counts
+};
+
 /// What the person asked for, checked as far as it can be without asking the recorder or the disk.
 struct CliCommand
 {
@@ -28,6 +42,7 @@ struct CliCommand
         Window,
         Search,
         Download,
+        Queue,
         Tell, ///< nothing to be done: help, version, or what is wrong with the command
     };
 
@@ -40,8 +55,12 @@ struct CliCommand
     QDateTime begin;
     QDateTime end;
     QString out;
+    QueueOptions queue; ///< with Verb::Queue
     bool json = false;
     bool verbose = false;
+
+    /// A run of the queue: the module's pages do the work, unseen.
+    bool needsWidgets() const { return verb == Verb::Queue && queue.action == QueueOptions::Action::Run; }
 
     ExitCode exitCode = ExitCode::Done; ///< with Verb::Tell
     QString text;                       ///< with Verb::Tell

@@ -2,14 +2,17 @@
 
 #include "DownloadVerb.h"
 #include "Interrupt.h"
+#include "QueueRun.h"
+#include "QueueVerb.h"
 #include "SearchVerb.h"
 #include "Terminal.h"
 #include "VerbFolder.h"
+#include "WindowLock.h"
 
 #include <vaws_download.h>
 #include <vms_sdk.h>
 
-#include <QCoreApplication>
+#include <QApplication>
 
 namespace vemo_client {
 
@@ -31,21 +34,69 @@ int run(const CliCommand& command)
     return QCoreApplication::exec();
 }
 
+void letGo()
+{
+    vms_sdk::uninit_sdk();
+    vaws_download_shutdown();
+}
+
+bool tells(const Outcome& outcome)
+{
+    if (outcome.code == ExitCode::Done)
+        return false;
+    Terminal::error(outcome.sentence);
+    return true;
+}
+
+int runOnFolderOfItsOwn(const CliCommand& command)
+{
+    VerbFolder folder;
+    const Outcome taken = folder.take();
+    if (tells(taken))
+        return static_cast<int>(taken.code);
+    const int code = command.verb == CliCommand::Verb::Search ? run<SearchVerb>(command) : run<DownloadVerb>(command);
+    letGo();
+    return code;
+}
+
+template <typename Verb>
+int runOnDataFolder(const CliCommand& command)
+{
+    WindowLock lock;
+    const Outcome taken = lock.take();
+    if (tells(taken))
+        return static_cast<int>(taken.code);
+    const int code = run<Verb>(command);
+    letGo();
+    return code;
+}
+
+/// Nobody looks at the pages, and there may be no display.
+void chooseWindowSystem()
+{
+#if !defined(Q_OS_WIN) && !defined(Q_OS_MACOS)
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+#endif
+}
+
 } // namespace
 
 int runVerb(const CliCommand& command)
 {
-    VerbFolder folder;
-    if (const Outcome taken = folder.take(); taken.code != ExitCode::Done) {
-        Terminal::error(taken.sentence);
-        return static_cast<int>(taken.code);
-    }
     if (!command.verbose)
         qInstallMessageHandler(dropMessage);
-    const int code = command.verb == CliCommand::Verb::Search ? run<SearchVerb>(command) : run<DownloadVerb>(command);
-    vms_sdk::uninit_sdk();
-    vaws_download_shutdown();
-    return code;
+    return command.verb == CliCommand::Verb::Queue ? runOnDataFolder<QueueVerb>(command) : runOnFolderOfItsOwn(command);
+}
+
+int runQueue(int& argc, char** argv, const CliCommand& command)
+{
+    if (!command.verbose)
+        qInstallMessageHandler(dropMessage);
+    chooseWindowSystem();
+    QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    return runOnDataFolder<QueueRun>(command);
 }
 
 } // namespace vemo_client

@@ -50,4 +50,11 @@ TaskFacts TaskFactsData::getNow(const QString& taskId)
     return facts;
 }
 
+QHash<QString, TaskFacts> TaskFactsData::getAllNow()
+{
+    QHash<QString, TaskFacts> facts;
+    Database::instance().run([&facts](QSqlDatabase& db) { return TaskFactsStore::all(db, &facts); });
+    return facts;
+}
+
 } // namespace vemo_data

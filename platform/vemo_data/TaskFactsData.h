@@ -3,6 +3,7 @@
 #include "vemo_data_global.h"
 
 #include <QByteArray>
+#include <QHash>
 #include <QObject>
 #include <QString>
 
@@ -46,6 +47,8 @@ public:
     void get(const QString& taskId, QObject* context, std::function<void(const TaskFacts&)> answer);
     /// The same, waiting for the database; for the command line.
     TaskFacts getNow(const QString& taskId);
+    /// Every task's facts by task id, waiting for the database.
+    QHash<QString, TaskFacts> getAllNow();
 
 private:
     TaskFactsData();

@@ -25,6 +25,16 @@ QVariant sumOrNull(const QByteArray& sum)
     return sum.size() == sumBytes ? QVariant(sum) : QVariant(QVariant::ByteArray);
 }
 
+/// From columns report, reason, sha256, sha256_bytes, seconds.
+void read(const QSqlQuery& query, TaskFacts* facts)
+{
+    facts->report = query.value(0).toString().toUtf8();
+    facts->reason = query.value(1).toString();
+    facts->sha256 = query.value(2).toByteArray();
+    facts->sha256Bytes = query.value(3).toLongLong();
+    facts->seconds = query.value(4).toDouble();
+}
+
 } // namespace
 
 bool TaskFactsStore::put(QSqlDatabase& db, const TaskFacts& facts)
@@ -66,11 +76,23 @@ bool TaskFactsStore::get(QSqlDatabase& db, TaskFacts* facts)
         return false;
     if (!query.next())
         return true;
-    facts->report = query.value(0).toString().toUtf8();
-    facts->reason = query.value(1).toString();
-    facts->sha256 = query.value(2).toByteArray();
-    facts->sha256Bytes = query.value(3).toLongLong();
-    facts->seconds = query.value(4).toDouble();
+    read(query, facts);
+    return true;
+}
+
+bool TaskFactsStore::all(QSqlDatabase& db, QHash<QString, TaskFacts>* facts)
+{
+    QSqlQuery query(db);
+    query.setForwardOnly(true);
+    query.prepare(QStringLiteral("SELECT report, reason, sha256, sha256_bytes, seconds, task_id FROM task_facts"));
+    if (!carryOut(query))
+        return false;
+    while (query.next()) {
+        TaskFacts each;
+        each.taskId = query.value(5).toString();
+        read(query, &each);
+        facts->insert(each.taskId, each);
+    }
     return true;
 }
 

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QCommandLineOption>
+#include <QCoreApplication>
+
+namespace vemo_client {
+
+/// Every option of every verb, each with its one description.
+struct CliOptions
+{
+    Q_DECLARE_TR_FUNCTIONS(vemo_client::CliParser)
+
+public:
+    QCommandLineOption help{{QStringLiteral("h"), QStringLiteral("help")}, tr("Shows this help.")};
+    QCommandLineOption version{{QStringLiteral("v"), QStringLiteral("version")}, tr("Shows the version.")};
+    QCommandLineOption data{QStringLiteral("data"), tr("Keeps settings and data below <dir>."), tr("dir")};
+    QCommandLineOption theme{QStringLiteral("theme"), tr("Starts the window in this theme: dark or light."),
+                             tr("name")};
+
+    QCommandLineOption device{
+        QStringLiteral("device"),
+        tr("Address of the recorder: its ONVIF device service (http, https; the path may be left out), or a "
+           "replay address (rtsp, rtsps; {channel} stands for the channel's number)."),
+        tr("url")};
+    QCommandLineOption user{QStringLiteral("user"), tr("User on the recorder."), tr("name")};
+    QCommandLineOption passwordFile{
+        QStringLiteral("password-file"),
+        tr("File whose first line is the password. Without it, the environment variable VEMO_PASSWORD."), tr("file")};
+    QCommandLineOption channel{QStringLiteral("channel"), tr("Channel number from 1; several: 1,2,3."), tr("n")};
+    QCommandLineOption begin{QStringLiteral("begin"),
+                             tr("Begin, as 2026-01-10T08:00:00; local time unless an offset follows."), tr("time")};
+    QCommandLineOption end{QStringLiteral("end"), tr("End, likewise."), tr("time")};
+    QCommandLineOption pin{QStringLiteral("pin"), tr("Accepts only the recorder whose public key has this SHA-256."),
+                           tr("hex")};
+    QCommandLineOption ca{QStringLiteral("ca"), tr("PEM file of certificates to trust beside the system's own."),
+                          tr("file")};
+    QCommandLineOption file{
+        QStringLiteral("file"),
+        tr("Name of one recording, as search tells it; --begin and --end are only needed when the name has no span."),
+        tr("name")};
+    QCommandLineOption id{QStringLiteral("id"), tr("Task to act on, as list tells it; several times for several."),
+                          tr("id")};
+    QCommandLineOption all{QStringLiteral("all"), tr("Acts on every task for which it makes sense.")};
+    QCommandLineOption noRetry{QStringLiteral("no-retry"),
+                               tr("Ends without waiting for the next try of failed tasks.")};
+    QCommandLineOption json{QStringLiteral("json"), tr("Writes one JSON object a line.")};
+    QCommandLineOption verbose{QStringLiteral("verbose"), tr("Writes diagnostics to the standard error stream.")};
+    QCommandLineOption out{
+        QStringLiteral("out"),
+        tr("File to write, or folder; with several channels a folder. Files there are never overwritten."), tr("path")};
+};
+
+} // namespace vemo_client

@@ -1,0 +1,25 @@
+#include "WindowLock.h"
+
+#include <SysPaths.h>
+
+#include <QCoreApplication>
+
+namespace vemo_client {
+
+Outcome WindowLock::take()
+{
+    const QString folder = vemo_worker::SysPaths::dataDir();
+    m_lock = std::make_unique<QLockFile>(folder + QStringLiteral("/window.lock"));
+    m_lock->setStaleLockTime(0);
+    if (m_lock->tryLock())
+        return {};
+    if (m_lock->error() == QLockFile::LockFailedError)
+        return {ExitCode::Failed, QCoreApplication::translate("vemo_client::WindowLock",
+                                                              "A window or another run is at work in the data folder "
+                                                              "%1; close it first.")
+                                      .arg(folder)};
+    return {ExitCode::Disk,
+            QCoreApplication::translate("vemo_client::WindowLock", "The data folder %1 can't be used.").arg(folder)};
+}
+
+} // namespace vemo_client
