@@ -296,6 +296,7 @@ void LocalPlaybackDlg::Private::setFullScreen(bool on)
     if (on) {
         geometryBefore = q->geometry();
         q->showFullScreen();
+        q->setGeometry(q->screen()->geometry()); // some desktops have no window manager that would
     } else {
         q->showNormal();
         q->setGeometry(geometryBefore);

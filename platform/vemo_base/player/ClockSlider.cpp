@@ -33,6 +33,7 @@ ClockSlider::ClockSlider(QWidget* parent)
     setFocusPolicy(Qt::TabFocus);
     setAttribute(Qt::WA_Hover);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    setObjectName(QStringLiteral("clockSlider"));
     setAccessibleName(tr("Position"));
 }
 
@@ -100,6 +101,13 @@ bool ClockSlider::event(QEvent* event)
     return true;
 }
 
+/// Playing moves the value with every frame, the handle far more seldom.
+void ClockSlider::sliderChange(SliderChange change)
+{
+    if (change != SliderValueChange || qRound(xOf(m_clock.beginMs() + value()) * devicePixelRatioF()) != m_paintedX)
+        QAbstractSlider::sliderChange(change);
+}
+
 void ClockSlider::keyPressEvent(QKeyEvent* event)
 {
     event->ignore(); // the player's keys move it
@@ -159,6 +167,7 @@ void ClockSlider::paintEvent(QPaintEvent*)
     const QRectF groove(handleSize / 2, (height() - grooveHeight) / 2, width() - handleSize, grooveHeight);
     const bool usable = isEnabled() && maximum() > 0;
     const double x = usable ? xOf(m_clock.beginMs() + value()) : groove.left();
+    m_paintedX = qRound(x * devicePixelRatioF());
     StylePainter::progress(&painter, groove, usable ? (x - groove.left()) / groove.width() : 0,
                            themeColor(mode, Token::Track), themeColor(mode, Token::Progress));
     for (const RecordingGap& gap : m_clock.gaps())

@@ -29,6 +29,7 @@ signals:
 protected:
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void sliderChange(SliderChange change) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -43,6 +44,7 @@ private:
     void paintGap(QPainter& painter, const RecordingGap& gap) const;
 
     RecordingClock m_clock;
+    int m_paintedX = -1; ///< of the handle, in device pixels
 };
 
 } // namespace vemo_base

@@ -50,6 +50,7 @@ void drawShadowed(QPainter& painter, const QRect& rect, int flags, const QString
 PictureWt::PictureWt(QWidget* parent)
     : QWidget(parent)
 {
+    setObjectName(QStringLiteral("playerPicture"));
     setPalette(Theme::palette(ThemeMode::Dark));
     setAttribute(Qt::WA_OpaquePaintEvent);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);

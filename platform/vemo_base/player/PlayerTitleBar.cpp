@@ -28,6 +28,7 @@ PlayerTitleBar::PlayerTitleBar(QWidget* parent)
     , m_factsLabel(new QLabel(this))
 {
     setFixedHeight(barHeight);
+    m_factsLabel->setObjectName(QStringLiteral("playerFacts"));
     QFont titleFont = font();
     titleFont.setPixelSize(titlePixels);
     titleFont.setWeight(QFont::DemiBold);

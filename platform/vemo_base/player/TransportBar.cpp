@@ -57,6 +57,8 @@ TransportBar::TransportBar(QWidget* parent)
     , m_fullScreen(nullptr)
 {
     setFixedHeight(barHeight);
+    m_now->setObjectName(QStringLiteral("playerTime"));
+    m_speed->setObjectName(QStringLiteral("playerSpeed"));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(margin, 4, margin, 8);
     layout->setSpacing(8);
