@@ -121,6 +121,12 @@ QList<vms_sdk::ChannelInfo> DevsMgrData::channels(const QString& devId) const
     return m_devs.value(devId).info.channels;
 }
 
+bool DevsMgrData::isSaasDev(const QString& devId) const
+{
+    const auto found = m_devs.constFind(devId);
+    return found != m_devs.constEnd() && found->record.address.isEmpty();
+}
+
 void DevsMgrData::login(const QString& devId, const QString& password, const vms_sdk::TlsPolicy& tls)
 {
     const auto found = m_devs.constFind(devId);

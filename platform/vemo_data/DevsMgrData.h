@@ -41,6 +41,9 @@ public:
     vms_sdk::DevStatus getDevStatus(const QString& devId) const;
     QList<vms_sdk::ChannelInfo> channels(const QString& devId) const;
 
+    /// The device is reached through a cloud account: it has no address of its own.
+    bool isSaasDev(const QString& devId) const;
+
     /// Logs in through the device client SDK; the answer comes as vms_sdk::ClientSignals::signalDevLoginRes.
     void login(const QString& devId, const QString& password, const vms_sdk::TlsPolicy& tls = {});
 

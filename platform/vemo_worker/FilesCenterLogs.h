@@ -2,8 +2,12 @@
 
 #include "vemo_worker_global.h"
 
+#include <QDateTime>
+#include <QList>
 #include <QObject>
 #include <QString>
+
+#include <functional>
 
 namespace vemo_worker {
 
@@ -17,7 +21,34 @@ class VEMO_WORKER_EXPORT FilesCenterLogs final : public QObject
 public:
     enum Kind : int { Unknown = 0, Download = 1 };
 
+    struct Entry
+    {
+        qint64 id = 0; ///< rises with time
+        QDateTime time;
+        Kind kind = Unknown;
+        QString device;
+        int channelNo = 0;
+        QString channelName;
+        QString text;
+    };
+
+    /// Which entries, newest first. What is left as it is does not restrict.
+    struct Query
+    {
+        QDateTime begin; ///< included
+        QDateTime end;   ///< not included
+        Kind kind = Unknown;
+        QString contains;    ///< in device, channel name or text
+        qint64 beforeId = 0; ///< only older ones: the last id of the page before
+        int limit = 200;     ///< of one page, at most 1000
+    };
+
+    using Page = std::function<void(const QList<Entry>& entries)>;
+
     static FilesCenterLogs& instance();
+
+    /// Calls `page` on the GUI thread, all earlier entries included; not when `context` has gone by then.
+    void query(const Query& query, QObject* context, Page page);
 
     void recordDownloadEventLog(const QString& device, int channelNo, const QString& channelName, const QString& text);
 

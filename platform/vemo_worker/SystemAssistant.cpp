@@ -1,12 +1,43 @@
 #include "SystemAssistant.h"
 
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QPointer>
 #include <QTextStream>
+#include <QThreadPool>
 
 #include <cstdio>
 
 namespace vemo_worker {
 
-SystemAssistant::SystemAssistant() = default;
+namespace {
+
+bool isThere(const QString& path)
+{
+    const QFileInfo info(path);
+    return info.exists() || info.isSymLink();
+}
+
+/// Deleting for good is what is left on disks without a bin.
+void discard(const QString& path)
+{
+    const QFileInfo info(path);
+    const bool isPlainFile = info.isSymLink() || info.isFile();
+    if (isPlainFile && !QFile::moveToTrash(path))
+        QFile::remove(path);
+}
+
+} // namespace
+
+SystemAssistant::SystemAssistant()
+    : m_disk(std::make_unique<QThreadPool>())
+{
+    m_disk->setMaxThreadCount(1);
+    qAddPostRoutine([] { SystemAssistant::instance().finishRemovals(); });
+}
+
+SystemAssistant::~SystemAssistant() = default;
 
 SystemAssistant& SystemAssistant::instance()
 {
@@ -27,6 +58,47 @@ void SystemAssistant::messageAlert(const QString& title, const QString& text)
         return;
     }
     QTextStream(stderr) << title << ": " << text << QLatin1Char('\n');
+}
+
+void SystemAssistant::removeFiles(const QStringList& paths, QObject* context, const Removed& removed)
+{
+    m_disk->start([this, paths, removed, guard = QPointer<QObject>(context), hasContext = context != nullptr] {
+        QStringList remaining;
+        for (const QString& path : paths) {
+            discard(path);
+            if (isThere(path))
+                remaining.append(path);
+        }
+        if (!removed)
+            return;
+        QMetaObject::invokeMethod(
+            this,
+            [remaining, removed, guard, hasContext] {
+                if (guard || !hasContext)
+                    removed(remaining);
+            },
+            Qt::QueuedConnection);
+    });
+}
+
+QString SystemAssistant::vdxPath(const QString& mediaPath)
+{
+    const QFileInfo info(mediaPath);
+    return info.path() + QLatin1Char('/') + info.completeBaseName() + QStringLiteral(".vdx");
+}
+
+void SystemAssistant::removeVdxFiles(const QStringList& mediaPaths)
+{
+    m_disk->start([mediaPaths] {
+        // They are made anew from the media at need, so the bin is not for them.
+        for (const QString& path : mediaPaths)
+            QFile::remove(vdxPath(path));
+    });
+}
+
+void SystemAssistant::finishRemovals()
+{
+    m_disk->waitForDone();
 }
 
 } // namespace vemo_worker
