@@ -1,8 +1,13 @@
+// platform file: which program may come to the front
 #include "SingleWindow.h"
 
 #include <QCryptographicHash>
 #include <QDir>
 #include <QLocalSocket>
+
+#if defined(Q_OS_WIN)
+#include <qt_windows.h>
+#endif
 
 namespace vemo_client {
 
@@ -37,21 +42,24 @@ SingleWindow::SingleWindow(const QString& dataDir, QObject* parent)
 
 SingleWindow::~SingleWindow() = default;
 
-bool SingleWindow::take()
+SingleWindow::Outcome SingleWindow::take()
 {
     if (m_lock.tryLock()) {
         // What a crashed window left under the name is nobody's any more.
         QLocalServer::removeServer(m_name);
         m_server.listen(m_name);
-        return true;
+        return Outcome::Taken;
     }
     // Another failure than a held lock, such as a folder without right to write, is told by the stores.
     if (m_lock.error() != QLockFile::LockFailedError)
-        return true;
+        return Outcome::Taken;
+#if defined(Q_OS_WIN)
+    // The desktop lets a program come to the front only when the one that is there now agrees.
+    AllowSetForegroundWindow(ASFW_ANY);
+#endif
     QLocalSocket first;
     first.connectToServer(m_name);
-    first.waitForConnected(answerMs);
-    return false;
+    return first.waitForConnected(answerMs) ? Outcome::Raised : Outcome::Held;
 }
 
 } // namespace vemo_client

@@ -69,6 +69,15 @@ StatusBar::StatusBar(QWidget* parent)
     layout->setContentsMargins(edge, 1, 2 * edge, 0);
     layout->setSpacing(4);
 
+    m_queue = new StatusItem(QStringLiteral("queue"), this);
+    m_queue->setCaption(tr("Queue"));
+    m_queue->setStrong(true);
+    m_queue->setTone(vemo_base::Token::Text);
+    m_queue->setSample(QueueWatch::words({5, 8888, 0, 0}));
+    showQueue({});
+    connect(m_queue, &QAbstractButton::clicked, this, &StatusBar::signalQueueClicked);
+    layout->addWidget(m_queue);
+
     m_rate = new StatusItem(QStringLiteral("rate"), this);
     m_rate->setStrong(true);
     m_rate->setTone(vemo_base::Token::Text);
@@ -76,7 +85,7 @@ StatusBar::StatusBar(QWidget* parent)
     m_rate->setWords(rateText(0));
     m_rate->setToolTip(tr("What all downloads together receive"));
     m_rate->setAccessibleName(m_rate->text());
-    connect(m_rate, &QAbstractButton::clicked, this, &StatusBar::signalRateClicked);
+    connect(m_rate, &QAbstractButton::clicked, this, &StatusBar::signalQueueClicked);
     layout->addWidget(m_rate);
 
     m_disk = new StatusItem(QStringLiteral("disk"), this);
@@ -84,6 +93,12 @@ StatusBar::StatusBar(QWidget* parent)
     connect(m_disk, &QAbstractButton::clicked, this, &StatusBar::openDownloadFolder);
     layout->addWidget(m_disk);
     layout->addStretch();
+
+    m_offline = new StatusItem(QStringLiteral("offline"), this);
+    m_offline->setTone(vemo_base::Token::Warning);
+    m_offline->hide();
+    connect(m_offline, &QAbstractButton::clicked, this, &StatusBar::signalOfflineClicked);
+    layout->addWidget(m_offline);
 
     m_clock = new QLabel(this);
     QFont clockFont = m_clock->font();
@@ -103,6 +118,21 @@ StatusBar::StatusBar(QWidget* parent)
     m_diskTimer.start(diskIntervalMs);
     tick();
     askDisk();
+}
+
+void StatusBar::showQueue(const QueueWatch::Figures& figures)
+{
+    m_queue->setWords(QueueWatch::words(figures));
+    m_queue->setToolTip(tr("Download queue: %1").arg(QueueWatch::allWords(figures)));
+    m_queue->setAccessibleName(m_queue->toolTip());
+}
+
+void StatusBar::showRecorders(int offline, int all)
+{
+    m_offline->setVisible(offline > 0);
+    m_offline->setWords(tr("%1 of %2 recorders offline").arg(offline).arg(all));
+    m_offline->setToolTip(tr("Shows the recorder and why it is not logged in"));
+    m_offline->setAccessibleName(m_offline->text());
 }
 
 void StatusBar::tick()

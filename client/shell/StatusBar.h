@@ -1,5 +1,7 @@
 #pragma once
 
+#include "QueueWatch.h"
+
 #include <QElapsedTimer>
 #include <QTimer>
 #include <QWidget>
@@ -10,8 +12,9 @@ namespace vemo_client {
 
 class StatusItem;
 
-/// The bar below everything: the rate of all downloads, the disk that downloads go to, the clock with its offset. GUI
-/// thread; the disk is asked on a thread of the pool, because it may be a slow or a lost one.
+/// The bar below everything: the download queue, the rate of all downloads, the disk that downloads go to; at the
+/// trailing end the recorders that are offline and the clock with its offset. A click leads to what an item speaks of.
+/// GUI thread; the disk is asked on a thread of the pool, because it may be a slow or a lost one.
 class StatusBar final : public QWidget
 {
     Q_OBJECT
@@ -20,8 +23,12 @@ class StatusBar final : public QWidget
 public:
     explicit StatusBar(QWidget* parent = nullptr);
 
+    void showQueue(const QueueWatch::Figures& figures);
+    void showRecorders(int offline, int all);
+
 signals:
-    void signalRateClicked();
+    void signalQueueClicked();
+    void signalOfflineClicked();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -35,8 +42,10 @@ private:
     void showDisk(const QString& name, qint64 freeBytes, qint64 totalBytes);
     void openDownloadFolder();
 
+    StatusItem* m_queue = nullptr;
     StatusItem* m_rate = nullptr;
     StatusItem* m_disk = nullptr;
+    StatusItem* m_offline = nullptr;
     QLabel* m_clock = nullptr;
     QTimer m_tickTimer;
     QTimer m_diskTimer;

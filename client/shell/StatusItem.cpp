@@ -39,6 +39,21 @@ QFont StatusItem::wordsFont() const
     return wordsFont;
 }
 
+void StatusItem::setCaption(const QString& caption)
+{
+    m_caption = caption;
+    updateGeometry();
+}
+
+int StatusItem::captionWidth() const
+{
+    if (m_caption.isEmpty())
+        return 0;
+    QFont captionFont = wordsFont();
+    captionFont.setWeight(QFont::Normal);
+    return QFontMetrics(captionFont).horizontalAdvance(m_caption) + gap;
+}
+
 void StatusItem::setSample(const QString& sample)
 {
     m_sample = sample;
@@ -79,7 +94,7 @@ QSize StatusItem::sizeHint() const
     const QFontMetrics metrics(wordsFont());
     const int words = qMax(metrics.horizontalAdvance(text()), metrics.horizontalAdvance(m_sample));
     const int bar = m_fraction < 0 ? 0 : gap + barWidth;
-    return QSize(2 * padding + iconExtent + gap + words + bar, itemHeight);
+    return QSize(2 * padding + iconExtent + gap + captionWidth() + words + bar, itemHeight);
 }
 
 void StatusItem::paintEvent(QPaintEvent*)
@@ -99,13 +114,23 @@ void StatusItem::paintEvent(QPaintEvent*)
         vemo_base::Icons::pixmap(m_iconName, iconExtent, m_strong ? theme.color(vemo_base::Token::Text2) : color,
                                  painter.device()->devicePixelRatioF());
     painter.drawPixmap(mirrored(QRect(padding, (height() - iconExtent) / 2, iconExtent, iconExtent)), icon);
+    int x = padding + iconExtent + gap;
+    if (!m_caption.isEmpty()) {
+        QFont captionFont = wordsFont();
+        captionFont.setWeight(QFont::Normal);
+        painter.setFont(captionFont);
+        painter.setPen(theme.color(vemo_base::Token::Text2));
+        painter.drawText(mirrored(QRect(x, 0, captionWidth(), height())), Qt::AlignVCenter | Qt::TextSingleLine,
+                         m_caption);
+        x += captionWidth();
+    }
     painter.setFont(wordsFont());
     painter.setPen(color);
     const int wordsWidth = QFontMetrics(painter.font()).horizontalAdvance(text());
-    const QRect words = mirrored(QRect(padding + iconExtent + gap, 0, wordsWidth, height()));
+    const QRect words = mirrored(QRect(x, 0, wordsWidth, height()));
     painter.drawText(words, Qt::AlignVCenter | Qt::TextSingleLine, text());
     if (m_fraction >= 0) {
-        const QRect bar(padding + iconExtent + gap + wordsWidth + gap, (height() - barHeight) / 2, barWidth, barHeight);
+        const QRect bar(x + wordsWidth + gap, (height() - barHeight) / 2, barWidth, barHeight);
         const vemo_base::Token fill = m_tone == vemo_base::Token::Text2 ? vemo_base::Token::Progress : m_tone;
         vemo_base::StylePainter::progress(&painter, mirrored(bar), m_fraction, theme.color(vemo_base::Token::Track),
                                           theme.color(fill));

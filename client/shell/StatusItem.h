@@ -15,6 +15,8 @@ class StatusItem final : public QAbstractButton
 public:
     explicit StatusItem(const QString& iconName, QWidget* parent = nullptr);
 
+    /// What the words speak of, ahead of them in a lighter colour.
+    void setCaption(const QString& caption);
     /// `sample` is the longest text that is usual; the item keeps its room, so that its neighbours stay where they are.
     void setSample(const QString& sample);
     void setStrong(bool strong);
@@ -31,7 +33,10 @@ protected:
 private:
     QFont wordsFont() const;
 
+    int captionWidth() const;
+
     QString m_iconName;
+    QString m_caption;
     QString m_sample;
     bool m_strong = false;
     vemo_base::Token m_tone = vemo_base::Token::Text2;

@@ -2,11 +2,15 @@
 
 #include "DesktopTheme.h"
 #include "MainWindow.h"
+#include "QueueTray.h"
 #include "SingleWindow.h"
 
 #include "cli/Interrupt.h"
+#include "devices/RecorderLogins.h"
 
+#include <DataSignals.h>
 #include <DevsMgrData.h>
+#include <DownloadTaskData.h>
 #include <FilesCenterInit.h>
 #include <FormsMgr.h>
 #include <SysPaths.h>
@@ -19,11 +23,17 @@
 #include <vms_sdk.h>
 
 #include <QApplication>
+#include <QCoreApplication>
 #include <QIcon>
 
 namespace vemo_client {
 
 namespace {
+
+class WindowText final
+{
+    Q_DECLARE_TR_FUNCTIONS(vemo_client::WindowRun)
+};
 
 vemo_base::Theme::Choice choiceOf(const QString& name)
 {
@@ -45,7 +55,8 @@ int runWindow(int& argc, char** argv, const CliCommand& command)
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/vemo_base/icons/mark.svg")));
 
     SingleWindow single(vemo_worker::SysPaths::dataDir());
-    if (!single.take())
+    const SingleWindow::Outcome outcome = single.take();
+    if (outcome == SingleWindow::Outcome::Raised)
         return 0;
 
     vemo_base::Theme& theme = vemo_base::Theme::instance();
@@ -55,6 +66,13 @@ int runWindow(int& argc, char** argv, const CliCommand& command)
                                : command.theme;
     theme.setChoice(choiceOf(chosen));
     theme.apply();
+    if (outcome == SingleWindow::Outcome::Held) {
+        vemo_base::VMessageBox box(
+            vemo_base::VMessageBox::Kind::Warning, WindowText::tr("The data folder is in use"),
+            WindowText::tr("Another vemo_client works on it and shows no window. Wait until it is done, or end it."));
+        box.exec();
+        return 1;
+    }
 
     vemo_data::DevsMgrData::instance().load();
     vemo_filesCenter::FilesCenterInit& filesCenter = vemo_filesCenter::FilesCenterInit::instance();
@@ -64,7 +82,12 @@ int runWindow(int& argc, char** argv, const CliCommand& command)
 
     int code = 0;
     {
-        MainWindow window;
+        RecorderLogins logins;
+        MainWindow window(&logins);
+        QueueTray tray(window.queue());
+        QObject::connect(&tray, &QueueTray::signalRaise, &window, &MainWindow::comeToFront);
+        QObject::connect(&vemo_data::DataSignals::instance(), &vemo_data::DataSignals::signalStoreNotice, &window,
+                         &MainWindow::tellStore);
         vemo_worker::SystemAssistant::instance().setPresenter([&window](const QString& title, const QString& text) {
             vemo_base::VMessageBox::tell(vemo_base::VMessageBox::Kind::Warning, title, text, &window);
         });
@@ -74,9 +97,13 @@ int runWindow(int& argc, char** argv, const CliCommand& command)
         // Asked to terminate, it ends as if the person had closed it.
         Interrupt interrupt;
         QObject::connect(&interrupt, &Interrupt::signalInterrupted, &window, &QWidget::close);
+        logins.start();
+        window.showFirstPage();
         window.show();
         code = QApplication::exec();
+        // The window is gone from the screen; what runs is kept and goes on at the next start.
         emit vemo_contact::SystemMsg::instance().signalPrepareQuitSystem();
+        vemo_data::DownloadTaskData::instance().flush();
         vemo_worker::SystemAssistant::instance().setPresenter({});
     }
     vms_sdk::uninit_sdk();

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QString>
+
+namespace vemo_client {
+
+/// A channel of a recorder.
+struct ChannelRef
+{
+    QString devId;
+    int channelNo = 0;
+
+    bool operator==(const ChannelRef& other) const { return devId == other.devId && channelNo == other.channelNo; }
+};
+
+} // namespace vemo_client

@@ -1,0 +1,101 @@
+#include "FirstRecorderWt.h"
+
+#include "TimelinesWt.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QVariant>
+#include <QVBoxLayout>
+
+namespace vemo_client {
+
+namespace {
+
+constexpr int formWidth = 400;
+constexpr int titlePixels = 24;
+
+} // namespace
+
+FirstRecorderWt::FirstRecorderWt(RecorderLogins* logins, QWidget* parent)
+    : QWidget(parent)
+    , m_form(new RecorderForm(logins, this))
+    , m_submit(new QPushButton(this))
+    , m_keep(new QPushButton(tr("Keep it offline"), this))
+{
+    auto* title = new QLabel(tr("Add your first recorder"), this);
+    QFont titleFont = title->font();
+    titleFont.setPixelSize(titlePixels);
+    titleFont.setWeight(QFont::DemiBold);
+    title->setFont(titleFont);
+    auto* sentence =
+        new QLabel(tr("Its recordings can be searched and fetched as soon as the client is logged in."), this);
+    sentence->setForegroundRole(QPalette::PlaceholderText);
+    sentence->setWordWrap(true);
+    m_submit->setProperty("kind", QStringLiteral("primary"));
+
+    auto* column = new QWidget;
+    column->setFixedWidth(formWidth);
+    auto* columnLayout = new QVBoxLayout(column);
+    columnLayout->setContentsMargins(0, 24, 0, 24);
+    columnLayout->setSpacing(8);
+    columnLayout->addStretch(1);
+    columnLayout->addWidget(title);
+    columnLayout->addWidget(sentence);
+    columnLayout->addSpacing(16);
+    columnLayout->addWidget(m_form);
+    columnLayout->addSpacing(8);
+    columnLayout->addWidget(m_submit);
+    columnLayout->addWidget(m_keep);
+    columnLayout->addStretch(2);
+
+    auto* middle = new QWidget;
+    auto* middleLayout = new QHBoxLayout(middle);
+    middleLayout->setContentsMargins(24, 0, 24, 0);
+    middleLayout->addStretch();
+    middleLayout->addWidget(column);
+    middleLayout->addStretch();
+    // A notice with a fingerprint makes the form taller than the smallest window.
+    auto* scroll = new QScrollArea(this);
+    scroll->setWidget(middle);
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(new TimelinesWt(tr("Every hour that matters,\nsafe on your own disks."),
+                                      tr("Search the days of your network recorders and fetch what you need as files."),
+                                      this),
+                      2);
+    layout->addWidget(scroll, 3);
+
+    connect(m_submit, &QPushButton::clicked, m_form, &RecorderForm::submit);
+    connect(m_keep, &QPushButton::clicked, this, &FirstRecorderWt::signalAdded);
+    connect(m_form, &RecorderForm::signalStageChanged, this, &FirstRecorderWt::showStage);
+    showStage();
+}
+
+bool FirstRecorderWt::isBusy() const
+{
+    return m_form->stage() == RecorderForm::Stage::Connecting || m_form->stage() == RecorderForm::Stage::Failed;
+}
+
+void FirstRecorderWt::showStage()
+{
+    const RecorderForm::Stage stage = m_form->stage();
+    if (stage == RecorderForm::Stage::Done) {
+        emit signalAdded();
+        return;
+    }
+    const bool isConnecting = stage == RecorderForm::Stage::Connecting;
+    m_submit->setText(isConnecting                           ? tr("Connecting...")
+                      : stage == RecorderForm::Stage::Failed ? tr("Try again")
+                                                             : tr("Add and log in"));
+    m_submit->setEnabled(!isConnecting && m_form->isComplete());
+    m_keep->setVisible(m_form->mayBeKept());
+}
+
+} // namespace vemo_client

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "RecorderLogins.h"
+
+#include <ThemeTokens.h>
+
+#include <QString>
+
+namespace vemo_client {
+
+/// How the login of a recorder is told to a person: as the short state in a list, and as a failure with its cause and
+/// what can be done. Plain functions.
+class LoginWords final
+{
+public:
+    LoginWords() = delete;
+
+    struct State
+    {
+        QString icon;
+        vemo_base::Token color = vemo_base::Token::Text2;
+        QString word;
+    };
+    static State stateOf(const RecorderLogins::Login& login);
+
+    struct Failure
+    {
+        QString title;
+        QString cause;
+        QString advice;
+        bool isWarning = false; ///< mends itself, or may do so
+    };
+    /// For Failed, PasswordWanted and CertificateUnknown; empty texts otherwise.
+    static Failure failureOf(const RecorderLogins::Login& login);
+
+    /// "AA:BB:..." in two lines of 16 bytes.
+    static QString fingerprint(const QByteArray& sha256);
+};
+
+} // namespace vemo_client

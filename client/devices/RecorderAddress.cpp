@@ -1,0 +1,106 @@
+#include "RecorderAddress.h"
+
+#include <QCoreApplication>
+#include <QHostAddress>
+#include <QRegularExpression>
+
+namespace vemo_client {
+
+namespace {
+
+constexpr int longestAddress = 2048;
+constexpr int highestPort = 65535;
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("vemo_client::RecorderAddress", text);
+}
+
+RecorderAddress wrong(const QString& problem)
+{
+    return {QUrl(), problem};
+}
+
+/// Host and port between "://" and the path, as typed.
+QString authorityOf(const QString& text)
+{
+    const int begin = text.indexOf(QLatin1String("://")) + 3;
+    static const QRegularExpression ends(QStringLiteral("[/?#]"));
+    const int end = text.indexOf(ends, begin);
+    return text.mid(begin, end < 0 ? -1 : end - begin);
+}
+
+QString problemOfAuthority(const QString& authority)
+{
+    if (authority.contains(QLatin1Char('@')))
+        return tr("The address carries a login. Put user and password into their own fields.");
+    const int bracket = authority.lastIndexOf(QLatin1Char(']'));
+    const int colon = authority.indexOf(QLatin1Char(':'), bracket + 1);
+    const QString host = authority.left(colon);
+    if (host.isEmpty())
+        return tr("The address names no host. Example: 192.168.1.20");
+    if (colon >= 0) {
+        bool isNumber = false;
+        const int port = authority.mid(colon + 1).toInt(&isNumber);
+        if (!isNumber || port < 1 || port > highestPort)
+            return tr("The port must be a number from 1 to 65535.");
+    }
+    // What looks like numbers is meant as numbers: "192.168.1" would be completed to some other host.
+    static const QRegularExpression numbers(QStringLiteral("^[0-9.]+$"));
+    static const QRegularExpression fourNumbers(QStringLiteral("^[0-9]{1,3}(\\.[0-9]{1,3}){3}$"));
+    if (numbers.match(host).hasMatch() &&
+        (!fourNumbers.match(host).hasMatch() || QHostAddress(host).protocol() != QAbstractSocket::IPv4Protocol))
+        return tr("An address of numbers has four of them from 0 to 255. Example: 192.168.1.20");
+    return QString();
+}
+
+} // namespace
+
+RecorderAddress RecorderAddress::parse(const QString& typed)
+{
+    QString text = typed.trimmed();
+    if (text.isEmpty())
+        return wrong(tr("Type the address of the recorder. Example: 192.168.1.20"));
+    if (text.size() > longestAddress)
+        return wrong(tr("The address is longer than any address is."));
+    static const QRegularExpression blanks(QStringLiteral("[\\s\\p{C}]"));
+    if (text.contains(blanks))
+        return wrong(tr("An address holds no spaces."));
+    if (!text.contains(QLatin1String("://"))) {
+        // A bare IPv6 address has more than one colon and no brackets yet.
+        if (QHostAddress(text).protocol() == QAbstractSocket::IPv6Protocol)
+            text = QLatin1Char('[') + text + QLatin1Char(']');
+        text.prepend(QLatin1String("http://"));
+    }
+    static const QStringList schemes{QStringLiteral("http"), QStringLiteral("https"), QStringLiteral("rtsp"),
+                                     QStringLiteral("rtsps")};
+    if (!schemes.contains(text.section(QLatin1Char(':'), 0, 0).toLower()))
+        return wrong(tr("The address must begin with http, https, rtsp or rtsps."));
+    const QString problem = problemOfAuthority(authorityOf(text));
+    if (!problem.isEmpty())
+        return wrong(problem);
+
+    // "{channel}" stands for a channel's number and is no character of an address, so the strict reading goes without.
+    const QUrl bare(QString(text).remove(QLatin1String("{channel}")), QUrl::StrictMode);
+    if (!bare.isValid() || bare.host().isEmpty())
+        return wrong(tr("This can't be read as an address. Example: 192.168.1.20"));
+    QUrl url = text.contains(QLatin1String("{channel}")) ? QUrl(text, QUrl::TolerantMode) : bare;
+    url.setFragment(QString());
+    if (url.path() == QLatin1String("/") && !isDirect(url))
+        url.setPath(QString());
+    return {url, QString()};
+}
+
+bool RecorderAddress::isDirect(const QUrl& url)
+{
+    return url.scheme().startsWith(QLatin1String("rtsp"));
+}
+
+QString RecorderAddress::text(const QUrl& url)
+{
+    if (isDirect(url) || url.scheme() == QLatin1String("https"))
+        return url.toString(QUrl::RemoveUserInfo | QUrl::RemovePath | QUrl::RemoveQuery | QUrl::RemoveFragment);
+    return url.authority(QUrl::PrettyDecoded);
+}
+
+} // namespace vemo_client

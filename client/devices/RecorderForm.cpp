@@ -1,0 +1,235 @@
+#include "RecorderForm.h"
+
+#include "LoginWords.h"
+#include "NoticeCard.h"
+#include "RecorderAddress.h"
+
+#include <DevsMgrData.h>
+#include <Icons.h>
+#include <Theme.h>
+
+#include <QAction>
+#include <QLabel>
+#include <QLineEdit>
+#include <QStyle>
+#include <QVariant>
+#include <QVBoxLayout>
+
+namespace vemo_client {
+
+namespace {
+
+constexpr int settleMs = 700;
+constexpr int longestText = 256;
+constexpr int wordsPixels = 12;
+constexpr int wordsHeight = 18;
+
+void markInvalid(QLineEdit* field, bool invalid)
+{
+    if (field->property("invalid").toBool() == invalid)
+        return;
+    field->setProperty("invalid", invalid);
+    field->update();
+}
+
+void tint(QLabel* label, vemo_base::Token token)
+{
+    QPalette palette = label->palette();
+    palette.setColor(QPalette::WindowText, vemo_base::Theme::instance().color(token));
+    label->setPalette(palette);
+}
+
+} // namespace
+
+RecorderForm::RecorderForm(RecorderLogins* logins, QWidget* parent)
+    : QWidget(parent)
+    , m_logins(logins)
+{
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(6);
+    m_address = addField(tr("Address"), tr("192.168.1.20 or https://nvr.example/onvif/device_service"));
+    m_addressWords = addWords();
+    m_user = addField(tr("User name"), QString());
+    layout->addSpacing(8);
+    m_password = addField(tr("Password"), QString());
+    m_password->setEchoMode(QLineEdit::Password);
+    m_password->setMaxLength(longestText);
+    QAction* eye = m_password->addAction(vemo_base::Icons::icon(QStringLiteral("eye")), QLineEdit::TrailingPosition);
+    eye->setToolTip(tr("Show the password"));
+    connect(eye, &QAction::triggered, this, &RecorderForm::togglePassword);
+    layout->addSpacing(8);
+    m_name = addField(tr("Name"), tr("as the recorder calls itself"));
+    m_name->setMaxLength(longestText);
+    m_user->setMaxLength(longestText);
+    layout->addSpacing(8);
+    m_notice = new NoticeCard(this);
+    m_notice->hide();
+    layout->addWidget(m_notice);
+    layout->addStretch();
+
+    m_settleTimer.setSingleShot(true);
+    m_settleTimer.setInterval(settleMs);
+    connect(&m_settleTimer, &QTimer::timeout, this, [this] { checkAddress(true); });
+    connect(m_address, &QLineEdit::textEdited, this, [this] {
+        checkAddress(false);
+        m_settleTimer.start();
+        emit signalStageChanged();
+    });
+    connect(m_address, &QLineEdit::editingFinished, this, [this] { checkAddress(true); });
+    connect(m_notice, &NoticeCard::signalDeed, this, [this] {
+        setStage(Stage::Connecting);
+        m_logins->trust(m_devId);
+    });
+    connect(m_logins, &RecorderLogins::signalChanged, this, [this](const QString& devId) {
+        // What the logins do by themselves is no answer to somebody who is still typing.
+        if (m_stage != Stage::Filling && !m_devId.isEmpty() && devId == m_devId)
+            takeLogin();
+    });
+    checkAddress(false);
+}
+
+QLineEdit* RecorderForm::addField(const QString& label, const QString& hint)
+{
+    auto* words = new QLabel(label, this);
+    QFont strong = words->font();
+    strong.setWeight(QFont::DemiBold);
+    words->setFont(strong);
+    auto* field = new QLineEdit(this);
+    field->setPlaceholderText(hint);
+    field->setAccessibleName(label);
+    words->setBuddy(field);
+    layout()->addWidget(words);
+    layout()->addWidget(field);
+    return field;
+}
+
+QLabel* RecorderForm::addWords()
+{
+    auto* words = new QLabel(this);
+    QFont small = words->font();
+    small.setPixelSize(wordsPixels);
+    words->setFont(small);
+    words->setTextFormat(Qt::PlainText);
+    words->setMinimumHeight(wordsHeight);
+    words->setWordWrap(true);
+    layout()->addWidget(words);
+    return words;
+}
+
+void RecorderForm::edit(const QString& devId)
+{
+    const vemo_data::DevRecord record = vemo_data::DevsMgrData::instance().devRecord(devId);
+    m_devId = devId;
+    m_isNew = false;
+    m_address->setText(record.address.toString(QUrl::PrettyDecoded));
+    m_user->setText(record.user);
+    m_password->setPlaceholderText(tr("unchanged"));
+    m_name->setText(record.name);
+    checkAddress(true);
+    setStage(Stage::Filling);
+    m_notice->setVisible(tellFailure());
+}
+
+void RecorderForm::focusFirst()
+{
+    m_address->setFocus(Qt::TabFocusReason);
+}
+
+bool RecorderForm::isComplete() const
+{
+    return RecorderAddress::parse(m_address->text()).problem.isEmpty();
+}
+
+bool RecorderForm::mayBeKept() const
+{
+    return m_stage == Stage::Failed && m_isNew && RecorderLogins::retriesAfter(m_logins->login(m_devId).error.kind);
+}
+
+void RecorderForm::checkAddress(bool isSettled)
+{
+    const RecorderAddress address = RecorderAddress::parse(m_address->text());
+    const bool isEmpty = m_address->text().trimmed().isEmpty();
+    const bool isWrong = isSettled && !isEmpty && !address.problem.isEmpty();
+    QString words = address.problem;
+    if (isEmpty)
+        words = tr("IP address or name; a port or a whole address where the recorder needs one.");
+    else if (address.problem.isEmpty() && RecorderAddress::isDirect(address.url))
+        words = tr("Replay address: it has no list of recordings, spans of time can be fetched.");
+    else if (address.problem.isEmpty())
+        words = tr("ONVIF over %1 at %2")
+                    .arg(address.url.scheme() == QLatin1String("https") ? tr("TLS") : tr("HTTP"),
+                         address.url.authority(QUrl::PrettyDecoded));
+    m_addressWords->setText(words);
+    tint(m_addressWords, isWrong ? vemo_base::Token::Error : vemo_base::Token::Text2);
+    markInvalid(m_address, isWrong);
+}
+
+void RecorderForm::submit()
+{
+    const RecorderAddress address = RecorderAddress::parse(m_address->text());
+    if (!address.problem.isEmpty()) {
+        checkAddress(true);
+        m_address->setFocus(Qt::OtherFocusReason);
+        return;
+    }
+    vemo_data::DevRecord record;
+    if (!m_devId.isEmpty())
+        record = vemo_data::DevsMgrData::instance().devRecord(m_devId);
+    if (record.address.host() != address.url.host() || record.address.port() != address.url.port())
+        record.pinnedKeySha256.clear(); // another recorder, another key
+    record.address = address.url;
+    record.user = m_user->text().trimmed();
+    record.name = m_name->text().simplified();
+    setStage(Stage::Connecting);
+    if (m_devId.isEmpty())
+        m_devId = m_logins->add(record, m_password->text());
+    else
+        m_logins->change(record, m_isNew || !m_password->text().isEmpty() ? std::optional<QString>(m_password->text())
+                                                                          : std::nullopt);
+}
+
+void RecorderForm::discard()
+{
+    if (m_isNew && !m_devId.isEmpty() && m_stage != Stage::Done)
+        m_logins->remove(m_devId);
+    m_devId.clear();
+}
+
+void RecorderForm::takeLogin()
+{
+    const RecorderLogins::Phase phase = m_logins->login(m_devId).phase;
+    if (phase == RecorderLogins::Phase::Online)
+        setStage(Stage::Done);
+    else
+        setStage(tellFailure() ? Stage::Failed : Stage::Connecting);
+}
+
+bool RecorderForm::tellFailure()
+{
+    const RecorderLogins::Login login = m_logins->login(m_devId);
+    const LoginWords::Failure failure = LoginWords::failureOf(login);
+    if (failure.title.isEmpty())
+        return false;
+    m_notice->tell(failure.isWarning ? NoticeCard::Weight::Warning : NoticeCard::Weight::Error, failure.title,
+                   failure.cause + QLatin1Char('\n') + failure.advice,
+                   login.phase == RecorderLogins::Phase::CertificateUnknown ? tr("Trust this key") : QString());
+    return true;
+}
+
+void RecorderForm::setStage(Stage stage)
+{
+    m_stage = stage;
+    m_notice->setVisible(stage == Stage::Failed);
+    for (QLineEdit* field : {m_address, m_user, m_password, m_name})
+        field->setEnabled(stage != Stage::Connecting);
+    emit signalStageChanged();
+}
+
+void RecorderForm::togglePassword()
+{
+    const bool isHidden = m_password->echoMode() == QLineEdit::Password;
+    m_password->setEchoMode(isHidden ? QLineEdit::Normal : QLineEdit::Password);
+}
+
+} // namespace vemo_client

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "ChannelDay.h"
+#include "DayAxis.h"
+
+#include <QVector>
+
+namespace vemo_client {
+
+/// A channel's day laid on the device pixels of an axis: as many runs of one kind as can be seen, however many
+/// recordings there are. A value, no painter.
+class AxisRow final
+{
+public:
+    enum class Kind : quint8 { Nothing = 0, Recording = 1, Alarm = 2 };
+
+    struct Run
+    {
+        int from = 0; ///< device pixels, `to` not included
+        int to = 0;
+        Kind kind = Kind::Nothing;
+    };
+
+    /// The kinds' runs without those of Nothing; an alarm wins, and no alarm is narrower than `leastAlarm` pixels.
+    static QVector<Run> runs(const DayAxis& axis, const QList<vms_sdk::VideoRecording>& recordings, int pixels,
+                             int leastAlarm);
+    /// The chosen ones alone, as runs of Recording.
+    static QVector<Run> chosenRuns(const DayAxis& axis, const ChannelDay& day, int pixels);
+
+    /// The recording at a time, -1: none. An alarm wins over the recording that it lies in.
+    static int recordingAt(const QList<vms_sdk::VideoRecording>& recordings, qint64 ms);
+    /// What lies between the recordings around a time that none of them holds, within the axis.
+    static void gapAt(const DayAxis& axis, const QList<vms_sdk::VideoRecording>& recordings, qint64 ms, qint64* beginMs,
+                      qint64* endMs);
+    /// Time of the axis that recordings cover, what overlaps counted once.
+    static qint64 coveredMs(const DayAxis& axis, const QList<vms_sdk::VideoRecording>& recordings);
+};
+
+} // namespace vemo_client

@@ -1,0 +1,61 @@
+#include "SpanWords.h"
+
+#include <QCoreApplication>
+#include <QDateTime>
+
+namespace vemo_client {
+
+namespace {
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("vemo_client::SpanWords", text);
+}
+
+} // namespace
+
+QString SpanWords::clock(qint64 ms, const QDate& day)
+{
+    const QDateTime time = QDateTime::fromMSecsSinceEpoch(ms);
+    if (time.date() > day)
+        return QStringLiteral("24:00:00");
+    return time.time().toString(QStringLiteral("HH:mm:ss"));
+}
+
+QString SpanWords::span(const TimeSpan& span, const QDate& day)
+{
+    return tr("%1 To %2").arg(clock(span.beginMs, day), clock(span.endMs, day));
+}
+
+QString SpanWords::length(qint64 ms)
+{
+    const qint64 seconds = (ms + 500) / 1000;
+    const qint64 minutes = seconds / 60;
+    const qint64 hours = minutes / 60;
+    if (hours > 0)
+        return minutes % 60 == 0 ? tr("%1 h").arg(hours) : tr("%1 h %2 min").arg(hours).arg(minutes % 60);
+    if (minutes > 0)
+        return seconds % 60 == 0 ? tr("%1 min").arg(minutes) : tr("%1 min %2 s").arg(minutes).arg(seconds % 60);
+    return tr("%1 s").arg(seconds);
+}
+
+QString SpanWords::recordings(int count)
+{
+    return count == 1 ? tr("1 recording") : tr("%1 recordings").arg(count);
+}
+
+QString SpanWords::channels(int count)
+{
+    return count == 1 ? tr("1 channel") : tr("%1 channels").arg(count);
+}
+
+QString SpanWords::offset(int offsetMs)
+{
+    const int minutes = offsetMs / 60'000;
+    return QStringLiteral("UTC%1%2:%3")
+        .arg(QLatin1Char(minutes < 0 ? '-' : '+'))
+        .arg(qAbs(minutes) / 60, 2, 10, QLatin1Char('0'))
+        .arg(qAbs(minutes) % 60, 2, 10, QLatin1Char('0'));
+}
+
+} // namespace vemo_client

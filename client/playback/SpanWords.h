@@ -1,0 +1,27 @@
+#pragma once
+
+#include "SpanPick.h"
+
+#include <QString>
+
+namespace vemo_client {
+
+/// Spans and lengths of time as the pages write them, in the local zone. Plain functions.
+class SpanWords final
+{
+public:
+    SpanWords() = delete;
+
+    /// "13:00:00", and "24:00:00" for the end of the day.
+    static QString clock(qint64 ms, const QDate& day);
+    /// "13:00:00 To 15:24:10"
+    static QString span(const TimeSpan& span, const QDate& day);
+    /// "2 h 15 min", "4 min 10 s", "45 s"
+    static QString length(qint64 ms);
+    static QString recordings(int count); ///< "1 recording", "12 recordings"
+    static QString channels(int count);
+    /// "UTC+01:00"
+    static QString offset(int offsetMs);
+};
+
+} // namespace vemo_client
