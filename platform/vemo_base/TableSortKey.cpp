@@ -2,6 +2,7 @@
 
 #include <QCollator>
 #include <QDateTime>
+#include <QLocale>
 
 #include <algorithm>
 #include <numeric>
@@ -60,7 +61,9 @@ int compare(const Key& one, const Key& other)
 
 QVector<int> TableSortKey::orderOf(const QVector<QVariant>& keys, Qt::SortOrder order)
 {
-    QCollator collator;
+    // The C locale compares bytes and knows no numbers.
+    const QLocale locale;
+    QCollator collator(locale.language() == QLocale::C ? QLocale(QLocale::English) : locale);
     collator.setNumericMode(true);
     collator.setCaseSensitivity(Qt::CaseInsensitive);
     std::vector<Key> read;

@@ -8,7 +8,6 @@
 #include "TableRowDelegate.h"
 #include "TableSortKey.h"
 
-#include <QAccessible>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -114,7 +113,7 @@ TableWidget::TableWidget(QWidget* parent)
             readAllMarks();
     });
     connect(verticalHeader(), &QHeaderView::sectionResized, this, [this](int row, int, int size) {
-        if (row < m_marks.count()) {
+        if (row < m_marks.count() && !m_isOrdering) {
             m_marks.setHidden(row, size == 0);
             marksChanged();
             updateGeometry();
@@ -138,8 +137,11 @@ void TableWidget::setCellWidgetFactory(int column, CellWidgetFactory factory)
 
 QWidget* TableWidget::visibleCellWidget(int row, int column) const
 {
-    if (m_bulkDepth == 0)
-        const_cast<TableWidget*>(this)->executeDelayedItemsLayout();
+    auto* self = const_cast<TableWidget*>(this);
+    if (m_bulkDepth == 0) {
+        self->executeDelayedItemsLayout();
+        self->placeCellWidgets();
+    }
     return m_cellWidgets->widget(row, column);
 }
 
@@ -280,7 +282,10 @@ void TableWidget::orderRows(const QVector<int>& order)
     model()->sort(0, Qt::AscendingOrder);
     setPlaces([](int) { return QVariant(); });
     m_marks.permute(order);
+    for (int row = 0; row < rowCount(); ++row)
+        m_marks.setHidden(row, isRowHidden(row));
     m_isOrdering = false;
+    marksChanged();
     placeCellWidgets();
     viewport()->update();
 }
@@ -637,7 +642,7 @@ void TableWidget::updateGeometries()
 
 void TableWidget::currentChanged(const QModelIndex& current, const QModelIndex& previous)
 {
-    if (current.isValid() && QAccessible::isActive())
+    if (current.isValid())
         describeRow(current.row());
     QTableWidget::currentChanged(current, previous);
     updateRow(previous.row());
@@ -663,9 +668,12 @@ void TableWidget::describeRow(int row)
         }
         text = parts.join(QLatin1String(", "));
     }
+    const QSignalBlocker quiet(model());
     for (int column = 0; column < columnCount(); ++column) {
-        if (QTableWidgetItem* item = this->item(row, column))
+        if (QTableWidgetItem* item = takeItem(row, column)) {
             item->setData(Qt::AccessibleTextRole, text);
+            setItem(row, column, item);
+        }
     }
 }
 
