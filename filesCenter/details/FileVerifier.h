@@ -27,6 +27,7 @@ class FileVerifier final : public QObject
 
 public:
     enum class Outcome : int { Unknown = 0, Same, Changed, Missing, NoSumYet, Failed };
+    Q_ENUM(Outcome)
 
     static constexpr int queueLimit = 4096;
 

@@ -201,7 +201,8 @@ void FileChecksum::join()
 {
     ++m_run;
     // On a busy machine an idle thread would not even get to its end.
-    m_thread->setPriority(QThread::NormalPriority);
+    if (m_thread->isRunning())
+        m_thread->setPriority(QThread::NormalPriority);
     m_thread->wait();
     m_thread.reset();
     m_summer.reset();

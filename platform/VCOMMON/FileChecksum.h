@@ -25,6 +25,7 @@ class VCOMMON_EXPORT FileChecksum final : public QObject
 
 public:
     enum class Failure : int { Unknown = 0, Missing, Unreadable };
+    Q_ENUM(Failure)
 
     explicit FileChecksum(QObject* parent = nullptr);
     ~FileChecksum() override;

@@ -1,5 +1,6 @@
 #include "RecordingClock.h"
 
+#include <QPair>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -14,8 +15,6 @@ constexpr qint64 minuteMs = 60 * secondMs;
 constexpr qint64 hourMs = 60 * minuteMs;
 /// Zones differ by whole quarters of an hour, so that what is left of a time of day is the same in all of them.
 constexpr qint64 quarterMs = 15 * minuteMs;
-/// How far the file's own time may be from a chapter's for the gap to be part of the file.
-constexpr qint64 sameMs = 1500;
 
 struct ChapterText
 {
@@ -63,8 +62,9 @@ RecordingClock::RecordingClock(const PlayerState& state)
     m_beginMs = parseUtcMs(state.recordingStart);
     if (m_beginMs > 0) {
         m_known = true;
-        readChapters(state.chapters);
-        fitToEnd(parseUtcMs(state.recordingEnd));
+        const qint64 endMs = parseUtcMs(state.recordingEnd);
+        readChapters(state.chapters, endMs);
+        fitToEnd(endMs);
     } else {
         m_beginMs = parseUtcMs(state.creationTime);
         m_known = m_beginMs > 0;
@@ -73,10 +73,11 @@ RecordingClock::RecordingClock(const PlayerState& state)
     m_endMs = toClockMs(m_durationS);
 }
 
-void RecordingClock::readChapters(const QVector<PlayerChapter>& chapters)
+void RecordingClock::readChapters(const QVector<PlayerChapter>& chapters, qint64 endMs)
 {
-    qint64 closedMs = 0; // sum over the gaps so far
+    QVector<QPair<qint64, ChapterText>> gaps; // with the chapter's place in the file
     qint64 firstOfDay = -1;
+    qint64 gapsMs = 0;
     for (const PlayerChapter& entry : chapters) {
         ChapterText chapter;
         if (!std::isfinite(entry.startS) || entry.startS < 0 || entry.startS > m_durationS ||
@@ -86,30 +87,32 @@ void RecordingClock::readChapters(const QVector<PlayerChapter>& chapters)
             firstOfDay = chapter.timeOfDayMs;
         if (chapter.gapMs <= 0 || toMs(entry.startS) <= 0)
             continue;
-        const qint64 ownMs = m_beginMs + toMs(entry.startS) + closedMs;
-        // What the texts say of the time of day, whatever zone they were written in, taken nearest to the estimate.
-        const qint64 atOfDay = m_beginMs / secondMs * secondMs + chapter.timeOfDayMs - firstOfDay;
-        const auto nearestTo = [atOfDay](qint64 estimate) {
-            return estimate + modulo(atOfDay - estimate + quarterMs / 2, quarterMs) - quarterMs / 2;
-        };
-        const bool open = qAbs(nearestTo(ownMs) - ownMs) <= sameMs && chapter.gapMs > 2 * sameMs;
+        gaps.append({toMs(entry.startS), chapter});
+        gapsMs += chapter.gapMs;
+    }
+    // A download closes its gaps, a cut from local files keeps them: the file's length tells.
+    const bool closed = endMs <= m_beginMs || endMs - m_beginMs - toMs(m_durationS) > gapsMs / 2;
+    qint64 closedMs = 0;
+    for (const auto& [placeMs, chapter] : qAsConst(gaps)) {
         RecordingGap gap;
         gap.cause = chapter.cause;
-        gap.closed = !open;
-        if (open) {
-            gap.endMs = ownMs;
-            gap.beginMs = qMax(m_beginMs, ownMs - chapter.gapMs);
-            gap.mediaS = entry.startS - static_cast<double>(ownMs - gap.beginMs) / secondMs;
+        gap.closed = closed;
+        if (closed) {
+            gap.beginMs = m_beginMs + placeMs + closedMs;
+            // The time of day is exact to the second, and right in every zone but for whole quarters of an hour.
+            const qint64 estimate = gap.beginMs + chapter.gapMs;
+            const qint64 ofDay = m_beginMs / secondMs * secondMs + chapter.timeOfDayMs - firstOfDay;
+            gap.endMs = estimate + modulo(ofDay - estimate + quarterMs / 2, quarterMs) - quarterMs / 2;
+            gap.endMs = qMax(gap.beginMs + 1, gap.endMs);
         } else {
-            gap.beginMs = ownMs;
-            gap.endMs = qMax(ownMs + 1, nearestTo(ownMs + chapter.gapMs));
-            gap.mediaS = entry.startS;
-            closedMs += gap.endMs - gap.beginMs;
+            gap.endMs = m_beginMs + placeMs;
+            gap.beginMs = qMax(m_beginMs, gap.endMs - chapter.gapMs);
         }
-        if (m_gaps.isEmpty() || gap.beginMs >= m_gaps.last().endMs)
-            m_gaps.append(gap);
-        else if (gap.closed)
-            closedMs -= gap.endMs - gap.beginMs;
+        if (!m_gaps.isEmpty() && gap.beginMs < m_gaps.last().endMs)
+            continue;
+        m_gaps.append(gap);
+        if (closed)
+            closedMs += gap.endMs - gap.beginMs;
     }
 }
 

@@ -15,7 +15,6 @@ struct RecordingGap
     qint64 beginMs = 0; ///< since 1970, UTC
     qint64 endMs = 0;
     QString cause;       ///< as the file tells it: "not recorded", "lost in transfer"
-    double mediaS = 0;   ///< where in the file it lies, or begins
     bool closed = false; ///< the file plays on behind it; otherwise the file's time goes on through it
 };
 
@@ -45,7 +44,7 @@ public:
     QString timeText(qint64 clockMs, bool withMs = false) const;
 
 private:
-    void readChapters(const QVector<PlayerChapter>& chapters);
+    void readChapters(const QVector<PlayerChapter>& chapters, qint64 endMs);
     void fitToEnd(qint64 endMs);
 
     bool m_known = false;

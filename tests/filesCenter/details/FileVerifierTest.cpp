@@ -1,0 +1,166 @@
+#include "FileVerifier.h"
+
+#include <TaskFactsData.h>
+#include <TestWorld.h>
+
+#include <QCryptographicHash>
+#include <QFile>
+#include <QSignalSpy>
+#include <QtTest>
+
+using vemo_data::DownloadTaskInfo;
+using vemo_data::TaskFactsData;
+using vemo_filesCenter::FileVerifier;
+
+namespace {
+
+constexpr int patienceMs = 15000;
+
+} // namespace
+
+class FileVerifierTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { qRegisterMetaType<FileVerifier::Outcome>(); }
+    void init() { m_world = std::make_unique<TestWorld>(); }
+    void cleanup() { m_world.reset(); }
+
+    void saysWhetherTheFileIsWhatWasDownloaded_data();
+    void saysWhetherTheFileIsWhatWasDownloaded();
+    void keepsASumWhereNoneWasKept();
+    void letsAPersonGoFirst();
+    void standsBackWhileDownloadsRunButNotForAPerson();
+    void forgetsTasksThatAreGone();
+
+private:
+    DownloadTaskInfo task(const QString& id, const QByteArray& content);
+    void keep(FileVerifier& verifier, const DownloadTaskInfo& task);
+
+    std::unique_ptr<TestWorld> m_world;
+};
+
+DownloadTaskInfo FileVerifierTest::task(const QString& id, const QByteArray& content)
+{
+    DownloadTaskInfo info;
+    info.taskId = id;
+    info.state = vemo_data::TaskSucceeded;
+    info.savePath = m_world->path(id + QStringLiteral(".mp4"));
+    QFile file(info.savePath);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+        qFatal("no test file");
+    return info;
+}
+
+void FileVerifierTest::keep(FileVerifier& verifier, const DownloadTaskInfo& task)
+{
+    QSignalSpy kept(&verifier, &FileVerifier::signalSumKept);
+    verifier.keepSum(task);
+    QVERIFY(kept.wait(patienceMs));
+    QCOMPARE(kept.first().first().toString(), task.taskId);
+}
+
+void FileVerifierTest::saysWhetherTheFileIsWhatWasDownloaded_data()
+{
+    QTest::addColumn<QByteArray>("now");
+    QTest::addColumn<FileVerifier::Outcome>("outcome");
+    QTest::addColumn<QString>("words");
+    const QByteArray content(100000, 'x');
+    QByteArray flipped = content;
+    flipped[77777] = 'y';
+    QTest::newRow("same") << content << FileVerifier::Outcome::Same << "a.mp4 is what was downloaded";
+    QTest::newRow("one bit") << flipped << FileVerifier::Outcome::Changed
+                             << "its content is not|Its length is the same";
+    QTest::newRow("cut") << content.left(99999) << FileVerifier::Outcome::Changed << "100,000 bytes|99,999";
+    QTest::newRow("gone") << QByteArray() << FileVerifier::Outcome::Missing << "a.mp4 is not there any more";
+}
+
+void FileVerifierTest::saysWhetherTheFileIsWhatWasDownloaded()
+{
+    QFETCH(const QByteArray, now);
+    QFETCH(const FileVerifier::Outcome, outcome);
+    QFETCH(const QString, words);
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+    FileVerifier verifier;
+    const DownloadTaskInfo info = task(QStringLiteral("a"), QByteArray(100000, 'x'));
+    keep(verifier, info);
+    if (now.isNull())
+        QVERIFY(QFile::remove(info.savePath));
+    else
+        task(QStringLiteral("a"), now);
+
+    QSignalSpy verified(&verifier, &FileVerifier::signalVerified);
+    verifier.verify(info);
+    QVERIFY(verifier.isVerifying(info.taskId));
+    QVERIFY(verified.wait(patienceMs));
+    QVERIFY(!verifier.isVerifying(info.taskId));
+    QCOMPARE(verified.first().at(1).value<FileVerifier::Outcome>(), outcome);
+    const QStringList parts = words.split(QLatin1Char('|'));
+    for (const QString& part : parts)
+        QVERIFY2(verified.first().at(2).toString().contains(part), qPrintable(verified.first().at(2).toString()));
+    // The kept sum stands, whatever became of the file.
+    QCOMPARE(TaskFactsData::instance().getNow(info.taskId).sha256,
+             QCryptographicHash::hash(QByteArray(100000, 'x'), QCryptographicHash::Sha256));
+}
+
+void FileVerifierTest::keepsASumWhereNoneWasKept()
+{
+    FileVerifier verifier;
+    const DownloadTaskInfo info = task(QStringLiteral("a"), "abc");
+    QSignalSpy verified(&verifier, &FileVerifier::signalVerified);
+    verifier.verify(info);
+    QVERIFY(verified.wait(patienceMs));
+    QCOMPARE(verified.first().at(1).value<FileVerifier::Outcome>(), FileVerifier::Outcome::NoSumYet);
+    verifier.verify(info);
+    QVERIFY(verified.wait(patienceMs));
+    QCOMPARE(verified.last().at(1).value<FileVerifier::Outcome>(), FileVerifier::Outcome::Same);
+}
+
+void FileVerifierTest::letsAPersonGoFirst()
+{
+    FileVerifier verifier;
+    QStringList order;
+    connect(&verifier, &FileVerifier::signalSumKept, this, [&order](const QString& id) { order << id; });
+    for (const char* id : {"a", "b", "c", "d"})
+        verifier.keepSum(task(QLatin1String(id), QByteArray(1000, *id)));
+    verifier.verify(task(QStringLiteral("d"), "d"));
+    verifier.verify(task(QStringLiteral("d"), "d"));
+    QTRY_COMPARE_WITH_TIMEOUT(order.size(), 4, patienceMs);
+    QVERIFY2(order.indexOf(QStringLiteral("d")) <= 1, "only the file in hand may be ahead of it");
+    QTest::qWait(50);
+    QCOMPARE(order.size(), 4);
+}
+
+void FileVerifierTest::standsBackWhileDownloadsRunButNotForAPerson()
+{
+    FileVerifier verifier;
+    verifier.setDownloadsRunning(true);
+    QSignalSpy kept(&verifier, &FileVerifier::signalSumKept);
+    QSignalSpy verified(&verifier, &FileVerifier::signalVerified);
+    verifier.keepSum(task(QStringLiteral("a"), "abc"));
+    QVERIFY2(!kept.wait(200), "nobody waits for this sum");
+    verifier.verify(task(QStringLiteral("b"), "def"));
+    QVERIFY(verified.wait(patienceMs));
+    QCOMPARE(kept.size(), 1);
+    verifier.setDownloadsRunning(false);
+    QTRY_COMPARE_WITH_TIMEOUT(kept.size(), 2, patienceMs);
+}
+
+void FileVerifierTest::forgetsTasksThatAreGone()
+{
+    FileVerifier verifier;
+    QSignalSpy kept(&verifier, &FileVerifier::signalSumKept);
+    verifier.keepSum(task(QStringLiteral("a"), QByteArray(10000000, 'a')));
+    verifier.keepSum(task(QStringLiteral("b"), "b"));
+    verifier.keepSum(task(QStringLiteral("c"), "c"));
+    verifier.forget(QStringLiteral("a"));
+    verifier.forget(QStringLiteral("b"));
+    QVERIFY(kept.wait(patienceMs));
+    QTest::qWait(50);
+    QCOMPARE(kept.size(), 1);
+    QCOMPARE(kept.first().first().toString(), QStringLiteral("c"));
+}
+
+QTEST_GUILESS_MAIN(FileVerifierTest)
+#include "FileVerifierTest.moc"
