@@ -1,5 +1,7 @@
 #include "DownloadManager.h"
 
+#include "DownloadQueueStatus.h"
+#include "DownloadRecovery.h"
 #include "DownloadSignals.h"
 
 #include <DataSignals.h>
@@ -9,6 +11,12 @@
 namespace vemo_filesCenter {
 
 using vemo_data::DataSignals;
+
+namespace {
+
+constexpr int bulkSize = 64;
+
+} // namespace
 
 DownloadManager::DownloadManager()
 {
@@ -44,6 +52,14 @@ void DownloadManager::setSuccessTable(DownloadTasksTable* table)
     m_successTable = table;
 }
 
+void DownloadManager::forget(const DownloadTasksTable* table)
+{
+    for (DownloadTasksTable** known : {&m_downloadingTable, &m_failedTable, &m_successTable}) {
+        if (*known == table)
+            *known = nullptr;
+    }
+}
+
 DownloadTasksTable* DownloadManager::tableOf(int state) const
 {
     switch (state) {
@@ -67,10 +83,28 @@ void DownloadManager::loadTasks()
 {
     if (!m_downloadingTable && !m_failedTable && !m_successTable)
         return;
+    if (m_recovery == Recovery::Done) {
+        handOut();
+    } else if (m_recovery == Recovery::Due) {
+        m_recovery = Recovery::UnderWay;
+        DownloadRecovery::run(this, [this] {
+            m_recovery = Recovery::Done;
+            handOut();
+        });
+    }
+}
+
+void DownloadManager::handOut()
+{
     const QList<DownloadTaskInfo> tasks = vemo_data::DownloadTaskData::instance().getAllDownloadTasks();
+    QMap<DownloadTasksTable*, QList<DownloadTaskInfo>> tasksOf;
     for (const DownloadTaskInfo& task : tasks) {
         if (DownloadTasksTable* table = tableOf(task.state))
-            table->addTask(task, DownloadTasksTable::Source::StartUp);
+            tasksOf[table].append(task);
+    }
+    for (DownloadTasksTable* table : {m_downloadingTable, m_failedTable, m_successTable}) {
+        if (table && tasksOf.contains(table))
+            table->addTasks(tasksOf.value(table), DownloadTasksTable::Source::StartUp);
     }
     if (!tasks.isEmpty() && m_downloadingTable)
         m_downloadingTable->startDownloading();
@@ -88,21 +122,44 @@ void DownloadManager::loadTasks()
         emit downloads.signalSuccessTasksCnt(m_successTable->taskCount());
         m_successTable->updateOrderNumbers();
     }
+    DownloadQueueStatus::instance().setHandedOut();
 }
 
 void DownloadManager::slotAddDownloadTasksToLocalDB(const QList<DownloadTaskInfo>& tasks)
 {
-    for (const DownloadTaskInfo& task : tasks) {
-        if (DownloadTasksTable* table = tableOf(task.state))
-            table->addTask(task, DownloadTasksTable::Source::Store);
+    if (m_recovery == Recovery::UnderWay)
+        return; // what was stored meanwhile is handed out with the rest
+    // Many tasks in a row for one table are added in one go.
+    for (int i = 0; i < tasks.size();) {
+        DownloadTasksTable* table = tableOf(tasks.at(i).state);
+        int end = i + 1;
+        while (end < tasks.size() && tableOf(tasks.at(end).state) == table)
+            ++end;
+        if (table && end - i >= bulkSize) {
+            table->addTasks(tasks.mid(i, end - i), DownloadTasksTable::Source::Store);
+        } else if (table) {
+            for (int k = i; k < end; ++k)
+                table->addTask(tasks.at(k), DownloadTasksTable::Source::Store);
+        }
+        i = end;
     }
+    for (const DownloadTaskInfo& task : tasks)
+        DownloadQueueStatus::instance().arrived(task.taskId);
 }
 
 void DownloadManager::slotUpdateDownloadTaskskInLocalDB(const QList<DownloadTaskInfo>& tasks)
 {
+    if (m_recovery == Recovery::UnderWay)
+        return;
     for (const DownloadTaskInfo& task : tasks) {
-        if (DownloadTasksTable* table = tableOf(task.state))
-            table->updateTask(task);
+        DownloadTasksTable* target = tableOf(task.state);
+        for (DownloadTasksTable* table : {m_downloadingTable, m_failedTable, m_successTable}) {
+            if (table && table != target && table->hasTask(task.taskId))
+                table->removeTasks({task.taskId});
+        }
+        if (target)
+            target->updateTask(task);
+        DownloadQueueStatus::instance().arrived(task.taskId);
     }
 }
 

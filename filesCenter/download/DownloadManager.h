@@ -11,8 +11,8 @@
 namespace vemo_filesCenter {
 
 /// Keeps the three download tables in step with the stored tasks: every task goes to the table of its state, states
-/// without a table to none. One object a process, on the GUI thread. The tables belong to the form; one that is not set
-/// is passed over.
+/// without a table to none, and a table whose task got another table's state lets go of it. One object a process, on
+/// the GUI thread. The tables belong to the form; one that is not set is passed over.
 class DownloadManager final : public QObject
 {
     Q_OBJECT
@@ -21,12 +21,17 @@ class DownloadManager final : public QObject
 public:
     static DownloadManager& instance();
 
-    /// Null takes a table away, as its destructor does.
+    /// The tables register themselves in their constructors; null takes one away.
     void setDownloadingTable(DownloadTasksTable* table);
     void setFailedTable(DownloadTasksTable* table);
     void setSuccessTable(DownloadTasksTable* table);
 
-    /// Hands every stored task to its table and announces the three counts. Waits for the store.
+    /// For a table that goes; nothing when another one has taken its place.
+    void forget(const DownloadTasksTable* table);
+
+    /// Hands every stored task to its table and announces the three counts. The first time in a process what a crash
+    /// left is put right before; when that takes longer than a moment the tasks are handed out by the event loop, and
+    /// what the store announces until then is handed out with them. Waits for the store.
     void loadTasks();
 
 private slots:
@@ -38,11 +43,15 @@ private slots:
 private:
     DownloadManager();
 
+    enum class Recovery { Due, UnderWay, Done };
+
     DownloadTasksTable* tableOf(int state) const;
+    void handOut();
 
     DownloadTasksTable* m_downloadingTable = nullptr;
     DownloadTasksTable* m_failedTable = nullptr;
     DownloadTasksTable* m_successTable = nullptr;
+    Recovery m_recovery = Recovery::Due;
 };
 
 } // namespace vemo_filesCenter

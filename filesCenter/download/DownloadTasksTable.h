@@ -2,6 +2,7 @@
 
 #include <DownloadTaskInfo.h>
 
+#include <QList>
 #include <QSet>
 
 namespace vemo_filesCenter {
@@ -21,8 +22,15 @@ public:
     virtual ~DownloadTasksTable() = default;
 
     virtual void addTask(const DownloadTaskInfo& task, Source source) = 0;
+    /// As if each were added in this order, but in one go; the caller announces the count and renumbers afterwards.
+    virtual void addTasks(const QList<DownloadTaskInfo>& tasks, Source source)
+    {
+        for (const DownloadTaskInfo& task : tasks)
+            addTask(task, source);
+    }
     virtual void updateTask(const DownloadTaskInfo& task) = 0;
     virtual void removeTasks(const QSet<QString>& taskIds) = 0;
+    virtual bool hasTask(const QString& taskId) const = 0;
     virtual int taskCount() const = 0;
     /// After a bulk change.
     virtual void updateOrderNumbers() = 0;

@@ -22,6 +22,8 @@ public:
 
     /// Arms the next attempt: after 30 s for each attempt so far, eleven at most, and up to 59 s more.
     void scheduleRetry();
+    /// Milliseconds until the armed attempt; -1 when none is armed.
+    int msUntilRetry() const { return m_tryTimer.remainingTime(); }
 
 signals:
     void signalRedownloadTask(const QString& taskId);

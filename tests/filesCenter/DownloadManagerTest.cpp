@@ -35,10 +35,13 @@ public:
         ids.sort();
         note(QStringLiteral("remove ") + ids.join(QLatin1Char(',')));
     }
+    bool hasTask(const QString& taskId) const override { return held.contains(taskId); }
     int taskCount() const override { return m_count; }
     void updateOrderNumbers() override { note(QStringLiteral("number")); }
     void startDownloading() override { note(QStringLiteral("start")); }
     void stopAllDownloads() override { note(QStringLiteral("stop")); }
+
+    QSet<QString> held;
 
 private:
     void note(const QString& what) { m_notes->append(m_name + QLatin1Char(' ') + what); }
@@ -99,8 +102,8 @@ private slots:
         QSignalSpy failedCount(&DownloadSignals::instance(), &DownloadSignals::signalFailedTasksCnt);
         m_manager.loadTasks();
         QCOMPARE(m_notes,
-                 lines("D start-up t0\nD start-up t2\nS start-up t3\nF start-up t4\nF start-up t5\nF start-up t6\n"
-                       "F start-up t7\nF start-up t8\nD start\nD number\nF number\nS number"));
+                 lines("D start-up t0\nD start-up t2\nF start-up t4\nF start-up t5\nF start-up t6\nF start-up t7\n"
+                       "F start-up t8\nS start-up t3\nD start\nD number\nF number\nS number"));
         QCOMPARE(failedCount.size(), 1);
         QCOMPARE(failedCount.at(0).at(0).toInt(), 10);
     }
@@ -132,6 +135,13 @@ private slots:
              {0, {QStringLiteral("a"), QStringLiteral("b")}},
              {3, {QStringLiteral("s")}}});
         QCOMPARE(m_notes, lines("D remove a,b\nS remove s\nF remove f"));
+    }
+
+    void makesATableLetGoOfATaskThatMovedToAnother()
+    {
+        m_downloading->held = {QStringLiteral("t5"), QStringLiteral("t2"), QStringLiteral("t-1")};
+        emit DataSignals::instance().signalUpdateDownloadTasksInLocalDB({makeTask(5), makeTask(2), makeTask(-1)});
+        QCOMPARE(m_notes, lines("D remove t5\nF update t5\nD update t2\nD remove t-1"));
     }
 
     // Last: what the manager lets go of at the end it does not follow again.

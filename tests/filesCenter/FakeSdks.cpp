@@ -24,6 +24,13 @@ QString at(const QDateTime& time)
     return time.toString(QStringLiteral("yyyyMMddhhmmss"));
 }
 
+int give(const QByteArray& report, char* text, size_t size)
+{
+    if (size > 0)
+        qstrncpy(text, report.constData(), static_cast<uint>(size));
+    return report.size();
+}
+
 void onAnotherThread(const std::function<void()>& call)
 {
     std::thread(call).join();
@@ -44,6 +51,10 @@ void FakeSdks::reset()
     status = VAWS_STATUS_RUNNING;
     stopCount = 0;
     stopTime.clear();
+    isRepaired = true;
+    repairReport = "[]";
+    reports.clear();
+    pausedTasks.clear();
 }
 
 QStringList FakeSdks::takeCalls()
@@ -141,12 +152,14 @@ int vaws_download_push_player_event(const char* task_id, int player_event)
 int vaws_download_pause(const char* task_id)
 {
     fake().note(QStringLiteral("pause ") + text(task_id));
+    fake().pausedTasks.insert(task_id);
     return VAWS_OK;
 }
 
 int vaws_download_resume(const char* task_id)
 {
     fake().note(QStringLiteral("resume ") + text(task_id));
+    fake().pausedTasks.remove(task_id);
     return VAWS_OK;
 }
 
@@ -164,9 +177,30 @@ int vaws_download_stop(const char* task_id, int64_t* count, char* time_text)
     return VAWS_OK;
 }
 
-int vaws_download_get_status(const char*)
+int vaws_download_get_status(const char* task_id)
 {
-    return fake().status;
+    return fake().pausedTasks.contains(task_id) ? int(VAWS_STATUS_PAUSED) : fake().status;
+}
+
+int vaws_download_set_whole_seconds(int)
+{
+    return VAWS_OK;
+}
+
+int vaws_download_wait_repaired(int)
+{
+    return fake().isRepaired ? 1 : 0;
+}
+
+int vaws_download_repair_report(char* text, size_t size)
+{
+    return give(fake().repairReport, text, size);
+}
+
+int vaws_download_get_report(const char* task_id, char* text, size_t size)
+{
+    const QByteArray report = fake().reports.value(task_id);
+    return report.isEmpty() ? int(VAWS_UNKNOWN_TASK) : give(report, text, size);
 }
 
 const char* vaws_download_text(int)

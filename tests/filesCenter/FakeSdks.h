@@ -2,6 +2,8 @@
 
 #include <vaws_download.h>
 
+#include <QHash>
+#include <QSet>
 #include <QStringList>
 
 /// Stands in for the media download SDK and for the stream requests of the device client SDK: a program that links this
@@ -22,6 +24,10 @@ public:
     qint64 stopCount = 0;
     QByteArray stopTime;
     quint64 nextStreamId = 1;
+    bool isRepaired = true;
+    QByteArray repairReport = "[]";
+    QHash<QByteArray, QByteArray> reports; ///< by task id; without one the task is not known
+    QSet<QByteArray> pausedTasks;          ///< kept by pause and resume, answered as status 12
 
     // What was registered.
     vaws_event_callback onEvent = nullptr;

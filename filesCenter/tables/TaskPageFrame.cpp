@@ -1,0 +1,70 @@
+#include "TaskPageFrame.h"
+
+#include <EmptyStateWt.h>
+#include <PageHeader.h>
+#include <TableFooter.h>
+#include <TableWidget.h>
+
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+namespace vemo_filesCenter {
+
+using vemo_base::PageHeader;
+
+TaskPageFrame::TaskPageFrame(QWidget* page, const Look& look, const QStringList& columns)
+    : QObject(page)
+    , m_table(new vemo_base::TableWidget)
+    , m_header(new PageHeader(look.title, page))
+    , m_footer(new vemo_base::TableFooter)
+    , m_hint(look.hint)
+    , m_stack(new QStackedWidget(page))
+{
+    m_table->setColumnCount(columns.size());
+    m_table->setHorizontalHeaderLabels(columns);
+    m_table->setCheckHeader(columns.first());
+    for (const QPair<QString, QString>& key : look.keys)
+        m_footer->addKey(key.first, key.second);
+
+    auto* rows = new QWidget(m_stack);
+    auto* rowsLayout = new QVBoxLayout(rows);
+    rowsLayout->setContentsMargins(0, 0, 0, 0);
+    rowsLayout->setSpacing(8);
+    rowsLayout->addWidget(m_table);
+    rowsLayout->addWidget(m_footer);
+    rowsLayout->addStretch();
+    m_stack->addWidget(rows);
+    m_stack->addWidget(new vemo_base::EmptyStateWt(look.emptyIcon, look.missing, look.advice, {}, m_stack));
+
+    auto* layout = new QVBoxLayout(page);
+    layout->setContentsMargins(24, 20, 24, 24);
+    layout->setSpacing(16);
+    layout->addWidget(m_header);
+    layout->addWidget(m_stack, 1);
+    connect(m_table, &vemo_base::TableWidget::signalCheckedCountChanged, this, &TaskPageFrame::refresh);
+    refresh();
+}
+
+QPushButton* TaskPageFrame::addButton(const QString& objectName, const QString& text, const QString& iconName,
+                                      bool isPrimary)
+{
+    return m_header->addButton(objectName, iconName, text,
+                               isPrimary ? PageHeader::Weight::Primary : PageHeader::Weight::Secondary);
+}
+
+void TaskPageFrame::setSummary(const QString& text)
+{
+    if (m_header->summary() != text)
+        m_header->setSummary(text);
+}
+
+void TaskPageFrame::refresh()
+{
+    m_stack->setCurrentIndex(m_table->rowCount() > 0 ? 0 : 1);
+    const int checked = m_table->checkedCount();
+    const bool showsHint = checked == 0 && !m_hint.isEmpty();
+    m_footer->setIcon(showsHint ? QStringLiteral("info") : QString());
+    m_footer->setText(showsHint ? m_hint : tr("%1 of %2 checked").arg(checked).arg(m_table->rowCount()));
+}
+
+} // namespace vemo_filesCenter

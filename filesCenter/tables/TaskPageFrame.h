@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QObject>
+#include <QPair>
+#include <QString>
+#include <QVector>
+
+class QPushButton;
+class QStackedWidget;
+class QWidget;
+
+namespace vemo_base {
+class PageHeader;
+class TableFooter;
+class TableWidget;
+} // namespace vemo_base
+
+namespace vemo_filesCenter {
+
+/// What the pages of the three task tables look like: a header with title, summary and batch buttons, the table or,
+/// when it is empty, what to do, and below it the count of checked rows and the keys. Fills a page, which owns it. GUI
+/// thread.
+class TaskPageFrame final : public QObject
+{
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(TaskPageFrame)
+
+public:
+    struct Look
+    {
+        QString title;
+        QString emptyIcon;
+        QString missing; ///< what an empty page says
+        QString advice;
+        QString hint;                          ///< below the table while no row is checked; may be empty
+        QVector<QPair<QString, QString>> keys; ///< key and what it does
+    };
+
+    TaskPageFrame(QWidget* page, const Look& look, const QStringList& columns);
+
+    vemo_base::TableWidget* table() const { return m_table; }
+    QPushButton* addButton(const QString& objectName, const QString& text, const QString& iconName, bool isPrimary);
+    void setSummary(const QString& text);
+    /// After rows or checks changed.
+    void refresh();
+
+private:
+    vemo_base::TableWidget* m_table;
+    vemo_base::PageHeader* m_header;
+    vemo_base::TableFooter* m_footer;
+    const QString m_hint;
+    QStackedWidget* m_stack;
+};
+
+} // namespace vemo_filesCenter
