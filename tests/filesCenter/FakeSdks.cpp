@@ -182,11 +182,6 @@ int vaws_download_get_status(const char* task_id)
     return fake().pausedTasks.contains(task_id) ? int(VAWS_STATUS_PAUSED) : fake().status;
 }
 
-int vaws_download_set_whole_seconds(int)
-{
-    return VAWS_OK;
-}
-
 int vaws_download_wait_repaired(int)
 {
     return fake().isRepaired ? 1 : 0;
