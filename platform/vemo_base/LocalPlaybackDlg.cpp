@@ -22,12 +22,13 @@
 #include <QScreen>
 #include <QSizeGrip>
 #include <QTimer>
+#include <QWindow>
 
 namespace vemo_base {
 
 namespace {
 
-constexpr int widest = 1000;
+constexpr int widest = 1010;
 constexpr int narrowest = 720;
 constexpr double shareOfParent = 0.9;
 constexpr int openingAfterMs = 300;
@@ -35,9 +36,11 @@ constexpr int skipS = 10;
 constexpr double radius = 10;
 constexpr int border = 1;
 
-int heightFor(int width)
+/// The size of the dialog at most `width` wide in which a picture of 16:9 fills its place to the pixel.
+QSize sizeFor(int width)
 {
-    return PlayerTitleBar::barHeight + width * 9 / 16 + TransportBar::barHeight;
+    const int units = (width - 2 * border) / 16;
+    return {16 * units + 2 * border, PlayerTitleBar::barHeight + 9 * units + TransportBar::barHeight + 2 * border};
 }
 
 } // namespace
@@ -296,7 +299,7 @@ void LocalPlaybackDlg::Private::setFullScreen(bool on)
     if (on) {
         geometryBefore = q->geometry();
         q->showFullScreen();
-        q->setGeometry(q->screen()->geometry()); // some desktops have no window manager that would
+        q->windowHandle()->setGeometry(q->screen()->geometry()); // where no window manager does it
     } else {
         q->showNormal();
         q->setGeometry(geometryBefore);
@@ -338,7 +341,7 @@ LocalPlaybackDlg::LocalPlaybackDlg(QWidget* parent)
 {
     setObjectName(QStringLiteral("localPlaybackDlg"));
     setWindowModality(Qt::WindowModal);
-    setMinimumSize(narrowest, heightFor(narrowest));
+    setMinimumSize(sizeFor(narrowest));
     setFocusPolicy(Qt::StrongFocus);
     d->stop();
 }
@@ -367,9 +370,9 @@ void LocalPlaybackDlg::showLocalPlaybackDlg()
     const QWidget* under = parentWidget() ? parentWidget()->window() : nullptr;
     const QRect room = under ? under->geometry() : QGuiApplication::primaryScreen()->availableGeometry();
     int width = qBound(narrowest, static_cast<int>(room.width() * shareOfParent), widest);
-    while (width > narrowest && heightFor(width) > room.height() * shareOfParent)
+    while (width > narrowest && sizeFor(width).height() > room.height() * shareOfParent)
         --width;
-    resize(width, heightFor(width));
+    resize(sizeFor(width));
     move(room.center() - rect().center());
     if (under && under->isVisible())
         d->veil = new DimVeil(parentWidget()->window());

@@ -395,7 +395,7 @@ void MpvWorker::takeEndOfFile(const mpv_event_end_file& end)
     const QString name = QFileInfo(m_path).fileName();
     switch (end.error) {
     case MPV_ERROR_UNKNOWN_FORMAT:
-        return fail(tr("%1 is no video file, or its beginning is damaged.").arg(name));
+        return fail(tr("%1 can't be read as a video: it is none, or its beginning or its end is damaged.").arg(name));
     case MPV_ERROR_NOTHING_TO_PLAY:
         return fail(tr("%1 has neither a picture nor sound that can be played.").arg(name));
     case MPV_ERROR_LOADING_FAILED:

@@ -92,7 +92,6 @@ void PlayerTitleBar::paintEvent(QPaintEvent*)
 {
     const ThemeMode mode = StylePainter::modeOf(palette());
     QPainter painter(this);
-    painter.fillRect(rect(), themeColor(mode, Token::Surface));
     const QRect icon(layoutDirection() == Qt::RightToLeft ? width() - leading - iconExtent : leading,
                      (height() - iconExtent) / 2, iconExtent, iconExtent);
     painter.drawPixmap(icon, Icons::pixmap(QStringLiteral("playback"), iconExtent, themeColor(mode, Token::AccentText),

@@ -248,7 +248,8 @@ void TransportBar::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     const ThemeMode mode = StylePainter::modeOf(palette());
-    painter.fillRect(rect(), themeColor(mode, Token::Surface));
+    if (window()->isFullScreen()) // otherwise the dialog's own ground has the round corners
+        painter.fillRect(rect(), themeColor(mode, Token::Surface));
     StylePainter::hairline(&painter, rect(), Qt::TopEdge, mode);
 }
 

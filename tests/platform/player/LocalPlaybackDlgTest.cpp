@@ -155,7 +155,7 @@ void LocalPlaybackDlgTest::saysInWordsWhatCantBePlayed_data()
     QTest::newRow("missing") << QByteArray() << "bad.mp4 is not there any more.";
     QTest::newRow("empty") << QByteArray("") << "bad.mp4 is empty.";
     QTest::newRow("text") << QByteArray("no video at all\n").repeated(100)
-                          << "bad.mp4 is no video file, or its beginning is damaged.";
+                          << "bad.mp4 can't be read as a video: it is none, or its beginning or its end is damaged.";
     // A list of files would send the player elsewhere.
     QTest::newRow("playlist") << QByteArray("#EXTM3U\n/etc/hostname\n") << "";
 }
