@@ -6,6 +6,7 @@
 #include <SysPaths.h>
 
 #include <QCoreApplication>
+#include <QTimeZone>
 
 using vemo_client::CliCommand;
 
@@ -28,10 +29,22 @@ CliCommand parse(const QStringList& arguments, const std::optional<QString>& pas
     return vemo_client::CliParser::parse(arguments, password);
 }
 
+/// Without TZ the C library looks at the zone's file at every conversion, which is most of the time that ten thousand
+/// tasks take to load and show.
+void nameTimeZone()
+{
+#if defined(Q_OS_LINUX)
+    const QByteArray zone = QTimeZone::systemTimeZoneId();
+    if (!qEnvironmentVariableIsSet("TZ") && !zone.isEmpty())
+        qputenv("TZ", zone);
+#endif
+}
+
 } // namespace
 
 int main(int argc, char* argv[])
 {
+    nameTimeZone();
     const std::optional<QString> password = takeEnvironmentPassword();
     CliCommand command;
     {

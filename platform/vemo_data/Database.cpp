@@ -150,6 +150,9 @@ private:
 
 Opening Database::Worker::openFile(const QString& path)
 {
+    // Somebody protected it on purpose, so its permissions are not touched.
+    if (QFile::exists(path) && !(QFile::permissions(path) & QFile::WriteOwner))
+        return {Verdict::Unavailable, say("the file is read-only")};
     if (!DataFolder::makePrivateFile(path))
         return {Verdict::Unavailable, say("the file can't be written")};
     Opening opening;

@@ -7,6 +7,9 @@
 #include <QTimeZone>
 #include <QVariant>
 
+#include <array>
+#include <utility>
+
 namespace vemo_data {
 
 namespace {
@@ -16,10 +19,29 @@ QVariant utcMs(const QDateTime& time)
     return time.isValid() ? QVariant(time.toMSecsSinceEpoch()) : QVariant(QVariant::LongLong);
 }
 
-QDateTime localTime(const QVariant& utcMilliseconds)
+/// Local times from the database. The tasks of one request share their times, and one ends where the next begins, so
+/// the last ones are remembered: a conversion is the dearest part of reading a row.
+class LocalTimes final
 {
-    return utcMilliseconds.isNull() ? QDateTime() : QDateTime::fromMSecsSinceEpoch(utcMilliseconds.toLongLong());
-}
+public:
+    QDateTime at(const QVariant& utcMilliseconds)
+    {
+        if (utcMilliseconds.isNull())
+            return {};
+        const qint64 utcMs = utcMilliseconds.toLongLong();
+        for (const auto& known : m_known) {
+            if (known.first == utcMs && known.second.isValid())
+                return known.second;
+        }
+        auto& slot = m_known[m_next++ % m_known.size()];
+        slot = {utcMs, QDateTime::fromMSecsSinceEpoch(utcMs)};
+        return slot.second;
+    }
+
+private:
+    std::array<std::pair<qint64, QDateTime>, 4> m_known;
+    std::size_t m_next = 0;
+};
 
 bool isUnderWay(int state)
 {
@@ -45,7 +67,12 @@ bool carryOut(QSqlQuery& query)
     return false;
 }
 
-void bind(QSqlQuery& query, const DownloadTaskInfo& task)
+QString zoneOfThisComputer()
+{
+    return text(QString::fromLatin1(QTimeZone::systemTimeZoneId()));
+}
+
+void bind(QSqlQuery& query, const DownloadTaskInfo& task, const QString& zone)
 {
     const auto put = [&query](const char* name, const QVariant& value) {
         query.bindValue(QString::fromLatin1(name), value);
@@ -57,7 +84,7 @@ void bind(QSqlQuery& query, const DownloadTaskInfo& task)
     put(":channel_no", task.channelNo);
     put(":begin_utc_ms", utcMs(task.beginTime));
     put(":end_utc_ms", utcMs(task.endTime));
-    put(":zone", text(QString::fromLatin1(QTimeZone::systemTimeZoneId())));
+    put(":zone", zone);
     put(":download_mode", task.downloadMode);
     put(":state", task.state);
     put(":location", task.location);
@@ -70,7 +97,7 @@ void bind(QSqlQuery& query, const DownloadTaskInfo& task)
     put(":request_key", keyToHold(task));
 }
 
-DownloadTaskInfo read(const QSqlQuery& query)
+DownloadTaskInfo read(const QSqlQuery& query, LocalTimes* times)
 {
     DownloadTaskInfo task;
     int column = 0;
@@ -79,8 +106,8 @@ DownloadTaskInfo read(const QSqlQuery& query)
     task.channelName = query.value(column++).toString();
     task.devLabel = query.value(column++).toString();
     task.channelNo = query.value(column++).toInt();
-    task.beginTime = localTime(query.value(column++));
-    task.endTime = localTime(query.value(column++));
+    task.beginTime = times->at(query.value(column++));
+    task.endTime = times->at(query.value(column++));
     task.downloadMode = query.value(column++).toInt();
     task.state = query.value(column++).toInt();
     task.location = query.value(column++).toInt();
@@ -117,8 +144,9 @@ bool DownloadTaskStore::all(QSqlDatabase& db, QList<DownloadTaskInfo>* tasks)
                                  "save_path, downloaded_ms, duration_ms FROM download_tasks ORDER BY seq"));
     if (!carryOut(query))
         return false;
+    LocalTimes times;
     while (query.next())
-        tasks->append(read(query));
+        tasks->append(read(query, &times));
     return true;
 }
 
@@ -136,6 +164,7 @@ bool DownloadTaskStore::add(QSqlDatabase& db, const QList<DownloadTaskInfo>& tas
                       ":state, :location, :progress, :downloaded_bytes, :file_name, :save_path, :downloaded_ms, "
                       ":duration_ms, ") %
         QLatin1String(freeKey) % QLatin1String(") ON CONFLICT (task_id) DO NOTHING"));
+    const QString zone = zoneOfThisComputer();
     for (const DownloadTaskInfo& task : tasks) {
         const QVariant key = keyToHold(task);
         if (duplicates == Duplicates::Drop && !key.isNull()) {
@@ -147,7 +176,7 @@ bool DownloadTaskStore::add(QSqlDatabase& db, const QList<DownloadTaskInfo>& tas
             if (isHeld)
                 continue;
         }
-        bind(insert, task);
+        bind(insert, task, zone);
         if (!carryOut(insert))
             return false;
         if (insert.numRowsAffected() == 1)
@@ -166,8 +195,9 @@ bool DownloadTaskStore::update(QSqlDatabase& db, const QList<DownloadTaskInfo>& 
                                 "downloaded_bytes = :downloaded_bytes, file_name = :file_name, save_path = :save_path, "
                                 "downloaded_ms = :downloaded_ms, duration_ms = :duration_ms, request_key = ") %
                   QLatin1String(freeKey) % QLatin1String(" WHERE task_id = :task_id"));
+    const QString zone = zoneOfThisComputer();
     for (const DownloadTaskInfo& task : tasks) {
-        bind(query, task);
+        bind(query, task, zone);
         if (!carryOut(query))
             return false;
         if (query.numRowsAffected() == 1)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Keyring.h"
+#include "vemo_worker_global.h"
 
 #include <memory>
 
@@ -12,7 +13,7 @@ namespace vemo_worker {
 /// The desktop's own keyring: Secret Service or KWallet over D-Bus, the credential store on Windows. Calls go to a
 /// thread of their own, because the services' libraries block; a service that hangs there does not hold up the end of
 /// the program.
-class DesktopKeyring final : public Keyring
+class VEMO_WORKER_EXPORT DesktopKeyring final : public Keyring
 {
 public:
     /// Null where none can be: no session bus, or the environment variable VEMO_KEYRING is "off".

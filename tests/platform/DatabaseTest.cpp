@@ -8,6 +8,7 @@
 #include <QSignalSpy>
 #include <QSqlDatabase>
 #include <QSqlQuery>
+#include <QtEndian>
 #include <QtTest>
 
 using vemo_data::Database;
@@ -55,6 +56,9 @@ class DatabaseTest : public QObject
     Q_OBJECT
 
 private slots:
+    /// What the test before had to tell may still be on its way.
+    void init() { QCoreApplication::processEvents(); }
+
     void keepsWhatWasStoredOverAReopening()
     {
         const TestWorld world;
@@ -80,6 +84,89 @@ private slots:
         QTRY_COMPARE(done.size(), 100);
         QVERIFY(std::is_sorted(done.cbegin(), done.cend()));
         QCOMPARE(logs(), texts);
+    }
+
+    void storesOneTurnsJobsByOneCommitAndUndoesAFailedOneAlone()
+    {
+        const TestWorld world;
+        QStringList told;
+        const auto tell = [&told](const QString& name) {
+            return [&told, name](bool ok) { told.append(name + (ok ? QLatin1Char('+') : QLatin1Char('-'))); };
+        };
+        QVERIFY(Database::instance().run(insertLog(QStringLiteral("before"))));
+        const int commitsBefore = walCommits(world);
+        Database::instance().post(insertLog(QStringLiteral("a")), tell(QStringLiteral("a")));
+        Database::instance().post(
+            [](QSqlDatabase& db) {
+                return insertLog(QStringLiteral("half"))(db) &&
+                       exec(db, QStringLiteral("INSERT INTO nowhere VALUES (1)"));
+            },
+            tell(QStringLiteral("b")));
+        Database::instance().post(insertLog(QStringLiteral("c")), tell(QStringLiteral("c")));
+        QTRY_COMPARE(told.size(), 3);
+        QCOMPARE(told, (QStringList{QStringLiteral("a+"), QStringLiteral("b-"), QStringLiteral("c+")}));
+        QCOMPARE(walCommits(world) - commitsBefore, 1);
+        QCOMPARE(logs(), (QStringList{QStringLiteral("before"), QStringLiteral("a"), QStringLiteral("c")}));
+    }
+
+    void carriesOutWhatWasPostedBeforeItCloses()
+    {
+        const TestWorld world;
+        Database::instance().post(insertLog(QStringLiteral("posted")));
+        Database::instance().close(); // without a turn of the event loop
+        QCOMPARE(logs(), QStringList{QStringLiteral("posted")});
+    }
+
+    void leavesAFileAloneThatMayNotBeWritten()
+    {
+        const TestWorld world;
+        QVERIFY(Database::instance().run(insertLog(QStringLiteral("kept"))));
+        Database::instance().close();
+        QVERIFY(QFile::setPermissions(world.databaseFile(), QFile::ReadOwner));
+        const QByteArray before = contents(world.databaseFile());
+        QVERIFY(!Database::instance().run(insertLog(QStringLiteral("lost"))));
+        QVERIFY2(Database::instance().notice().contains(world.databaseFile()), "the notice must name the file");
+        QCOMPARE(contents(world.databaseFile()), before);
+        QCOMPARE(setAsideFiles(), QStringList());
+        Database::instance().close();
+        QVERIFY(QFile::setPermissions(world.databaseFile(), QFile::ReadOwner | QFile::WriteOwner));
+        QCOMPARE(logs(), QStringList{QStringLiteral("kept")});
+    }
+
+    void waitsForADatabaseInUseAndNeverSetsItAside()
+    {
+        const TestWorld world;
+        QVERIFY(Database::instance().run(insertLog(QStringLiteral("kept"))));
+        Database::instance().close();
+        {
+            QSqlDatabase other = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("other"));
+            other.setDatabaseName(world.databaseFile());
+            QVERIFY(other.open());
+            QVERIFY(exec(other, QStringLiteral("PRAGMA locking_mode = EXCLUSIVE")));
+            QVERIFY(exec(other, QStringLiteral("BEGIN EXCLUSIVE")));
+            QVERIFY(!Database::instance().run(insertLog(QStringLiteral("lost"))));
+            QVERIFY(!Database::instance().notice().isEmpty());
+            QCOMPARE(setAsideFiles(), QStringList());
+            other.close();
+        }
+        QSqlDatabase::removeDatabase(QStringLiteral("other"));
+        Database::instance().close(); // asks anew at once
+        QCOMPARE(logs(), QStringList{QStringLiteral("kept")});
+    }
+
+    void losesNothingButTheLogWhenItsWriteAheadLogIsGone()
+    {
+        const TestWorld world;
+        QVERIFY(Database::instance().run(insertLog(QStringLiteral("kept"))));
+        Database::instance().close(); // writes the log back
+        QVERIFY(Database::instance().run(insertLog(QStringLiteral("in the log"))));
+        const QByteArray withoutLog = contents(world.databaseFile());
+        Database::instance().close();
+        QFile file(world.databaseFile());
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(withoutLog) == withoutLog.size());
+        file.close();
+        QCOMPARE(logs(), QStringList{QStringLiteral("kept")});
+        QCOMPARE(setAsideFiles(), QStringList());
     }
 
     void rollsAFailedJobBackAndTells()
@@ -172,6 +259,22 @@ private slots:
     }
 
 private:
+    /// How many commits the write-ahead log holds, https://www.sqlite.org/fileformat2.html#walformat
+    static int walCommits(const TestWorld& world)
+    {
+        constexpr int headBytes = 32;
+        constexpr int frameHeadBytes = 24;
+        const QByteArray log = contents(world.databaseFile() + QStringLiteral("-wal"));
+        const auto number = [&log](int at) { return qFromBigEndian<quint32>(log.constData() + at); };
+        if (log.size() < headBytes)
+            return 0;
+        const int pageBytes = int(number(8));
+        int commits = 0;
+        for (int at = headBytes; at + frameHeadBytes + pageBytes <= log.size(); at += frameHeadBytes + pageBytes)
+            commits += number(at + 4) != 0 && number(at + 8) == number(16); // size after commit; salt of this round
+        return commits;
+    }
+
     static QByteArray contents(const QString& path)
     {
         QFile file(path);

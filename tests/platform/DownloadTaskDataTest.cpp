@@ -2,6 +2,7 @@
 
 #include <DataSignals.h>
 #include <DownloadTaskData.h>
+#include <TaskFactsData.h>
 
 #include <QSignalSpy>
 #include <QtTest>
@@ -11,6 +12,8 @@ using vemo_data::Database;
 using vemo_data::DataSignals;
 using vemo_data::DownloadTaskData;
 using vemo_data::DownloadTaskInfo;
+using vemo_data::TaskFacts;
+using vemo_data::TaskFactsData;
 
 namespace {
 
@@ -194,6 +197,69 @@ private slots:
         QCOMPARE(byState.value(3), QSet<QString>{tasks.at(2).taskId});
         QCOMPARE(byState.size(), 2);
         QVERIFY(m_data.getAllDownloadTasks().isEmpty());
+    }
+
+    void splitsATaskAsOneChange()
+    {
+        DownloadTaskInfo finished = makeTask(1);
+        m_data.addDownloadTasks({finished});
+        settle();
+        m_added->clear();
+        QStringList order;
+        const auto noteUpdate = connect(&DataSignals::instance(), &DataSignals::signalUpdateDownloadTasksInLocalDB,
+                                        this, [&order](const Tasks&) { order.append(QStringLiteral("update")); });
+        const auto noteAdd = connect(&DataSignals::instance(), &DataSignals::signalAddDownloadTasksToLocalDB, this,
+                                     [&order](const Tasks&) { order.append(QStringLiteral("add")); });
+        DownloadTaskInfo rest = makeTask(1, vemo_data::TaskAbnormal);
+        finished.state = vemo_data::TaskSucceeded;
+        m_data.splitDownloadTask(finished, rest);
+        settle();
+        QCOMPARE(order, (QStringList{QStringLiteral("update"), QStringLiteral("add")}));
+
+        DownloadTaskInfo impossible = rest;
+        impossible.taskId = QUuid::createUuid().toString();
+        impossible.downloadedMs = -2; // the schema refuses it
+        finished.state = vemo_data::TaskAbnormal;
+        m_data.splitDownloadTask(finished, impossible);
+        QVERIFY(m_data.flush());
+        const Tasks stored = m_data.getAllDownloadTasks();
+        QCOMPARE(stored.size(), 2);
+        QCOMPARE(stored.at(0).state, static_cast<int>(vemo_data::TaskSucceeded));
+        settle();
+        QCOMPARE(order.size(), 2);
+        disconnect(noteUpdate);
+        disconnect(noteAdd);
+    }
+
+    void keepsFactsAsLongAsTheirTask()
+    {
+        TaskFactsData& factsData = TaskFactsData::instance();
+        const DownloadTaskInfo task = makeTask(1);
+        TaskFacts facts;
+        facts.taskId = task.taskId;
+        facts.report = QByteArrayLiteral("{\"video\":\"h264\",\"error\":\"\u00fc\"}");
+        facts.reason = QStringLiteral("The recorder is full.");
+        facts.seconds = 1.5;
+        factsData.put(facts); // before the task itself
+        m_data.addDownloadTasks({task});
+        const QByteArray sum(32, '\x7f');
+        factsData.setSha256(task.taskId, sum, 4711);
+        facts.reason.clear();
+        factsData.put(facts); // without a sum: the kept one stands
+        Database::instance().close();
+
+        TaskFacts stored;
+        factsData.get(task.taskId, this, [&stored](const TaskFacts& answer) { stored = answer; });
+        QTRY_COMPARE(stored.taskId, task.taskId);
+        QCOMPARE(stored.report, facts.report);
+        QCOMPARE(stored.reason, QString());
+        QCOMPARE(stored.sha256, sum);
+        QCOMPARE(stored.sha256Bytes, 4711);
+        QCOMPARE(stored.seconds, 1.5);
+
+        m_data.deleteDownloadTasks({task});
+        QVERIFY(factsData.getNow(task.taskId).report.isEmpty());
+        QVERIFY(factsData.getAllNow().isEmpty());
     }
 
     void changesTheChannelAlone()

@@ -3,15 +3,16 @@
 #include <DiskManager.h>
 #include <FilesCenterLogs.h>
 #include <SysPaths.h>
+#include <SystemAssistant.h>
 #include <SystemConfig.h>
 #include <SystemWorker.h>
 #include <UiSettings.h>
 
 #include <QDir>
 #include <QFileInfo>
-#include <QSqlDatabase>
-#include <QSqlQuery>
 #include <QtTest>
+
+#include <algorithm>
 
 using namespace vemo_worker;
 
@@ -85,24 +86,76 @@ private slots:
             QVERIFY(!disks.isPathAvailable(QStringLiteral("/proc/self"), true)); // nothing can be made there
     }
 
-    void writesTheFilesCenterLog()
+    void pagesThroughTheFilesCenterLogNewestFirst()
     {
-        FilesCenterLogs::instance().recordDownloadEventLog(QStringLiteral("Recorder"), 3, QString(),
-                                                           QStringLiteral("Download success"));
-        QString line;
-        QVERIFY(vemo_data::Database::instance().run([&line](QSqlDatabase& db) {
-            QSqlQuery query(db);
-            if (!query.exec(QStringLiteral("SELECT kind, device, channel_no, text FROM files_center_logs")) ||
-                !query.next())
-                return false;
-            for (int i = 0; i < 4; ++i)
-                line += query.value(i).toString() + QLatin1Char(';');
-            return true;
-        }));
-        QCOMPARE(line, QStringLiteral("1;Recorder;3;Download success;"));
+        FilesCenterLogs& logs = FilesCenterLogs::instance();
+        for (int i = 0; i < 25; ++i)
+            logs.recordDownloadEventLog(QStringLiteral("Recorder"), i,
+                                        i % 5 == 0 ? QStringLiteral("50%_Tor") : QString(),
+                                        QStringLiteral("Download success"));
+        FilesCenterLogs::Query query;
+        query.limit = 10;
+        QList<int> seen;
+        for (int page = 0; page < 3; ++page) {
+            const QList<FilesCenterLogs::Entry> entries = ask(query);
+            for (const FilesCenterLogs::Entry& entry : entries)
+                seen.append(entry.channelNo);
+            query.beforeId = entries.isEmpty() ? 0 : entries.last().id;
+        }
+        QCOMPARE(seen.size(), 25);
+        QVERIFY(std::is_sorted(seen.crbegin(), seen.crend()));
+
+        query = {};
+        query.contains = QStringLiteral("0%_t"); // wildcards of the query language mean themselves
+        QCOMPARE(ask(query).size(), 5);
+        query.contains = QStringLiteral("s%s");
+        QCOMPARE(ask(query).size(), 0);
+        query = {};
+        query.end = QDateTime::currentDateTime().addSecs(-60);
+        QCOMPARE(ask(query).size(), 0);
+    }
+
+    void removesFilesAndNothingBehindLinks()
+    {
+        const auto make = [this](const char* name) {
+            const QString path = m_world->path(QString::fromLatin1(name));
+            QFile file(path);
+            return file.open(QIODevice::WriteOnly) ? path : QString();
+        };
+        const QString media = make("a.b.mp4");
+        const QString index = make("a.b.vdx");
+        const QString target = make("target");
+        const QString link = m_world->path(QStringLiteral("link"));
+        QVERIFY(QFile::link(target, link));
+        const QString folder = m_world->path(QStringLiteral("folder"));
+        QVERIFY(QDir().mkdir(folder));
+        bool answered = false;
+        QStringList left;
+        SystemAssistant& assistant = SystemAssistant::instance();
+        assistant.removeVdxFiles({media});
+        assistant.removeFiles({media, link, folder, m_world->path(QStringLiteral("nothing"))}, this,
+                              [&](const QStringList& remaining) {
+                                  answered = true;
+                                  left = remaining;
+                              });
+        QTRY_VERIFY(answered);
+        QCOMPARE(left, QStringList{folder});
+        QVERIFY(!QFileInfo::exists(media) && !QFileInfo::exists(index) && !QFileInfo(link).isSymLink());
+        QVERIFY(QFileInfo::exists(target) && QFileInfo(folder).isDir());
     }
 
 private:
+    QList<FilesCenterLogs::Entry> ask(const FilesCenterLogs::Query& query)
+    {
+        bool answered = false;
+        QList<FilesCenterLogs::Entry> result;
+        FilesCenterLogs::instance().query(query, this, [&](const QList<FilesCenterLogs::Entry>& entries) {
+            answered = true;
+            result = entries;
+        });
+        return QTest::qWaitFor([&answered] { return answered; }) ? result : QList<FilesCenterLogs::Entry>();
+    }
+
     std::unique_ptr<TestWorld> m_world;
 };
 
