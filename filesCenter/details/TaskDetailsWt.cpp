@@ -11,6 +11,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QEvent>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -76,11 +77,13 @@ public:
     void showFacts();
     void showMessage(const QString& text, Token token);
     void addLine(const DetailLine& line);
+    void tint(QLabel* label, Token token) const;
     void updateButtons();
 
     TaskDetailsWt* const q;
     QFormLayout* form = nullptr;
     QLabel* message;
+    Token messageToken = Token::Text2;
     QPushButton* verify;
     QPushButton* copy;
     QPushButton* folder;
@@ -216,10 +219,18 @@ void TaskDetailsWt::Private::load()
 
 void TaskDetailsWt::Private::showMessage(const QString& text, Token token)
 {
-    QPalette palette = q->palette();
-    palette.setColor(QPalette::WindowText, vemo_base::themeColor(StylePainter::modeOf(palette), token));
-    message->setPalette(palette);
+    messageToken = token;
+    tint(message, token);
     message->setText(text);
+}
+
+void TaskDetailsWt::Private::tint(QLabel* label, Token token) const
+{
+    // Nothing but this role, so that the rest follows the theme.
+    QPalette palette;
+    palette.setColor(QPalette::WindowText, vemo_base::themeColor(StylePainter::modeOf(q->palette()), token));
+    label->setForegroundRole(QPalette::WindowText);
+    label->setPalette(palette);
 }
 
 void TaskDetailsWt::Private::addLine(const DetailLine& line)
@@ -230,6 +241,8 @@ void TaskDetailsWt::Private::addLine(const DetailLine& line)
     font.setPixelSize(labelPixels);
     label->setFont(font);
     label->setForegroundRole(QPalette::PlaceholderText);
+    label->setAlignment(Qt::AlignLeading | Qt::AlignTop);
+    label->setContentsMargins(0, 1, 0, 0); // on the line of the larger text
     auto* text = new QLabel(line.kind == DetailLine::Kind::Path ? breakable(line.text) : line.text, page);
     text->setTextFormat(Qt::PlainText);
     text->setWordWrap(true);
@@ -237,9 +250,7 @@ void TaskDetailsWt::Private::addLine(const DetailLine& line)
     if (line.kind != DetailLine::Kind::Path)
         text->setTextInteractionFlags(Qt::TextSelectableByMouse);
     text->setAccessibleName(line.text);
-    QPalette palette = q->palette();
-    palette.setColor(QPalette::WindowText, vemo_base::themeColor(StylePainter::modeOf(palette), tokenOf(line.kind)));
-    text->setPalette(palette);
+    tint(text, tokenOf(line.kind));
     form->addRow(label, text);
 }
 
@@ -302,6 +313,15 @@ QString TaskDetailsWt::taskId() const
 QString TaskDetailsWt::toolTipText(const DownloadTaskInfo& task, const TaskFacts& facts)
 {
     return TaskDetailsText::plainText(TaskDetailsText::lines(task, facts));
+}
+
+void TaskDetailsWt::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        d->showFacts();
+        d->tint(d->message, d->messageToken);
+    }
 }
 
 void TaskDetailsWt::paintEvent(QPaintEvent*)

@@ -41,6 +41,7 @@ signals:
     void signalCloseRequested();
 
 protected:
+    void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
