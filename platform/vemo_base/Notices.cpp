@@ -1,6 +1,7 @@
 #include "Notices.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace vemo_base {
@@ -36,6 +37,9 @@ void Notices::add(Notice notice)
     if (same != end) {
         notice.id = same->id;
         notice.repeats = same->repeats + 1;
+        // Read ones lie behind the unread: what is read already is news again.
+        if (std::distance(m_notices.begin(), same) >= m_unread)
+            setUnread(m_unread + 1);
         m_notices.erase(same);
     } else {
         notice.id = ++m_lastId;

@@ -1,5 +1,7 @@
 #include "TableCellWidgets.h"
 
+#include "TableOperWt.h"
+
 #include <QTableView>
 
 namespace vemo_base {
@@ -69,14 +71,19 @@ void TableCellWidgets::refresh(int row, int column)
     }
 }
 
-void TableCellWidgets::forEach(const std::function<void(int row, QWidget* widget)>& visit) const
+void TableCellWidgets::setStyles(int hoveredRow)
 {
-    for (const Row& entry : m_rows) {
+    for (const Row& entry : qAsConst(m_rows)) {
         if (!entry.index.isValid())
             continue;
+        const int row = entry.index.row();
+        const TableOperWtStyle::Style style = m_view->selectionModel()->isRowSelected(row, QModelIndex())
+                                                  ? TableOperWtStyle::Style::Selected
+                                              : row == hoveredRow ? TableOperWtStyle::Style::Hover
+                                                                  : TableOperWtStyle::Style::Rest;
         for (const QPointer<QWidget>& widget : entry.widgets) {
-            if (widget)
-                visit(entry.index.row(), widget);
+            if (auto* cell = qobject_cast<TableOperWt*>(widget.data()))
+                cell->setCurStyle(style);
         }
     }
 }

@@ -31,7 +31,8 @@ public:
     void place();
     /// Asks the factory again for a cell that has a widget.
     void refresh(int row, int column);
-    void forEach(const std::function<void(int row, QWidget* widget)>& visit) const;
+    /// Gives each widget the style of its row.
+    void setStyles(int hoveredRow);
 
 private:
     struct Row

@@ -3,6 +3,7 @@
 #include <QCollator>
 #include <QDateTime>
 #include <QLocale>
+#include <QTableWidget>
 
 #include <algorithm>
 #include <numeric>
@@ -58,6 +59,18 @@ int compare(const Key& one, const Key& other)
 }
 
 } // namespace
+
+QVector<QVariant> TableSortKey::keysOf(const QTableWidget* table, int column, int role)
+{
+    QVector<QVariant> keys;
+    keys.reserve(table->rowCount());
+    for (int row = 0; row < table->rowCount(); ++row) {
+        const QTableWidgetItem* item = table->item(row, column);
+        const QVariant key = item ? item->data(role) : QVariant();
+        keys.append(key.isValid() || !item ? key : item->data(Qt::DisplayRole));
+    }
+    return keys;
+}
 
 QVector<int> TableSortKey::orderOf(const QVector<QVariant>& keys, Qt::SortOrder order)
 {

@@ -3,8 +3,9 @@
 #include "StylePainter.h"
 #include "TableCellWidgets.h"
 #include "TableHeader.h"
+#include "TableHeaderTail.h"
 #include "TableMetrics.h"
-#include "TableOperWt.h"
+#include "TableQuietEdit.h"
 #include "TableRowDelegate.h"
 #include "TableSortKey.h"
 
@@ -27,51 +28,7 @@ constexpr double focusRadius = 4;
 /// The box and a little around it take the click.
 constexpr int checkBoxReach = 10;
 
-/// Continues the header above the vertical scroll bar.
-class HeaderTail final : public QWidget
-{
-public:
-    explicit HeaderTail(QWidget* table)
-        : QWidget(table)
-        , m_table(table)
-    {
-        setFixedHeight(TableMetrics::headerHeight);
-    }
-
-protected:
-    void paintEvent(QPaintEvent*) override
-    {
-        QPainter painter(this);
-        const ThemeMode mode = StylePainter::modeOf(palette());
-        painter.fillRect(rect(), themeColor(mode, Token::Raised));
-        StylePainter::hairline(&painter, rect(), Qt::BottomEdge, mode);
-        const QRect panel = m_table->rect().translated(-mapTo(m_table, QPoint()));
-        const bool mirrored = layoutDirection() == Qt::RightToLeft;
-        StylePainter::panelCorner(&painter, panel, mirrored ? Qt::TopLeftCorner : Qt::TopRightCorner, palette());
-    }
-
-private:
-    QWidget* m_table;
-};
-
 } // namespace
-
-TableWidget::BulkChange::BulkChange(TableWidget* table)
-    : m_table(table)
-{
-    if (m_table->m_bulkDepth++ == 0)
-        m_table->viewport()->setUpdatesEnabled(false);
-}
-
-TableWidget::BulkChange::~BulkChange()
-{
-    if (--m_table->m_bulkDepth > 0)
-        return;
-    m_table->viewport()->setUpdatesEnabled(true);
-    m_table->updateGeometry();
-    m_table->scheduleDelayedItemsLayout();
-    m_table->marksChanged();
-}
 
 TableWidget::TableWidget(QWidget* parent)
     : QTableWidget(parent)
@@ -80,7 +37,7 @@ TableWidget::TableWidget(QWidget* parent)
 {
     setHorizontalHeader(m_header);
     setItemDelegate(new TableRowDelegate(this));
-    setFrameShape(QFrame::Box);
+    setFrameStyle(static_cast<int>(QFrame::Box) | static_cast<int>(QFrame::Plain));
     setLineWidth(frameLine);
     viewport()->setBackgroundRole(QPalette::AlternateBase);
     setShowGrid(false);
@@ -96,7 +53,7 @@ TableWidget::TableWidget(QWidget* parent)
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setDefaultSectionSize(TableMetrics::rowHeight);
-    addScrollBarWidget(new HeaderTail(this), Qt::AlignTop);
+    addScrollBarWidget(new TableHeaderTail(this), Qt::AlignTop);
 
     connect(model(), &QAbstractItemModel::rowsInserted, this,
             [this](const QModelIndex&, int first, int last) { rowsCame(first, last); });
@@ -127,6 +84,22 @@ TableWidget::~TableWidget()
     // Model and headers die later, as children, and would still tell of it.
     disconnect(model(), nullptr, this, nullptr);
     disconnect(verticalHeader(), nullptr, this, nullptr);
+}
+
+void TableWidget::beginBulkChange()
+{
+    if (m_bulkDepth++ == 0)
+        viewport()->setUpdatesEnabled(false);
+}
+
+void TableWidget::endBulkChange()
+{
+    if (--m_bulkDepth > 0)
+        return;
+    viewport()->setUpdatesEnabled(true);
+    updateGeometry();
+    scheduleDelayedItemsLayout();
+    marksChanged();
 }
 
 void TableWidget::setCellWidgetFactory(int column, CellWidgetFactory factory)
@@ -183,15 +156,11 @@ void TableWidget::setChecked(const QVector<int>& rows, bool checked)
     if (rows.isEmpty())
         return;
     {
-        // An item outside of the table changes without the search for its place that QTableWidget makes at every
-        // change.
-        const QSignalBlocker quiet(model());
-        for (const int row : rows) {
-            if (QTableWidgetItem* item = takeItem(row, 0)) {
+        TableQuietEdit edit(this);
+        for (const int row : rows)
+            edit.change(row, 0, [checked](QTableWidgetItem* item) {
                 item->setCheckState(checked ? Qt::Checked : Qt::Unchecked);
-                setItem(row, 0, item);
-            }
-        }
+            });
     }
     const auto [from, to] = std::minmax_element(rows.cbegin(), rows.cend());
     emit model()->dataChanged(model()->index(*from, 0), model()->index(*to, 0), {Qt::CheckStateRole});
@@ -199,30 +168,8 @@ void TableWidget::setChecked(const QVector<int>& rows, bool checked)
 
 void TableWidget::setColumnRoom(const QVector<int>& widths)
 {
-    for (int column = 0; column < qMin(columnCount(), widths.size()); ++column) {
-        const int width = widths.at(column);
-        m_header->setSectionResizeMode(column, width > 0 ? QHeaderView::Fixed : QHeaderView::Stretch);
-        if (width > 0)
-            m_header->resizeSection(column, width);
-    }
-}
-
-void TableWidget::setColumnTone(int column, Token tone)
-{
-    m_tones.insert(column, tone);
-    viewport()->update();
-}
-
-void TableWidget::setColumnElide(int column, Qt::TextElideMode mode)
-{
-    m_elides.insert(column, mode);
-    viewport()->update();
-}
-
-void TableWidget::setChipColumn(int column)
-{
-    m_chipColumn = column;
-    viewport()->update();
+    m_columnRoom = TableColumnRoom(widths.mid(0, columnCount()));
+    m_columnRoom.fit(m_header, viewport()->width());
 }
 
 void TableWidget::setSortable(int column, bool sortable)
@@ -239,14 +186,7 @@ void TableWidget::sortRows(int column, Qt::SortOrder order)
         m_marks.beginSorted();
     m_sortedColumn = column;
     m_sortedOrder = order;
-    QVector<QVariant> keys;
-    keys.reserve(rowCount());
-    for (int row = 0; row < rowCount(); ++row) {
-        const QTableWidgetItem* item = this->item(row, column);
-        const QVariant key = item ? item->data(SortKeyRole) : QVariant();
-        keys.append(key.isValid() || !item ? key : item->data(Qt::DisplayRole));
-    }
-    orderRows(TableSortKey::orderOf(keys, order));
+    orderRows(TableSortKey::orderOf(TableSortKey::keysOf(this, column, SortKeyRole), order));
 }
 
 void TableWidget::sortNaturally()
@@ -262,25 +202,8 @@ void TableWidget::orderRows(const QVector<int>& order)
     m_header->viewport()->update();
     if (std::is_sorted(order.cbegin(), order.cend()))
         return;
-    // The model sorts by the displayed value of column 0, which nobody sees: there the wanted place is put for a
-    // moment. It alone can carry selection, current row and hidden rows over to the new places.
-    const auto setPlaces = [this](const std::function<QVariant(int)>& place) {
-        const QSignalBlocker quiet(model());
-        for (int row = 0; row < rowCount(); ++row) {
-            QTableWidgetItem* item = takeItem(row, 0);
-            if (!item)
-                item = new QTableWidgetItem;
-            item->setData(Qt::DisplayRole, place(row));
-            setItem(row, 0, item);
-        }
-    };
-    QVector<int> places(order.size());
-    for (int place = 0; place < order.size(); ++place)
-        places[order.at(place)] = place;
     m_isOrdering = true;
-    setPlaces([&places](int row) { return QVariant(places.at(row)); });
-    model()->sort(0, Qt::AscendingOrder);
-    setPlaces([](int) { return QVariant(); });
+    TableQuietEdit::reorder(this, order);
     m_marks.permute(order);
     for (int row = 0; row < rowCount(); ++row)
         m_marks.setHidden(row, isRowHidden(row));
@@ -315,11 +238,6 @@ void TableWidget::sectionClicked(int column)
     }
 }
 
-void TableWidget::setRowText(RowText text)
-{
-    m_rowText = std::move(text);
-}
-
 void TableWidget::setFirstOrderNumber(int number)
 {
     m_firstOrderNumber = number;
@@ -334,7 +252,9 @@ void TableWidget::setVerticalScrollBarNotAtTheBottom()
 QSize TableWidget::sizeHint() const
 {
     const int rows = qMin(m_marks.shownCount(), tallestHint / TableMetrics::rowHeight);
-    return {minimumSizeHint().width(), 2 * frameLine + TableMetrics::headerHeight + rows * TableMetrics::rowHeight};
+    const bool scrollsAside = m_header->length() > viewport()->width();
+    return {minimumSizeHint().width(), 2 * frameLine + TableMetrics::headerHeight + rows * TableMetrics::rowHeight +
+                                           (scrollsAside ? horizontalScrollBar()->sizeHint().height() : 0)};
 }
 
 QSize TableWidget::minimumSizeHint() const
@@ -435,15 +355,7 @@ void TableWidget::placeCellWidgets()
 
 void TableWidget::styleCellWidgets()
 {
-    m_cellWidgets->forEach([this](int row, QWidget* widget) {
-        auto* cell = qobject_cast<TableOperWt*>(widget);
-        if (!cell)
-            return;
-        const bool selected = selectionModel()->isRowSelected(row, QModelIndex());
-        cell->setCurStyle(selected              ? TableOperWtStyle::Style::Selected
-                          : row == m_hoveredRow ? TableOperWtStyle::Style::Hover
-                                                : TableOperWtStyle::Style::Rest);
-    });
+    m_cellWidgets->setStyles(m_hoveredRow);
 }
 
 void TableWidget::setHoveredRow(int row)
@@ -513,6 +425,13 @@ void TableWidget::paintEvent(QPaintEvent* event)
     const QRect panel = rect().translated(-viewport()->mapTo(this, QPoint()));
     StylePainter::panelCorner(&painter, panel, Qt::BottomLeftCorner, palette());
     StylePainter::panelCorner(&painter, panel, Qt::BottomRightCorner, palette());
+}
+
+void TableWidget::resizeEvent(QResizeEvent* event)
+{
+    if (event->size().width() != event->oldSize().width())
+        m_columnRoom.fit(m_header, viewport()->width());
+    QTableWidget::resizeEvent(event);
 }
 
 void TableWidget::keyPressEvent(QKeyEvent* event)
@@ -668,13 +587,9 @@ void TableWidget::describeRow(int row)
         }
         text = parts.join(QLatin1String(", "));
     }
-    const QSignalBlocker quiet(model());
-    for (int column = 0; column < columnCount(); ++column) {
-        if (QTableWidgetItem* item = takeItem(row, column)) {
-            item->setData(Qt::AccessibleTextRole, text);
-            setItem(row, column, item);
-        }
-    }
+    TableQuietEdit edit(this);
+    for (int column = 0; column < columnCount(); ++column)
+        edit.change(row, column, [&text](QTableWidgetItem* item) { item->setData(Qt::AccessibleTextRole, text); });
 }
 
 } // namespace vemo_base

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "TableBulkChange.h"
+#include "TableColumnRoom.h"
 #include "TableRowMarks.h"
 #include "ThemeTokens.h"
 #include "vemo_base_global.h"
@@ -11,6 +13,7 @@
 
 #include <functional>
 #include <memory>
+#include <utility>
 
 namespace vemo_base {
 
@@ -44,22 +47,14 @@ public:
     using CellWidgetFactory = std::function<QWidget*(int row)>;
     using RowText = std::function<QString(int row)>;
 
-    /// While one exists the table paints nothing, makes no cell widgets and tells no counts; all is done once at the
-    /// end.
-    class VEMO_BASE_EXPORT BulkChange final
-    {
-        Q_DISABLE_COPY_MOVE(BulkChange)
-
-    public:
-        explicit BulkChange(TableWidget* table);
-        ~BulkChange();
-
-    private:
-        TableWidget* m_table;
-    };
+    using BulkChange = TableBulkChange;
 
     explicit TableWidget(QWidget* parent = nullptr);
     ~TableWidget() override;
+
+    /// What a BulkChange does when it comes and goes.
+    void beginBulkChange();
+    void endBulkChange();
 
     /// The table owns what the factory returns; nullptr means no widget.
     void setCellWidgetFactory(int column, CellWidgetFactory factory);
@@ -74,14 +69,16 @@ public:
     int shownCount() const { return m_marks.shownCount(); }
     void checkAll(bool checked);
 
-    /// Room of each column in pixels; 0: shares what is left.
+    /// Room of each column in pixels; 0: shares what is left. In a narrow table the columns between the first and the
+    /// last give up to half of theirs.
     void setColumnRoom(const QVector<int>& widths);
-    void setColumnTone(int column, Token tone);
+    // Before the table is shown:
+    void setColumnTone(int column, Token tone) { m_tones.insert(column, tone); }
     Token columnTone(int column) const { return m_tones.value(column, Token::Text); }
-    void setColumnElide(int column, Qt::TextElideMode mode);
+    void setColumnElide(int column, Qt::TextElideMode mode) { m_elides.insert(column, mode); }
     Qt::TextElideMode columnElide(int column) const { return m_elides.value(column, Qt::ElideRight); }
     /// The items' texts are shown as chips, coloured by ToneRole with the icon of IconRole.
-    void setChipColumn(int column);
+    void setChipColumn(int column) { m_chipColumn = column; }
     bool isChipColumn(int column) const { return column == m_chipColumn; }
 
     void setSortable(int column, bool sortable);
@@ -93,7 +90,7 @@ public:
     void sortNaturally();
 
     /// What is read out for a row: its name, range and state; without it all texts of the row.
-    void setRowText(RowText text);
+    void setRowText(RowText text) { m_rowText = std::move(text); }
     void setFirstOrderNumber(int number);
     int firstOrderNumber() const { return m_firstOrderNumber; }
     int hoveredRow() const { return m_hoveredRow; }
@@ -117,6 +114,7 @@ protected:
     bool event(QEvent* event) override;
     bool viewportEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -155,6 +153,7 @@ private:
     TableRowMarks m_marks;
     RowText m_rowText;
     QVector<int> m_sortable;
+    TableColumnRoom m_columnRoom;
     QHash<int, Token> m_tones;
     QHash<int, Qt::TextElideMode> m_elides;
     Qt::SortOrder m_sortedOrder = Qt::AscendingOrder;

@@ -117,8 +117,8 @@ ToastWt::ToastWt(const Notice& notice, int shownMs, QWidget* parent)
     layout->setVerticalSpacing(4);
     layout->setColumnStretch(0, 1);
     layout->addWidget(m_title, 0, 0);
-    layout->addWidget(close, 0, 1, Qt::AlignTop);
-    layout->addWidget(m_text, 1, 0, 1, 2);
+    layout->addWidget(close, 0, 1, 2, 1, Qt::AlignTop);
+    layout->addWidget(m_text, 1, 0);
     layout->addLayout(m_actions, 2, 0, 1, 2);
     m_actions->setSpacing(padding);
 
@@ -160,8 +160,18 @@ void ToastWt::fillActions()
                 run();
         });
         m_actions->addWidget(button);
+        button->show();
     }
     m_actions->addStretch();
+}
+
+void ToastWt::fitHeight()
+{
+    const int wordsWidth = cardWidth - edge - stateIcon - iconGap - 2 * padding - padding / 2 - closeSize;
+    for (QLabel* label : {m_title, m_text})
+        label->setFixedHeight(qMax(0, label->heightForWidth(wordsWidth)));
+    layout()->activate();
+    resize(width(), layout()->sizeHint().height());
 }
 
 QRect ToastWt::cardRect() const

@@ -23,6 +23,8 @@ public:
     void setNotice(const Notice& notice);
     quint64 noticeId() const { return m_notice.id; }
     bool staysUntilClosed() const { return m_notice.kind == Notice::Kind::Error; }
+    /// As high as its words need.
+    void fitHeight();
     /// The card without the room of its shadow.
     QRect cardRect() const;
 

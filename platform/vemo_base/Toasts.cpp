@@ -75,7 +75,7 @@ void Toasts::arrange()
         ToastWt* widget = *toast;
         if (!widget)
             continue;
-        widget->adjustSize();
+        widget->fitHeight();
         const bool mirrored = m_host->layoutDirection() == Qt::RightToLeft;
         const QRect card = widget->cardRect();
         const int x = mirrored ? margin - card.left() : m_host->width() - margin - card.right() - 1;

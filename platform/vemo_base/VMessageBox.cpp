@@ -23,6 +23,8 @@ constexpr int margin = 24;
 constexpr int smallestWidth = 420;
 constexpr int widest = 560;
 constexpr int titlePixels = 14;
+/// Characters from which on the box is wide.
+constexpr int longText = 150;
 
 struct Face
 {
@@ -117,6 +119,8 @@ VMessageBox::VMessageBox(Kind kind, const QString& title, const QString& text, c
     layout->setSpacing(16);
     layout->addLayout(head);
     layout->addLayout(buttons);
+    const int width = text.size() > longText ? widest : smallestWidth;
+    resize(width, layout->totalHeightForWidth(width));
 }
 
 void VMessageBox::focusYes()
