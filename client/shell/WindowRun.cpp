@@ -9,6 +9,7 @@
 #include "devices/RecorderLogins.h"
 
 #include <DataSignals.h>
+#include <DeviceLogins.h>
 #include <DevsMgrData.h>
 #include <DownloadTaskData.h>
 #include <FilesCenterInit.h>
@@ -93,7 +94,12 @@ int runWindow(int& argc, char** argv, const CliCommand& command)
         });
         QObject::connect(&forms, &vemo_base::FormsMgr::signalFormCreated, &window, &MainWindow::placeForm);
         QObject::connect(&single, &SingleWindow::signalRaise, &window, &MainWindow::comeToFront);
-        forms.createForm(vemo_base::FilesCenterFormType);
+        // A stored task that is started before its recorder is known to the SDK would fail at once.
+        QObject::connect(&vemo_worker::DeviceLogins::instance(), &vemo_worker::DeviceLogins::signalStarted, &window,
+                         [&forms, &window] {
+                             if (forms.createForm(vemo_base::FilesCenterFormType) != nullptr)
+                                 window.showFirstPage();
+                         });
         // Asked to terminate, it ends as if the person had closed it.
         Interrupt interrupt;
         QObject::connect(&interrupt, &Interrupt::signalInterrupted, &window, &QWidget::close);
