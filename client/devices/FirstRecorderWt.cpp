@@ -13,7 +13,7 @@ namespace vemo_client {
 
 namespace {
 
-constexpr int formWidth = 400;
+constexpr int formWidth = 408;
 constexpr int titlePixels = 24;
 
 } // namespace
@@ -33,6 +33,8 @@ FirstRecorderWt::FirstRecorderWt(RecorderLogins* logins, QWidget* parent)
         new QLabel(tr("Its recordings can be searched and fetched as soon as the client is logged in."), this);
     sentence->setForegroundRole(QPalette::PlaceholderText);
     sentence->setWordWrap(true);
+    for (QLabel* label : {title, sentence})
+        label->setContentsMargins(4, 0, 4, 0);
     m_submit->setProperty("kind", QStringLiteral("primary"));
 
     auto* column = new QWidget;
@@ -46,8 +48,12 @@ FirstRecorderWt::FirstRecorderWt(RecorderLogins* logins, QWidget* parent)
     columnLayout->addSpacing(16);
     columnLayout->addWidget(m_form);
     columnLayout->addSpacing(8);
-    columnLayout->addWidget(m_submit);
-    columnLayout->addWidget(m_keep);
+    auto* buttons = new QVBoxLayout;
+    buttons->setContentsMargins(4, 0, 4, 0);
+    buttons->setSpacing(8);
+    buttons->addWidget(m_submit);
+    buttons->addWidget(m_keep);
+    columnLayout->addLayout(buttons);
     columnLayout->addStretch(2);
 
     auto* middle = new QWidget;
@@ -76,6 +82,7 @@ FirstRecorderWt::FirstRecorderWt(RecorderLogins* logins, QWidget* parent)
     connect(m_keep, &QPushButton::clicked, this, &FirstRecorderWt::signalAdded);
     connect(m_form, &RecorderForm::signalStageChanged, this, &FirstRecorderWt::showStage);
     showStage();
+    m_form->focusFirst();
 }
 
 bool FirstRecorderWt::isBusy() const

@@ -21,6 +21,7 @@ namespace {
 
 constexpr int settleMs = 700;
 constexpr int longestText = 256;
+constexpr int ringRoom = 4; ///< the focus ring lies outside the fields
 constexpr int wordsPixels = 12;
 constexpr int wordsHeight = 18;
 
@@ -46,7 +47,7 @@ RecorderForm::RecorderForm(RecorderLogins* logins, QWidget* parent)
     , m_logins(logins)
 {
     auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setContentsMargins(ringRoom, ringRoom, ringRoom, ringRoom);
     layout->setSpacing(6);
     m_address = addField(tr("Address"), tr("192.168.1.20 or https://nvr.example/onvif/device_service"));
     m_addressWords = addWords();
@@ -99,6 +100,7 @@ QLineEdit* RecorderForm::addField(const QString& label, const QString& hint)
     field->setPlaceholderText(hint);
     field->setAccessibleName(label);
     words->setBuddy(field);
+    connect(field, &QLineEdit::returnPressed, this, &RecorderForm::submit);
     layout()->addWidget(words);
     layout()->addWidget(field);
     return field;
@@ -153,7 +155,7 @@ void RecorderForm::checkAddress(bool isSettled)
     const bool isWrong = isSettled && !isEmpty && !address.problem.isEmpty();
     QString words = address.problem;
     if (isEmpty)
-        words = tr("IP address or name; a port or a whole address where the recorder needs one.");
+        words = tr("IP address or name, with a port where it needs one.");
     else if (address.problem.isEmpty() && RecorderAddress::isDirect(address.url))
         words = tr("Replay address: it has no list of recordings, spans of time can be fetched.");
     else if (address.problem.isEmpty())
@@ -167,6 +169,8 @@ void RecorderForm::checkAddress(bool isSettled)
 
 void RecorderForm::submit()
 {
+    if (m_stage == Stage::Connecting)
+        return;
     const RecorderAddress address = RecorderAddress::parse(m_address->text());
     if (!address.problem.isEmpty()) {
         checkAddress(true);
@@ -219,10 +223,15 @@ bool RecorderForm::tellFailure()
 
 void RecorderForm::setStage(Stage stage)
 {
+    const bool wasConnecting = m_stage == Stage::Connecting;
     m_stage = stage;
     m_notice->setVisible(stage == Stage::Failed);
+    const bool isRefused = m_logins->login(m_devId).error.kind == vms_sdk::ErrorKind::LoginRefused;
     for (QLineEdit* field : {m_address, m_user, m_password, m_name})
         field->setEnabled(stage != Stage::Connecting);
+    // Disabled fields have lost the focus; it comes back where the mistake is likely.
+    if (wasConnecting && stage == Stage::Failed)
+        (isRefused ? m_password : m_address)->setFocus(Qt::TabFocusReason);
     emit signalStageChanged();
 }
 

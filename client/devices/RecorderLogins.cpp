@@ -52,9 +52,12 @@ bool RecorderLogins::retriesAfter(ErrorKind kind)
 
 void RecorderLogins::start()
 {
-    const QStringList devIds = DevsMgrData::instance().devIds();
-    for (const QString& devId : devIds)
-        setPhase(devId, Phase::Connecting);
+    const DevsMgrData& devices = DevsMgrData::instance();
+    const QStringList devIds = devices.devIds();
+    for (const QString& devId : devIds) {
+        const bool isOnline = devices.getDevStatus(devId) == vms_sdk::DevStatus::Online;
+        setPhase(devId, isOnline ? Phase::Online : Phase::Connecting);
+    }
     vemo_worker::DeviceLogins::instance().start();
     m_lookTimer.start(lookMs);
 }

@@ -77,9 +77,11 @@ void TimelinesWt::paintLines(QPainter* painter) const
             color.setAlpha(150);
             painter->fillRect(x, y, pieceWidth, rowHeight, color);
             if (fill != 0) {
-                QColor line = dark(dice.below(9) == 0 ? Token::AxisAlarm : Token::AxisRecording);
+                QColor line = dark(Token::AxisRecording);
                 line.setAlpha(150);
                 painter->fillRect(x, y + rowHeight - lineHeight, pieceWidth - 8, lineHeight, line);
+                if (dice.below(6) == 0)
+                    painter->fillRect(x + 12, y + rowHeight - lineHeight, 10, lineHeight, dark(Token::AxisAlarm));
             }
             x += pieceWidth;
         }

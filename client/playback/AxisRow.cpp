@@ -9,14 +9,16 @@ namespace {
 
 using Kind = AxisRow::Kind;
 
+constexpr double rounding = 1e-6;
+
 void lay(QVector<Kind>* line, const DayAxis& axis, const vms_sdk::VideoRecording& recording, Kind kind, int least)
 {
     const int pixels = line->size();
     const QVector<DayAxis::Piece> pieces =
         axis.pieces(recording.begin.toMSecsSinceEpoch(), recording.end.toMSecsSinceEpoch());
     for (const DayAxis::Piece& piece : pieces) {
-        int from = int(std::lround(piece.from * pixels));
-        int to = qMax(int(std::lround(piece.to * pixels)), from + least);
+        int from = int(std::floor(piece.from * pixels + rounding));
+        int to = qMax(int(std::ceil(piece.to * pixels - rounding)), from + least);
         to = qMin(to, pixels);
         from = qMax(0, qMin(from, to - least));
         for (int pixel = from; pixel < to; ++pixel)

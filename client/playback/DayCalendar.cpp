@@ -5,6 +5,7 @@
 #include <Theme.h>
 
 #include <QEvent>
+#include <QHeaderView>
 #include <QPainter>
 #include <QTableView>
 #include <QTextCharFormat>
@@ -20,6 +21,7 @@ using vemo_base::Token;
 constexpr double radius = 6;
 constexpr int cellInset = 2;
 constexpr int headerPixels = 12;
+constexpr int smallestCell = 20;
 
 } // namespace
 
@@ -41,17 +43,29 @@ DayCalendar::DayCalendar(QWidget* parent)
         next->setToolTip(tr("Next month"));
         next->setAccessibleName(next->toolTip());
     }
-    if (auto* view = findChild<QTableView*>(QStringLiteral("qt_calendar_calendarview")))
+    if (auto* bar = findChild<QWidget*>(QStringLiteral("qt_calendar_navigationbar")))
+        bar->setAutoFillBackground(false);
+    if (auto* view = findChild<QTableView*>(QStringLiteral("qt_calendar_calendarview"))) {
         view->setFrameShape(QFrame::NoFrame);
+        view->horizontalHeader()->setMinimumSectionSize(smallestCell);
+        view->verticalHeader()->setMinimumSectionSize(smallestCell);
+    }
     dress();
 }
 
 void DayCalendar::dress()
 {
     const Theme& theme = Theme::instance();
+    // It stands on the surface of the column, not in a well.
+    if (auto* view = findChild<QTableView*>(QStringLiteral("qt_calendar_calendarview"))) {
+        QPalette own;
+        own.setColor(QPalette::Base, theme.color(Token::Surface));
+        own.setColor(QPalette::AlternateBase, theme.color(Token::Surface));
+        view->setPalette(own);
+    }
     QTextCharFormat header;
     header.setForeground(theme.color(Token::Text2));
-    header.setBackground(Qt::transparent);
+    header.setBackground(theme.color(Token::Surface));
     QFont small = font();
     small.setPixelSize(headerPixels);
     header.setFont(small);

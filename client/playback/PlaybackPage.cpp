@@ -254,6 +254,7 @@ void PlaybackPage::takeRecorders()
         m_first = new FirstRecorderWt(m_logins);
         connect(m_first, &FirstRecorderWt::signalAdded, this, [this] {
             m_pages->setCurrentWidget(m_splitter);
+            m_column->tree()->setFocus(Qt::OtherFocusReason);
             m_pages->removeWidget(m_first);
             m_first->deleteLater();
             m_first = nullptr;

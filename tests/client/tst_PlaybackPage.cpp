@@ -1,0 +1,263 @@
+#include "SimulatedRecorder.h"
+
+#include "devices/NoticeCard.h"
+#include "devices/RecorderLogins.h"
+#include "devices/RecorderTree.h"
+#include "playback/PlaybackPage.h"
+
+#include <BaseTools.h>
+#include <Database.h>
+#include <DevsMgrData.h>
+#include <ModuleAccess.h>
+#include <SysPaths.h>
+#include <TableWidget.h>
+#include <vms_sdk.h>
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimeEdit>
+
+#include <algorithm>
+#include <memory>
+
+using vemo_client::ChannelRef;
+using vemo_client::PlaybackPage;
+using vemo_client::RecorderLogins;
+using vemo_client::RecorderTree;
+
+namespace {
+
+constexpr int patienceMs = 30'000;
+const QDate day(2026, 1, 10);
+
+} // namespace
+
+/// The page as a person uses it, against a recorder on the network.
+class tst_PlaybackPage : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup();
+    void cleanupTestCase();
+
+    void addsTheFirstRecorderAndFetchesARecording();
+    void asksForAMarkedSpanOncePerChannel();
+    void choiceAndMarkExcludeEachOther();
+    void saysThatTheLoginWasRefusedAndTakesTheRecorderBack();
+    void logsAStoredRecorderInAfterARestart();
+    void dropsASearchWhenAnotherDayIsPicked();
+
+private:
+    void addRecorder(const QString& password);
+    template <typename Field>
+    Field* field(const QString& accessibleName) const;
+    RecorderTree* tree() const { return m_page->findChild<RecorderTree*>(); }
+    QPushButton* download() const { return m_page->findChild<QPushButton*>(QStringLiteral("downloadBt")); }
+    vemo_base::TableWidget* table() const { return m_page->findChild<vemo_base::TableWidget*>(); }
+    QString devId() const { return vemo_data::DevsMgrData::instance().devIds().value(0); }
+    void searchChannels(const QList<int>& numbers);
+
+    QTemporaryDir m_folder;
+    std::unique_ptr<SimulatedRecorder> m_recorder;
+    std::unique_ptr<RecorderLogins> m_logins;
+    std::unique_ptr<PlaybackPage> m_page;
+};
+
+void tst_PlaybackPage::initTestCase()
+{
+    qputenv("VEMO_KEYRING", "off");
+    vemo_worker::SysPaths::setRoot(m_folder.path() + QStringLiteral("/data"));
+    m_recorder = std::make_unique<SimulatedRecorder>(m_folder.path());
+    QVERIFY2(m_recorder->isReady(), "the simulated recorder did not start");
+}
+
+void tst_PlaybackPage::init()
+{
+    m_logins = std::make_unique<RecorderLogins>();
+    m_page = std::make_unique<PlaybackPage>(m_logins.get());
+    m_page->resize(1100, 700);
+    m_page->show();
+}
+
+void tst_PlaybackPage::cleanup()
+{
+    const QStringList devIds = vemo_data::DevsMgrData::instance().devIds();
+    for (const QString& id : devIds) {
+        m_logins->remove(id);
+        vemo_data::DevsMgrData::instance().removeDev(id);
+    }
+    m_page.reset();
+    m_logins.reset();
+}
+
+void tst_PlaybackPage::cleanupTestCase()
+{
+    vms_sdk::uninit_sdk();
+    vemo_data::Database::instance().close();
+}
+
+template <typename Field>
+Field* tst_PlaybackPage::field(const QString& accessibleName) const
+{
+    const QList<Field*> fields = m_page->findChildren<Field*>();
+    for (Field* found : fields) {
+        if (found->accessibleName() == accessibleName)
+            return found;
+    }
+    qWarning("there is no field %s", qPrintable(accessibleName));
+    return nullptr;
+}
+
+void tst_PlaybackPage::addRecorder(const QString& password)
+{
+    QTest::keyClicks(field<QLineEdit>(QStringLiteral("Address")), m_recorder->address().authority());
+    QTest::keyClicks(field<QLineEdit>(QStringLiteral("User name")), SimulatedRecorder::user());
+    QTest::keyClicks(field<QLineEdit>(QStringLiteral("Password")), password);
+    const QList<QPushButton*> buttons = m_page->findChildren<QPushButton*>();
+    for (QPushButton* button : buttons) {
+        if (button->text() == QLatin1String("Add and log in"))
+            QTest::mouseClick(button, Qt::LeftButton);
+    }
+}
+
+void tst_PlaybackPage::searchChannels(const QList<int>& numbers)
+{
+    m_page->setDay(day);
+    QVector<ChannelRef> channels;
+    for (const int number : numbers)
+        channels.append({devId(), number});
+    tree()->setCheckedChannels(channels);
+    QCOMPARE(tree()->checkedChannels().size(), numbers.size());
+    m_page->search();
+    QTRY_VERIFY_WITH_TIMEOUT(table()->rowCount() > 0, patienceMs);
+}
+
+void tst_PlaybackPage::addsTheFirstRecorderAndFetchesARecording()
+{
+    addRecorder(SimulatedRecorder::password());
+    QTRY_VERIFY_WITH_TIMEOUT(tree()->topLevelItemCount() == 1 && tree()->topLevelItem(0)->childCount() > 1, patienceMs);
+    QTRY_VERIFY2_WITH_TIMEOUT(tree()->isVisible(), "the recorder is online, and the page still asks for one",
+                              patienceMs);
+    searchChannels({2});
+    QVERIFY2(!download()->isEnabled(), "nothing is chosen, and yet it can be downloaded");
+    table()->item(1, 0)->setCheckState(Qt::Checked);
+    table()->item(3, 0)->setCheckState(Qt::Checked);
+    QTRY_VERIFY(download()->isEnabled());
+
+    QSignalSpy byFile(&vemo_contact::ModuleAccess::instance(),
+                      &vemo_contact::ModuleAccess::signalDownloadRecordingByFile);
+    QTest::mouseClick(download(), Qt::LeftButton);
+    QCOMPARE(byFile.size(), 2);
+    const QList<QVariant> request = byFile.first();
+    QCOMPARE(request.at(1).toString(), vemo_base::BaseTools::instance().formatChannelId(devId(), 2));
+    QCOMPARE(request.at(2).toInt(), 0);
+    QVERIFY2(!request.at(3).toString().isEmpty(), "the recording has no name to ask for it by");
+    QVERIFY(request.at(4).toDateTime() < request.at(5).toDateTime());
+    QCOMPARE(request.at(4).toDateTime().date(), day);
+    QVERIFY2(!download()->isEnabled(), "what was asked for is still chosen");
+}
+
+void tst_PlaybackPage::asksForAMarkedSpanOncePerChannel()
+{
+    addRecorder(SimulatedRecorder::password());
+    QTRY_VERIFY_WITH_TIMEOUT(tree()->topLevelItemCount() == 1 && tree()->topLevelItem(0)->childCount() > 1, patienceMs);
+    m_page->setDay(day);
+    tree()->setCheckedChannels({{devId(), 1}, {devId(), 2}});
+    field<QTimeEdit>(QStringLiteral("Begin of the span"))->setTime(QTime(8, 29));
+    field<QTimeEdit>(QStringLiteral("End of the span"))->setTime(QTime(8, 31));
+
+    QSignalSpy byTime(&vemo_contact::ModuleAccess::instance(),
+                      &vemo_contact::ModuleAccess::signalDownloadRecordingByTimeRange);
+    QTRY_VERIFY(download()->isEnabled());
+    QTest::mouseClick(download(), Qt::LeftButton);
+    QCOMPARE(byTime.size(), 2);
+    for (int channel = 1; channel <= 2; ++channel) {
+        const QList<QVariant> request = byTime.at(channel - 1);
+        QCOMPARE(request.at(1).toString(), vemo_base::BaseTools::instance().formatChannelId(devId(), channel));
+        QCOMPARE(request.at(3).toDateTime(), QDateTime(day, QTime(8, 29)));
+        QCOMPARE(request.at(4).toDateTime(), QDateTime(day, QTime(8, 31)));
+    }
+    // An end ahead of the begin is no span.
+    field<QTimeEdit>(QStringLiteral("End of the span"))->setTime(QTime(8, 0));
+    QVERIFY(!download()->isEnabled());
+}
+
+void tst_PlaybackPage::choiceAndMarkExcludeEachOther()
+{
+    addRecorder(SimulatedRecorder::password());
+    QTRY_VERIFY_WITH_TIMEOUT(tree()->topLevelItemCount() == 1 && tree()->topLevelItem(0)->childCount() > 1, patienceMs);
+    searchChannels({1});
+    field<QTimeEdit>(QStringLiteral("Begin of the span"))->setTime(QTime(8, 29));
+    table()->item(0, 0)->setCheckState(Qt::Checked);
+    QTRY_COMPARE(field<QTimeEdit>(QStringLiteral("Begin of the span"))->time(), QTime(0, 0));
+    field<QTimeEdit>(QStringLiteral("Begin of the span"))->setTime(QTime(9, 0));
+    QTRY_COMPARE(table()->checkedCount(), 0);
+}
+
+void tst_PlaybackPage::saysThatTheLoginWasRefusedAndTakesTheRecorderBack()
+{
+    addRecorder(QStringLiteral("wrong"));
+    auto* notice = m_page->findChild<vemo_client::NoticeCard*>();
+    QVERIFY(notice);
+    QTRY_VERIFY_WITH_TIMEOUT(notice->isVisible(), patienceMs);
+    QVERIFY2(notice->title().contains(QLatin1String("refused")), qPrintable(notice->title()));
+    QCOMPARE(m_logins->login(devId()).error.kind, vms_sdk::ErrorKind::LoginRefused);
+    QCOMPARE(m_logins->offline().size(), 1);
+
+    QLineEdit* password = field<QLineEdit>(QStringLiteral("Password"));
+    password->clear();
+    QTest::keyClicks(password, SimulatedRecorder::password());
+    const QList<QPushButton*> buttons = m_page->findChildren<QPushButton*>();
+    for (QPushButton* button : buttons) {
+        if (button->text() == QLatin1String("Try again"))
+            QTest::mouseClick(button, Qt::LeftButton);
+    }
+    QTRY_COMPARE_WITH_TIMEOUT(m_logins->login(devId()).phase, RecorderLogins::Phase::Online, patienceMs);
+    QCOMPARE(vemo_data::DevsMgrData::instance().devIds().size(), 1);
+    QCOMPARE(m_logins->offline().size(), 0);
+}
+
+void tst_PlaybackPage::logsAStoredRecorderInAfterARestart()
+{
+    addRecorder(SimulatedRecorder::password());
+    QTRY_COMPARE_WITH_TIMEOUT(m_logins->login(devId()).phase, RecorderLogins::Phase::Online, patienceMs);
+    m_page->setDay(day);
+    tree()->setCheckedChannels({{devId(), 3}});
+    m_page->remember();
+
+    m_page.reset();
+    m_logins = std::make_unique<RecorderLogins>();
+    m_page = std::make_unique<PlaybackPage>(m_logins.get());
+    m_logins->start();
+    QTRY_COMPARE_WITH_TIMEOUT(m_logins->login(devId()).phase, RecorderLogins::Phase::Online, patienceMs);
+    QCOMPARE(tree()->checkedChannels(), QVector<ChannelRef>({{devId(), 3}}));
+}
+
+void tst_PlaybackPage::dropsASearchWhenAnotherDayIsPicked()
+{
+    addRecorder(SimulatedRecorder::password());
+    QTRY_VERIFY_WITH_TIMEOUT(tree()->topLevelItemCount() == 1 && tree()->topLevelItem(0)->childCount() > 1, patienceMs);
+    m_page->setDay(day);
+    tree()->setCheckedChannels({{devId(), 1}, {devId(), 2}});
+    m_page->search();
+    m_page->setDay(day.addDays(-30));
+    // The other day, which has nothing, is searched by itself; what was dropped would have come before its answer.
+    const auto saysNothing = [this] {
+        const QList<QLabel*> labels = m_page->findChildren<QLabel*>();
+        return std::any_of(labels.cbegin(), labels.cend(), [](const QLabel* label) {
+            return label->isVisible() && label->text().startsWith(QLatin1String("There is no recording on"));
+        });
+    };
+    QTRY_VERIFY_WITH_TIMEOUT(saysNothing(), patienceMs);
+    QCOMPARE(table()->rowCount(), 0);
+}
+
+QTEST_MAIN(tst_PlaybackPage)
+#include "tst_PlaybackPage.moc"
