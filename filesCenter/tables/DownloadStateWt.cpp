@@ -6,7 +6,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QProgressBar>
-#include <QVariant>
 
 namespace vemo_filesCenter {
 
@@ -86,10 +85,17 @@ void DownloadStateWt::applyStyle()
     using vemo_base::TableOperWtStyle;
     const bool isRunning = m_state == vemo_data::TaskDownloading;
     const bool isSelected = getCurStyle() == TableOperWtStyle::Style::Selected;
-    const vemo_base::Token tone = isRunning || isSelected ? vemo_base::Token::Text : vemo_base::Token::Text2;
-    setStyleSheet(QStringLiteral("QLabel#state { color: %1; }").arg(vemo_base::Theme::instance().color(tone).name()));
-    m_bar->setProperty("paused", QVariant(m_state == vemo_data::TaskPaused));
-    m_bar->update();
+    const vemo_base::Theme& theme = vemo_base::Theme::instance();
+    const auto name = [&theme](vemo_base::Token token) { return theme.color(token).name(); };
+    // Below a style sheet the program's style no longer draws the bar, so the sheet describes it whole.
+    setStyleSheet(
+        QStringLiteral("QLabel#state { color: %1; }"
+                       "QProgressBar { border: none; border-radius: %2px; background: %3; }"
+                       "QProgressBar::chunk { border-radius: %2px; background: %4; }")
+            .arg(name(isRunning || isSelected ? vemo_base::Token::Text : vemo_base::Token::Text2))
+            .arg(barHeight / 2)
+            .arg(name(vemo_base::Token::Track),
+                 name(m_state == vemo_data::TaskPaused ? vemo_base::Token::Control : vemo_base::Token::Progress)));
 }
 
 } // namespace vemo_filesCenter
