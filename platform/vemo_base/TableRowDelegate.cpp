@@ -7,6 +7,7 @@
 
 #include <QHelpEvent>
 #include <QPainter>
+#include <QTextDocument>
 #include <QToolTip>
 
 namespace vemo_base {
@@ -111,10 +112,10 @@ bool TableRowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, con
     if (event->type() != QEvent::ToolTip || index.data(Qt::ToolTipRole).isValid())
         return QStyledItemDelegate::helpEvent(event, view, option, index);
     const QString text = index.data().toString();
+    const QString shown = Qt::mightBeRichText(text) ? text.toHtmlEscaped() : text;
     const QRect cell = view->visualRect(index);
     const bool isElided = option.fontMetrics.horizontalAdvance(text) > textRoom(cell).width();
-    QToolTip::showText(event->globalPos(), isElided && index.column() > 0 ? text.toHtmlEscaped() : QString(), view,
-                       cell);
+    QToolTip::showText(event->globalPos(), isElided && index.column() > 0 ? shown : QString(), view, cell);
     return true;
 }
 

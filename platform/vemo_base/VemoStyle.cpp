@@ -91,11 +91,16 @@ void drawPushButtonLabel(const QStyleOptionButton* option, QPainter* painter, co
     if (hasIcon) {
         QRect iconRect(content.x(), content.y() + (content.height() - buttonIcon) / 2, buttonIcon, buttonIcon);
         iconRect = QStyle::visualRect(option->direction, content, iconRect);
-        // The shape only: its colour is that of the words beside it.
-        QPixmap shape = option->icon.pixmap(QSize(buttonIcon, buttonIcon) * painter->device()->devicePixelRatioF());
+        // The shape only: its colour is that of the words beside it. Painted, and not asked for as a pixmap, it gets
+        // the stroke of its logical size at every ratio.
+        const qreal ratio = painter->device()->devicePixelRatioF();
+        QPixmap shape(QSize(buttonIcon, buttonIcon) * ratio);
+        shape.setDevicePixelRatio(ratio);
+        shape.fill(Qt::transparent);
         QPainter tint(&shape);
+        option->icon.paint(&tint, 0, 0, buttonIcon, buttonIcon);
         tint.setCompositionMode(QPainter::CompositionMode_SourceIn);
-        tint.fillRect(QRect(QPoint(), shape.size()), color);
+        tint.fillRect(0, 0, buttonIcon, buttonIcon, color);
         tint.end();
         painter->drawPixmap(QRectF(iconRect), shape, QRectF(shape.rect()));
     }
