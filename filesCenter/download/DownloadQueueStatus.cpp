@@ -1,5 +1,7 @@
 #include "DownloadQueueStatus.h"
 
+#include "details/FileVerifier.h"
+
 #include <DataSignals.h>
 #include <SystemMsg.h>
 
@@ -30,6 +32,7 @@ void DownloadQueueStatus::setQueueCounts(int running, int waiting, int paused)
     m_counts.running = running;
     m_counts.waiting = waiting;
     m_counts.paused = paused;
+    FileVerifier::instance().setDownloadsRunning(running > 0);
     tellLater();
 }
 

@@ -48,20 +48,12 @@ DownloadingRows::DownloadingRows(TableWidget* table, const TasksTableCommonOper*
         m_table->setSortable(column, true);
     m_table->setCellWidgetFactory(ProgressColumn, [this](int row) { return makeStateWt(row); });
     m_table->setCellWidgetFactory(OperColumn, [this](int row) { return makeOperWt(row); });
-    m_table->setRowText([this](int row) {
+    m_table->setRowText([this](int row) -> QString {
         const QString key = m_tasks->keyOfRow(row);
         const DownloadTaskInfo task = m_tasks->record(key);
         return TaskTexts::channel(task) + QStringLiteral(", ") + TasksTableCommonOper::timeRangeText(task) +
                QStringLiteral(", ") + progressText(key);
     });
-}
-
-DownloadingRows::~DownloadingRows()
-{
-    // The table may outlive this object by its parent's order of deletion.
-    m_table->setCellWidgetFactory(ProgressColumn, {});
-    m_table->setCellWidgetFactory(OperColumn, {});
-    m_table->setRowText({});
 }
 
 void DownloadingRows::fill(int tableRow, const DownloadTaskInfo& task)

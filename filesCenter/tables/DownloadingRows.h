@@ -18,7 +18,7 @@ class DownloadStateWt;
 
 /// What the rows of the downloading table show, by task key, and the widgets of those in view. The widgets come and go
 /// with scrolling, so the truth is kept here; setting it shows it where there is something to show it on. GUI thread,
-/// owned by the table, which decides what is true.
+/// owned by the page, which decides what is true; the table's widget goes before this object does.
 class DownloadingRows final : public QObject
 {
     Q_OBJECT
@@ -41,7 +41,6 @@ public:
     /// `made` connects the buttons of a row that came into view; `toolTip` is asked when one is shown.
     DownloadingRows(vemo_base::TableWidget* table, const TasksTableCommonOper* tasks, OperWtMade made, ToolTip toolTip,
                     QObject* parent);
-    ~DownloadingRows() override;
 
     Row row(const QString& key) const { return m_rows.value(key); }
     /// Before fill(): what the row shows.

@@ -75,6 +75,7 @@ DownloadingTable::DownloadingTable(QWidget* parent)
     m_clock.start();
     m_table->setObjectName(QStringLiteral("downloadingTable"));
     m_tasks.setTableWidget(m_table);
+    m_frame->setTaskOfRow([this](int row) { return m_tasks.record(m_tasks.keyOfRow(row)); });
     setUpConnections();
     DownloadManager::instance().setDownloadingTable(this);
     m_tryDownloadTimer.start(tryDownloadMs);
@@ -84,6 +85,9 @@ DownloadingTable::DownloadingTable(QWidget* parent)
 DownloadingTable::~DownloadingTable()
 {
     DownloadManager::instance().forget(this);
+    // It asks for the widgets of its rows to its end, so it ends before what they are made from.
+    m_table->disconnect();
+    delete m_table;
 }
 
 void DownloadingTable::setUpConnections()
@@ -227,6 +231,7 @@ void DownloadingTable::removeTaskRows(const QSet<QString>& keys)
     for (const QString& key : keys) {
         m_queue.remove(key);
         m_rows.remove(key);
+        m_frame->forgetDetails(key);
         m_pace.forget(key);
         m_paused.remove(key);
         m_ownUpdates.remove(key);

@@ -302,6 +302,7 @@ void DownloadingTable::openRowMenu(int row, const QPoint& globalPos)
         add("stop", tr("stop downloading"), true, [this, key] { slotStopDownloading(key); });
     add("clean", tr("clean the task"), true, [this, key] { slotCleanDownloadTask(key); });
     add("open-folder", tr("open folder"), true, [this, key] { slotOpenDownloadFolder(key); });
+    add("info", tr("Details"), true, [this, key] { m_frame->showDetails(m_tasks.rowOfKey(key)); });
     menu->addSeparator();
     const bool anyChecked = m_table->checkedCount() > 0;
     add("start", tr("Batch Start"), anyChecked, [this] { batchStart(); });

@@ -80,6 +80,7 @@ FailedTable::FailedTable(QWidget* parent)
     , m_table(m_frame->table())
 {
     setUpTable();
+    m_frame->setTaskOfRow([this](int row) { return m_tasks.record(m_tasks.keyOfRow(row)); });
     connect(&DownloadSignals::instance(), &DownloadSignals::signalAddDownloadTaskToFailedTable, this,
             &FailedTable::slotAddDownloadTaskToFailedTable);
     connect(m_frame->addButton(QStringLiteral("batchRedownloadBt"), tr("Batch Redownload"),
@@ -93,6 +94,9 @@ FailedTable::FailedTable(QWidget* parent)
 FailedTable::~FailedTable()
 {
     DownloadManager::instance().forget(this);
+    // It asks for the widgets of its rows to its end, so it ends before what they are made from.
+    m_table->disconnect();
+    delete m_table;
 }
 
 void FailedTable::setUpTable()
@@ -105,7 +109,7 @@ void FailedTable::setUpTable()
     for (const int column : {ChannelColumn, RangeColumn, LocationColumn, StateColumn})
         m_table->setSortable(column, true);
     m_table->setCellWidgetFactory(OperColumn, [this](int row) { return makeOperWt(row); });
-    m_table->setRowText([this](int row) {
+    m_table->setRowText([this](int row) -> QString {
         const DownloadTaskInfo task = m_tasks.record(m_tasks.keyOfRow(row));
         return TaskTexts::channel(task) + QStringLiteral(", ") + TasksTableCommonOper::timeRangeText(task) +
                QStringLiteral(", ") + TaskTexts::failure(task.state);
@@ -235,8 +239,10 @@ void FailedTable::removeTasks(const QSet<QString>& taskIds)
 
 void FailedTable::removeTaskRows(const QSet<QString>& keys)
 {
-    for (const QString& key : keys)
+    for (const QString& key : keys) {
         discardTimer(key);
+        m_frame->forgetDetails(key);
+    }
     m_tasks.removeRows(keys);
     announceCount();
 }
@@ -450,6 +456,7 @@ void FailedTable::openRowMenu(int row, const QPoint& globalPos)
     add("redownload", tr("redownload"), BaseTools::instance().isVideoExist(m_tasks.record(key).channelId),
         [this, key] { slotRedownloadTask(key); });
     add("clean", tr("clean the task"), true, [this, key] { slotCleanDownloadTask(key); });
+    add("info", tr("Details"), true, [this, key] { m_frame->showDetails(m_tasks.rowOfKey(key)); });
     menu->addSeparator();
     add("redownload", tr("Batch Redownload"), anyChecked, [this] { batchRedownload(); });
     add("clean", tr("Batch Delete"), anyChecked, [this] { batchDelete(); });

@@ -5,6 +5,7 @@
 #include "TaskPageFrame.h"
 #include "TaskTexts.h"
 
+#include "details/FileVerifier.h"
 #include "download/DiskWork.h"
 #include "download/DownloadManager.h"
 #include "download/DownloadSignals.h"
@@ -72,6 +73,7 @@ SuccessTable::SuccessTable(QWidget* parent)
     , m_table(m_frame->table())
 {
     setUpTable();
+    m_frame->setTaskOfRow([this](int row) { return m_tasks.record(m_tasks.keyOfRow(row)); });
     connect(m_frame->addButton(QStringLiteral("openFolderBt"), tr("Open Folder"), QStringLiteral("open-folder"), true),
             &QPushButton::clicked, this, &SuccessTable::openDownloadFolder);
     connect(m_frame->addButton(QStringLiteral("batchDeleteBt"), tr("Batch Delete"), QStringLiteral("clean"), false),
@@ -82,6 +84,9 @@ SuccessTable::SuccessTable(QWidget* parent)
 SuccessTable::~SuccessTable()
 {
     DownloadManager::instance().forget(this);
+    // It asks for the widgets of its rows to its end, so it ends before what they are made from.
+    m_table->disconnect();
+    delete m_table;
 }
 
 void SuccessTable::setUpTable()
@@ -93,7 +98,7 @@ void SuccessTable::setUpTable()
     for (const int column : {ChannelColumn, RangeColumn, LocationColumn, SizeColumn})
         m_table->setSortable(column, true);
     m_table->setCellWidgetFactory(OperColumn, [this](int row) { return makeOperWt(row); });
-    m_table->setRowText([this](int row) {
+    m_table->setRowText([this](int row) -> QString {
         const DownloadTaskInfo task = m_tasks.record(m_tasks.keyOfRow(row));
         return TaskTexts::channel(task) + QStringLiteral(", ") + TasksTableCommonOper::timeRangeText(task) +
                QStringLiteral(", ") + TaskTexts::size(task);
@@ -197,6 +202,7 @@ void SuccessTable::addFinishedTask(const DownloadTaskInfo& task)
     }
     if (!addTaskRow(task, true))
         return;
+    FileVerifier::instance().keepSum(task);
     const BaseTools& tools = BaseTools::instance();
     const QPair<QString, int> channel = tools.formatChannelId(task.channelId);
     const vms_sdk::DevInfo device = tools.getDevInfo(channel.first);
@@ -222,6 +228,10 @@ void SuccessTable::removeTasks(const QSet<QString>& taskIds)
 
 void SuccessTable::removeTaskRows(const QSet<QString>& keys)
 {
+    for (const QString& key : keys) {
+        FileVerifier::instance().forget(key);
+        m_frame->forgetDetails(key);
+    }
     m_tasks.removeRows(keys);
     announceCount();
 }
@@ -428,6 +438,7 @@ void SuccessTable::openRowMenu(int row, const QPoint& globalPos)
     add("open-file", tr("open the file"), true, [this, key] { slotOpenDownloadFile(key); });
     add("open-folder", tr("open folder"), true, [this, key] { slotOpenDownloadFolder(key); });
     add("clean", tr("clean the task"), true, [this, key] { slotCleanDownloadTask(key); });
+    add("info", tr("Details"), true, [this, key] { m_frame->showDetails(m_tasks.rowOfKey(key)); });
     menu->addSeparator();
     add("clean", tr("Batch Delete"), m_table->checkedCount() > 0, [this] { batchDelete(); });
     menu->popup(globalPos);

@@ -1,10 +1,13 @@
 #include "TaskPageFrame.h"
 
+#include "details/TaskDetailsWt.h"
+
 #include <EmptyStateWt.h>
 #include <PageHeader.h>
 #include <TableFooter.h>
 #include <TableWidget.h>
 
+#include <QHBoxLayout>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
@@ -19,6 +22,7 @@ TaskPageFrame::TaskPageFrame(QWidget* page, const Look& look, const QStringList&
     , m_footer(new vemo_base::TableFooter)
     , m_hint(look.hint)
     , m_stack(new QStackedWidget(page))
+    , m_content(new QHBoxLayout)
 {
     m_table->setColumnCount(columns.size());
     m_table->setHorizontalHeaderLabels(columns);
@@ -40,8 +44,14 @@ TaskPageFrame::TaskPageFrame(QWidget* page, const Look& look, const QStringList&
     layout->setContentsMargins(24, 20, 24, 24);
     layout->setSpacing(16);
     layout->addWidget(m_header);
-    layout->addWidget(m_stack, 1);
+    m_content->setSpacing(16);
+    m_content->addWidget(m_stack, 1);
+    layout->addLayout(m_content, 1);
     connect(m_table, &vemo_base::TableWidget::signalCheckedCountChanged, this, &TaskPageFrame::refresh);
+    connect(m_table, &QTableWidget::currentCellChanged, this, [this](int row, int, int before) {
+        if (row != before && m_details && m_details->isVisible())
+            showDetails(row);
+    });
     refresh();
 }
 
@@ -56,6 +66,28 @@ void TaskPageFrame::setSummary(const QString& text)
 {
     if (m_header->summary() != text)
         m_header->setSummary(text);
+}
+
+void TaskPageFrame::showDetails(int row)
+{
+    const vemo_data::DownloadTaskInfo task = m_taskOfRow ? m_taskOfRow(row) : vemo_data::DownloadTaskInfo();
+    if (task.taskId.isEmpty())
+        return;
+    if (!m_details) {
+        m_details = new TaskDetailsWt(m_stack->parentWidget());
+        m_content->addWidget(m_details);
+        connect(m_details, &TaskDetailsWt::signalCloseRequested, m_details, &QWidget::hide);
+    }
+    m_details->showTask(task);
+    m_details->show();
+}
+
+void TaskPageFrame::forgetDetails(const QString& taskId)
+{
+    if (!m_details || m_details->taskId() != taskId)
+        return;
+    m_details->clearTask();
+    m_details->hide();
 }
 
 void TaskPageFrame::refresh()

@@ -1,10 +1,16 @@
 #pragma once
 
+#include <DownloadTaskInfo.h>
+
 #include <QObject>
 #include <QPair>
 #include <QString>
 #include <QVector>
 
+#include <functional>
+#include <utility>
+
+class QHBoxLayout;
 class QPushButton;
 class QStackedWidget;
 class QWidget;
@@ -16,6 +22,8 @@ class TableWidget;
 } // namespace vemo_base
 
 namespace vemo_filesCenter {
+
+class TaskDetailsWt;
 
 /// What the pages of the three task tables look like: a header with title, summary and batch buttons, the table or,
 /// when it is empty, what to do, and below it the count of checked rows and the keys. Fills a page, which owns it. GUI
@@ -44,12 +52,24 @@ public:
     /// After rows or checks changed.
     void refresh();
 
+    /// Which task a row of the table shows; without one a row has no details.
+    using TaskOfRow = std::function<vemo_data::DownloadTaskInfo(int row)>;
+    void setTaskOfRow(TaskOfRow taskOfRow) { m_taskOfRow = std::move(taskOfRow); }
+    /// Opens the panel with the facts of the row's task beside the table; it follows the current row until it is
+    /// closed.
+    void showDetails(int row);
+    /// The task is no longer in the table.
+    void forgetDetails(const QString& taskId);
+
 private:
     vemo_base::TableWidget* m_table;
     vemo_base::PageHeader* m_header;
     vemo_base::TableFooter* m_footer;
     const QString m_hint;
     QStackedWidget* m_stack;
+    QHBoxLayout* m_content;
+    TaskDetailsWt* m_details = nullptr; ///< made when it is first asked for
+    TaskOfRow m_taskOfRow;
 };
 
 } // namespace vemo_filesCenter
