@@ -61,6 +61,8 @@ void QueueRun::run()
         leave(ExitCode::Disk); // the store has told why
         return;
     }
+    if (vemo_data::Database::instance().takeBegunAnew())
+        store.adoptFinishedFiles(vemo_worker::SystemConfig::instance().getDownloadPath());
     const QString folder = vemo_worker::SystemConfig::instance().getVideoFilePath(true);
     if (!QFileInfo(folder).isDir()) {
         leave(ExitCode::Disk, tr("The folder for videos, %1, does not exist.").arg(folder));

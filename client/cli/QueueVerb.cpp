@@ -53,6 +53,8 @@ void QueueVerb::run()
     }
     if (!notice.isEmpty())
         Terminal::error(notice);
+    if (vemo_data::Database::instance().takeBegunAnew())
+        DownloadTaskData::instance().adoptFinishedFiles(vemo_worker::SystemConfig::instance().getDownloadPath());
     switch (m_command.queue.action) {
     case Action::List:
         list();

@@ -19,6 +19,7 @@
 #include <QVariant>
 
 #include <algorithm>
+#include <atomic>
 #include <utility>
 #include <vector>
 
@@ -132,6 +133,7 @@ public:
     void carryOut(std::vector<Posted>& group);
     void close();
     QString notice() const;
+    bool takeBegunAnew() { return m_begunAnew.exchange(false); }
 
 private:
     enum class JobEnd { Stored, Undone, TransactionLost };
@@ -143,6 +145,7 @@ private:
 
     QElapsedTimer m_failedSince; ///< valid after a failed opening
     bool m_open = false;
+    std::atomic<bool> m_begunAnew{false}; ///< any thread
 
     mutable QMutex m_noticeMutex;
     QString m_notice; ///< guarded by m_noticeMutex
@@ -205,6 +208,7 @@ bool Database::Worker::ensureOpen()
                     : say("The database was damaged (%1). It was set aside as %2 and an empty one begun.")
                           .arg(opening.cause, aside);
             opening = openFile(path);
+            m_begunAnew = opening.verdict == Verdict::Good;
         }
     }
     m_open = opening.verdict == Verdict::Good;
@@ -389,6 +393,11 @@ void Database::close()
 QString Database::notice() const
 {
     return d->worker.notice();
+}
+
+bool Database::takeBegunAnew()
+{
+    return d->worker.takeBegunAnew();
 }
 
 } // namespace vemo_data

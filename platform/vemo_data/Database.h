@@ -43,6 +43,8 @@ public:
 
     /// What the last opening had to tell, empty when all was well.
     QString notice() const;
+    /// A file that could not be used was set aside, and an empty one begun, since the last call.
+    bool takeBegunAnew();
 
 private:
     Database();

@@ -3,7 +3,11 @@
 #include "Database.h"
 #include "DataSignals.h"
 #include "DownloadTaskStore.h"
+#include "FinishedFiles.h"
 
+#include <QSet>
+
+#include <algorithm>
 #include <memory>
 
 namespace vemo_data {
@@ -90,6 +94,24 @@ void DownloadTaskData::splitDownloadTask(const DownloadTaskInfo& finished, const
             if (ok && !stored->added.isEmpty())
                 emit DataSignals::instance().signalAddDownloadTasksToLocalDB(stored->added);
         });
+}
+
+void DownloadTaskData::adoptFinishedFiles(const QString& folder)
+{
+    store(
+        [folder](QSqlDatabase& db, Tasks* added) {
+            Tasks known;
+            if (!DownloadTaskStore::all(db, &known))
+                return false;
+            QSet<QString> claimed;
+            for (const DownloadTaskInfo& task : qAsConst(known))
+                claimed.insert(task.savePath);
+            Tasks found = FinishedFiles::scan(folder);
+            const auto isClaimed = [&claimed](const DownloadTaskInfo& task) { return claimed.contains(task.savePath); };
+            found.erase(std::remove_if(found.begin(), found.end(), isClaimed), found.end());
+            return DownloadTaskStore::add(db, found, DownloadTaskStore::Duplicates::Keep, added);
+        },
+        &DataSignals::signalAddDownloadTasksToLocalDB);
 }
 
 bool DownloadTaskData::flush()

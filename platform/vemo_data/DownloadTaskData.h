@@ -37,6 +37,10 @@ public:
     void removeDownloadTaskKey(const DownloadTaskInfo& task);
     void updateDownloadTaskChannelId(const DownloadTaskInfo& task, const QString& channelId);
 
+    /// After a store was lost: stores and announces the finished downloads that lie in the folder, by their names.
+    /// Files that a record already claims are left out. Returns at once.
+    void adoptFinishedFiles(const QString& folder);
+
     /// Waits until everything written before is on disk; for the end of the program. Announcements of these writes
     /// still come by the event loop. False when the store can't be written.
     bool flush();

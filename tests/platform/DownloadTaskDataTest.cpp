@@ -2,8 +2,10 @@
 
 #include <DataSignals.h>
 #include <DownloadTaskData.h>
+#include <FinishedFiles.h>
 #include <TaskFactsData.h>
 
+#include <QDir>
 #include <QSignalSpy>
 #include <QtTest>
 #include <QUuid>
@@ -260,6 +262,62 @@ private slots:
         m_data.deleteDownloadTasks({task});
         QVERIFY(factsData.getNow(task.taskId).report.isEmpty());
         QVERIFY(factsData.getAllNow().isEmpty());
+    }
+
+    void knowsFinishedFilesByTheirNames_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("known"); ///< channel|device|number|seconds; empty: not one of ours
+        const auto row = [](const char* name, const char* known) {
+            QTest::newRow(name) << QString::fromUtf8(name) << QString::fromUtf8(known);
+        };
+        row("Tor S\u00fcd@Recorder_3@20260110080000~20260110083100@Device.mp4", "Tor S\u00fcd|Recorder|3|1860");
+        row("a@b@R_1_12@20260110080000~20260110080001@Edge card (2).mp4", "a@b|R_1|12|1");
+        row("@_1@20260110080000~20260110080001@.mp4", "||1|1");
+        row("a@R_3@20260110080000~20260110080000@Device.mp4", "");
+        row("a@R_3@20261310080000~20261310090000@Device.mp4", "");
+        row("a@R@20260110080000~20260110083100@Device.mp4", "");
+        row("holiday.mp4", "");
+    }
+
+    void knowsFinishedFilesByTheirNames()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, known);
+        const std::optional<DownloadTaskInfo> task = vemo_data::FinishedFiles::fromName(name);
+        QCOMPARE(task.has_value(), !known.isEmpty());
+        if (!task)
+            return;
+        QCOMPARE(QStringLiteral("%1|%2|%3|%4")
+                     .arg(task->channelName, task->devLabel)
+                     .arg(task->channelNo)
+                     .arg(task->durationMs / 1000),
+                 known);
+    }
+
+    void adoptsFinishedFilesOnceAfterTheStoreWasLost()
+    {
+        const QString name = m_world->path(QStringLiteral("a@R_3@20260110080000~20260110083100@Device.mp4"));
+        for (const QString& path : {name, m_world->path(QStringLiteral("other.mp4"))}) {
+            QFile file(path);
+            QVERIFY(file.open(QIODevice::WriteOnly) && file.write("abc") == 3);
+        }
+        QVERIFY(m_data.flush());
+        QVERIFY(!Database::instance().takeBegunAnew());
+        Database::instance().close();
+        QFile store(m_world->databaseFile());
+        QVERIFY(store.open(QIODevice::WriteOnly) && store.write("no database at all, but long enough") > 0);
+        store.close();
+        QVERIFY(m_data.flush());
+        QVERIFY(Database::instance().takeBegunAnew());
+        QVERIFY(!Database::instance().takeBegunAnew());
+        m_data.adoptFinishedFiles(m_world->path(QString()));
+        m_data.adoptFinishedFiles(m_world->path(QString()));
+        const Tasks tasks = m_data.getAllDownloadTasks();
+        QCOMPARE(tasks.size(), 1);
+        QCOMPARE(tasks.first().state, static_cast<int>(vemo_data::TaskSucceeded));
+        QCOMPARE(QDir::cleanPath(tasks.first().savePath), name);
+        QCOMPARE(tasks.first().downloadedSize, 3);
     }
 
     void changesTheChannelAlone()

@@ -133,10 +133,10 @@ class Recorder(Server):
                        check=True, capture_output=True)
         return "--tls-cert", names[0], "--tls-key", names[1]
 
-    def ask(self, path, **query):
-        """GET at the control address; the text of the answer."""
+    def ask(self, path, method="GET", **query):
+        """A request at the control address; the text of the answer."""
         url = f"{self.addresses['control']}{path}?{urllib.parse.urlencode(query)}"
-        with urllib.request.urlopen(url, timeout=60) as answer:
+        with urllib.request.urlopen(urllib.request.Request(url, method=method), timeout=60) as answer:
             return answer.read().decode()
 
     def samples(self, channel, begin, end):
@@ -193,7 +193,7 @@ class Client:
 
     def start(self, *arguments, password=PASSWORD):
         home = os.path.join(self.folder, "home")
-        environment = {name: value for name, value in os.environ.items() if not name.startswith("XDG_") and name != "DISPLAY"}
+        environment = {name: value for name, value in os.environ.items() if not name.startswith(("XDG_", "DBUS_")) and name != "DISPLAY"}
         environment.update(HOME=home, TMPDIR=os.path.join(self.folder, "tmp"), QT_QPA_PLATFORM="offscreen", LC_ALL="C.UTF-8",
                            VEMO_DISK_RESERVE_BYTES="0")
         if password is not None:
