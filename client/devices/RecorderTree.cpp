@@ -23,7 +23,7 @@ namespace {
 
 using Roles = RecorderTreeDelegate;
 
-constexpr int indent = 20;
+constexpr int indent = 16;
 
 /// A replay address tells no channels: its one, or as many numbers as are usual.
 QList<vms_sdk::ChannelInfo> channelsOf(const QString& devId)

@@ -20,6 +20,7 @@ constexpr int rowHeight = 30;
 constexpr int iconExtent = 18;
 constexpr int stateIconExtent = 14;
 constexpr int boxExtent = 16;
+constexpr int boxInset = 8; ///< the bar of the selected row stands ahead of it
 constexpr int gap = 8;
 constexpr int edge = 8;
 constexpr int wordPixels = 12;
@@ -43,8 +44,8 @@ RecorderTreeDelegate::RecorderTreeDelegate(QObject* parent)
 
 QRect RecorderTreeDelegate::boxRect(const QRect& row, Qt::LayoutDirection direction)
 {
-    return QStyle::visualRect(direction, row,
-                              QRect(row.x(), row.y() + (row.height() - boxExtent) / 2, boxExtent, boxExtent));
+    return QStyle::visualRect(
+        direction, row, QRect(row.x() + boxInset, row.y() + (row.height() - boxExtent) / 2, boxExtent, boxExtent));
 }
 
 QSize RecorderTreeDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const
@@ -115,7 +116,7 @@ void RecorderTreeDelegate::paintChannel(QPainter* painter, const QStyleOptionVie
     QStyle::State state = QStyle::State_Enabled | (isChecked ? QStyle::State_On : QStyle::State_Off);
     vemo_base::StylePainter::checkBox(painter, boxRect(row, option.direction), state, theme.mode());
 
-    const int iconX = row.x() + boxExtent + gap;
+    const int iconX = row.x() + boxInset + boxExtent + gap;
     const Token iconColor = isChecked ? Token::AccentText : Token::Text2;
     painter->drawPixmap(mirrored(QRect(iconX, row.y() + (row.height() - iconExtent) / 2, iconExtent, iconExtent)),
                         vemo_base::Icons::pixmap(QStringLiteral("camera"), iconExtent, theme.color(iconColor),

@@ -353,7 +353,7 @@ QString DayAxisWt::tipOf(int row, qint64 ms) const
         const QString word = index < 0                        ? tr("No recording")
                              : recordings.at(index).type != 0 ? tr("Alarm")
                                                               : tr("Recording");
-        text = QStringLiteral("<span style='color:%1'>&#9632;</span>&nbsp; %2&nbsp; %3")
+        text = QStringLiteral("<nobr><span style='color:%1'>&#9632;</span>&nbsp; %2&nbsp; %3</nobr>")
                    .arg(dark(token).name(), SpanWords::span(stretch, m_axis.day()), word);
     } else if (row >= 0 && m_channels.at(row).state == ChannelDay::State::Failed) {
         text = m_channels.at(row).error.message.toHtmlEscaped();
@@ -379,8 +379,8 @@ TimeSpan DayAxisWt::stretchAt(int row, qint64 ms) const
 
 void DayAxisWt::showTip(const QPoint& position, int row, qint64 ms)
 {
-    const QRect axis = axisRect();
-    const QPoint below(position.x(), row >= 0 ? rowRect(row).bottom() : axis.bottom());
+    // Below the axis: a card on the next channel would hide what it is compared with.
+    const QPoint below(position.x(), axisRect().bottom());
     QToolTip::showText(viewport()->mapToGlobal(below), tipOf(row, ms), viewport());
 }
 

@@ -30,7 +30,7 @@ DayCalendar::DayCalendar(QWidget* parent)
 {
     setVerticalHeaderFormat(NoVerticalHeader);
     setGridVisible(false);
-    setHorizontalHeaderFormat(ShortDayNames);
+    setHorizontalHeaderFormat(SingleLetterDayNames);
     setAccessibleName(tr("Day"));
     // The names by which the widget itself knows its buttons.
     if (auto* before = findChild<QToolButton*>(QStringLiteral("qt_calendar_prevmonth"))) {
@@ -43,8 +43,6 @@ DayCalendar::DayCalendar(QWidget* parent)
         next->setToolTip(tr("Next month"));
         next->setAccessibleName(next->toolTip());
     }
-    if (auto* bar = findChild<QWidget*>(QStringLiteral("qt_calendar_navigationbar")))
-        bar->setAutoFillBackground(false);
     if (auto* view = findChild<QTableView*>(QStringLiteral("qt_calendar_calendarview"))) {
         view->setFrameShape(QFrame::NoFrame);
         view->horizontalHeader()->setMinimumSectionSize(smallestCell);
@@ -57,6 +55,12 @@ void DayCalendar::dress()
 {
     const Theme& theme = Theme::instance();
     // It stands on the surface of the column, not in a well.
+    if (auto* bar = findChild<QWidget*>(QStringLiteral("qt_calendar_navigationbar"))) {
+        QPalette own;
+        own.setColor(QPalette::Window, theme.color(Token::Surface));
+        bar->setPalette(own);
+        bar->setBackgroundRole(QPalette::Window);
+    }
     if (auto* view = findChild<QTableView*>(QStringLiteral("qt_calendar_calendarview"))) {
         QPalette own;
         own.setColor(QPalette::Base, theme.color(Token::Surface));

@@ -164,7 +164,6 @@ QWidget* PlaybackPage::makeContent()
     layout->addWidget(dayBar);
     layout->addWidget(m_axisWt);
     layout->addWidget(m_spanBar);
-    layout->addSpacing(4);
     layout->addWidget(body, 1);
     return content;
 }

@@ -21,6 +21,7 @@ namespace {
 
 constexpr int iconExtent = 20;
 constexpr int fieldWidth = 104;
+constexpr int ringRoom = 4; ///< the focus ring lies outside the fields
 constexpr double dayMs = 24 * 3600 * 1000.0;
 
 class IconWt final : public QWidget
@@ -50,7 +51,7 @@ SpanBar::SpanBar(QWidget* parent)
     : QWidget(parent)
 {
     auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setContentsMargins(0, ringRoom, 0, ringRoom);
     layout->setSpacing(8);
     layout->addWidget(new IconWt(QStringLiteral("mark-span"), this));
     layout->addWidget(new QLabel(tr("Span"), this));
