@@ -154,22 +154,6 @@ void VMessageBox::setAnswerer(std::function<int(const QString& text)> function)
     answerer() = std::move(function);
 }
 
-bool VMessageBox::question(QWidget* parent, const QString& title, const QString& text, const QString& deed)
-{
-    if (answerer())
-        return answerer()(text) == yes;
-    VMessageBox box(Kind::Question, title, text, deed, parent);
-    return box.exec() == QDialog::Accepted;
-}
-
-bool VMessageBox::dangerousQuestion(QWidget* parent, const QString& title, const QString& text, const QString& deed)
-{
-    if (answerer())
-        return answerer()(text) == yes;
-    VMessageBox box(Kind::DangerousQuestion, title, text, deed, parent);
-    return box.exec() == QDialog::Accepted;
-}
-
 void VMessageBox::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);

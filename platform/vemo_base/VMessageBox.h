@@ -32,9 +32,6 @@ public:
     static int question(QWidget* parent, const QString& text, int kind, bool yesIsSafe);
     /// Answers every question and makes no box, for programs without a person; an empty function ends that.
     static void setAnswerer(std::function<int(const QString& text)> answerer);
-    /// The same with a title and a button that names the deed.
-    static bool question(QWidget* parent, const QString& title, const QString& text, const QString& deed = QString());
-    static bool dangerousQuestion(QWidget* parent, const QString& title, const QString& text, const QString& deed);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
