@@ -6,7 +6,6 @@
 #include <DownloadTaskInfo.h>
 #include <TaskFactsData.h>
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QHash>
@@ -24,15 +23,10 @@ constexpr qint64 incompleteFromMs = 1500; ///< frames don't lie on the asked ins
 constexpr double mega = 1e6;
 constexpr double megabyte = 1048576;
 
-QString say(const char* text)
-{
-    return QCoreApplication::translate("vemo_filesCenter::TaskDetailsText", text);
-}
-
 QString span(const QDateTime& begin, const QDateTime& end)
 {
     const vemo_base::BaseTools& tools = vemo_base::BaseTools::instance();
-    return say("%1 to %2 (%3)")
+    return TaskDetailsText::tr("%1 to %2 (%3)")
         .arg(tools.strDatetime(begin, true, false), tools.strDatetime(end, begin.date() != end.date(), false),
              TaskDetailsText::length(begin.msecsTo(end)));
 }
@@ -67,35 +61,37 @@ DetailLine received(const TaskReportFacts& report)
     const bool early = report.askedEnd.isValid() && report.end.msecsTo(report.askedEnd) > incompleteFromMs;
     QString text = span(report.begin, report.end);
     if (late)
-        text +=
-            say("; begins %1 later than asked").arg(TaskDetailsText::length(report.askedBegin.msecsTo(report.begin)));
+        text += TaskDetailsText::tr("; begins %1 later than asked")
+                    .arg(TaskDetailsText::length(report.askedBegin.msecsTo(report.begin)));
     if (early)
-        text += say("; ends %1 earlier than asked").arg(TaskDetailsText::length(report.end.msecsTo(report.askedEnd)));
-    return {say("Received"), text, late || early ? DetailLine::Kind::Warning : DetailLine::Kind::Plain};
+        text += TaskDetailsText::tr("; ends %1 earlier than asked")
+                    .arg(TaskDetailsText::length(report.end.msecsTo(report.askedEnd)));
+    return {TaskDetailsText::tr("Received"), text, late || early ? DetailLine::Kind::Warning : DetailLine::Kind::Plain};
 }
 
 void addGaps(QVector<DetailLine>& lines, const TaskReportFacts& report)
 {
     if (report.gaps.isEmpty()) {
-        lines.append({say("Gaps"), say("none"), DetailLine::Kind::Good});
+        lines.append({TaskDetailsText::tr("Gaps"), TaskDetailsText::tr("none"), DetailLine::Kind::Good});
         return;
     }
     const vemo_base::BaseTools& tools = vemo_base::BaseTools::instance();
-    QString label = say("Gaps");
+    QString label = TaskDetailsText::tr("Gaps");
     for (const ReportedGap& gap : report.gaps.mid(0, mostGapLines)) {
         const bool dated = gap.begin.date() != report.gaps.first().begin.date();
-        const QString cause = gap.cause == QLatin1String("lost in transfer") ? say("lost in transfer")
-                              : gap.cause == QLatin1String("not recorded")   ? say("not recorded")
+        const QString cause = gap.cause == QLatin1String("lost in transfer") ? TaskDetailsText::tr("lost in transfer")
+                              : gap.cause == QLatin1String("not recorded")   ? TaskDetailsText::tr("not recorded")
                                                                              : gap.cause;
         lines.append({label,
-                      say("%1 to %2, %3, %4")
+                      TaskDetailsText::tr("%1 to %2, %3, %4")
                           .arg(tools.strDatetime(gap.begin, dated, false), tools.strDatetime(gap.end, false, false),
                                TaskDetailsText::length(gap.begin.msecsTo(gap.end)), cause),
                       DetailLine::Kind::Warning});
         label.clear();
     }
     if (report.gaps.size() > mostGapLines)
-        lines.append({{}, say("and %1 more").arg(report.gaps.size() - mostGapLines), DetailLine::Kind::Warning});
+        lines.append(
+            {{}, TaskDetailsText::tr("and %1 more").arg(report.gaps.size() - mostGapLines), DetailLine::Kind::Warning});
 }
 
 void addReport(QVector<DetailLine>& lines, const TaskReportFacts& report)
@@ -104,11 +100,12 @@ void addReport(QVector<DetailLine>& lines, const TaskReportFacts& report)
         lines.append(received(report));
     addGaps(lines, report);
     lines.append(report.lostFrames == 0
-                     ? DetailLine{say("Losses"), say("none"), DetailLine::Kind::Good}
-                     : DetailLine{say("Losses"), say("%L1 frames did not arrive whole").arg(report.lostFrames),
+                     ? DetailLine{TaskDetailsText::tr("Losses"), TaskDetailsText::tr("none"), DetailLine::Kind::Good}
+                     : DetailLine{TaskDetailsText::tr("Losses"),
+                                  TaskDetailsText::tr("%L1 frames did not arrive whole").arg(report.lostFrames),
                                   DetailLine::Kind::Warning});
     if (const QString text = media(report); !text.isEmpty())
-        lines.append({say("Media"), text});
+        lines.append({TaskDetailsText::tr("Media"), text});
 }
 
 } // namespace
@@ -117,36 +114,41 @@ QString TaskDetailsText::length(qint64 ms)
 {
     const qint64 seconds = (qMax<qint64>(ms, 0) + 500) / 1000;
     if (seconds < 60)
-        return say("%1 s").arg(seconds);
+        return TaskDetailsText::tr("%1 s").arg(seconds);
     if (seconds < 3600)
-        return seconds % 60 == 0 ? say("%1 min").arg(seconds / 60)
-                                 : say("%1 min %2 s").arg(seconds / 60).arg(seconds % 60);
+        return seconds % 60 == 0 ? TaskDetailsText::tr("%1 min").arg(seconds / 60)
+                                 : TaskDetailsText::tr("%1 min %2 s").arg(seconds / 60).arg(seconds % 60);
     const qint64 minutes = seconds / 60 % 60;
-    return minutes == 0 ? say("%1 h").arg(seconds / 3600) : say("%1 h %2 min").arg(seconds / 3600).arg(minutes);
+    return minutes == 0 ? TaskDetailsText::tr("%1 h").arg(seconds / 3600)
+                        : TaskDetailsText::tr("%1 h %2 min").arg(seconds / 3600).arg(minutes);
 }
 
 QString TaskDetailsText::size(qint64 bytes)
 {
-    return say("%1 MB (%L2 bytes)").arg(static_cast<double>(bytes) / megabyte, 0, 'f', 2).arg(bytes);
+    return TaskDetailsText::tr("%1 MB (%L2 bytes)").arg(static_cast<double>(bytes) / megabyte, 0, 'f', 2).arg(bytes);
 }
 
 QString TaskDetailsText::nextStep(int state)
 {
     switch (state) {
     case vemo_data::TaskLoginFailed:
-        return say("The recorder refused the login. It is not tried again by itself: correct user and password of the "
-                   "recorder, then redownload.");
+        return TaskDetailsText::tr(
+            "The recorder refused the login. It is not tried again by itself: correct user and password of the "
+            "recorder, then redownload.");
     case vemo_data::TaskConnectFailed:
-        return say("The recorder could not be reached, or had no connection left. It is tried again by itself; check "
-                   "network and power of the recorder if that goes on.");
+        return TaskDetailsText::tr(
+            "The recorder could not be reached, or had no connection left. It is tried again by itself; check "
+            "network and power of the recorder if that goes on.");
     case vemo_data::TaskAbnormal:
-        return say("The download broke off. What arrived is kept as a file of its own; the rest is fetched again by "
-                   "itself.");
+        return TaskDetailsText::tr(
+            "The download broke off. What arrived is kept as a file of its own; the rest is fetched again by "
+            "itself.");
     case vemo_data::TaskInvalidFile:
-        return say("The recording can't be read, or the file can't be written. It is not tried again by itself: check "
-                   "the download folder and its disk, then redownload.");
+        return TaskDetailsText::tr(
+            "The recording can't be read, or the file can't be written. It is not tried again by itself: check "
+            "the download folder and its disk, then redownload.");
     case vemo_data::TaskGetUrlFailed:
-        return say(
+        return TaskDetailsText::tr(
             "The recorder gave no address for the recording, which it may have overwritten. It is tried again by "
             "itself; search the recordings of that day to see what is left.");
     default:
@@ -162,29 +164,32 @@ QVector<DetailLine> TaskDetailsText::lines(const DownloadTaskInfo& task, const T
     const QString next = nextStep(task.state);
     if (!next.isEmpty()) {
         if (!reason.isEmpty())
-            lines.append({say("Reason"), reason, DetailLine::Kind::Error});
-        lines.append({reason.isEmpty() ? say("Reason") : say("What next"), next,
+            lines.append({TaskDetailsText::tr("Reason"), reason, DetailLine::Kind::Error});
+        lines.append({reason.isEmpty() ? TaskDetailsText::tr("Reason") : TaskDetailsText::tr("What next"), next,
                       reason.isEmpty() ? DetailLine::Kind::Error : DetailLine::Kind::Plain});
     }
-    lines.append({say("Channel"),
-                  task.devLabel.isEmpty() ? task.channelName : say("%1 of %2").arg(task.channelName, task.devLabel)});
-    lines.append({say("Asked"), span(task.beginTime, task.endTime)});
+    lines.append({TaskDetailsText::tr("Channel"),
+                  task.devLabel.isEmpty() ? task.channelName
+                                          : TaskDetailsText::tr("%1 of %2").arg(task.channelName, task.devLabel)});
+    lines.append({TaskDetailsText::tr("Asked"), span(task.beginTime, task.endTime)});
     if (report.isKnown)
         addReport(lines, report);
     const qint64 bytes = report.bytes > 0 ? report.bytes : task.downloadedSize;
     if (bytes > 0)
-        lines.append({say("Size"), size(bytes)});
+        lines.append({TaskDetailsText::tr("Size"), size(bytes)});
     if (bytes > 0 && facts.seconds > 0)
         lines.append(
-            {say("Rate"), say("%1 MB/s, %2 in all")
-                              .arg(static_cast<double>(bytes) / mega / facts.seconds, 0, 'f', 1)
-                              .arg(facts.seconds < 1 ? say("less than 1 s") : length(qRound64(facts.seconds * 1000)))});
+            {TaskDetailsText::tr("Rate"), TaskDetailsText::tr("%1 MB/s, %2 in all")
+                                              .arg(static_cast<double>(bytes) / mega / facts.seconds, 0, 'f', 1)
+                                              .arg(facts.seconds < 1 ? TaskDetailsText::tr("less than 1 s")
+                                                                     : length(qRound64(facts.seconds * 1000)))});
     if (!task.savePath.isEmpty())
-        lines.append({say("File"), QDir::toNativeSeparators(task.savePath), DetailLine::Kind::Path});
+        lines.append({TaskDetailsText::tr("File"), QDir::toNativeSeparators(task.savePath), DetailLine::Kind::Path});
     if (task.state == vemo_data::TaskSucceeded)
-        lines.append({say("SHA-256"),
-                      facts.sha256.isEmpty() ? say("not summed yet") : QString::fromLatin1(facts.sha256.toHex()),
-                      DetailLine::Kind::Path});
+        lines.append(
+            {TaskDetailsText::tr("SHA-256"),
+             facts.sha256.isEmpty() ? TaskDetailsText::tr("not summed yet") : QString::fromLatin1(facts.sha256.toHex()),
+             DetailLine::Kind::Path});
     return lines;
 }
 
@@ -193,7 +198,7 @@ QString TaskDetailsText::plainText(const QVector<DetailLine>& lines)
     constexpr int mostLines = 16;
     QStringList text;
     for (const DetailLine& line : lines) {
-        if (line.label == say("SHA-256"))
+        if (line.label == TaskDetailsText::tr("SHA-256"))
             continue;
         if (text.size() == mostLines) {
             text << QStringLiteral("...");

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 #include <QVector>
 
@@ -23,6 +24,8 @@ struct DetailLine
 /// Facts of a task as lines of text. Pure: reads no file and no store but the date format.
 class TaskDetailsText final
 {
+    Q_DECLARE_TR_FUNCTIONS(vemo_filesCenter::TaskDetailsText)
+
 public:
     TaskDetailsText() = delete;
 

@@ -2,7 +2,6 @@
 
 #include "FileCacheHint.h"
 
-#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
@@ -20,11 +19,6 @@ namespace {
 constexpr int chunkBytes = 1024 * 1024;
 constexpr qint64 progressEveryMs = 100;
 constexpr int sumBytes = 32;
-
-QString say(const char* text)
-{
-    return QCoreApplication::translate("VCOMMON::FileChecksum", text);
-}
 
 struct ContextDeleter
 {
@@ -117,19 +111,19 @@ bool FileChecksum::Summer::sum()
     QFile file(m_path);
     // A pipe or a device would never end.
     if (!QFileInfo(m_path).isFile())
-        return fail(Failure::Missing, say("%1 is not there.").arg(m_path));
+        return fail(Failure::Missing, FileChecksum::tr("%1 is not there.").arg(m_path));
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-        return fail(Failure::Unreadable, say("%1 can't be read: %2.").arg(m_path, file.errorString()));
+        return fail(Failure::Unreadable, FileChecksum::tr("%1 can't be read: %2.").arg(m_path, file.errorString()));
     hintSequential(file);
     m_totalBytes = file.size();
     const std::unique_ptr<EVP_MD_CTX, ContextDeleter> context(EVP_MD_CTX_new());
     if (!context || EVP_DigestInit_ex(context.get(), EVP_sha256(), nullptr) != 1)
-        return fail(Failure::Unknown, say("SHA-256 is not available."));
+        return fail(Failure::Unknown, FileChecksum::tr("SHA-256 is not available."));
     QByteArray chunk(chunkBytes, Qt::Uninitialized);
     while (waitWhilePaused()) {
         const qint64 size = file.read(chunk.data(), chunk.size());
         if (size < 0)
-            return fail(Failure::Unreadable, say("%1 can't be read: %2.").arg(m_path, file.errorString()));
+            return fail(Failure::Unreadable, FileChecksum::tr("%1 can't be read: %2.").arg(m_path, file.errorString()));
         if (size == 0) {
             m_sum.resize(sumBytes);
             unsigned length = sumBytes;

@@ -2,6 +2,8 @@
 
 #include <QDebug>
 #include <QFileInfo>
+#include <QMutex>
+#include <QMutexLocker>
 #include <QThread>
 
 #include <atomic>
@@ -24,6 +26,8 @@ void FileManager::show(const QString& path, Target target)
         return;
     }
     QThread* thread = QThread::create([path, target] {
+        static QMutex oneByOne; // the bus connection is named, and shared by what runs at the same time
+        const QMutexLocker lock(&oneByOne);
         QString error;
         if (!showNow(QFileInfo(path).absoluteFilePath(), target, error))
             qWarning().noquote() << "The file manager can't be opened at" << path << ":" << error;

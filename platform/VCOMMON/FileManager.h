@@ -4,8 +4,8 @@
 
 namespace VCOMMON {
 
-/// The desktop's file manager. Asking it can take seconds (it may have to be started), so that happens on a thread of
-/// its own, one request a thread, which ends by itself; requests beyond a few at a time are dropped. Any thread.
+/// The desktop's file manager. Asking it can take seconds (it may have to be started), so each request has a thread
+/// that ends by itself; they are carried out one after the other, and those beyond a few are dropped. Any thread.
 class FileManager final
 {
 public:

@@ -383,11 +383,13 @@ void LocalPlaybackDlg::showLocalPlaybackDlg()
 
 void LocalPlaybackDlg::done(int result)
 {
+    const bool wasOpen = d->player != nullptr;
     d->setFullScreen(false);
     d->stop();
     delete d->veil;
     QDialog::done(result);
-    emit signalPlaybackDlgClosed(d->path);
+    if (wasOpen)
+        emit signalPlaybackDlgClosed(d->path);
 }
 
 void LocalPlaybackDlg::keyPressEvent(QKeyEvent* event)

@@ -6,7 +6,6 @@
 #include <SystemConfig.h>
 #include <ToolsCollection.h>
 
-#include <QCoreApplication>
 #include <QHash>
 #include <QStringList>
 
@@ -15,7 +14,6 @@ namespace vemo_base {
 namespace {
 
 constexpr double megabyte = 1048576;
-constexpr const char* context = "vemo_base::LocalPlaybackDlg";
 
 QString codecText(const QString& format)
 {
@@ -33,8 +31,7 @@ QString PlaybackTexts::facts(const PlayerState& state, int gaps)
 {
     QStringList parts;
     if (gaps > 0)
-        parts << (gaps == 1 ? QCoreApplication::translate(context, "1 gap")
-                            : QCoreApplication::translate(context, "%1 gaps").arg(gaps));
+        parts << (gaps == 1 ? tr("1 gap") : tr("%1 gaps").arg(gaps));
     if (!state.videoFormat.isEmpty() && !state.codedSize.isEmpty())
         parts << QStringLiteral("%1 %2 x %3")
                      .arg(codecText(state.videoFormat))

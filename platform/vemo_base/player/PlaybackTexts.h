@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 
 namespace vemo_base {
@@ -10,6 +11,8 @@ struct PlayerState;
 /// The playback dialog's texts and names. Pure, but for snapshotFolder().
 class PlaybackTexts final
 {
+    Q_DECLARE_TR_FUNCTIONS(vemo_base::PlaybackTexts)
+
 public:
     PlaybackTexts() = delete;
 

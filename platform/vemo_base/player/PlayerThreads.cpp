@@ -22,8 +22,12 @@ QVector<QPointer<QThread>>& threads()
 QThread* PlayerThreads::make()
 {
     QVector<QPointer<QThread>>& list = threads();
-    if (list.isEmpty())
+    // Once for each application object: the routines go with it.
+    static QPointer<QCoreApplication> application;
+    if (application != QCoreApplication::instance()) {
+        application = QCoreApplication::instance();
         qAddPostRoutine(&PlayerThreads::joinAll);
+    }
     list.removeAll(QPointer<QThread>());
     auto* thread = new QThread;
     thread->setObjectName(QStringLiteral("player"));
