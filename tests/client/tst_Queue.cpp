@@ -32,14 +32,16 @@ DownloadTaskInfo taskIn(int state)
 
 CliCommand parse(const QString& line, const std::optional<QString>& password = QStringLiteral("pw"))
 {
-    return CliParser::parse((QStringLiteral("vemo_client queue ") + line).split(QLatin1Char(' '), Qt::SkipEmptyParts),
-                            password);
+    const QString whole = QStringLiteral("vemo_client queue ") + line;
+    return CliParser::parse(whole.split(QLatin1Char(' '), Qt::SkipEmptyParts), password);
 }
 
 const QString span = QStringLiteral(" --begin 2026-01-10T08:00Z --end 2026-01-10T09:00Z");
 const QString device = QStringLiteral("add --device 127.0.0.1 --user admin");
 
 } // namespace
+
+Q_DECLARE_METATYPE(QueueOptions::Action)
 
 /// What the queue's command lines are taken for, and what they do to tasks of each state.
 class tst_Queue : public QObject
@@ -142,7 +144,7 @@ private slots:
         QVERIFY(plan.refusals.isEmpty());
 
         options.all = false;
-        options.ids = {tasks.at(3).taskId, QUuid::createUuid().toString()};
+        options.ids = QStringList{tasks.at(3).taskId, QUuid::createUuid().toString()};
         const QueueEdit::Plan named = QueueEdit::plan(options, tasks);
         QCOMPARE(named.refusals.size(), action == Action::Clear ? 1 : 2);
         QCOMPARE(named.changed.size() + named.removed.size(), action == Action::Clear ? 1 : 0);

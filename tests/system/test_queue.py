@@ -15,7 +15,7 @@ from systemlab import Client, Recorder, Test
 SECOND = datetime.timedelta(seconds=1)
 BEGIN = systemlab.FIRST_DAY + datetime.timedelta(hours=1)
 AT_ONCE = 5
-WAITING, PAUSED, SUCCEEDED, LOGIN_FAILED, CONNECT_FAILED, ABNORMAL, GET_URL_FAILED = 0, 2, 3, 4, 5, 6, 8
+WAITING, PAUSED, SUCCEEDED, LOGIN_FAILED, CONNECT_FAILED, ABNORMAL = 0, 2, 3, 4, 5, 6
 TABLE_OF = {WAITING: "downloading", PAUSED: "downloading", SUCCEEDED: "success", **{state: "failed" for state in range(4, 9)}}
 QUIT_WITHIN_S = 2
 # A resumed replay begins at the key frame before, so a file may begin up to a GOP of 2 s before its record.
@@ -140,7 +140,7 @@ class Queue(Test):
             nobody = f"http://127.0.0.1:{reserved.getsockname()[1]}/onvif/device_service"
         cases = (("login refused", {}, {"password": "not it"}, None, LOGIN_FAILED),
                  ("unreachable", {}, {}, nobody, CONNECT_FAILED),
-                 ("no replay address", {"no_replay": 1}, {}, None, GET_URL_FAILED))
+                 ("no replay address", {"no_replay": 1}, {}, None, CONNECT_FAILED))
         for name, faults, options, device, state in cases:
             with self.subTest(name), Client() as self.client:
                 self.fault(**faults)
