@@ -15,6 +15,8 @@ using vemo_data::DataSignals;
 namespace {
 
 constexpr int bulkSize = 64;
+/// So many rows are added within a picture or two of the screen.
+constexpr int sliceSize = 500;
 
 } // namespace
 
@@ -29,6 +31,7 @@ DownloadManager::DownloadManager()
             &DownloadManager::slotDeleteDownloadTasksFromLocalDB);
     connect(&store, &DataSignals::signalUpdateDownloadTasksInLocalDB, this,
             &DownloadManager::slotUpdateDownloadTaskskInLocalDB);
+    connect(&m_sliceTimer, &QTimer::timeout, this, &DownloadManager::carryOutNext);
 }
 
 DownloadManager& DownloadManager::instance()
@@ -97,16 +100,30 @@ void DownloadManager::loadTasks()
 void DownloadManager::handOut()
 {
     const QList<DownloadTaskInfo> tasks = vemo_data::DownloadTaskData::instance().getAllDownloadTasks();
-    QMap<DownloadTasksTable*, QList<DownloadTaskInfo>> tasksOf;
+    QMap<int, QList<DownloadTaskInfo>> tasksOf;
+    DownloadTasksTable* const tables[] = {m_downloadingTable, m_failedTable, m_successTable};
+    constexpr int tableCount = 3;
     for (const DownloadTaskInfo& task : tasks) {
-        if (DownloadTasksTable* table = tableOf(task.state))
-            tasksOf[table].append(task);
+        for (int i = 0; i < tableCount; ++i) {
+            if (tables[i] && tables[i] == tableOf(task.state))
+                tasksOf[i].append(task);
+        }
     }
-    for (DownloadTasksTable* table : {m_downloadingTable, m_failedTable, m_successTable}) {
-        if (table && tasksOf.contains(table))
-            table->addTasks(tasksOf.value(table), DownloadTasksTable::Source::StartUp);
+    for (int i = 0; i < tableCount; ++i) {
+        DownloadTasksTable* table = tables[i];
+        if (!tasksOf.contains(i))
+            continue;
+        inSlices(tasksOf.value(i), [this, table](const QList<DownloadTaskInfo>& slice) {
+            if (table == m_downloadingTable || table == m_failedTable || table == m_successTable)
+                table->addTasks(slice, DownloadTasksTable::Source::StartUp);
+        });
     }
-    if (!tasks.isEmpty() && m_downloadingTable)
+    carryOut([this, isEmpty = tasks.isEmpty()] { tellHandedOut(isEmpty); });
+}
+
+void DownloadManager::tellHandedOut(bool isEmpty)
+{
+    if (!isEmpty && m_downloadingTable)
         m_downloadingTable->startDownloading();
 
     DownloadSignals& downloads = DownloadSignals::instance();
@@ -129,6 +146,11 @@ void DownloadManager::slotAddDownloadTasksToLocalDB(const QList<DownloadTaskInfo
 {
     if (m_recovery == Recovery::UnderWay)
         return; // what was stored meanwhile is handed out with the rest
+    inSlices(tasks, [this](const QList<DownloadTaskInfo>& slice) { add(slice); });
+}
+
+void DownloadManager::add(const QList<DownloadTaskInfo>& tasks)
+{
     // Many tasks in a row for one table are added in one go.
     for (int i = 0; i < tasks.size();) {
         DownloadTasksTable* table = tableOf(tasks.at(i).state);
@@ -151,24 +173,75 @@ void DownloadManager::slotUpdateDownloadTaskskInLocalDB(const QList<DownloadTask
 {
     if (m_recovery == Recovery::UnderWay)
         return;
+    inSlices(tasks, [this](const QList<DownloadTaskInfo>& slice) { update(slice); });
+}
+
+void DownloadManager::update(const QList<DownloadTaskInfo>& tasks)
+{
+    QList<DownloadTaskInfo> moved; // into tables that don't have them yet
     for (const DownloadTaskInfo& task : tasks) {
         DownloadTasksTable* target = tableOf(task.state);
         for (DownloadTasksTable* table : {m_downloadingTable, m_failedTable, m_successTable}) {
             if (table && table != target && table->hasTask(task.taskId))
                 table->removeTasks({task.taskId});
         }
-        if (target)
+        if (target && tasks.size() >= bulkSize && !target->hasTask(task.taskId))
+            moved.append(task);
+        else if (target)
             target->updateTask(task);
-        DownloadQueueStatus::instance().arrived(task.taskId);
     }
+    add(moved);
+    for (const DownloadTaskInfo& task : tasks)
+        DownloadQueueStatus::instance().arrived(task.taskId);
 }
 
 void DownloadManager::slotDeleteDownloadTasksFromLocalDB(const QMap<int, QSet<QString>>& idsByState)
 {
-    for (auto it = idsByState.constBegin(); it != idsByState.constEnd(); ++it) {
-        if (DownloadTasksTable* table = tableOf(it.key()))
-            table->removeTasks(it.value());
+    carryOut([this, idsByState] {
+        for (auto it = idsByState.constBegin(); it != idsByState.constEnd(); ++it) {
+            if (DownloadTasksTable* table = tableOf(it.key()))
+                table->removeTasks(it.value());
+        }
+    });
+}
+
+void DownloadManager::inSlices(const QList<DownloadTaskInfo>& tasks,
+                               const std::function<void(const QList<DownloadTaskInfo>&)>& change)
+{
+    if (tasks.size() <= sliceSize) {
+        carryOut([change, tasks] { change(tasks); });
+        return;
     }
+    for (int begin = 0; begin < tasks.size(); begin += sliceSize)
+        carryOutLater([change, slice = tasks.mid(begin, sliceSize)] { change(slice); });
+}
+
+void DownloadManager::carryOut(const std::function<void()>& change)
+{
+    if (m_changes.isEmpty())
+        change();
+    else
+        m_changes.enqueue(change);
+}
+
+void DownloadManager::carryOutLater(const std::function<void()>& change)
+{
+    m_changes.enqueue(change);
+    if (!m_sliceTimer.isActive())
+        m_sliceTimer.start(0); // a timer, so that input and painting come between two slices
+}
+
+void DownloadManager::carryOutNext()
+{
+    if (!m_changes.isEmpty()) {
+        const std::function<void()> change = m_changes.head();
+        change();
+    }
+    // Not before: what is announced while it is carried out comes behind what waits.
+    if (!m_changes.isEmpty())
+        m_changes.dequeue();
+    if (m_changes.isEmpty())
+        m_sliceTimer.stop();
 }
 
 void DownloadManager::slotQuitSystem()
@@ -176,6 +249,8 @@ void DownloadManager::slotQuitSystem()
     const DataSignals& store = DataSignals::instance();
     disconnect(&store, &DataSignals::signalAddDownloadTasksToLocalDB, this, nullptr);
     disconnect(&store, &DataSignals::signalUpdateDownloadTasksInLocalDB, this, nullptr);
+    m_changes.clear();
+    m_sliceTimer.stop();
     if (m_downloadingTable)
         m_downloadingTable->stopAllDownloads();
 }

@@ -6,7 +6,11 @@
 
 #include <QMap>
 #include <QObject>
+#include <QQueue>
 #include <QSet>
+#include <QTimer>
+
+#include <functional>
 
 namespace vemo_filesCenter {
 
@@ -29,9 +33,10 @@ public:
     /// For a table that goes; nothing when another one has taken its place.
     void forget(const DownloadTasksTable* table);
 
-    /// Hands every stored task to its table and announces the three counts. The first time in a process what a crash
-    /// left is put right before; when that takes longer than a moment the tasks are handed out by the event loop, and
-    /// what the store announces until then is handed out with them. Waits for the store.
+    /// Hands every stored task to its table and announces the three counts; many are handed out in slices, and the
+    /// counts come last. The first time in a process what a crash left is put right before; when that takes longer than
+    /// a moment the tasks are handed out by the event loop, and what the store announces until then is handed out with
+    /// them. Waits for the store.
     void loadTasks();
 
 private slots:
@@ -47,11 +52,23 @@ private:
 
     DownloadTasksTable* tableOf(int state) const;
     void handOut();
+    void tellHandedOut(bool isEmpty);
+    void add(const QList<vemo_data::DownloadTaskInfo>& tasks);
+    void update(const QList<vemo_data::DownloadTaskInfo>& tasks);
+    /// At once, or, when there are many, some at a time by the event loop, in order with all other changes.
+    void inSlices(const QList<vemo_data::DownloadTaskInfo>& tasks,
+                  const std::function<void(const QList<vemo_data::DownloadTaskInfo>&)>& change);
+    /// At once unless earlier changes still wait.
+    void carryOut(const std::function<void()>& change);
+    void carryOutLater(const std::function<void()>& change);
+    void carryOutNext();
 
     DownloadTasksTable* m_downloadingTable = nullptr;
     DownloadTasksTable* m_failedTable = nullptr;
     DownloadTasksTable* m_successTable = nullptr;
     Recovery m_recovery = Recovery::Due;
+    QQueue<std::function<void()>> m_changes; ///< slices of long announcements, and what came behind them
+    QTimer m_sliceTimer;
 };
 
 } // namespace vemo_filesCenter
