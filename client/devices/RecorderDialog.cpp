@@ -48,6 +48,9 @@ RecorderDialog::RecorderDialog(RecorderLogins* logins, const QString& devId, QWi
     buttons->addWidget(cancel);
     m_submit->setProperty("kind", QStringLiteral("primary"));
     m_submit->setDefault(true);
+    // Enter never means these, not even when the focus falls to them while the fields are disabled.
+    cancel->setAutoDefault(false);
+    m_keep->setAutoDefault(false);
     buttons->addWidget(m_submit);
 
     auto* layout = new QVBoxLayout(this);
@@ -86,7 +89,9 @@ void RecorderDialog::showStage()
                                    : tr("Save"));
     m_submit->setEnabled(!isConnecting && m_form->isComplete());
     m_keep->setVisible(m_form->mayBeKept());
-    adjustSize();
+    // By the height that the wrapped words need: a fingerprint must be seen whole.
+    layout()->activate();
+    resize(dialogWidth, layout()->totalHeightForWidth(dialogWidth));
 }
 
 void RecorderDialog::reject()

@@ -6,13 +6,16 @@
 #include <Icons.h>
 #include <Theme.h>
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPainter>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QTimeEdit>
+#include <QTimer>
 #include <QVariant>
 
 namespace vemo_client {
@@ -80,9 +83,21 @@ QTimeEdit* SpanBar::addField(const QString& name)
     field->setAccessibleName(name);
     field->setToolTip(name);
     field->setWrapping(true);
+    // The line inside a spin box can be had only as a child.
+    if (auto* line = field->findChild<QLineEdit*>())
+        line->installEventFilter(this);
     connect(field, &QTimeEdit::timeChanged, this, &SpanBar::takeFields);
     layout()->addWidget(field);
     return field;
+}
+
+bool SpanBar::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::MouseButtonRelease) {
+        if (auto* field = qobject_cast<QTimeEdit*>(watched->parent()))
+            QTimer::singleShot(0, field, [field] { field->setSelectedSection(field->currentSection()); });
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 void SpanBar::setAxis(const DayAxis& axis)

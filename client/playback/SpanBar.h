@@ -32,6 +32,10 @@ signals:
     /// By the fields or the button. Nothing: none is marked, or the fields hold none.
     void signalSpanMarked(const std::optional<vemo_client::TimeSpan>& span);
 
+protected:
+    /// A click into a field takes the number under the pointer, so that typing replaces it.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     QTimeEdit* addField(const QString& name);
     void takeFields();

@@ -1,6 +1,7 @@
 #include "SimulatedRecorder.h"
 
 #include "devices/NoticeCard.h"
+#include "devices/RecorderDialog.h"
 #include "devices/RecorderLogins.h"
 #include "devices/RecorderTree.h"
 #include "playback/PlaybackPage.h"
@@ -26,6 +27,7 @@
 
 using vemo_client::ChannelRef;
 using vemo_client::PlaybackPage;
+using vemo_client::RecorderDialog;
 using vemo_client::RecorderLogins;
 using vemo_client::RecorderTree;
 
@@ -53,6 +55,7 @@ private slots:
     void saysThatTheLoginWasRefusedAndTakesTheRecorderBack();
     void logsAStoredRecorderInAfterARestart();
     void dropsASearchWhenAnotherDayIsPicked();
+    void keepsTheDialogOpenWhileItLogsInByEnter();
 
 private:
     void addRecorder(const QString& password);
@@ -229,7 +232,8 @@ void tst_PlaybackPage::logsAStoredRecorderInAfterARestart()
     addRecorder(SimulatedRecorder::password());
     QTRY_COMPARE_WITH_TIMEOUT(m_logins->login(devId()).phase, RecorderLogins::Phase::Online, patienceMs);
     m_page->setDay(day);
-    tree()->setCheckedChannels({{devId(), 3}});
+    tree()->setCheckedChannels({{devId(), 2}});
+    QCOMPARE(tree()->checkedChannels().size(), 1);
     m_page->remember();
 
     m_page.reset();
@@ -237,7 +241,8 @@ void tst_PlaybackPage::logsAStoredRecorderInAfterARestart()
     m_page = std::make_unique<PlaybackPage>(m_logins.get());
     m_logins->start();
     QTRY_COMPARE_WITH_TIMEOUT(m_logins->login(devId()).phase, RecorderLogins::Phase::Online, patienceMs);
-    QCOMPARE(tree()->checkedChannels(), QVector<ChannelRef>({{devId(), 3}}));
+    QCOMPARE(tree()->checkedChannels().size(), 1);
+    QCOMPARE(tree()->checkedChannels().first().channelNo, 2);
 }
 
 void tst_PlaybackPage::dropsASearchWhenAnotherDayIsPicked()
@@ -257,6 +262,21 @@ void tst_PlaybackPage::dropsASearchWhenAnotherDayIsPicked()
     };
     QTRY_VERIFY_WITH_TIMEOUT(saysNothing(), patienceMs);
     QCOMPARE(table()->rowCount(), 0);
+}
+
+void tst_PlaybackPage::keepsTheDialogOpenWhileItLogsInByEnter()
+{
+    auto* dialog = new RecorderDialog(m_logins.get(), QString(), nullptr);
+    dialog->open();
+    const QList<QLineEdit*> fields = dialog->findChildren<QLineEdit*>();
+    QCOMPARE(fields.size(), 4);
+    QTest::keyClicks(fields.at(0), m_recorder->address().authority());
+    QTest::keyClicks(fields.at(1), SimulatedRecorder::user());
+    QTest::keyClicks(fields.at(2), SimulatedRecorder::password());
+    QSignalSpy accepted(dialog, &QDialog::accepted);
+    QTest::keyClick(fields.at(2), Qt::Key_Return);
+    QTRY_COMPARE_WITH_TIMEOUT(accepted.size(), 1, patienceMs);
+    QCOMPARE(m_logins->login(devId()).phase, RecorderLogins::Phase::Online);
 }
 
 QTEST_MAIN(tst_PlaybackPage)
