@@ -157,12 +157,12 @@ void MainWindow::tellStore(const QString& text)
 {
     if (!m_storeTold) {
         m_storeTold = true;
-        vemo_base::VMessageBox::tell(vemo_base::VMessageBox::Kind::Warning, tr("What the client keeps"), text, this);
+        vemo_base::VMessageBox::tell(vemo_base::VMessageBox::Kind::Warning, tr("Stored data"), text, this);
         return;
     }
     Notice notice;
     notice.kind = Notice::Kind::Error;
-    notice.title = tr("What the client keeps");
+    notice.title = tr("Stored data");
     notice.text = text;
     Notices::instance().add(notice);
 }

@@ -8,6 +8,7 @@
 #include "cli/Interrupt.h"
 #include "devices/RecorderLogins.h"
 
+#include <Database.h>
 #include <DataSignals.h>
 #include <DeviceLogins.h>
 #include <DevsMgrData.h>
@@ -16,6 +17,7 @@
 #include <FormsMgr.h>
 #include <SysPaths.h>
 #include <SystemAssistant.h>
+#include <SystemConfig.h>
 #include <SystemMsg.h>
 #include <Theme.h>
 #include <UiSettings.h>
@@ -76,6 +78,9 @@ int runWindow(int& argc, char** argv, const CliCommand& command)
     }
 
     vemo_data::DevsMgrData::instance().load();
+    if (vemo_data::Database::instance().takeBegunAnew())
+        vemo_data::DownloadTaskData::instance().adoptFinishedFiles(
+            vemo_worker::SystemConfig::instance().getDownloadPath());
     vemo_filesCenter::FilesCenterInit& filesCenter = vemo_filesCenter::FilesCenterInit::instance();
     filesCenter.moduleInit();
     vemo_base::FormsMgr& forms = vemo_base::FormsMgr::instance();
