@@ -3,10 +3,13 @@
 #include "cli/Terminal.h"
 #include "shell/WindowRun.h"
 
+#include <PasswordStore.h>
 #include <SysPaths.h>
 
 #include <QCoreApplication>
 #include <QTimeZone>
+
+#include <cstdlib>
 
 using vemo_client::CliCommand;
 
@@ -40,11 +43,8 @@ void nameTimeZone()
 #endif
 }
 
-} // namespace
-
-int main(int argc, char* argv[])
+int run(int& argc, char* argv[])
 {
-    nameTimeZone();
     const std::optional<QString> password = takeEnvironmentPassword();
     CliCommand command;
     {
@@ -66,4 +66,15 @@ int main(int argc, char* argv[])
     if (command.needsWidgets())
         return vemo_client::runQueue(argc, argv, command);
     return vemo_client::runWindow(argc, argv, command);
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    nameTimeZone();
+    const int code = run(argc, argv);
+    if (vemo_worker::PasswordStore::hasHungKeyring())
+        std::_Exit(code); // everything is stored and closed by now
+    return code;
 }

@@ -45,7 +45,7 @@ QString description()
               "  retry   lets failed tasks wait again\n"
               "  clear   takes finished and failed tasks off the list; files stay\n"
               "  run     works the waiting tasks off, five at a time, and ends when none is left to do\n"
-              "run ends with 8 when the queue then holds a failed or an incomplete task. Passwords are kept in the\n"
+              "run ends with 8 when a task failed or came out incomplete in it. Passwords are kept in the\n"
               "desktop's keyring, or in an encrypted file; VEMO_SECRETS_PASSWORD puts a password on that file,\n"
               "VEMO_KEYRING=off leaves the keyring alone.\n") %
            QLatin1Char('\n') % CliTell::exitCodes();

@@ -9,6 +9,7 @@
 #include <QThread>
 #include <QTimer>
 
+#include <atomic>
 #include <optional>
 
 namespace vemo_worker {
@@ -16,6 +17,8 @@ namespace vemo_worker {
 namespace {
 
 constexpr int keyringAnswersWithinMs = 3000;
+
+std::atomic<bool> keyringHung{false};
 
 } // namespace
 
@@ -69,6 +72,7 @@ void PasswordStore::Private::ask(const KeyringCall& call, const Keyring::Answer&
     };
     QObject::connect(clock, &QTimer::timeout, clock, [this, answerOnce] {
         qWarning("the keyring does not answer; passwords go to the encrypted file");
+        keyringHung = true;
         keyring.reset();
         answerOnce(Keyring::Result::Unavailable, QString());
     });
@@ -125,6 +129,11 @@ PasswordStore& PasswordStore::instance()
 {
     static PasswordStore store;
     return store;
+}
+
+bool PasswordStore::hasHungKeyring()
+{
+    return keyringHung;
 }
 
 void PasswordStore::setKeyring(std::unique_ptr<Keyring> keyring)

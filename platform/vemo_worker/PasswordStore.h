@@ -33,6 +33,10 @@ public:
     void get(const QString& devId, QObject* context, Found found);
     void remove(const QString& devId);
 
+    /// A keyring did not answer in this run. Its libraries may then wait for it in their own clean-up, so the program
+    /// ends without that.
+    static bool hasHungKeyring();
+
     /// Takes another keyring than the desktop's; null: none, passwords go to the file.
     void setKeyring(std::unique_ptr<Keyring> keyring);
 
