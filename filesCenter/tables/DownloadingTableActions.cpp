@@ -9,6 +9,8 @@
 #include "download/DownloadWorker.h"
 
 #include <BaseTools.h>
+#include <DevsDataCache.h>
+#include <DevsMgrData.h>
 #include <DictDef.h>
 #include <DownloadTaskData.h>
 #include <Icons.h>
@@ -38,6 +40,7 @@ namespace {
 
 constexpr int questionWithYesAndNo = 3;
 constexpr int answerYes = 1;
+constexpr int channelPermission = 4; ///< to download
 
 void alert(const QString& text)
 {
@@ -184,8 +187,10 @@ void DownloadingTable::refreshTaskChannels()
 /// The device is still in the client and, when it comes from a cloud account, lets us have the channel.
 bool DownloadingTable::isChannelOfKnownDevice(const QString& devId, int channelNo)
 {
-    Q_UNUSED(channelNo)
-    return !devId.isEmpty() && !BaseTools::instance().getDevInfo(devId).devId.isEmpty();
+    if (devId.isEmpty() || BaseTools::instance().getDevInfo(devId).devId.isEmpty())
+        return false;
+    return !vemo_data::DevsMgrData::instance().isSaasDev(devId) ||
+           vemo_saas::DevsDataCache::instance().isChannelHasPermission(devId, channelNo, channelPermission);
 }
 
 void DownloadingTable::setTaskState(const QString& key, int state)

@@ -23,8 +23,8 @@ private slots:
                                navigation->actionText(QStringLiteral("download_success")),
                                navigation->actionText(QStringLiteral("download_failure"))};
         };
-        QCOMPARE(titles(), (QStringList{QStringLiteral("Downloading"), QStringLiteral("Download Success"),
-                                        QStringLiteral("Download Failure")}));
+        QCOMPARE(titles(), (QStringList{QStringLiteral("Downloading(0)"), QStringLiteral("Download Success(0)"),
+                                        QStringLiteral("Download Failure(0)")})); // of an empty store
         DownloadSignals& downloads = DownloadSignals::instance();
         emit downloads.signalDownloadingTasksCnt(0);
         emit downloads.signalSuccessTasksCnt(12345);
