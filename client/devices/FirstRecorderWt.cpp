@@ -85,11 +85,6 @@ FirstRecorderWt::FirstRecorderWt(RecorderLogins* logins, QWidget* parent)
     m_form->focusFirst();
 }
 
-bool FirstRecorderWt::isBusy() const
-{
-    return m_form->stage() == RecorderForm::Stage::Connecting || m_form->stage() == RecorderForm::Stage::Failed;
-}
-
 void FirstRecorderWt::showStage()
 {
     const RecorderForm::Stage stage = m_form->stage();

@@ -18,9 +18,6 @@ class FirstRecorderWt final : public QWidget
 public:
     explicit FirstRecorderWt(RecorderLogins* logins, QWidget* parent = nullptr);
 
-    /// Whether the form is in use: the page stays while it tells how the login goes.
-    bool isBusy() const;
-
 signals:
     /// The recorder is in the list, online or kept as it is.
     void signalAdded();

@@ -272,7 +272,6 @@ void PlaybackPage::takeChannels()
         const ChannelDay* known = dayOf(channel);
         ChannelDay day = known ? *known : ChannelDay();
         day.channel = channel;
-        day.chosen.clear();
         day.name = vemo_base::BaseTools::instance().getChannelName(channel.devId, channel.channelNo);
         days.append(day);
     }

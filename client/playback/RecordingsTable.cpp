@@ -72,7 +72,7 @@ void RecordingsTable::addRow(const ChannelDay& day, const Place& place)
     const int row = m_table->rowCount();
     m_table->insertRow(row);
     auto* box = new QTableWidgetItem;
-    box->setCheckState(Qt::Unchecked);
+    box->setCheckState(day.chosen.contains(place.recording) ? Qt::Checked : Qt::Unchecked);
     box->setData(dayRole, place.day);
     box->setData(recordingRole, place.recording);
     m_table->setItem(row, AllColumn, box);

@@ -26,7 +26,7 @@ public:
 
     explicit RecordingsTable(QWidget* parent = nullptr);
 
-    /// Shows the recordings of all days in their order, none checked, as far as there is room.
+    /// Shows the recordings of all days in their order, as far as there is room; those are checked that were chosen.
     void setDays(const QVector<ChannelDay>& days);
     QVector<Place> chosen() const;
     void clearChosen();

@@ -153,6 +153,11 @@ void tst_PlaybackPage::addsTheFirstRecorderAndFetchesARecording()
     table()->item(1, 0)->setCheckState(Qt::Checked);
     table()->item(3, 0)->setCheckState(Qt::Checked);
     QTRY_VERIFY(download()->isEnabled());
+    // Another channel comes into the list ahead of it; what is chosen stays chosen.
+    tree()->setCheckedChannels({{devId(), 1}, {devId(), 2}});
+    const int rowsBefore = table()->rowCount();
+    QTRY_VERIFY_WITH_TIMEOUT(table()->rowCount() > rowsBefore, patienceMs);
+    QCOMPARE(table()->checkedCount(), 2);
 
     QSignalSpy byFile(&vemo_contact::ModuleAccess::instance(),
                       &vemo_contact::ModuleAccess::signalDownloadRecordingByFile);
