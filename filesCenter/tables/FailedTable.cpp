@@ -73,7 +73,7 @@ FailedTable::FailedTable(QWidget* parent)
           {tr("Download Failure"),
            QStringLiteral("success"),
            tr("No download has failed."),
-           tr("Downloads that could not be finished are kept here until they succeed or are cleaned."),
+           tr("What fails is kept here until it is fetched or cleaned."),
            tr("Failed tasks are tried again by themselves after a growing delay. \"redownload\" tries at once."),
            {{tr("Space"), tr("check")}, {tr("Enter"), tr("redownload")}, {tr("Del"), tr("clean the task")}}},
           {tr("All"), tr("Channel Name"), tr("Datetime Range"), tr("Location"), tr("State"), tr("Oper")}))
