@@ -547,6 +547,12 @@ void PlaybackPage::showState(const QString& icon, const QString& missing, const 
             m_state->deleteLater();
         }
         m_state = new vemo_base::EmptyStateWt(icon, missing, advice, deed);
+        // Wrapped words need their height said, or the last lines, such as those of a fingerprint, are cut.
+        const QList<QLabel*> labels = m_state->findChildren<QLabel*>();
+        for (QLabel* label : labels) {
+            label->ensurePolished();
+            label->setMinimumHeight(label->heightForWidth(label->minimumWidth()));
+        }
         // The page's primary button is Download.
         if (auto* button = m_state->findChild<QPushButton*>())
             button->setProperty("kind", QVariant());
