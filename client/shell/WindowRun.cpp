@@ -27,11 +27,23 @@
 
 #include <QApplication>
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QIcon>
+#include <QLoggingCategory>
+#include <QTimer>
+
+#include <utility>
 
 namespace vemo_client {
 
 namespace {
+
+Q_LOGGING_CATEGORY(lcStart, "vemo.start")
+
+QString now()
+{
+    return QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd hh:mm:ss.zzz"));
+}
 
 class WindowText final
 {
@@ -105,12 +117,19 @@ int runWindow(int& argc, char** argv, const CliCommand& command)
                              if (forms.createForm(vemo_base::FilesCenterFormType) != nullptr)
                                  window.showFirstPage();
                          });
+        bool isHandedOut = false;
+        QObject::connect(&vemo_contact::SystemMsg::instance(), &vemo_contact::SystemMsg::signalDownloadQueueChanged,
+                         &window, [&isHandedOut] {
+                             if (!std::exchange(isHandedOut, true))
+                                 qCDebug(lcStart).noquote() << now() << "the stored downloads are handed out";
+                         });
         // Asked to terminate, it ends as if the person had closed it.
         Interrupt interrupt;
         QObject::connect(&interrupt, &Interrupt::signalInterrupted, &window, &QWidget::close);
         logins.start();
         window.showFirstPage();
         window.show();
+        QTimer::singleShot(0, &window, [] { qCDebug(lcStart).noquote() << now() << "the window is shown"; });
         code = QApplication::exec();
         // The window is gone from the screen; what runs is kept and goes on at the next start.
         emit vemo_contact::SystemMsg::instance().signalPrepareQuitSystem();
