@@ -30,6 +30,7 @@ using vemo_data::DownloadTaskInfo;
 constexpr int progressMs = 1000;
 /// Nothing to do for so long is over; a task on its way from one table to the next is in neither for a moment.
 constexpr int overAfterMs = 300;
+constexpr int mostSummingMs = 600'000;
 constexpr double kbitPerMegabyte = 8000.0;
 
 } // namespace
@@ -114,8 +115,16 @@ void QueueRun::tasksChanged(const QList<DownloadTaskInfo>& tasks)
         return;
     const QString folder = vemo_worker::SystemConfig::instance().getDownloadPath();
     for (const DownloadTaskInfo& task : tasks) {
-        if (task.state < vemo_data::TaskSucceeded)
+        if (task.state < vemo_data::TaskSucceeded) {
+            m_stateTold.remove(task.taskId);
             continue;
+        }
+        // A record may be announced more than once on its way.
+        if (m_stateTold.value(task.taskId, -1) == task.state)
+            continue;
+        m_stateTold.insert(task.taskId, task.state);
+        if (m_told && task.state == vemo_data::TaskSucceeded && QFileInfo::exists(task.savePath))
+            m_summed.insert(task.taskId, task.savePath);
         // Behind the writes of this turn, which keep the facts of the task.
         vemo_data::TaskFactsData::instance().get(
             task.taskId, this, [this, task, folder](const vemo_data::TaskFacts& facts) {
@@ -153,9 +162,25 @@ void QueueRun::finish()
 {
     if (!isOver())
         return;
+    if (!m_sinceOver.isValid())
+        m_sinceOver.start();
+    if (!m_sinceOver.hasExpired(mostSummingMs) && isSumming()) {
+        m_overTimer.start(overAfterMs);
+        return;
+    }
     if (m_progressShown)
         Terminal::errorStatus(QString());
     leave(verdict());
+}
+
+bool QueueRun::isSumming() const
+{
+    const QHash<QString, vemo_data::TaskFacts> facts = vemo_data::TaskFactsData::instance().getAllNow();
+    for (auto file = m_summed.constBegin(); file != m_summed.constEnd(); ++file) {
+        if (facts.value(file.key()).sha256.isEmpty() && QFileInfo::exists(file.value()))
+            return true;
+    }
+    return false;
 }
 
 /// Of what this run worked on: a task that had failed before and was left alone says nothing about it.

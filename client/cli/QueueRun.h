@@ -4,6 +4,7 @@
 
 #include <DownloadTaskInfo.h>
 
+#include <QElapsedTimer>
 #include <QHash>
 #include <QObject>
 #include <QTimer>
@@ -44,6 +45,8 @@ private:
     void queueChanged(int running, int waiting, int paused, int retrying);
     void tasksChanged(const QList<vemo_data::DownloadTaskInfo>& tasks);
     bool isOver() const;
+    /// The checksum of a file that this run finished is still to come.
+    bool isSumming() const;
     void finish();
     ExitCode verdict();
     void showProgress();
@@ -52,6 +55,9 @@ private:
     const CliCommand m_command;
     std::unique_ptr<vemo_base::BaseForm> m_form;
     QHash<QString, int> m_stateBefore; ///< of the stored tasks, by id
+    QHash<QString, int> m_stateTold;   ///< the same, as last printed
+    QHash<QString, QString> m_summed;  ///< files, by task, that finished in this run and that the module sums
+    QElapsedTimer m_sinceOver;
     Figures m_figures;
     bool m_told = false; ///< the module has told its figures
     qint64 m_kbitPerSecond = 0;
