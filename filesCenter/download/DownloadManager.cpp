@@ -8,6 +8,8 @@
 #include <DownloadTaskData.h>
 #include <SystemMsg.h>
 
+#include <utility>
+
 namespace vemo_filesCenter {
 
 using vemo_data::DataSignals;
@@ -86,20 +88,24 @@ void DownloadManager::loadTasks()
 {
     if (!m_downloadingTable && !m_failedTable && !m_successTable)
         return;
-    if (m_recovery == Recovery::Done) {
-        handOut();
-    } else if (m_recovery == Recovery::Due) {
-        m_recovery = Recovery::UnderWay;
-        DownloadRecovery::run(this, [this] {
-            m_recovery = Recovery::Done;
-            handOut();
-        });
-    }
+    if (m_loading == Loading::UnderWay)
+        return;
+    if (std::exchange(m_loading, Loading::UnderWay) == Loading::Recovered)
+        readTasks();
+    else
+        DownloadRecovery::run(this, [this] { readTasks(); });
 }
 
-void DownloadManager::handOut()
+void DownloadManager::readTasks()
 {
-    const QList<DownloadTaskInfo> tasks = vemo_data::DownloadTaskData::instance().getAllDownloadTasks();
+    vemo_data::DownloadTaskData::instance().getAllDownloadTasks(this, [this](const QList<DownloadTaskInfo>& tasks) {
+        m_loading = Loading::Recovered;
+        handOut(tasks);
+    });
+}
+
+void DownloadManager::handOut(const QList<DownloadTaskInfo>& tasks)
+{
     QMap<int, QList<DownloadTaskInfo>> tasksOf;
     DownloadTasksTable* const tables[] = {m_downloadingTable, m_failedTable, m_successTable};
     constexpr int tableCount = 3;
@@ -144,7 +150,7 @@ void DownloadManager::tellHandedOut(bool isEmpty)
 
 void DownloadManager::slotAddDownloadTasksToLocalDB(const QList<DownloadTaskInfo>& tasks)
 {
-    if (m_recovery == Recovery::UnderWay)
+    if (m_loading == Loading::UnderWay)
         return; // what was stored meanwhile is handed out with the rest
     inSlices(tasks, [this](const QList<DownloadTaskInfo>& slice) { add(slice); });
 }
@@ -171,7 +177,7 @@ void DownloadManager::add(const QList<DownloadTaskInfo>& tasks)
 
 void DownloadManager::slotUpdateDownloadTaskskInLocalDB(const QList<DownloadTaskInfo>& tasks)
 {
-    if (m_recovery == Recovery::UnderWay)
+    if (m_loading == Loading::UnderWay)
         return;
     inSlices(tasks, [this](const QList<DownloadTaskInfo>& slice) { update(slice); });
 }

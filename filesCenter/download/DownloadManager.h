@@ -34,9 +34,9 @@ public:
     void forget(const DownloadTasksTable* table);
 
     /// Hands every stored task to its table and announces the three counts; many are handed out in slices, and the
-    /// counts come last. The first time in a process what a crash left is put right before; when that takes longer than
-    /// a moment the tasks are handed out by the event loop, and what the store announces until then is handed out with
-    /// them. Waits for the store.
+    /// counts come last. The first time in a process what a crash left is put right before. When that, or the store,
+    /// takes longer than a moment the tasks are handed out by the event loop, and what the store announces until then
+    /// is handed out with them.
     void loadTasks();
 
 private slots:
@@ -48,10 +48,11 @@ private slots:
 private:
     DownloadManager();
 
-    enum class Recovery { Due, UnderWay, Done };
+    enum class Loading { RecoveryDue, UnderWay, Recovered };
 
     DownloadTasksTable* tableOf(int state) const;
-    void handOut();
+    void readTasks();
+    void handOut(const QList<vemo_data::DownloadTaskInfo>& tasks);
     void tellHandedOut(bool isEmpty);
     void add(const QList<vemo_data::DownloadTaskInfo>& tasks);
     void update(const QList<vemo_data::DownloadTaskInfo>& tasks);
@@ -66,7 +67,7 @@ private:
     DownloadTasksTable* m_downloadingTable = nullptr;
     DownloadTasksTable* m_failedTable = nullptr;
     DownloadTasksTable* m_successTable = nullptr;
-    Recovery m_recovery = Recovery::Due;
+    Loading m_loading = Loading::RecoveryDue;
     QQueue<std::function<void()>> m_changes; ///< slices of long announcements, and what came behind them
     QTimer m_sliceTimer;
 };

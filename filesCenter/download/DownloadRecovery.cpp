@@ -181,7 +181,7 @@ void recoverWhenRepaired(QObject* context, const std::function<void()>& done, in
         QTimer::singleShot(askAgainMs, context, [context, done] { recoverWhenRepaired(context, done, 0); });
         return;
     }
-    const QList<DownloadTaskInfo> tasks = vemo_data::DownloadTaskData::instance().getAllDownloadTasks();
+    const QList<DownloadTaskInfo> tasks = vemo_data::DownloadTaskData::instance().getOpenDownloadTasks();
     if (std::none_of(tasks.begin(), tasks.end(), isInterrupted)) {
         done();
         return;

@@ -5,6 +5,7 @@
 #include "DownloadTaskStore.h"
 #include "FinishedFiles.h"
 
+#include <QPointer>
 #include <QSet>
 
 #include <algorithm>
@@ -29,6 +30,8 @@ void store(Write write, TasksSignal announcement)
                               });
 }
 
+constexpr int mostReadAtOnce = 1000; ///< some 10 ms
+
 } // namespace
 
 DownloadTaskData::DownloadTaskData() = default;
@@ -44,6 +47,30 @@ QList<DownloadTaskInfo> DownloadTaskData::getAllDownloadTasks()
     Tasks tasks;
     Database::instance().run([&tasks](QSqlDatabase& db) { return DownloadTaskStore::all(db, &tasks); });
     return tasks;
+}
+
+QList<DownloadTaskInfo> DownloadTaskData::getOpenDownloadTasks()
+{
+    Tasks tasks;
+    Database::instance().run([&tasks](QSqlDatabase& db) { return DownloadTaskStore::open(db, &tasks); });
+    return tasks;
+}
+
+void DownloadTaskData::getAllDownloadTasks(QObject* context,
+                                           const std::function<void(const QList<DownloadTaskInfo>&)>& answer)
+{
+    int count = 0;
+    Database::instance().run([&count](QSqlDatabase& db) { return DownloadTaskStore::count(db, &count); });
+    if (count <= mostReadAtOnce) {
+        answer(getAllDownloadTasks());
+        return;
+    }
+    auto tasks = std::make_shared<Tasks>();
+    Database::instance().post([tasks](QSqlDatabase& db) { return DownloadTaskStore::all(db, tasks.get()); },
+                              [tasks, answer, guard = QPointer<QObject>(context)](bool) {
+                                  if (guard)
+                                      answer(*tasks);
+                              });
 }
 
 void DownloadTaskData::addDownloadTasks(const QList<DownloadTaskInfo>& tasks)

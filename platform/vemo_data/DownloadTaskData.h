@@ -5,6 +5,8 @@
 
 #include <QObject>
 
+#include <functional>
+
 namespace vemo_data {
 
 /// The persisted download tasks. One object a process, used on the GUI thread; writes go to the database's thread and
@@ -22,6 +24,11 @@ public:
 
     /// Every stored task in the order of adding, all earlier writes included. Waits for the database.
     QList<DownloadTaskInfo> getAllDownloadTasks();
+    /// The same without a long wait: `answer` is called on the GUI thread, before this returns when few are stored,
+    /// else by the event loop, behind the announcements of everything that the list holds; not once `context` is gone.
+    void getAllDownloadTasks(QObject* context, const std::function<void(const QList<DownloadTaskInfo>&)>& answer);
+    /// Those that wait, run or are paused. Waits for the database.
+    QList<DownloadTaskInfo> getOpenDownloadTasks();
 
     /// Stores and announces the tasks as one change. A request that is already waiting or running (same channel, span,
     /// location and file name) is left out.

@@ -125,6 +125,22 @@ const char* const freeKey =
     "CASE WHEN EXISTS (SELECT 1 FROM download_tasks other WHERE other.request_key = :request_key"
     " AND other.task_id <> :task_id) THEN NULL ELSE :request_key END";
 
+bool select(QSqlDatabase& db, const QString& condition, QList<DownloadTaskInfo>* tasks)
+{
+    QSqlQuery query(db);
+    query.setForwardOnly(true);
+    query.prepare(QLatin1String("SELECT task_id, channel_id, channel_name, dev_label, channel_no, begin_utc_ms, "
+                                "end_utc_ms, download_mode, state, location, progress, downloaded_bytes, file_name, "
+                                "save_path, downloaded_ms, duration_ms FROM download_tasks ") %
+                  condition % QLatin1String("ORDER BY seq"));
+    if (!carryOut(query))
+        return false;
+    LocalTimes times;
+    while (query.next())
+        tasks->append(read(query, &times));
+    return true;
+}
+
 } // namespace
 
 QString DownloadTaskStore::requestKey(const DownloadTaskInfo& task)
@@ -137,17 +153,22 @@ QString DownloadTaskStore::requestKey(const DownloadTaskInfo& task)
 
 bool DownloadTaskStore::all(QSqlDatabase& db, QList<DownloadTaskInfo>* tasks)
 {
+    return select(db, QString(), tasks);
+}
+
+bool DownloadTaskStore::count(QSqlDatabase& db, int* tasks)
+{
     QSqlQuery query(db);
-    query.setForwardOnly(true);
-    query.prepare(QStringLiteral("SELECT task_id, channel_id, channel_name, dev_label, channel_no, begin_utc_ms, "
-                                 "end_utc_ms, download_mode, state, location, progress, downloaded_bytes, file_name, "
-                                 "save_path, downloaded_ms, duration_ms FROM download_tasks ORDER BY seq"));
-    if (!carryOut(query))
+    query.prepare(QStringLiteral("SELECT count(*) FROM download_tasks"));
+    if (!carryOut(query) || !query.next())
         return false;
-    LocalTimes times;
-    while (query.next())
-        tasks->append(read(query, &times));
+    *tasks = query.value(0).toInt();
     return true;
+}
+
+bool DownloadTaskStore::open(QSqlDatabase& db, QList<DownloadTaskInfo>* tasks)
+{
+    return select(db, QStringLiteral("WHERE state BETWEEN %1 AND %2 ").arg(TaskWaiting).arg(TaskPaused), tasks);
 }
 
 bool DownloadTaskStore::add(QSqlDatabase& db, const QList<DownloadTaskInfo>& tasks, Duplicates duplicates,

@@ -201,6 +201,35 @@ private slots:
         QVERIFY(m_data.getAllDownloadTasks().isEmpty());
     }
 
+    void readsManyTasksBehindTheAnnouncementsOfAllThatItTells()
+    {
+        Tasks many;
+        for (int i = 0; i < 1500; ++i)
+            many.append(makeTask(i % 20, vemo_data::TaskSucceeded));
+        m_data.addDownloadTasks(many);
+        int announced = 0;
+        int told = -1;
+        int announcedBefore = -1;
+        const auto note = connect(&DataSignals::instance(), &DataSignals::signalAddDownloadTasksToLocalDB, this,
+                                  [&announced](const Tasks& tasks) { announced += tasks.size(); });
+        m_data.getAllDownloadTasks(this, [&](const Tasks& tasks) {
+            told = tasks.size();
+            announcedBefore = announced;
+        });
+        m_data.addDownloadTasks({makeTask(21)});
+        QCOMPARE(told, -1); // not waited for
+        QTRY_COMPARE(announced, 1501);
+        QCOMPARE(told, announcedBefore);
+        disconnect(note);
+        int again = 0;
+        {
+            QObject context;
+            m_data.getAllDownloadTasks(&context, [&again](const Tasks&) { ++again; });
+        }
+        settle();
+        QCOMPARE(again, 0);
+    }
+
     void splitsATaskAsOneChange()
     {
         DownloadTaskInfo finished = makeTask(1);
