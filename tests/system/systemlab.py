@@ -180,6 +180,7 @@ class Client:
     """vemo_client in a world of its own: data folder, home and output folder below one temporary folder."""
 
     def __init__(self):
+        self.disk_reserve_bytes = 0
         self.folder = tempfile.mkdtemp(prefix="vemo-client-")
         self.out = os.path.join(self.folder, "out")
         for name in ("home", "out", "tmp"):
@@ -195,7 +196,7 @@ class Client:
         home = os.path.join(self.folder, "home")
         environment = {name: value for name, value in os.environ.items() if not name.startswith(("XDG_", "DBUS_")) and name != "DISPLAY"}
         environment.update(HOME=home, TMPDIR=os.path.join(self.folder, "tmp"), QT_QPA_PLATFORM="offscreen", LC_ALL="C.UTF-8",
-                           VEMO_DISK_RESERVE_BYTES="0")
+                           VEMO_DISK_RESERVE_BYTES=str(self.disk_reserve_bytes))
         if password is not None:
             environment["VEMO_PASSWORD"] = password
         command = [program("vemo_client"), "--data", os.path.join(self.folder, "data"), *map(str, arguments)]

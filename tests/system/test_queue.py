@@ -181,6 +181,34 @@ class Queue(Test):
                 self.queue("run")
                 self.check_cover(self.listing(), 3, BEGIN, BEGIN + 60 * SECOND)
 
+    def test_changed_parameter_sets_make_two_records_that_join(self):
+        self.fault(parameter_set_change=20)
+        self.add([3], 40)
+        self.queue("run")
+        tasks = self.listing()
+        self.assertEqual([task["state"] for task in tasks], [SUCCEEDED] * 2, tasks)
+        self.check_cover(tasks, 3, BEGIN, BEGIN + 40 * SECOND)
+
+    def test_a_disk_that_is_nearly_full_pauses_the_task(self):
+        self.add([3], 10)
+        self.client.disk_reserve_bytes = 2 ** 60
+        run = self.queue("run", code=systemlab.INCOMPLETE)
+        self.assertIn("disk free space < 1GB", run.err)
+        self.assertEqual([task["state"] for task in self.listing()], [PAUSED])
+        self.client.disk_reserve_bytes = 0
+        self.queue("resume", "--all")
+        self.queue("run")
+        self.check_cover(self.listing(), 3, BEGIN, BEGIN + 10 * SECOND)
+
+    def test_a_channel_that_is_gone_pauses_its_task(self):
+        self.add([30], 10)
+        self.queue("run", "--no-retry", code=systemlab.INCOMPLETE)
+        self.assertEqual([task["state"] for task in self.listing()], [CONNECT_FAILED])
+        # By now it is known which channels there are.
+        self.queue("retry", "--all")
+        self.queue("run", code=systemlab.INCOMPLETE)
+        self.assertEqual([task["state"] for task in self.listing()], [PAUSED])
+
     def media_files(self):
         return [os.path.join(folder, name) for folder, _, names in os.walk(self.client.folder) for name in names
                 if name.endswith(".mp4")]
