@@ -1,24 +1,30 @@
 // Lateness of a 16 ms tick on the GUI thread while downloads run through the module, asked for as any module of the
-// client asks. usage: gui_tick_bench DEVICE_URL USER PASSWORD_FILE CHANNEL BEGIN END OUT_DIR DOWNLOADS SECONDS   (times
-// ISO 8601)
+// client asks. usage: gui_tick_bench DEVICE_URL USER PASSWORD_FILE CHANNEL BEGIN END OUT_DIR DOWNLOADS SECONDS [ROWS]
+// (times ISO 8601). With ROWS the downloads page stands open with so many stored tasks and is scrolled all the time.
 #include "FilesCenterInit.h"
 
+#include <BaseForm.h>
 #include <BaseTools.h>
 #include <DevsMgrData.h>
+#include <DownloadTaskData.h>
 #include <ModuleAccess.h>
+#include <Theme.h>
 #include <vaws_download.h>
 #include <vms_sdk.h>
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QDir>
 #include <QDirIterator>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QScrollBar>
+#include <QTableWidget>
 #include <QTextStream>
 #include <QTimer>
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
 #include <vector>
 
 namespace {
@@ -42,15 +48,58 @@ QString password(const QString& path)
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()).trimmed() : QString();
 }
 
+/// The downloads page with stored tasks, and a person who turns the wheel over it.
+class ScrolledPage final
+{
+public:
+    explicit ScrolledPage(int rows)
+    {
+        QList<vemo_data::DownloadTaskInfo> tasks;
+        for (int i = 0; i < rows; ++i) {
+            vemo_data::DownloadTaskInfo task;
+            task.taskId = QStringLiteral("{row-%1}").arg(i);
+            task.channelId = QStringLiteral("other|%1").arg(i % 64 + 1);
+            task.channelName = QStringLiteral("Channel %1").arg(i % 64 + 1);
+            task.beginTime = QDateTime(QDate(2026, 1, 10), QTime(0, 0)).addSecs(i * 60);
+            task.endTime = task.beginTime.addSecs(60);
+            task.downloadMode = vemo_data::DownloadByTimeRange;
+            task.state = vemo_data::TaskPaused;
+            tasks.append(task);
+        }
+        vemo_data::DownloadTaskData::instance().addDownloadTasks(tasks);
+        vemo_data::DownloadTaskData::instance().flush();
+        vemo_base::Theme::instance().apply();
+        m_form.reset(vemo_filesCenter::FilesCenterInit::instance().createFilesCenterForm());
+        m_form->resize(1280, 800);
+        m_form->show();
+        QObject::connect(&m_wheel, &QTimer::timeout, [this] { turn(); });
+        m_wheel.start(wheelMs);
+    }
+
+private:
+    static constexpr int wheelMs = 33;
+    static constexpr int stepPx = 120;
+
+    void turn()
+    {
+        auto* table = m_form->findChild<QTableWidget*>(QStringLiteral("downloadingTable"));
+        QScrollBar* bar = table->verticalScrollBar();
+        bar->setValue(bar->value() + stepPx >= bar->maximum() ? 0 : bar->value() + stepPx);
+    }
+
+    std::unique_ptr<vemo_base::BaseForm> m_form;
+    QTimer m_wheel;
+};
+
 } // namespace
 
 int main(int argc, char** argv)
 {
-    QCoreApplication app(argc, argv);
+    QApplication app(argc, argv);
     const QStringList args = QCoreApplication::arguments();
-    if (args.size() != 10) {
-        QTextStream(stderr)
-            << "usage: gui_tick_bench DEVICE_URL USER PASSWORD_FILE CHANNEL BEGIN END OUT_DIR DOWNLOADS SECONDS\n";
+    if (args.size() != 10 && args.size() != 11) {
+        QTextStream(stderr) << "usage: gui_tick_bench DEVICE_URL USER PASSWORD_FILE CHANNEL BEGIN END OUT_DIR "
+                               "DOWNLOADS SECONDS [ROWS]\n";
         return 2;
     }
     const QDir outDir(args[7]);
@@ -65,6 +114,10 @@ int main(int argc, char** argv)
     record.address = QUrl(args[1]);
     record.user = args[2];
     const QString devId = devices.addSessionDev(record);
+
+    std::unique_ptr<ScrolledPage> page;
+    if (const int rows = args.value(10).toInt(); rows > 0)
+        page = std::make_unique<ScrolledPage>(rows);
 
     int failures = 0;
     auto& access = vemo_contact::ModuleAccess::instance();
@@ -114,6 +167,7 @@ int main(int argc, char** argv)
     devices.login(devId, password(args[3]));
     const int code = QCoreApplication::exec();
     const qint64 bytes = folderBytes(outDir.path()) - bytesAtBegin;
+    page.reset();
     vms_sdk::uninit_sdk();
     vaws_download_shutdown();
     if (code != 0 || lateMs.empty())
