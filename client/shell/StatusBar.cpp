@@ -49,6 +49,16 @@ QString rateText(double megabytes)
     return StatusBar::tr("%1 MB/s").arg(QLocale().toString(megabytes, 'f', 1));
 }
 
+QString leftText(qint64 seconds)
+{
+    const qint64 minutes = (seconds + 30) / 60;
+    if (minutes < 1)
+        return StatusBar::tr("less than a minute left");
+    if (minutes < 60)
+        return StatusBar::tr("about %1 min left").arg(minutes);
+    return StatusBar::tr("about %1 h %2 min left").arg(minutes / 60).arg(minutes % 60, 2, 10, QLatin1Char('0'));
+}
+
 QString offsetText(const QDateTime& time)
 {
     const int minutes = time.offsetFromUtc() / 60;
@@ -81,8 +91,9 @@ StatusBar::StatusBar(QWidget* parent)
     m_rate = new StatusItem(QStringLiteral("rate"), this);
     m_rate->setStrong(true);
     m_rate->setTone(vemo_base::Token::Text);
+    m_rateText = rateText(0);
     m_rate->setSample(rateText(888.8));
-    m_rate->setWords(rateText(0));
+    m_rate->setWords(m_rateText);
     m_rate->setToolTip(tr("What all downloads together receive"));
     m_rate->setAccessibleName(m_rate->text());
     connect(m_rate, &QAbstractButton::clicked, this, &StatusBar::signalQueueClicked);
@@ -107,6 +118,8 @@ StatusBar::StatusBar(QWidget* parent)
     m_clock->setForegroundRole(QPalette::PlaceholderText);
     layout->addWidget(m_clock);
 
+    connect(&vemo_contact::SystemMsg::instance(), &vemo_contact::SystemMsg::signalDownloadTimeLeft, this,
+            &StatusBar::slotDownloadTimeLeft);
     connect(&vemo_contact::SystemMsg::instance(), &vemo_contact::SystemMsg::signalDownloadBitRate, this,
             &StatusBar::slotDownloadBitRate);
     connect(&vemo_worker::SystemConfig::instance(), &vemo_worker::SystemConfig::signalConfigChanged, this,
@@ -142,7 +155,8 @@ void StatusBar::tick()
     m_clock->setText(now.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")) + QLatin1String("  ") + offsetText(now));
     if (m_sinceRate.isValid() && m_sinceRate.elapsed() > rateHoldsMs) {
         m_sinceRate.invalidate();
-        m_rate->setWords(rateText(0));
+        m_rateText = rateText(0);
+        m_rate->setWords(m_rateText + m_leftText);
         m_rate->setAccessibleName(m_rate->text());
     }
     m_tickTimer.start(second - now.time().msec());
@@ -151,7 +165,15 @@ void StatusBar::tick()
 void StatusBar::slotDownloadBitRate(qint64 kbitPerSecond)
 {
     m_sinceRate.start();
-    m_rate->setWords(rateText(double(kbitPerSecond) / 8000.0));
+    m_rateText = rateText(double(kbitPerSecond) / 8000.0);
+    m_rate->setWords(m_rateText + m_leftText);
+    m_rate->setAccessibleName(m_rate->text());
+}
+
+void StatusBar::slotDownloadTimeLeft(qint64 seconds)
+{
+    m_leftText = seconds < 0 ? QString() : QStringLiteral(", ") + leftText(seconds);
+    m_rate->setWords(m_rateText + m_leftText);
     m_rate->setAccessibleName(m_rate->text());
 }
 

@@ -35,6 +35,7 @@ protected:
 
 private slots:
     void slotDownloadBitRate(qint64 kbitPerSecond);
+    void slotDownloadTimeLeft(qint64 seconds);
 
 private:
     void tick();
@@ -44,6 +45,8 @@ private:
 
     StatusItem* m_queue = nullptr;
     StatusItem* m_rate = nullptr;
+    QString m_rateText;
+    QString m_leftText;
     StatusItem* m_disk = nullptr;
     StatusItem* m_offline = nullptr;
     QLabel* m_clock = nullptr;

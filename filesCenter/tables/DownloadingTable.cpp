@@ -103,6 +103,7 @@ void DownloadingTable::setUpConnections()
             refreshTaskChannels();
             refreshSummary();
         }
+        tellTimeLeft();
     });
 
     const auto button = [this](const char* name, const QString& text, const char* icon, bool isPrimary,

@@ -87,6 +87,8 @@ private:
     void cancelInWorker(const QString& key);
 
     void refreshSummary();
+    qint64 secondsLeft() const;
+    void tellTimeLeft();
     void openRowMenu(int row, const QPoint& globalPos);
     void activateRow(int row);
     QString toolTipOf(const QString& key) const;
@@ -100,6 +102,7 @@ private:
     DownloadQueue m_queue;
     DownloadPace m_pace;
     QElapsedTimer m_clock;
+    qint64 m_toldSecondsLeft = -1;
     QSet<QString> m_paused;           ///< keys whose records have state 2
     QHash<QString, int> m_ownUpdates; ///< announcements to come of changes that were made here
     QTimer m_tryDownloadTimer;

@@ -15,6 +15,7 @@
 #include <DownloadTaskData.h>
 #include <Icons.h>
 #include <SystemAssistant.h>
+#include <SystemMsg.h>
 #include <TableWidget.h>
 #include <ToolsCollection.h>
 #include <VMessageBox.h>
@@ -211,8 +212,33 @@ void DownloadingTable::countsChanged()
         running += m_paused.contains(key) ? 0 : 1;
     const int waiting = m_queue.waitingCount() - m_queue.startingCount();
     DownloadQueueStatus::instance().setQueueCounts(running, waiting, m_paused.size());
+    if (running == 0)
+        tellTimeLeft();
     if (isVisible())
         refreshSummary();
+}
+
+/// Of all that runs or waits; -1 when that can't be told.
+qint64 DownloadingTable::secondsLeft() const
+{
+    if (m_queue.runningCount() == 0)
+        return -1;
+    qint64 waitingMs = 0;
+    const QStringList waiting = m_queue.waitingKeys();
+    for (const QString& key : waiting) {
+        const auto record = m_tasks.records().constFind(key);
+        if (record != m_tasks.records().constEnd())
+            waitingMs += record->beginTime.msecsTo(record->endTime);
+    }
+    return m_pace.secondsLeftForAll(waitingMs, m_clock.elapsed());
+}
+
+void DownloadingTable::tellTimeLeft()
+{
+    const qint64 left = secondsLeft();
+    if (left >= 0 || m_toldSecondsLeft >= 0)
+        emit vemo_contact::SystemMsg::instance().signalDownloadTimeLeft(left);
+    m_toldSecondsLeft = left;
 }
 
 void DownloadingTable::refreshSummary()
@@ -229,14 +255,7 @@ void DownloadingTable::refreshSummary()
                        .arg(running)
                        .arg(m_queue.waitingCount() - m_queue.startingCount())
                        .arg(m_paused.size());
-    qint64 waitingMs = 0;
-    const QStringList waiting = m_queue.waitingKeys();
-    for (const QString& key : waiting) {
-        const auto record = m_tasks.records().constFind(key);
-        if (record != m_tasks.records().constEnd())
-            waitingMs += record->beginTime.msecsTo(record->endTime);
-    }
-    const qint64 left = m_pace.secondsLeftForAll(waitingMs, m_clock.elapsed());
+    const qint64 left = secondsLeft();
     if (left >= 0)
         text += QLatin1Char(' ') + tr("About %1 left.").arg(TaskTexts::duration(left));
     m_frame->setSummary(text);

@@ -25,6 +25,9 @@ signals:
     /// are tried again by themselves. Told when one of the figures changed, once when the stored tasks were handed out,
     /// and never between two steps of one change: four zeros mean that nothing is left to do.
     void signalDownloadQueueChanged(int running, int waiting, int paused, int retrying);
+    /// Seconds until the queue's running and waiting downloads are done if they go on as now; -1 while that can't be
+    /// told, also when none runs. Told every few seconds while any runs.
+    void signalDownloadTimeLeft(qint64 seconds);
 
 private:
     SystemMsg();
