@@ -74,7 +74,7 @@ FailedTable::FailedTable(QWidget* parent)
            QStringLiteral("success"),
            tr("No download has failed."),
            tr("What fails is kept here until it is fetched or cleaned."),
-           tr("Failed tasks are tried again by themselves after a growing delay. \"redownload\" tries at once."),
+           tr("A failure that may pass is tried again after about a minute. \"redownload\" tries at once."),
            {{tr("Space"), tr("check")}, {tr("Enter"), tr("redownload")}, {tr("Del"), tr("clean the task")}}},
           {tr("All"), tr("Channel Name"), tr("Datetime Range"), tr("Location"), tr("State"), tr("Oper")}))
     , m_table(m_frame->table())
