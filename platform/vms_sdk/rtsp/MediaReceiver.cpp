@@ -221,6 +221,12 @@ std::int64_t MediaReceiver::lastTimeNs() const
     return track ? track->output.lastTimeNs() : 0;
 }
 
+std::int64_t MediaReceiver::widestStepNs() const
+{
+    const Track* track = lead();
+    return track ? track->output.widestStepNs() : 0;
+}
+
 std::int64_t MediaReceiver::intervalNs() const
 {
     const Track* track = lead();

@@ -52,6 +52,7 @@ public:
     std::int64_t lastTimeNs() const;
     /// Usual distance of its frames.
     std::int64_t intervalNs() const;
+    std::int64_t widestStepNs() const; ///< as TrackOutput::widestStepNs(), of the leading track
     bool allBye() const;
     bool allTerminal() const;
     bool leadTerminal() const;

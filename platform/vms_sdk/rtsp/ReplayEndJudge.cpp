@@ -19,6 +19,11 @@ bool isAtEnd(const EndPosition& position, qint64 toleranceNs)
     return endNs != 0 && position.lastTimeNs + std::max(toleranceNs, position.intervalNs * 2) >= endNs;
 }
 
+bool isWhole(const EndPosition& position)
+{
+    return isAtEnd(position, 0) && position.widestStepNs <= position.intervalNs * 7 / 4;
+}
+
 ReplayEnd judgeEnd(EndCause cause, const EndPosition& position)
 {
     switch (cause) {
@@ -32,7 +37,7 @@ ReplayEnd judgeEnd(EndCause cause, const EndPosition& position)
         return isAtEnd(position, orderlyToleranceNs) ? ReplayEnd::EndOfRecording : ReplayEnd::EndByDevice;
     case EndCause::Closed:
     case EndCause::Silence:
-        return isAtEnd(position, 0) ? ReplayEnd::EndOfRecording : ReplayEnd::Broken;
+        return isWhole(position) ? ReplayEnd::EndOfRecording : ReplayEnd::Broken;
     case EndCause::Fault:
         break;
     }

@@ -290,6 +290,7 @@ EndPosition ReplaySession::position() const
     EndPosition position;
     position.lastTimeNs = m_receiver ? m_receiver->lastTimeNs() : 0;
     position.intervalNs = m_receiver ? m_receiver->intervalNs() : 0;
+    position.widestStepNs = m_receiver ? m_receiver->widestStepNs() : 0;
     position.endNs = m_request.endNs;
     position.recordingEndNs = m_request.recordingEndNs;
     return position;
@@ -341,8 +342,7 @@ void ReplaySession::tick()
         endBy(EndCause::Terminal);
     else if (silenceMs >= trailingSilenceMs && endNs != 0 && m_receiver->leadReached(endNs))
         endBy(EndCause::ReachedEnd);
-    else if (silenceMs >= std::min(endSilenceMs, m_request.silenceTimeoutMs) && m_request.replay &&
-             isAtEnd(position(), 0))
+    else if (silenceMs >= std::min(endSilenceMs, m_request.silenceTimeoutMs) && m_request.replay && isWhole(position()))
         endBy(EndCause::Silence);
     else if (silenceMs >= m_request.silenceTimeoutMs || m_sincePacket.elapsed() >= packetTimeoutMs)
         endBy(EndCause::Silence, {ErrorKind::TimedOut, ReplayClient::tr("%1 has stopped sending.").arg(host()),

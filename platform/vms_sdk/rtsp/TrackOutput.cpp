@@ -124,6 +124,7 @@ vav::FrameHeader TrackOutput::makeHeader(std::int64_t timeNs, bool key, std::uin
     m_pendingDiscontinuity = false;
     m_firstAfterPlay = false;
     learnInterval(timeNs);
+    m_recentNs[m_recentCount++ % m_recentNs.size()] = timeNs;
     m_lastDecodedNs = timeNs;
     ++m_frames;
     return header;
@@ -139,8 +140,20 @@ void TrackOutput::judgeGap(vav::FrameHeader& header)
     if (!silentGap && !toldGap)
         return;
     header.flags |= vav::Discontinuity;
+    m_recentCount = 0;
     if (jumpNs > told)
         header.gapBeginNs = m_newestNs + m_intervalNs;
+}
+
+std::int64_t TrackOutput::widestStepNs() const
+{
+    std::array<std::int64_t, 8> times = m_recentNs;
+    const auto end = times.begin() + static_cast<std::ptrdiff_t>(std::min(m_recentCount, times.size()));
+    std::sort(times.begin(), end);
+    std::int64_t widest = 0;
+    for (auto time = times.begin(); time != end && time + 1 != end; ++time)
+        widest = std::max(widest, time[1] - time[0]);
+    return widest;
 }
 
 void TrackOutput::learnInterval(std::int64_t timeNs)

@@ -3,6 +3,7 @@
 #include "RtpPacket.h"
 #include "StreamBatcher.h"
 
+#include <array>
 #include <cstdint>
 
 namespace vms_sdk::rtsp {
@@ -47,6 +48,8 @@ public:
     } ///< of the newest frame in presentation order, 0 before the first
     std::int64_t intervalNs() const { return m_intervalNs; } ///< usual distance of frames, 0 while unknown
     std::int64_t reorderNs() const { return m_reorderNs; }   ///< how far a frame came behind a newer one, at most
+    /// Between two neighbours in presentation order among the last few frames, none of them before a gap; 0 below two.
+    std::int64_t widestStepNs() const;
     std::uint64_t frames() const { return m_frames; }
     std::uint64_t lostUnits() const { return m_totalLost; }
     bool isTerminal() const { return m_terminal; } ///< the frame with the T bit has come
@@ -75,7 +78,9 @@ private:
     std::int64_t m_lastDecodedNs = 0;
     std::int64_t m_intervalNs = 0;
     std::int64_t m_reorderNs = 0;
-    std::int64_t m_leastDistanceNs = 0; ///< over the last m_distances frames
+    std::array<std::int64_t, 8> m_recentNs{}; ///< the last frames, more than a coder reorders
+    std::size_t m_recentCount = 0;            ///< since the begin or a gap
+    std::int64_t m_leastDistanceNs = 0;       ///< over the last m_distances frames
     int m_distances = 0;
     std::uint32_t m_lost = 0;
     std::uint64_t m_totalLost = 0;
