@@ -11,7 +11,7 @@
 
 namespace recorder_sim {
 
-/// Which packets carry the replay header extension (ONVIF Streaming Specification 6.3).
+/// Which packets carry the replay header extension (ONVIF Streaming 6.3).
 enum class ExtensionMode { None, AccessUnit, EveryPacket };
 
 struct PlanOptions

@@ -9,7 +9,7 @@ class QUdpSocket;
 
 namespace recorder_sim {
 
-/// Answers WS-Discovery probes (WS-Discovery 2005/04, ONVIF Core Specification 7) for a network video transmitter on
+/// Answers WS-Discovery probes (WS-Discovery 2005/04, ONVIF Core 7) for a network video transmitter on
 /// UDP port 3702, multicast and unicast, with the ONVIF address of this recorder. Has a thread of its own from start()
 /// to destruction.
 class WsDiscovery final

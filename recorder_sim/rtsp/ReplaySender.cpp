@@ -217,7 +217,7 @@ std::string_view ReplaySender::gather(const ReplayRun& run, PatchedPlan& patched
 
 std::uint8_t ReplaySender::flagsOf(const ReplayRun& run, const MediaItem& item)
 {
-    // ONVIF Streaming Specification 6.3: C clean point, E end of contiguous section, D discontinuity, T terminal frame.
+    // ONVIF Streaming 6.3: C clean point, E end of contiguous section, D discontinuity, T terminal frame.
     std::uint8_t flags = item.key ? 0x80 : 0;
     if (m_position == run.lastPosition[item.track]) {
         if (run.endsAtGap)

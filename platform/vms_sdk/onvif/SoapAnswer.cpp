@@ -46,7 +46,7 @@ struct FaultMeaning
     ErrorKind kind;
 };
 
-// ONVIF Core Specification 5.8.2 and the services' own faults; the innermost code that is known decides.
+// ONVIF Core 5.8.2 and the services' own faults; the innermost code that is known decides.
 const FaultMeaning faultMeanings[] = {
     {"AccountLocked", ErrorKind::AccountLocked},
     {"UserLocked", ErrorKind::AccountLocked},

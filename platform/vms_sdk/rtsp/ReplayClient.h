@@ -41,7 +41,7 @@ enum class ReplayEnd : int {
     Broken = 4,         ///< broke off after it played
 };
 
-/// One RTSP session that plays a recording (RFC 2326, ONVIF Streaming Specification clause 6) and turns it into batches
+/// One RTSP session that plays a recording (RFC 2326, ONVIF Streaming clause 6) and turns it into batches
 /// of vav_frame packets. Lives on a network thread together with its socket; functions are called there. Owned by its
 /// maker. The life: start(), playing(), any number of packets(), ended() once; after stop() no signal comes any more.
 /// It never logs a password.

@@ -5,7 +5,7 @@
 
 namespace vms_sdk::rtsp {
 
-/// The replay header extension (ONVIF Streaming Specification clause 6.3, extension 0xABAC).
+/// The replay header extension (ONVIF Streaming clause 6.3, extension 0xABAC).
 struct ReplayExtension
 {
     bool present = false;
