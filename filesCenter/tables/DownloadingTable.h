@@ -23,9 +23,9 @@ class TaskPageFrame;
 /// Page of the downloads that wait, run or are paused, and their scheduler: at most five start or run at a time. GUI
 /// thread, owned by the form; it works hidden as well.
 ///
-/// A row lives from
-/// the store's announcement of its task to its end: what ends is stored first, and the store's announcement brings the
-/// record to the table of its state. Records leave this table in one commit with the parts that they become.
+/// A row lives from the store's announcement of its task to its end: what ends is stored first, and the store's
+/// announcement brings the record to the table of its state. Records leave this table in one commit with the parts that
+/// they become.
 class DownloadingTable final : public QWidget, public DownloadTasksTable
 {
     Q_OBJECT

@@ -24,7 +24,7 @@ constexpr char search[] = "http://www.onvif.org/ver10/search/wsdl";
 constexpr char replay[] = "http://www.onvif.org/ver10/replay/wsdl";
 } // namespace onvif_ns
 
-/// A fault by the ONVIF Core 5.8.2: code Sender or Receiver, up to two subcodes, a reason. No fault:
+/// A fault by ONVIF Core 5.8.2: code Sender or Receiver, up to two subcodes, a reason. No fault:
 /// empty code.
 struct SoapFault
 {

@@ -22,7 +22,7 @@ struct RtspResponse
     void add(const std::string& name, const std::string& value) { headers.emplace_back(name, value); }
 };
 
-/// The state of one RTSP connection's session (RFC 2326, replay by the ONVIF Streaming 6): answers
+/// The state of one RTSP connection's session (RFC 2326, replay by ONVIF Streaming 6): answers
 /// requests and owns the sender. Pure of sockets; used by the connection's thread. One session a connection, no UDP.
 class RtspSession final
 {
