@@ -14,10 +14,16 @@ struct LocalRecordingIndexInfo
     int channelNo = 0;
     QString channelId;
     QString channelName; ///< as it was when the file was written
-    QString devName;     ///< the same, may be empty
+    QString problem;     ///< what is wrong with the file, one sentence; empty: nothing
+    QString devName;     ///< as channelName, may be empty
     QDateTime beginTime; ///< local
     QDateTime endTime;
     QString filePath; ///< absolute; the key of the record
+    qint64 bytes = 0; ///< of the file when it was last looked at
+    /// The file does not tell its span itself: it was made of the time at which it was last written.
+    bool isSpanGuessed = false;
+
+    bool ok() const { return problem.isEmpty(); }
 };
 
 } // namespace VCOMMON

@@ -1,5 +1,6 @@
 #include "BaseTools.h"
 
+#include "NaturalOrder.h"
 #include "TableWidget.h"
 
 #include <DevsMgrData.h>
@@ -123,6 +124,11 @@ QString BaseTools::get2DatetimeIntervalTime(const QDateTime& begin, const QDateT
     const auto twoDigits = [](qint64 number) { return QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0')); };
     return twoDigits(seconds / hour) + QLatin1Char(':') + twoDigits(seconds % hour / minute) + QLatin1Char(':') +
            twoDigits(seconds % minute);
+}
+
+bool BaseTools::strLessThan(const QString& one, const QString& other) const
+{
+    return NaturalOrder::lessThan(one, other);
 }
 
 QWidget* BaseTools::getRootParentWt(QWidget* widget) const

@@ -51,6 +51,9 @@ public:
     /// The time that passed from `begin` to `end` as "hh:mm:ss", hours beyond 24 included; "00:00:00" when none did.
     QString get2DatetimeIntervalTime(const QDateTime& begin, const QDateTime& end) const;
 
+    /// The client's natural order of names: "Channel 2" before "Channel 10", see NaturalOrder.
+    bool strLessThan(const QString& one, const QString& other) const;
+
     /// The window or page-wide widget that boxes over `widget` belong to.
     QWidget* getRootParentWt(QWidget* widget) const;
     /// Numbers the rows of the order-number column, column 0, from `firstNumber` on. A TableWidget paints its numbers,

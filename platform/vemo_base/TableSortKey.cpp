@@ -1,8 +1,9 @@
 #include "TableSortKey.h"
 
+#include "NaturalOrder.h"
+
 #include <QCollator>
 #include <QDateTime>
-#include <QLocale>
 #include <QTableWidget>
 
 #include <algorithm>
@@ -74,11 +75,7 @@ QVector<QVariant> TableSortKey::keysOf(const QTableWidget* table, int column, in
 
 QVector<int> TableSortKey::orderOf(const QVector<QVariant>& keys, Qt::SortOrder order)
 {
-    // The C locale compares bytes and knows no numbers.
-    const QLocale locale;
-    QCollator collator(locale.language() == QLocale::C ? QLocale(QLocale::English) : locale);
-    collator.setNumericMode(true);
-    collator.setCaseSensitivity(Qt::CaseInsensitive);
+    const QCollator& collator = NaturalOrder::collator();
     std::vector<Key> read;
     read.reserve(static_cast<std::size_t>(keys.size()));
     for (const QVariant& key : keys)

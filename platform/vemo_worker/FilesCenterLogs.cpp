@@ -105,17 +105,35 @@ FilesCenterLogs& FilesCenterLogs::instance()
     return logs;
 }
 
-void FilesCenterLogs::recordDownloadEventLog(const QString& device, int channelNo, const QString& channelName,
-                                             const QString& text)
+void FilesCenterLogs::post(Kind kind, const QString& device, int channelNo, const QString& channelName,
+                           const QString& text)
 {
     Entry line;
     line.time = QDateTime::currentDateTime();
-    line.kind = Download;
+    line.kind = kind;
     line.device = device;
     line.channelNo = channelNo;
     line.channelName = channelName;
     line.text = text;
     vemo_data::Database::instance().post([line](QSqlDatabase& db) { return write(db, line); });
+}
+
+void FilesCenterLogs::recordDownloadEventLog(const QString& device, int channelNo, const QString& channelName,
+                                             const QString& text)
+{
+    post(Download, device, channelNo, channelName, text);
+}
+
+void FilesCenterLogs::deleteLocalRecordLog(const QString& device, int channelNo, const QString& channelName,
+                                           const QString& text)
+{
+    post(LocalRecordDeletion, device, channelNo, channelName, text);
+}
+
+void FilesCenterLogs::deleteLocalCaptureLog(const QString& device, int channelNo, const QString& channelName,
+                                            const QString& text)
+{
+    post(LocalCaptureDeletion, device, channelNo, channelName, text);
 }
 
 void FilesCenterLogs::query(const Query& query, QObject* context, Page page)

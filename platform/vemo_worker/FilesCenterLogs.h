@@ -19,7 +19,7 @@ class VEMO_WORKER_EXPORT FilesCenterLogs final : public QObject
     Q_DISABLE_COPY_MOVE(FilesCenterLogs)
 
 public:
-    enum Kind : int { Unknown = 0, Download = 1 };
+    enum Kind : int { Unknown = 0, Download = 1, LocalRecordDeletion = 2, LocalCaptureDeletion = 3 };
 
     struct Entry
     {
@@ -51,9 +51,13 @@ public:
     void query(const Query& query, QObject* context, Page page);
 
     void recordDownloadEventLog(const QString& device, int channelNo, const QString& channelName, const QString& text);
+    void deleteLocalRecordLog(const QString& device, int channelNo, const QString& channelName, const QString& text);
+    void deleteLocalCaptureLog(const QString& device, int channelNo, const QString& channelName, const QString& text);
 
 private:
     FilesCenterLogs();
+
+    static void post(Kind kind, const QString& device, int channelNo, const QString& channelName, const QString& text);
 };
 
 } // namespace vemo_worker
