@@ -2,6 +2,8 @@
 
 #include "FileManager.h"
 
+#include <QDateTime>
+#include <QFile>
 #include <QFileInfo>
 #include <QTextBoundaryFinder>
 
@@ -111,6 +113,26 @@ QString ToolsCollection::freeFileName(const QString& path)
         if (!other.exists() && !other.isSymLink())
             return candidate;
     }
+}
+
+bool ToolsCollection::copyFile(const QString& source, const QString& destination)
+{
+    const QFileInfo from(source);
+    const QFileInfo there(destination);
+    if (from.isFile() && there.isFile() && from.size() == there.size() && from.lastModified() == there.lastModified())
+        return true;
+    const QString temporary = freeFileName(destination + QStringLiteral(".part"));
+    if (!QFile::copy(source, temporary))
+        return false;
+    QFile copy(temporary);
+    if (copy.open(QIODevice::ReadWrite)) {
+        copy.setFileTime(from.lastModified(), QFileDevice::FileModificationTime);
+        copy.close();
+    }
+    if (copy.rename(freeFileName(destination)))
+        return true;
+    copy.remove();
+    return false;
 }
 
 void ToolsCollection::openFolder(const QString& path)

@@ -26,6 +26,12 @@ public:
     /// `path` itself when nothing stands there, else the same with " (2)", " (3)", ... before the suffix.
     static QString freeFileName(const QString& path);
 
+    /// Copies a small file before it returns: under a temporary name beside the destination, with the source's
+    /// modification time, then renamed. An equal file (size and time) that stands there counts as the copy, beside
+    /// another one the copy takes a free name. False when it failed; nothing is left then. Waits for the disk; any
+    /// thread.
+    static bool copyFile(const QString& source, const QString& destination);
+
     /// Shows a folder in the desktop's file manager. Returns at once, whatever the desktop does; any thread.
     static void openFolder(const QString& path);
     /// Shows the folder of a file with the file selected; where the desktop can't select, the folder alone. Returns at
