@@ -23,11 +23,17 @@ constexpr qint64 incompleteFromMs = 1500; ///< frames don't lie on the asked ins
 constexpr double mega = 1e6;
 constexpr double megabyte = 1048576;
 
+QString clock(const QDateTime& time)
+{
+    return time.toString(QStringLiteral("hh:mm:ss"));
+}
+
 QString span(const QDateTime& begin, const QDateTime& end)
 {
     const vemo_base::BaseTools& tools = vemo_base::BaseTools::instance();
     return TaskDetailsText::tr("%1 to %2 (%3)")
-        .arg(tools.strDatetime(begin, true, false), tools.strDatetime(end, begin.date() != end.date(), false),
+        .arg(tools.strDatetime(begin, true, false),
+             begin.date() == end.date() ? clock(end) : tools.strDatetime(end, true, false),
              TaskDetailsText::length(begin.msecsTo(end)));
 }
 
@@ -84,7 +90,7 @@ void addGaps(QVector<DetailLine>& lines, const TaskReportFacts& report)
                                                                              : gap.cause;
         lines.append({label,
                       TaskDetailsText::tr("%1 to %2, %3, %4")
-                          .arg(tools.strDatetime(gap.begin, dated, false), tools.strDatetime(gap.end, false, false),
+                          .arg(dated ? tools.strDatetime(gap.begin, true, false) : clock(gap.begin), clock(gap.end),
                                TaskDetailsText::length(gap.begin.msecsTo(gap.end)), cause),
                       DetailLine::Kind::Warning});
         label.clear();

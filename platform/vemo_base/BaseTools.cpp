@@ -17,6 +17,13 @@ namespace {
 
 const QChar separator(QLatin1Char('|'));
 
+/// When clocks go back, the same clock time comes once more an hour before or after.
+bool isInDoubledHour(const QDateTime& time)
+{
+    constexpr qint64 hour = 3600;
+    return time.addSecs(hour).time() == time.time() || time.addSecs(-hour).time() == time.time();
+}
+
 } // namespace
 
 BaseTools& BaseTools::instance()
@@ -108,12 +115,24 @@ QString BaseTools::strDate(const QDate& date, bool withWeekday) const
     return withWeekday ? QLocale().dayName(date.dayOfWeek(), QLocale::ShortFormat) + QLatin1Char(' ') + text : text;
 }
 
-QString BaseTools::strDatetime(const QDateTime& time, bool withDate, bool withMs) const
+QString BaseTools::strDatetime(const QDateTime& time, bool plain, bool withMs) const
 {
     if (!time.isValid())
         return {};
     const QString clock = time.toString(withMs ? QStringLiteral("hh:mm:ss.zzz") : QStringLiteral("hh:mm:ss"));
-    return withDate ? strDate(time.date(), false) + QLatin1Char(' ') + clock : clock;
+    const QString text = strDate(time.date(), false) + QLatin1Char(' ') + clock;
+    return plain || !isInDoubledHour(time)
+               ? text
+               : text + QLatin1Char(' ') + time.toOffsetFromUtc(time.offsetFromUtc()).toString(QStringLiteral("t"));
+}
+
+QString BaseTools::strTimeRange(const QDateTime& begin, const QDateTime& end) const
+{
+    if (!begin.isValid() || !end.isValid())
+        return {};
+    const QString last =
+        begin.date() == end.date() ? end.toString(QStringLiteral("hh:mm:ss")) : strDatetime(end, true, false);
+    return strDatetime(begin, true, false) + QLatin1Char('~') + last;
 }
 
 QString BaseTools::get2DatetimeIntervalTime(const QDateTime& begin, const QDateTime& end) const

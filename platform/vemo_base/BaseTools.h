@@ -46,8 +46,11 @@ public:
 
     /// The date in the person's format, with the day of the week ahead of it when asked; empty for an invalid one.
     QString strDate(const QDate& date, bool withWeekday) const;
-    /// The clock time "hh:mm:ss", the date ahead of it and milliseconds behind it when asked; empty for an invalid one.
-    QString strDatetime(const QDateTime& time, bool withDate, bool withMs) const;
+    /// Date in the person's format and clock time, "2026-01-10 08:00:00", with milliseconds when asked; empty for an
+    /// invalid one. In an hour that the clocks run through twice the offset from UTC follows, unless `plain`.
+    QString strDatetime(const QDateTime& time, bool plain, bool withMs) const;
+    /// "2026-01-08 08:00:00~08:31:00"; the end's date only where it is another one.
+    QString strTimeRange(const QDateTime& begin, const QDateTime& end) const;
     /// The time that passed from `begin` to `end` as "hh:mm:ss", hours beyond 24 included; "00:00:00" when none did.
     QString get2DatetimeIntervalTime(const QDateTime& begin, const QDateTime& end) const;
 

@@ -54,7 +54,8 @@ void TableHeader::paintSection(QPainter* painter, const QRect& rect, int logical
     painter->setPen(themeColor(mode, Token::Text2));
     const QString text = model()->headerData(logicalIndex, Qt::Horizontal).toString();
     if (logicalIndex == 0 && m_hasCheckBox) {
-        paintCheckBox(painter, rect, text);
+        if (m_paintsCheckBox)
+            paintCheckBox(painter, rect, text);
         painter->restore();
         return;
     }

@@ -18,6 +18,8 @@ public:
 
     void setHasCheckBox(bool has) { m_hasCheckBox = has; }
     bool hasCheckBox() const { return m_hasCheckBox; }
+    /// False: a widget stands in its place.
+    void setPaintsCheckBox(bool paints) { m_paintsCheckBox = paints; }
     Qt::CheckState checkState() const;
 
     QSize sizeHint() const override;
@@ -31,6 +33,7 @@ private:
 
     TableWidget* m_table;
     bool m_hasCheckBox = false;
+    bool m_paintsCheckBox = true;
 };
 
 } // namespace vemo_base

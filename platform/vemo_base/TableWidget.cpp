@@ -130,6 +130,12 @@ void TableWidget::setCheckHeader(const QString& text)
     setHorizontalHeaderItem(0, new QTableWidgetItem(text));
 }
 
+void TableWidget::setCheckHeaderOfWidget()
+{
+    setCheckHeader(QString());
+    m_header->setPaintsCheckBox(false);
+}
+
 QList<int> TableWidget::checkedRows() const
 {
     QList<int> rows;

@@ -29,7 +29,7 @@ class TableHeader;
 /// the table is sorted stays where it was inserted until the event loop runs, then moves to its sorted place; in the
 /// natural order it stands directly below the row that was above it when it came (row 0: at the top). The table asks
 /// for the height of its rows and no more: let a stretch follow it in its layout.
-class VEMO_BASE_EXPORT TableWidget final : public QTableWidget
+class VEMO_BASE_EXPORT TableWidget : public QTableWidget
 {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(TableWidget)
@@ -64,6 +64,8 @@ public:
 
     /// Puts the "All" box into the header of column 0; a row's check is the check state of its item in column 0.
     void setCheckHeader(const QString& text);
+    /// The same where a widget stands in the header of column 0 and shows the box there.
+    void setCheckHeaderOfWidget();
     QList<int> checkedRows() const;
     int checkedCount() const { return m_marks.checkedCount(); }
     int shownCount() const { return m_marks.shownCount(); }

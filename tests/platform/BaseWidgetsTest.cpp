@@ -92,7 +92,9 @@ void BaseWidgetsTest::writesTimesInThePersonsFormat()
     const BaseTools& tools = BaseTools::instance();
     const QDateTime time = at("2026-01-10T08:00:00.042");
     QCOMPARE(tools.strDatetime(time, true, false), QStringLiteral("2026-01-10 08:00:00"));
-    QCOMPARE(tools.strDatetime(time, false, true), QStringLiteral("08:00:00.042"));
+    QCOMPARE(tools.strDatetime(time, false, true), QStringLiteral("2026-01-10 08:00:00.042"));
+    QCOMPARE(tools.strTimeRange(time, time.addSecs(60)), QStringLiteral("2026-01-10 08:00:00~08:01:00"));
+    QCOMPARE(tools.strTimeRange(time, time.addDays(1)), QStringLiteral("2026-01-10 08:00:00~2026-01-11 08:00:00"));
     vemo_worker::SystemConfig::instance().setDateFormat(QStringLiteral("dd.MM.yyyy"));
     QCOMPARE(tools.strDatetime(time, true, false), QStringLiteral("10.01.2026 08:00:00"));
     QCOMPARE(tools.strDate(time.date(), false), QStringLiteral("10.01.2026"));

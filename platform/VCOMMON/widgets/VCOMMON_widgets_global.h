@@ -1,0 +1,9 @@
+#pragma once
+
+#include <QtGlobal>
+
+#ifdef VCOMMON_WIDGETS_LIBRARY
+#define VCOMMON_WIDGETS_EXPORT Q_DECL_EXPORT
+#else
+#define VCOMMON_WIDGETS_EXPORT Q_DECL_IMPORT
+#endif
