@@ -6,6 +6,8 @@ DataSignals::DataSignals()
 {
     qRegisterMetaType<DownloadTaskInfo>();
     qRegisterMetaType<QList<DownloadTaskInfo>>();
+    qRegisterMetaType<QList<BackupTaskInfo>>();
+    qRegisterMetaType<QList<BackupTaskInfo::FileInfo>>();
     qRegisterMetaType<QMap<int, QSet<QString>>>();
 }
 

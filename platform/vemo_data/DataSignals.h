@@ -1,5 +1,6 @@
 #pragma once
 
+#include "BackupTaskInfo.h"
 #include "DownloadTaskInfo.h"
 #include "vemo_data_global.h"
 
@@ -8,6 +9,7 @@
 #include <QMap>
 #include <QObject>
 #include <QSet>
+#include <QStringList>
 
 namespace vemo_data {
 
@@ -25,6 +27,11 @@ signals:
     void signalUpdateDownloadTasksInLocalDB(const QList<vemo_data::DownloadTaskInfo>& tasks);
     /// Keyed by the state that the deleted tasks were in.
     void signalDeleteDownloadTasksFromLocalDB(const QMap<int, QSet<QString>>& taskIdsByState);
+
+    void signalAddBackupTasksSuccess(const QList<vemo_data::BackupTaskInfo>& tasks);
+    void signalDeleteBackupTasksSuccess(const QStringList& taskIds);
+    void signalUpdateBackupResultsSuccess(const QString& taskId,
+                                          const QList<vemo_data::BackupTaskInfo::FileInfo>& fileInfos);
 
     /// A device was added, removed, or what is known of it or of its channels changed.
     void signalDevInfoChanged(const QString& devId);

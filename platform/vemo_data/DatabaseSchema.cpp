@@ -98,6 +98,46 @@ const std::vector<Step>& steps()
                 DELETE FROM task_facts WHERE task_id = old.task_id;
             END)",
         },
+        {
+            R"(CREATE TABLE backup_tasks (
+                seq INTEGER PRIMARY KEY AUTOINCREMENT,         -- order of adding
+                task_id TEXT NOT NULL UNIQUE,
+                day TEXT NOT NULL CHECK (length(day) = 10),    -- yyyy-MM-dd
+                channel_id TEXT NOT NULL,
+                channel_name TEXT NOT NULL,
+                device_no TEXT NOT NULL,
+                channel_no INTEGER NOT NULL,
+                searched INTEGER NOT NULL DEFAULT 0 CHECK (searched IN (0, 1)) -- backup_held tells what was found
+            ))",
+            "CREATE INDEX backup_tasks_day ON backup_tasks (day)",
+            // Times of day in ms since midnight by the clock, 0 to 86 399 999.
+            R"(CREATE TABLE backup_segments (
+                task_id TEXT NOT NULL REFERENCES backup_tasks (task_id) ON DELETE CASCADE,
+                place INTEGER NOT NULL,
+                start_ms INTEGER NOT NULL CHECK (start_ms BETWEEN 0 AND 86399999),
+                end_ms INTEGER NOT NULL CHECK (end_ms BETWEEN 0 AND 86399999),
+                PRIMARY KEY (task_id, place)
+            ) WITHOUT ROWID)",
+            R"(CREATE TABLE backup_files (
+                task_id TEXT NOT NULL REFERENCES backup_tasks (task_id) ON DELETE CASCADE,
+                place INTEGER NOT NULL,
+                start_ms INTEGER NOT NULL CHECK (start_ms BETWEEN 0 AND 86399999),
+                end_ms INTEGER NOT NULL CHECK (end_ms BETWEEN 0 AND 86399999),
+                file_path TEXT NOT NULL,                       -- empty: no recording, or not fetched yet
+                finished INTEGER NOT NULL CHECK (finished IN (0, 1)),
+                starts_in_second_pass INTEGER NOT NULL CHECK (starts_in_second_pass IN (0, 1)),
+                ends_in_first_pass INTEGER NOT NULL CHECK (ends_in_first_pass IN (0, 1)),
+                PRIMARY KEY (task_id, place)
+            ) WITHOUT ROWID)",
+            // What the device held at the last search.
+            R"(CREATE TABLE backup_held (
+                task_id TEXT NOT NULL REFERENCES backup_tasks (task_id) ON DELETE CASCADE,
+                place INTEGER NOT NULL,
+                begin_utc_ms INTEGER NOT NULL,                 -- since 1970
+                end_utc_ms INTEGER NOT NULL CHECK (end_utc_ms >= begin_utc_ms),
+                PRIMARY KEY (task_id, place)
+            ) WITHOUT ROWID)",
+        },
     };
     return all;
 }

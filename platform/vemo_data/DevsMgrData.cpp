@@ -35,7 +35,7 @@ void DevsMgrData::load()
         if (m_devs.contains(devId))
             continue;
         m_order.append(devId);
-        m_devs.insert(devId, Entry{dev.first, dev.second, false});
+        m_devs.insert(devId, Entry{dev.first, dev.second, false, {}});
         emit DataSignals::instance().signalDevInfoChanged(devId);
     }
 }
@@ -129,9 +129,10 @@ bool DevsMgrData::isSaasDev(const QString& devId) const
 
 void DevsMgrData::login(const QString& devId, const QString& password, const vms_sdk::TlsPolicy& tls)
 {
-    const auto found = m_devs.constFind(devId);
-    if (found == m_devs.constEnd())
+    const auto found = m_devs.find(devId);
+    if (found == m_devs.end())
         return;
+    found->password = PasswordTraits::of(password);
     vms_sdk::DevLogin login;
     login.devId = devId;
     login.name = found->record.name;
@@ -142,6 +143,11 @@ void DevsMgrData::login(const QString& devId, const QString& password, const vms
     if (login.tls.pinnedKeySha256.isEmpty())
         login.tls.pinnedKeySha256 = found->record.pinnedKeySha256;
     vms_sdk::login_dev_req(login);
+}
+
+PasswordTraits DevsMgrData::passwordTraits(const QString& devId) const
+{
+    return m_devs.value(devId).password;
 }
 
 void DevsMgrData::storeInfo(const vms_sdk::DevInfo& info)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "DevRecord.h"
+#include "PasswordTraits.h"
 #include "vemo_data_global.h"
 
 #include <VmsTypes.h>
@@ -46,6 +47,8 @@ public:
 
     /// Logs in through the device client SDK; the answer comes as vms_sdk::ClientSignals::signalDevLoginRes.
     void login(const QString& devId, const QString& password, const vms_sdk::TlsPolicy& tls = {});
+    /// Of the password that the device was last logged in with.
+    PasswordTraits passwordTraits(const QString& devId) const;
 
 private:
     struct Entry
@@ -53,6 +56,7 @@ private:
         DevRecord record;
         vms_sdk::DevInfo info; ///< as last told by the device
         bool session = false;
+        PasswordTraits password;
     };
 
     DevsMgrData();
