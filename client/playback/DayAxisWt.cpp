@@ -1,7 +1,7 @@
 #include "DayAxisWt.h"
 
-#include "SpanWords.h"
-
+#include <axis/AxisPainter.h>
+#include <axis/SpanWords.h>
 #include <StylePainter.h>
 #include <ThemeTokens.h>
 
@@ -17,13 +17,20 @@
 
 namespace vemo_client {
 
+using vemo_base::AxisPainter;
+using vemo_base::AxisRow;
+using vemo_base::DayAxis;
+using vemo_base::SpanWords;
+using vemo_base::TimeSpan;
+
 namespace {
 
+using vemo_base::ThemeMode;
 using vemo_base::Token;
 
 constexpr int nameWidth = 170;
 constexpr int edge = 16;
-constexpr int halfLabel = 12;
+constexpr int halfLabel = AxisPainter::halfLabel;
 constexpr int topRoom = 16;
 constexpr int hoursRoom = 26;
 constexpr int tallRow = 28;
@@ -35,23 +42,14 @@ constexpr int lineHeight = 4;
 constexpr int leastAlarm = 3;
 constexpr int handle = 12;
 constexpr int grip = 8;
-constexpr int tick = 4;
-constexpr int labelPixels = 11;
 constexpr int captionPixels = 12;
-constexpr int hoursADay = 24;
 constexpr int nowMs = 15'000;
 constexpr double markTint = 0.24;
 constexpr double radius = 8;
 
 QColor dark(Token token)
 {
-    return vemo_base::themeColor(vemo_base::ThemeMode::Dark, token);
-}
-
-/// To a whole device pixel.
-double snapped(double value, double ratio)
-{
-    return std::round(value * ratio) / ratio;
+    return vemo_base::themeColor(ThemeMode::Dark, token);
 }
 
 } // namespace
@@ -178,7 +176,7 @@ const DayAxisWt::Line& DayAxisWt::line(int row, int pixels)
     const ChannelDay& day = m_channels.at(row);
     if (line.runs.isEmpty() && !day.recordings.isEmpty()) {
         line.runs = AxisRow::runs(m_axis, day.recordings, pixels, leastAlarm);
-        line.chosen = AxisRow::chosenRuns(m_axis, day, pixels);
+        line.chosen = AxisRow::chosenRuns(m_axis, day.recordings, day.chosen, pixels);
     }
     return line;
 }
@@ -200,19 +198,20 @@ void DayAxisWt::paintEvent(QPaintEvent*)
         paintRow(&painter, row, ratio);
     if (m_channels.isEmpty())
         painter.fillRect(QRect(axis.topLeft(), QSize(axis.width(), tallRow)), dark(Token::Axis));
-    paintClockChanges(&painter);
+    AxisPainter::clockChanges(&painter, m_axis, axis, font());
     painter.restore();
 
-    paintNow(&painter);
+    AxisPainter::now(&painter, m_axis, axis, QDateTime::currentMSecsSinceEpoch(), ThemeMode::Dark);
     paintSpan(&painter);
     if (m_pointerX >= 0 && !m_pick.isDragging()) {
         QColor pointer = dark(Token::Text2);
-        painter.fillRect(QRectF(snapped(m_pointerX, ratio), axis.top(), 1 / ratio, axis.height()), pointer);
+        painter.fillRect(QRectF(AxisPainter::snapped(m_pointerX, ratio), axis.top(), 1 / ratio, axis.height()),
+                         pointer);
     }
-    paintHours(&painter);
+    AxisPainter::hours(&painter, axis, font(), ThemeMode::Dark);
     if (m_keyboardFocus) {
         painter.setRenderHint(QPainter::Antialiasing);
-        vemo_base::StylePainter::focusRing(&painter, viewport()->rect(), radius, vemo_base::ThemeMode::Dark);
+        vemo_base::StylePainter::focusRing(&painter, viewport()->rect(), radius, ThemeMode::Dark);
     }
 }
 
@@ -258,40 +257,6 @@ void DayAxisWt::paintRow(QPainter* painter, int row, double ratio)
                       painter->fontMetrics().elidedText(words, Qt::ElideRight, room.width()));
 }
 
-void DayAxisWt::paintClockChanges(QPainter* painter) const
-{
-    const QRect axis = axisRect();
-    const auto rectOf = [&axis](const DayAxis::Piece& piece) {
-        return QRectF(axis.x() + piece.from * axis.width(), axis.y(), (piece.to - piece.from) * axis.width(),
-                      axis.height());
-    };
-    for (const DayAxis::Piece& piece : m_axis.missing())
-        painter->fillRect(rectOf(piece), QBrush(dark(Token::Control), Qt::BDiagPattern));
-    QFont small = font();
-    small.setPixelSize(labelPixels);
-    painter->setFont(small);
-    painter->setPen(dark(Token::Text));
-    for (const DayAxis::Piece& piece : m_axis.doubled())
-        painter->drawText(rectOf(piece).adjusted(2, 1, 0, 0), int(Qt::AlignHCenter | Qt::AlignTop),
-                          QStringLiteral("x2"));
-}
-
-void DayAxisWt::paintNow(QPainter* painter) const
-{
-    const qint64 now = QDateTime::currentMSecsSinceEpoch();
-    if (now < m_axis.beginMs() || now >= m_axis.endMs())
-        return;
-    const QRect axis = axisRect();
-    const int x = xOf(now);
-    painter->fillRect(QRect(x, axis.top(), 1, axis.height()), dark(Token::Text));
-    painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(Qt::NoPen);
-    painter->setBrush(dark(Token::Text));
-    painter->drawPolygon(QPolygonF(
-        {QPointF(x - 3.5, axis.top() - 6), QPointF(x + 4.5, axis.top() - 6), QPointF(x + 0.5, axis.top() - 1)}));
-    painter->setRenderHint(QPainter::Antialiasing, false);
-}
-
 void DayAxisWt::paintSpan(QPainter* painter) const
 {
     const std::optional<TimeSpan>& span = m_pick.span();
@@ -312,25 +277,6 @@ void DayAxisWt::paintSpan(QPainter* painter) const
         painter->drawRoundedRect(QRectF(x - handle / 2.0, axis.top() - handle, handle, handle - 2), 3, 3);
     }
     painter->setRenderHint(QPainter::Antialiasing, false);
-}
-
-void DayAxisWt::paintHours(QPainter* painter) const
-{
-    const QRect axis = axisRect();
-    const int top = axis.bottom() + 1;
-    QFont small = font();
-    small.setPixelSize(labelPixels);
-    painter->setFont(small);
-    const int labelEvery = DayAxis::labelStep(double(axis.width()) / hoursADay);
-    for (int hour = 0; hour <= hoursADay; ++hour) {
-        const int x = axis.x() + int(std::lround(double(hour) / hoursADay * axis.width()));
-        painter->fillRect(QRect(x, top + 2, 1, tick), dark(Token::Control));
-        if (hour % labelEvery != 0)
-            continue;
-        painter->setPen(dark(Token::Text2));
-        painter->drawText(QRect(x - 2 * halfLabel, top + 2 + tick, 4 * halfLabel, 16), Qt::AlignCenter,
-                          QString::number(hour));
-    }
 }
 
 QString DayAxisWt::tipOf(int row, qint64 ms) const

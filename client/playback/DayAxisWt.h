@@ -1,9 +1,10 @@
 #pragma once
 
-#include "AxisRow.h"
 #include "ChannelDay.h"
-#include "DayAxis.h"
 #include "SpanPick.h"
+
+#include <axis/AxisRow.h>
+#include <axis/DayAxis.h>
 
 #include <QAbstractScrollArea>
 #include <QTimer>
@@ -23,9 +24,9 @@ class DayAxisWt final : public QAbstractScrollArea
 public:
     explicit DayAxisWt(QWidget* parent = nullptr);
 
-    void setDay(const DayAxis& axis);
+    void setDay(const vemo_base::DayAxis& axis);
     void setChannels(const QVector<ChannelDay>& channels);
-    void setSpan(const std::optional<TimeSpan>& span);
+    void setSpan(const std::optional<vemo_base::TimeSpan>& span);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -35,7 +36,7 @@ public:
 
 signals:
     /// The person marked a span or took the mark away.
-    void signalSpanMarked(const std::optional<vemo_client::TimeSpan>& span);
+    void signalSpanMarked(const std::optional<vemo_base::TimeSpan>& span);
 
 protected:
     bool viewportEvent(QEvent* event) override;
@@ -52,8 +53,8 @@ protected:
 private:
     struct Line
     {
-        QVector<AxisRow::Run> runs;
-        QVector<AxisRow::Run> chosen;
+        QVector<vemo_base::AxisRow::Run> runs;
+        QVector<vemo_base::AxisRow::Run> chosen;
     };
 
     int rowHeight() const;
@@ -66,18 +67,15 @@ private:
     void describe();
 
     void paintRow(QPainter* painter, int row, double ratio);
-    void paintClockChanges(QPainter* painter) const;
-    void paintNow(QPainter* painter) const;
     void paintSpan(QPainter* painter) const;
-    void paintHours(QPainter* painter) const;
 
     void showTip(const QPoint& position, int row, qint64 ms);
     QString tipOf(int row, qint64 ms) const;
-    TimeSpan stretchAt(int row, qint64 ms) const;
+    vemo_base::TimeSpan stretchAt(int row, qint64 ms) const;
     void step(int direction);
-    void mark(const std::optional<TimeSpan>& span);
+    void mark(const std::optional<vemo_base::TimeSpan>& span);
 
-    DayAxis m_axis;
+    vemo_base::DayAxis m_axis;
     QVector<ChannelDay> m_channels;
     QVector<Line> m_lines; ///< made when first painted
     int m_linePixels = 0;
@@ -91,4 +89,4 @@ private:
 
 } // namespace vemo_client
 
-Q_DECLARE_METATYPE(std::optional<vemo_client::TimeSpan>)
+Q_DECLARE_METATYPE(std::optional<vemo_base::TimeSpan>)

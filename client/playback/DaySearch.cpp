@@ -6,6 +6,8 @@
 
 namespace vemo_client {
 
+using vemo_base::TimeSpan;
+
 namespace {
 
 /// A recorder answers one search after another anyway; more would only wait for their time-out.

@@ -24,7 +24,7 @@ public:
     explicit DaySearch(QObject* parent = nullptr);
     ~DaySearch() override;
 
-    void start(const QVector<ChannelRef>& channels, const TimeSpan& span);
+    void start(const QVector<ChannelRef>& channels, const vemo_base::TimeSpan& span);
     void cancel();
     bool isRunning() const { return m_left > 0; }
 
@@ -39,7 +39,7 @@ private:
     void take(RecordingSearch* search, int index);
 
     QVector<ChannelRef> m_channels;
-    TimeSpan m_span;
+    vemo_base::TimeSpan m_span;
     int m_next = 0;
     int m_left = 0;
     QVector<RecordingSearch*> m_running; ///< children of this

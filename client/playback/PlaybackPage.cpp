@@ -4,7 +4,6 @@
 #include "RecorderColumn.h"
 #include "RecordingsTable.h"
 #include "SpanBar.h"
-#include "SpanWords.h"
 
 #include "devices/FirstRecorderWt.h"
 #include "devices/LoginWords.h"
@@ -12,6 +11,7 @@
 #include "devices/RecorderLogins.h"
 #include "devices/RecorderTree.h"
 
+#include <axis/SpanWords.h>
 #include <BaseTools.h>
 #include <DevsMgrData.h>
 #include <EmptyStateWt.h>
@@ -32,6 +32,11 @@
 #include <algorithm>
 
 namespace vemo_client {
+
+using vemo_base::AxisRow;
+using vemo_base::DayAxis;
+using vemo_base::SpanWords;
+using vemo_base::TimeSpan;
 
 namespace {
 

@@ -1,9 +1,10 @@
 #pragma once
 
 #include "ChannelDay.h"
-#include "DayAxis.h"
 #include "DaySearch.h"
 #include "QueueRequests.h"
+
+#include <axis/DayAxis.h>
 
 #include <QTimer>
 #include <QVector>
@@ -66,7 +67,7 @@ private:
     void takeDay(const QDate& day);
     void takeFound(const ChannelRef& channel, const QList<vms_sdk::VideoRecording>& recordings);
     void takeFailed(const ChannelRef& channel, const vms_sdk::Error& error);
-    void takeMark(const std::optional<TimeSpan>& span);
+    void takeMark(const std::optional<vemo_base::TimeSpan>& span);
     void takeChosen();
 
     void searchFor(const QVector<ChannelRef>& channels);
@@ -98,9 +99,9 @@ private:
     vemo_base::EmptyStateWt* m_state = nullptr;
     QString m_stateKey; ///< what the empty state says, so that it is made anew only when that changes
 
-    DayAxis m_axis;
+    vemo_base::DayAxis m_axis;
     QVector<ChannelDay> m_days; ///< in the order of the tree
-    std::optional<TimeSpan> m_span;
+    std::optional<vemo_base::TimeSpan> m_span;
     bool m_hasSearched = false;
     DaySearch m_daySearch;
     QVector<ChannelRef> m_searched; ///< what m_daySearch was given

@@ -6,6 +6,8 @@
 
 namespace vemo_client {
 
+using vemo_base::TimeSpan;
+
 namespace {
 
 /// The module gathers requests for a moment and the store writes them; requests that are all known are not announced.

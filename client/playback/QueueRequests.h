@@ -28,7 +28,7 @@ public:
     };
     void askFor(const QVector<Recording>& recordings, QWidget* asker);
     /// One request a channel.
-    void askFor(const QVector<ChannelRef>& channels, const TimeSpan& span, QWidget* asker);
+    void askFor(const QVector<ChannelRef>& channels, const vemo_base::TimeSpan& span, QWidget* asker);
 
 signals:
     void signalQueued(int added, int asked);

@@ -1,10 +1,9 @@
 #include "RecorderColumn.h"
 
-#include "DayCalendar.h"
-
 #include "devices/RecorderDialog.h"
 #include "devices/RecorderTree.h"
 
+#include <axis/DayCalendar.h>
 #include <DevsMgrData.h>
 #include <Icons.h>
 #include <StylePainter.h>
@@ -31,7 +30,7 @@ RecorderColumn::RecorderColumn(RecorderLogins* logins, QWidget* parent)
     : QWidget(parent)
     , m_logins(logins)
     , m_tree(new RecorderTree(logins, this))
-    , m_calendar(new DayCalendar(this))
+    , m_calendar(new vemo_base::DayCalendar(this))
     , m_filter(new QLineEdit(this))
 {
     setMinimumWidth(narrowest);

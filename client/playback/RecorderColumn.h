@@ -5,9 +5,12 @@
 
 class QLineEdit;
 
+namespace vemo_base {
+class DayCalendar;
+}
+
 namespace vemo_client {
 
-class DayCalendar;
 class RecorderLogins;
 class RecorderTree;
 
@@ -39,7 +42,7 @@ private:
 
     RecorderLogins* m_logins;
     RecorderTree* m_tree;
-    DayCalendar* m_calendar;
+    vemo_base::DayCalendar* m_calendar;
     QLineEdit* m_filter;
 };
 

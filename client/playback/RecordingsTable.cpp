@@ -1,13 +1,14 @@
 #include "RecordingsTable.h"
 
-#include "SpanWords.h"
-
+#include <axis/SpanWords.h>
 #include <BaseTools.h>
 
 #include <QHeaderView>
 #include <QVBoxLayout>
 
 namespace vemo_client {
+
+using vemo_base::SpanWords;
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include "SpanBar.h"
 
 #include "DayAxisWt.h"
-#include "SpanWords.h"
 
+#include <axis/SpanWords.h>
 #include <Icons.h>
 #include <Theme.h>
 
@@ -19,6 +19,10 @@
 #include <QVariant>
 
 namespace vemo_client {
+
+using vemo_base::DayAxis;
+using vemo_base::SpanWords;
+using vemo_base::TimeSpan;
 
 namespace {
 

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "DayAxis.h"
 #include "SpanPick.h"
+
+#include <axis/DayAxis.h>
 
 #include <QWidget>
 
@@ -22,15 +23,16 @@ class SpanBar final : public QWidget
 public:
     explicit SpanBar(QWidget* parent = nullptr);
 
-    void setAxis(const DayAxis& axis);
-    void setSpan(const std::optional<TimeSpan>& span);
+    void setAxis(const vemo_base::DayAxis& axis);
+    void setSpan(const std::optional<vemo_base::TimeSpan>& span);
 
     /// The span that two clock times of a day mean; nothing when the end does not lie behind the begin.
-    static std::optional<TimeSpan> spanOf(const DayAxis& axis, const QTime& begin, const QTime& end);
+    static std::optional<vemo_base::TimeSpan> spanOf(const vemo_base::DayAxis& axis, const QTime& begin,
+                                                     const QTime& end);
 
 signals:
     /// By the fields or the button. Nothing: none is marked, or the fields hold none.
-    void signalSpanMarked(const std::optional<vemo_client::TimeSpan>& span);
+    void signalSpanMarked(const std::optional<vemo_base::TimeSpan>& span);
 
 protected:
     /// A click into a field takes the number under the pointer, so that typing replaces it.
@@ -41,7 +43,7 @@ private:
     void takeFields();
     void showWords(const QString& words, bool isWrong);
 
-    DayAxis m_axis;
+    vemo_base::DayAxis m_axis;
     QTimeEdit* m_begin = nullptr;
     QTimeEdit* m_end = nullptr;
     QLabel* m_words = nullptr;

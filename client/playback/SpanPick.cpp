@@ -4,6 +4,9 @@
 
 namespace vemo_client {
 
+using vemo_base::DayAxis;
+using vemo_base::TimeSpan;
+
 namespace {
 
 constexpr qint64 secondMs = 1000;

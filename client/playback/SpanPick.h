@@ -1,21 +1,11 @@
 #pragma once
 
-#include "DayAxis.h"
+#include <axis/DayAxis.h>
+#include <axis/TimeSpan.h>
 
 #include <optional>
 
 namespace vemo_client {
-
-/// A stretch of time in ms since 1970 UTC.
-struct TimeSpan
-{
-    qint64 beginMs = 0;
-    qint64 endMs = 0;
-
-    qint64 lengthMs() const { return endMs - beginMs; }
-    bool operator==(const TimeSpan& other) const { return beginMs == other.beginMs && endMs == other.endMs; }
-    bool operator!=(const TimeSpan& other) const { return !(*this == other); }
-};
 
 /// How a person marks a span on a time axis with the mouse: pressing on empty ground begins a new one, pressing near an
 /// edge of the marked one takes that edge along, also past the other edge. Whole seconds. In a doubled hour the begin
@@ -24,9 +14,9 @@ struct TimeSpan
 class SpanPick final
 {
 public:
-    void setAxis(const DayAxis& axis);
-    void setSpan(const std::optional<TimeSpan>& span) { m_span = span; }
-    const std::optional<TimeSpan>& span() const { return m_span; }
+    void setAxis(const vemo_base::DayAxis& axis);
+    void setSpan(const std::optional<vemo_base::TimeSpan>& span) { m_span = span; }
+    const std::optional<vemo_base::TimeSpan>& span() const { return m_span; }
     bool isDragging() const { return m_anchor.has_value(); }
 
     /// Whether an edge of the marked span lies within `reach` of the position.
@@ -40,9 +30,9 @@ public:
     void cancel();
 
 private:
-    DayAxis m_axis;
-    std::optional<TimeSpan> m_span;
-    std::optional<TimeSpan> m_spanBefore;
+    vemo_base::DayAxis m_axis;
+    std::optional<vemo_base::TimeSpan> m_span;
+    std::optional<vemo_base::TimeSpan> m_spanBefore;
     std::optional<double> m_anchor; ///< the edge that stays
     bool m_takesEdge = false;
     bool m_moved = false;

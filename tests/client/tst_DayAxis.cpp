@@ -1,15 +1,16 @@
-#include "playback/AxisRow.h"
-#include "playback/DayAxis.h"
 #include "playback/SpanBar.h"
 #include "playback/SpanPick.h"
 
+#include <axis/AxisRow.h>
+#include <axis/DayAxis.h>
+
 #include <QTest>
 
-using vemo_client::AxisRow;
-using vemo_client::DayAxis;
+using vemo_base::AxisRow;
+using vemo_base::DayAxis;
+using vemo_base::TimeSpan;
 using vemo_client::SpanBar;
 using vemo_client::SpanPick;
-using vemo_client::TimeSpan;
 
 namespace {
 

@@ -3,13 +3,13 @@
 #include <QCoreApplication>
 #include <QDateTime>
 
-namespace vemo_client {
+namespace vemo_base {
 
 namespace {
 
 QString tr(const char* text)
 {
-    return QCoreApplication::translate("vemo_client::SpanWords", text);
+    return QCoreApplication::translate("vemo_base::SpanWords", text);
 }
 
 } // namespace
@@ -58,4 +58,4 @@ QString SpanWords::offset(int offsetMs)
         .arg(qAbs(minutes) % 60, 2, 10, QLatin1Char('0'));
 }
 
-} // namespace vemo_client
+} // namespace vemo_base

@@ -1,17 +1,19 @@
 #pragma once
 
+#include "vemo_base_global.h"
+
 #include <QDate>
 #include <QTimeZone>
 #include <QVector>
 
-namespace vemo_client {
+namespace vemo_base {
 
 /// The geometry of a day on a time axis: wall-clock time from 0 to 24 hours, whatever the clock does. A value without
 /// pixels or painters; any thread. Positions are fractions of the axis, 0 to 1; times are ms since 1970 UTC.
 ///
 /// When clocks go forward an hour of the axis has no time (missing()); when they go back an hour of it stands for two
 /// (doubled()), and what happened in either is drawn there.
-class DayAxis final
+class VEMO_BASE_EXPORT DayAxis final
 {
 public:
     /// A stretch of the axis.
@@ -64,4 +66,4 @@ private:
     QVector<Stretch> m_stretches;
 };
 
-} // namespace vemo_client
+} // namespace vemo_base

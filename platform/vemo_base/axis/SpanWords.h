@@ -1,13 +1,15 @@
 #pragma once
 
-#include "SpanPick.h"
+#include "TimeSpan.h"
+#include "vemo_base_global.h"
 
+#include <QDate>
 #include <QString>
 
-namespace vemo_client {
+namespace vemo_base {
 
 /// Spans and lengths of time as the pages write them, in the local zone. Plain functions.
-class SpanWords final
+class VEMO_BASE_EXPORT SpanWords final
 {
 public:
     SpanWords() = delete;
@@ -24,4 +26,4 @@ public:
     static QString offset(int offsetMs);
 };
 
-} // namespace vemo_client
+} // namespace vemo_base

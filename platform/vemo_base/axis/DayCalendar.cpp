@@ -1,8 +1,8 @@
 #include "DayCalendar.h"
 
-#include <Icons.h>
-#include <StylePainter.h>
-#include <Theme.h>
+#include "Icons.h"
+#include "StylePainter.h"
+#include "Theme.h"
 
 #include <QEvent>
 #include <QHeaderView>
@@ -11,17 +11,16 @@
 #include <QTextCharFormat>
 #include <QToolButton>
 
-namespace vemo_client {
+namespace vemo_base {
 
 namespace {
-
-using vemo_base::Theme;
-using vemo_base::Token;
 
 constexpr double radius = 6;
 constexpr int cellInset = 2;
 constexpr int headerPixels = 12;
 constexpr int smallestCell = 20;
+constexpr double markRadius = 2;
+constexpr double markFromBottom = 5;
 
 } // namespace
 
@@ -34,12 +33,12 @@ DayCalendar::DayCalendar(QWidget* parent)
     setAccessibleName(tr("Day"));
     // The names by which the widget itself knows its buttons.
     if (auto* before = findChild<QToolButton*>(QStringLiteral("qt_calendar_prevmonth"))) {
-        before->setIcon(vemo_base::Icons::icon(QStringLiteral("chev-left")));
+        before->setIcon(Icons::icon(QStringLiteral("chev-left")));
         before->setToolTip(tr("Month before"));
         before->setAccessibleName(before->toolTip());
     }
     if (auto* next = findChild<QToolButton*>(QStringLiteral("qt_calendar_nextmonth"))) {
-        next->setIcon(vemo_base::Icons::icon(QStringLiteral("chev-right")));
+        next->setIcon(Icons::icon(QStringLiteral("chev-right")));
         next->setToolTip(tr("Next month"));
         next->setAccessibleName(next->toolTip());
     }
@@ -54,22 +53,21 @@ DayCalendar::DayCalendar(QWidget* parent)
 void DayCalendar::dress()
 {
     const Theme& theme = Theme::instance();
-    // It stands on the surface of the column, not in a well.
     if (auto* bar = findChild<QWidget*>(QStringLiteral("qt_calendar_navigationbar"))) {
         QPalette own;
-        own.setColor(QPalette::Window, theme.color(Token::Surface));
+        own.setColor(QPalette::Window, theme.color(m_ground));
         bar->setPalette(own);
         bar->setBackgroundRole(QPalette::Window);
     }
     if (auto* view = findChild<QTableView*>(QStringLiteral("qt_calendar_calendarview"))) {
         QPalette own;
-        own.setColor(QPalette::Base, theme.color(Token::Surface));
-        own.setColor(QPalette::AlternateBase, theme.color(Token::Surface));
+        own.setColor(QPalette::Base, theme.color(m_ground));
+        own.setColor(QPalette::AlternateBase, theme.color(m_ground));
         view->setPalette(own);
     }
     QTextCharFormat header;
     header.setForeground(theme.color(Token::Text2));
-    header.setBackground(theme.color(Token::Surface));
+    header.setBackground(theme.color(m_ground));
     QFont small = font();
     small.setPixelSize(headerPixels);
     header.setFont(small);
@@ -79,6 +77,18 @@ void DayCalendar::dress()
         day.setForeground(theme.color(Token::Text2));
         setWeekdayTextFormat(weekend, day);
     }
+}
+
+void DayCalendar::setMarkedDays(const QSet<int>& days)
+{
+    m_markedDays = days;
+    updateCells();
+}
+
+void DayCalendar::setGround(Token ground)
+{
+    m_ground = ground;
+    dress();
 }
 
 void DayCalendar::changeEvent(QEvent* event)
@@ -97,16 +107,21 @@ void DayCalendar::paintCell(QPainter* painter, const QRect& rect, const QDate& d
     const bool isPicked = date == selectedDate();
     const bool isOutside = date.month() != monthShown() || date < minimumDate() || date > maximumDate();
     if (isPicked)
-        vemo_base::StylePainter::box(painter, cell, radius, theme.color(Token::Accent), QColor());
+        StylePainter::box(painter, cell, radius, theme.color(Token::Accent), QColor());
     else if (date == QDate::currentDate())
-        vemo_base::StylePainter::box(painter, cell, radius, QColor(), theme.color(Token::Control));
+        StylePainter::box(painter, cell, radius, QColor(), theme.color(Token::Control));
     QFont dayFont = font();
     if (isPicked)
         dayFont.setWeight(QFont::DemiBold);
     painter->setFont(dayFont);
     painter->setPen(theme.color(isPicked ? Token::OnAccent : isOutside ? Token::Text3 : Token::Text));
     painter->drawText(rect, Qt::AlignCenter, QString::number(date.day()));
+    if (date.month() == monthShown() && date.year() == yearShown() && m_markedDays.contains(date.day())) {
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(theme.color(isPicked ? Token::OnAccent : Token::Success));
+        painter->drawEllipse(QPointF(cell.center().x(), cell.bottom() - markFromBottom), markRadius, markRadius);
+    }
     painter->restore();
 }
 
-} // namespace vemo_client
+} // namespace vemo_base

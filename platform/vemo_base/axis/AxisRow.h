@@ -1,15 +1,18 @@
 #pragma once
 
-#include "ChannelDay.h"
 #include "DayAxis.h"
 
+#include <VmsTypes.h>
+
+#include <QList>
+#include <QSet>
 #include <QVector>
 
-namespace vemo_client {
+namespace vemo_base {
 
 /// A channel's day laid on the device pixels of an axis: as many runs of one kind as can be seen, however many
 /// recordings there are. A value, no painter.
-class AxisRow final
+class VEMO_BASE_EXPORT AxisRow final
 {
 public:
     enum class Kind : quint8 { Nothing = 0, Recording = 1, Alarm = 2 };
@@ -24,8 +27,9 @@ public:
     /// The kinds' runs without those of Nothing; an alarm wins, and no alarm is narrower than `leastAlarm` pixels.
     static QVector<Run> runs(const DayAxis& axis, const QList<vms_sdk::VideoRecording>& recordings, int pixels,
                              int leastAlarm);
-    /// The chosen ones alone, as runs of Recording.
-    static QVector<Run> chosenRuns(const DayAxis& axis, const ChannelDay& day, int pixels);
+    /// The chosen ones alone, by their indices, as runs of Recording.
+    static QVector<Run> chosenRuns(const DayAxis& axis, const QList<vms_sdk::VideoRecording>& recordings,
+                                   const QSet<int>& chosen, int pixels);
 
     /// The recording at a time, -1: none. An alarm wins over the recording that it lies in.
     static int recordingAt(const QList<vms_sdk::VideoRecording>& recordings, qint64 ms);
@@ -36,4 +40,4 @@ public:
     static qint64 coveredMs(const DayAxis& axis, const QList<vms_sdk::VideoRecording>& recordings);
 };
 
-} // namespace vemo_client
+} // namespace vemo_base

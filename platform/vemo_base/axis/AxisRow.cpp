@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace vemo_client {
+namespace vemo_base {
 
 namespace {
 
@@ -53,12 +53,13 @@ QVector<AxisRow::Run> AxisRow::runs(const DayAxis& axis, const QList<vms_sdk::Vi
     return runsOf(line);
 }
 
-QVector<AxisRow::Run> AxisRow::chosenRuns(const DayAxis& axis, const ChannelDay& day, int pixels)
+QVector<AxisRow::Run> AxisRow::chosenRuns(const DayAxis& axis, const QList<vms_sdk::VideoRecording>& recordings,
+                                          const QSet<int>& chosen, int pixels)
 {
     QVector<Kind> line(qMax(0, pixels), Kind::Nothing);
-    for (const int index : day.chosen) {
-        if (index >= 0 && index < day.recordings.size())
-            lay(&line, axis, day.recordings.at(index), Kind::Recording, 1);
+    for (const int index : chosen) {
+        if (index >= 0 && index < recordings.size())
+            lay(&line, axis, recordings.at(index), Kind::Recording, 1);
     }
     return runsOf(line);
 }
@@ -111,4 +112,4 @@ qint64 AxisRow::coveredMs(const DayAxis& axis, const QList<vms_sdk::VideoRecordi
     return coveredMs;
 }
 
-} // namespace vemo_client
+} // namespace vemo_base

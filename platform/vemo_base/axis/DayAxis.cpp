@@ -2,7 +2,7 @@
 
 #include <QDateTime>
 
-namespace vemo_client {
+namespace vemo_base {
 
 namespace {
 
@@ -143,4 +143,4 @@ int DayAxis::labelStep(double pixelsAnHour)
     return 12;
 }
 
-} // namespace vemo_client
+} // namespace vemo_base
