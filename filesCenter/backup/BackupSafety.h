@@ -1,0 +1,31 @@
+#pragma once
+
+#include <BackupTaskInfo.h>
+
+#include <QCoreApplication>
+#include <QList>
+
+namespace vemo_filesCenter {
+
+/// How much of what a device holds is safe in files.
+class BackupSafety final
+{
+    Q_DECLARE_TR_FUNCTIONS(vemo_filesCenter::BackupSafety)
+
+public:
+    /// Of one task: its segments, its entries, and what was found on its device (of the last search). Looks at no file.
+    static BackupSafety of(const vemo_data::BackupTaskInfo& task);
+    /// What the recordings hold, merged and in order.
+    static QList<vemo_data::BackupSpan> mergedSpans(const QList<vms_sdk::VideoRecording>& recordings);
+
+    bool isKnown = false; ///< the device was searched; without that both are 0
+    qint64 held = 0;      ///< seconds that the device holds within the segments
+    qint64 safe = 0;      ///< of these, seconds that lie in finished files
+
+    void add(const BackupSafety& other);
+
+    /// "5 h 12 min of 6 h 40 min"; empty when nothing is known.
+    QString text() const;
+};
+
+} // namespace vemo_filesCenter
