@@ -52,9 +52,13 @@ QString TaskTexts::failureCause(int state)
 
 QString TaskTexts::size(const vemo_data::DownloadTaskInfo& task)
 {
+    return size(task.downloadedSize, task.beginTime, task.endTime);
+}
+
+QString TaskTexts::size(qint64 bytes, const QDateTime& begin, const QDateTime& end)
+{
     constexpr qint64 kilobyte = 1024;
     constexpr qint64 megabyte = 1024 * kilobyte;
-    const qint64 bytes = task.downloadedSize;
     QString text;
     if (bytes <= kilobyte)
         text = QString::number(bytes) % QStringLiteral(" B");
@@ -62,8 +66,8 @@ QString TaskTexts::size(const vemo_data::DownloadTaskInfo& task)
         text = QString::number(static_cast<double>(bytes) / kilobyte, 'f', 2) % QStringLiteral(" KB");
     else
         text = QString::number(static_cast<double>(bytes) / megabyte, 'f', 2) % QStringLiteral(" MB");
-    return text % QStringLiteral(" (") %
-           vemo_base::BaseTools::instance().get2DatetimeIntervalTime(task.beginTime, task.endTime) % QLatin1Char(')');
+    return text % QStringLiteral(" (") % vemo_base::BaseTools::instance().get2DatetimeIntervalTime(begin, end) %
+           QLatin1Char(')');
 }
 
 QString TaskTexts::duration(qint64 seconds)

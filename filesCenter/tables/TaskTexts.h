@@ -7,7 +7,7 @@
 
 namespace vemo_filesCenter {
 
-/// Texts of a task that more than one table shows. GUI thread, no state.
+/// Texts of tasks and recordings that more than one table shows. GUI thread, no state.
 class TaskTexts final
 {
     Q_DECLARE_TR_FUNCTIONS(vemo_filesCenter::TaskTexts)
@@ -23,6 +23,7 @@ public:
     static QString failureCause(int state);
     /// "1024 B (00:31:00)": bytes, KB or MB, and the recorded length.
     static QString size(const vemo_data::DownloadTaskInfo& task);
+    static QString size(qint64 bytes, const QDateTime& begin, const QDateTime& end);
 
     /// "41 min", "2 h 05 min", "less than a minute"
     static QString duration(qint64 seconds);

@@ -54,8 +54,12 @@ void Chip::setState(const QString& iconName, const QString& text, Token tone)
 
 QSize Chip::sizeHint() const
 {
-    const QFontMetrics metrics(chipFont(font()));
-    return {2 * padding + iconRoom(m_iconName) + metrics.horizontalAdvance(m_text), pillHeight};
+    return {widthOf(m_iconName, m_text, font()), pillHeight};
+}
+
+int Chip::widthOf(const QString& iconName, const QString& text, const QFont& font)
+{
+    return 2 * padding + iconRoom(iconName) + QFontMetrics(chipFont(font)).horizontalAdvance(text);
 }
 
 void Chip::paint(QPainter* painter, const QRect& room, const QString& iconName, const QString& text, Token tone,

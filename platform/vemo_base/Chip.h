@@ -30,6 +30,8 @@ public:
     /// In the middle of `room`, elided where it is too narrow.
     static void paint(QPainter* painter, const QRect& room, const QString& iconName, const QString& text, Token tone,
                       Ground ground, const QFont& font, const QPalette& palette);
+    /// What it takes to be painted whole.
+    static int widthOf(const QString& iconName, const QString& text, const QFont& font);
 
     QSize sizeHint() const override;
 

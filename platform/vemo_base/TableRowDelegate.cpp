@@ -14,6 +14,8 @@ namespace vemo_base {
 
 namespace {
 
+constexpr int faultGap = 8;
+
 QRect textRoom(const QRect& cell)
 {
     return cell.adjusted(TableMetrics::cellPadding, 0, -TableMetrics::cellPadding, 0);
@@ -67,10 +69,36 @@ void TableRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
                     selected ? Chip::Ground::Plain : Chip::Ground::Tinted, option.font, option.palette);
         return;
     }
+    const QString fault = index.data(TableWidget::FaultRole).toString();
+    if (!fault.isEmpty()) {
+        paintFault(painter, option, room, text, fault);
+        return;
+    }
     painter->setFont(option.font);
     painter->setPen(themeColor(mode, tone));
     painter->drawText(room, Qt::AlignCenter | Qt::TextSingleLine,
                       option.fontMetrics.elidedText(text, m_table->columnElide(index.column()), room.width()));
+}
+
+void TableRowDelegate::paintFault(QPainter* painter, const QStyleOptionViewItem& option, const QRect& room,
+                                  const QString& text, const QString& fault) const
+{
+    const QString icon = QStringLiteral("error");
+    const int chip = qMin(Chip::widthOf(icon, fault, option.font), room.width());
+    const QString shown = option.fontMetrics.elidedText(text, Qt::ElideRight, qMax(0, room.width() - chip - faultGap));
+    const int words = option.fontMetrics.horizontalAdvance(shown);
+    const QRect content(room.x() + (room.width() - words - faultGap - chip) / 2, room.y(), words + faultGap + chip,
+                        room.height());
+    const auto visual = [&option, &content](const QRect& part) {
+        return QStyle::visualRect(option.direction, content, part);
+    };
+    painter->setFont(option.font);
+    painter->setPen(themeColor(StylePainter::modeOf(option.palette), Token::Text));
+    painter->drawText(visual({content.x(), content.y(), words, content.height()}), Qt::AlignCenter | Qt::TextSingleLine,
+                      shown);
+    const bool selected = option.state & QStyle::State_Selected;
+    Chip::paint(painter, visual({content.x() + words + faultGap, content.y(), chip, content.height()}), icon, fault,
+                Token::Error, selected ? Chip::Ground::Plain : Chip::Ground::Tinted, option.font, option.palette);
 }
 
 void TableRowDelegate::paintFirst(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const

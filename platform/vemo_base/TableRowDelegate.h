@@ -25,6 +25,8 @@ public:
                    const QModelIndex& index) override;
 
 private:
+    void paintFault(QPainter* painter, const QStyleOptionViewItem& option, const QRect& room, const QString& text,
+                    const QString& fault) const;
     void paintFirst(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
 
     TableWidget* m_table;

@@ -41,7 +41,9 @@ public:
         /// int of a Token: the item's text colour, or its chip's; without it the column's.
         ToneRole,
         /// Name of an icon of Icons, for chips.
-        IconRole
+        IconRole,
+        /// What is wrong with the row, in a word: a chip in the error's colour behind the item's text.
+        FaultRole
     };
 
     using CellWidgetFactory = std::function<QWidget*(int row)>;
