@@ -11,8 +11,8 @@ namespace vms_sdk {
 
 namespace {
 
-// A quarter of a frame at 60 Hz.
-constexpr qint64 turnNs = 4'000'000;
+// An eighth of a frame at 60 Hz: a repaint of a page full of rows then still fits in front of the next tick.
+constexpr qint64 turnNs = 2'000'000;
 
 } // namespace
 
