@@ -52,6 +52,12 @@ PlayerTitleBar::PlayerTitleBar(QWidget* parent)
     layout->addWidget(close);
 }
 
+void PlayerTitleBar::setIcon(const QString& iconName)
+{
+    m_iconName = iconName;
+    update();
+}
+
 void PlayerTitleBar::setTitle(const QString& title)
 {
     m_title = title;
@@ -94,8 +100,8 @@ void PlayerTitleBar::paintEvent(QPaintEvent*)
     QPainter painter(this);
     const QRect icon(layoutDirection() == Qt::RightToLeft ? width() - leading - iconExtent : leading,
                      (height() - iconExtent) / 2, iconExtent, iconExtent);
-    painter.drawPixmap(icon, Icons::pixmap(QStringLiteral("playback"), iconExtent, themeColor(mode, Token::AccentText),
-                                           devicePixelRatioF()));
+    painter.drawPixmap(icon,
+                       Icons::pixmap(m_iconName, iconExtent, themeColor(mode, Token::AccentText), devicePixelRatioF()));
     StylePainter::hairline(&painter, rect(), Qt::BottomEdge, mode);
 }
 

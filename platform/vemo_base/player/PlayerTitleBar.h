@@ -6,7 +6,8 @@ class QLabel;
 
 namespace vemo_base {
 
-/// The player's own title bar: what is played, what is known of the file, and Close. Its window is moved by it.
+/// The title bar of the player and the image viewer: what is shown, what is known of the file, and Close. Its window is
+/// moved by it.
 class PlayerTitleBar final : public QWidget
 {
     Q_OBJECT
@@ -17,6 +18,7 @@ public:
 
     explicit PlayerTitleBar(QWidget* parent = nullptr);
 
+    void setIcon(const QString& iconName);
     void setTitle(const QString& title);
     /// Such as "1 gap, H.265 2560 x 1440, 1869.73 MB".
     void setFacts(const QString& facts);
@@ -33,6 +35,7 @@ protected:
 private:
     void elide();
 
+    QString m_iconName = QStringLiteral("playback");
     QString m_title;
     QLabel* m_titleLabel;
     QLabel* m_factsLabel;

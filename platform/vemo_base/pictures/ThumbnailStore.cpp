@@ -1,0 +1,242 @@
+#include "ThumbnailStore.h"
+
+#include "PictureFile.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QImageReader>
+#include <QImageWriter>
+#include <QStandardPaths>
+#include <QTemporaryFile>
+#include <QUrl>
+
+#include <array>
+#include <filesystem>
+
+namespace vemo_base {
+
+namespace {
+
+constexpr std::array buckets{ThumbnailStore::Bucket::Normal, ThumbnailStore::Bucket::Large,
+                             ThumbnailStore::Bucket::ExtraLarge, ThumbnailStore::Bucket::TwiceExtraLarge};
+// Packs a thumbnail at a tenth of the time that the best packing takes, for a quarter more bytes.
+constexpr int quickPngQuality = 85;
+constexpr qint64 maxThumbnailBytes = 8LL * 1024 * 1024;
+
+QString folderOf(ThumbnailStore::Bucket bucket)
+{
+    switch (bucket) {
+    case ThumbnailStore::Bucket::Normal:
+        return QStringLiteral("normal");
+    case ThumbnailStore::Bucket::Large:
+        return QStringLiteral("large");
+    case ThumbnailStore::Bucket::ExtraLarge:
+        return QStringLiteral("x-large");
+    case ThumbnailStore::Bucket::TwiceExtraLarge:
+        return QStringLiteral("xx-large");
+    case ThumbnailStore::Bucket::Unknown:
+        break;
+    }
+    return {};
+}
+
+QString uriKey()
+{
+    return QStringLiteral("Thumb::URI");
+}
+
+QString modifiedKey()
+{
+    return QStringLiteral("Thumb::MTime");
+}
+
+QString bytesKey()
+{
+    return QStringLiteral("Thumb::Size");
+}
+
+QString widthKey()
+{
+    return QStringLiteral("Thumb::Image::Width");
+}
+
+QString heightKey()
+{
+    return QStringLiteral("Thumb::Image::Height");
+}
+
+QString fileName(const QString& path)
+{
+    const QByteArray uri = ThumbnailStore::uriOf(path).toLatin1();
+    return QString::fromLatin1(QCryptographicHash::hash(uri, QCryptographicHash::Md5).toHex()) % QLatin1String(".png");
+}
+
+bool isOf(const QImageReader& reader, const ThumbnailStore::Original& original)
+{
+    const QString bytes = reader.text(bytesKey());
+    return reader.text(uriKey()) == ThumbnailStore::uriOf(original.path) &&
+           reader.text(modifiedKey()) == QString::number(original.modifiedS) &&
+           (bytes.isEmpty() || bytes == QString::number(original.bytes));
+}
+
+/// Opens the file for `reader`; false when there is none, or none that a thumbnail could be.
+bool open(QFile& file, QImageReader& reader)
+{
+    const QFileInfo info(file.fileName());
+    if (!info.isFile() || info.size() > maxThumbnailBytes || !file.open(QIODevice::ReadOnly))
+        return false;
+    reader.setDevice(&file);
+    reader.setFormat(QByteArrayLiteral("png"));
+    reader.setAutoDetectImageFormat(false);
+    constexpr int edge = static_cast<int>(ThumbnailStore::Bucket::TwiceExtraLarge);
+    const QSize size = reader.size();
+    return !size.isEmpty() && size.width() <= edge && size.height() <= edge;
+}
+
+bool makeOwnersFolder(const QString& folder)
+{
+    if (QFileInfo(folder).isDir())
+        return true;
+    constexpr QFile::Permissions owner = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
+    const QString parent = QFileInfo(folder).path();
+    if (parent == folder || !makeOwnersFolder(parent))
+        return false;
+    return (QDir().mkdir(folder) && QFile::setPermissions(folder, owner)) || QFileInfo(folder).isDir();
+}
+
+bool renameOver(const QString& from, const QString& to)
+{
+    std::error_code error;
+    std::filesystem::rename(std::filesystem::path(from.toStdU16String()), std::filesystem::path(to.toStdU16String()),
+                            error);
+    return !error;
+}
+
+} // namespace
+
+QString ThumbnailStore::defaultRoot()
+{
+#if defined(Q_OS_WIN)
+    const auto location = QStandardPaths::CacheLocation;
+#else
+    const auto location = QStandardPaths::GenericCacheLocation;
+#endif
+    const QString cache = QStandardPaths::writableLocation(location);
+    return cache.isEmpty() ? QString() : cache + QStringLiteral("/thumbnails");
+}
+
+ThumbnailStore::ThumbnailStore(const QString& root)
+    : m_root(root)
+{}
+
+ThumbnailStore::Bucket ThumbnailStore::bucketFor(int longestEdge)
+{
+    for (const Bucket bucket : buckets) {
+        if (longestEdge <= static_cast<int>(bucket))
+            return bucket;
+    }
+    return Bucket::Unknown;
+}
+
+QString ThumbnailStore::uriOf(const QString& path)
+{
+    // The characters that the other programs of the desktop leave as they are, since the URI is hashed.
+    const QByteArray plain = QByteArrayLiteral("!$&'()*+,/:=@");
+    const QString absolute = QDir::fromNativeSeparators(path);
+    const QLatin1String start(absolute.startsWith(QLatin1Char('/')) ? "file://" : "file:///");
+    return start + QString::fromLatin1(QUrl::toPercentEncoding(absolute, plain));
+}
+
+QString ThumbnailStore::filePath(const QString& path, Bucket bucket) const
+{
+    return m_root % QLatin1Char('/') % folderOf(bucket) % QLatin1Char('/') % fileName(path);
+}
+
+QString ThumbnailStore::failurePath(const QString& path) const
+{
+    return m_root % QLatin1String("/fail/vemo-1/") % fileName(path);
+}
+
+bool ThumbnailStore::isInside(const QString& path) const
+{
+    return path.startsWith(m_root + QLatin1Char('/'));
+}
+
+std::optional<ThumbnailStore::Entry> ThumbnailStore::find(const Original& original, Bucket bucket) const
+{
+    if (m_root.isEmpty() || bucket == Bucket::Unknown)
+        return std::nullopt;
+    QFile file(filePath(original.path, bucket));
+    QImageReader reader;
+    if (!open(file, reader) || !isOf(reader, original))
+        return std::nullopt;
+    Entry entry;
+    entry.pictureSize = QSize(reader.text(widthKey()).toInt(), reader.text(heightKey()).toInt());
+    entry.image = reader.read();
+    if (entry.image.isNull())
+        return std::nullopt;
+    return entry;
+}
+
+bool ThumbnailStore::store(const Original& original, Bucket bucket, const Entry& entry) const
+{
+    if (bucket == Bucket::Unknown)
+        return false;
+    return write(entry.image, original, entry.pictureSize, filePath(original.path, bucket));
+}
+
+bool ThumbnailStore::isKnownFailure(const Original& original) const
+{
+    QFile file(failurePath(original.path));
+    QImageReader reader;
+    return !m_root.isEmpty() && open(file, reader) && isOf(reader, original);
+}
+
+bool ThumbnailStore::storeFailure(const Original& original) const
+{
+    QImage nothing(1, 1, QImage::Format_ARGB32);
+    nothing.fill(Qt::transparent);
+    return write(nothing, original, {}, failurePath(original.path));
+}
+
+void ThumbnailStore::remove(const QString& path) const
+{
+    if (m_root.isEmpty())
+        return;
+    for (const Bucket bucket : buckets)
+        QFile::remove(filePath(path, bucket));
+    QFile::remove(failurePath(path));
+}
+
+bool ThumbnailStore::write(QImage image, const Original& original, const QSize& pictureSize,
+                           const QString& target) const
+{
+    const QString folder = QFileInfo(target).path();
+    if (m_root.isEmpty() || isInside(original.path) || !makeOwnersFolder(folder))
+        return false;
+    image.setText(uriKey(), uriOf(original.path));
+    image.setText(modifiedKey(), QString::number(original.modifiedS));
+    image.setText(bytesKey(), QString::number(original.bytes));
+    image.setText(QStringLiteral("Software"), QStringLiteral("Vemo"));
+    if (!pictureSize.isEmpty()) {
+        image.setText(widthKey(), QString::number(pictureSize.width()));
+        image.setText(heightKey(), QString::number(pictureSize.height()));
+    }
+    QTemporaryFile file(folder + QStringLiteral("/vemo-XXXXXX.tmp")); // made for its owner alone
+    if (!file.open())
+        return false;
+    QImageWriter writer(&file, QByteArrayLiteral("png"));
+    writer.setQuality(quickPngQuality);
+    if (!writer.write(image) || !file.flush())
+        return false;
+    const QString written = file.fileName();
+    file.close();
+    if (!renameOver(written, target))
+        return false;
+    file.setAutoRemove(false);
+    return true;
+}
+
+} // namespace vemo_base
