@@ -1,16 +1,14 @@
 #include "FileChecksum.h"
 
 #include "FileCacheHint.h"
+#include "PausePoint.h"
+#include "PlainFile.h"
+#include "Sha256.h"
 
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
-#include <QMutex>
-#include <QMutexLocker>
 #include <QThread>
-#include <QWaitCondition>
-
-#include <openssl/evp.h>
 
 namespace VCOMMON {
 
@@ -18,12 +16,6 @@ namespace {
 
 constexpr int chunkBytes = 1024 * 1024;
 constexpr qint64 progressEveryMs = 100;
-constexpr int sumBytes = 32;
-
-struct ContextDeleter
-{
-    void operator()(EVP_MD_CTX* context) const { EVP_MD_CTX_free(context); }
-};
 
 } // namespace
 
@@ -32,32 +24,19 @@ class FileChecksum::Summer final
 {
 public:
     Summer(FileChecksum* owner, int run, const QString& path, bool paused)
-        : m_owner(owner)
+        : pausePoint(paused)
+        , m_owner(owner)
         , m_run(run)
         , m_path(path)
-        , m_paused(paused)
     {}
 
     void run();
 
-    void setPaused(bool paused)
-    {
-        const QMutexLocker lock(&m_mutex);
-        m_paused = paused;
-        m_changed.wakeAll();
-    }
-
-    void cancel()
-    {
-        const QMutexLocker lock(&m_mutex);
-        m_cancelled = true;
-        m_changed.wakeAll();
-    }
+    PausePoint pausePoint;
 
 private:
     bool sum();
     bool fail(Failure failure, const QString& text);
-    bool waitWhilePaused();
     void report();
 
     FileChecksum* const m_owner;
@@ -69,21 +48,7 @@ private:
     qint64 m_doneBytes = 0;
     qint64 m_totalBytes = 0;
     QElapsedTimer m_sinceReport;
-
-    QMutex m_mutex;
-    QWaitCondition m_changed;
-    bool m_paused = false;    ///< guarded by m_mutex
-    bool m_cancelled = false; ///< guarded by m_mutex
 };
-
-/// False when it was cancelled.
-bool FileChecksum::Summer::waitWhilePaused()
-{
-    QMutexLocker lock(&m_mutex);
-    while (m_paused && !m_cancelled)
-        m_changed.wait(&m_mutex);
-    return !m_cancelled;
-}
 
 void FileChecksum::Summer::report()
 {
@@ -108,28 +73,23 @@ bool FileChecksum::Summer::fail(Failure failure, const QString& text)
 
 bool FileChecksum::Summer::sum()
 {
-    QFile file(m_path);
-    // A pipe or a device would never end.
-    if (!QFileInfo(m_path).isFile())
-        return fail(Failure::Missing, FileChecksum::tr("%1 is not there.").arg(m_path));
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-        return fail(Failure::Unreadable, FileChecksum::tr("%1 can't be read: %2.").arg(m_path, file.errorString()));
+    QFile file;
+    const QString refused = PlainFile::open(file, m_path);
+    if (!refused.isEmpty())
+        return fail(QFileInfo(m_path).isFile() ? Failure::Unreadable : Failure::Missing, refused);
     hintSequential(file);
     m_totalBytes = file.size();
-    const std::unique_ptr<EVP_MD_CTX, ContextDeleter> context(EVP_MD_CTX_new());
-    if (!context || EVP_DigestInit_ex(context.get(), EVP_sha256(), nullptr) != 1)
-        return fail(Failure::Unknown, FileChecksum::tr("SHA-256 is not available."));
+    Sha256 sha256;
     QByteArray chunk(chunkBytes, Qt::Uninitialized);
-    while (waitWhilePaused()) {
+    while (pausePoint.pass()) {
         const qint64 size = file.read(chunk.data(), chunk.size());
         if (size < 0)
             return fail(Failure::Unreadable, FileChecksum::tr("%1 can't be read: %2.").arg(m_path, file.errorString()));
         if (size == 0) {
-            m_sum.resize(sumBytes);
-            unsigned length = sumBytes;
-            return EVP_DigestFinal_ex(context.get(), reinterpret_cast<unsigned char*>(m_sum.data()), &length) == 1;
+            m_sum = sha256.result();
+            return !m_sum.isEmpty() || fail(Failure::Unknown, FileChecksum::tr("SHA-256 is not available."));
         }
-        EVP_DigestUpdate(context.get(), chunk.constData(), static_cast<std::size_t>(size));
+        sha256.add(chunk.constData(), size);
         dropFromCache(file, m_doneBytes, size);
         m_doneBytes += size;
         report();
@@ -180,7 +140,7 @@ void FileChecksum::cancel()
 {
     if (!m_thread)
         return;
-    m_summer->cancel();
+    m_summer->pausePoint.cancel();
     join();
 }
 
@@ -188,7 +148,7 @@ void FileChecksum::setPaused(bool paused)
 {
     m_paused = paused;
     if (m_summer)
-        m_summer->setPaused(paused);
+        m_summer->pausePoint.setPaused(paused);
 }
 
 void FileChecksum::join()

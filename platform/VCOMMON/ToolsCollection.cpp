@@ -1,9 +1,9 @@
 #include "ToolsCollection.h"
 
+#include "FileCopier.h"
 #include "FileManager.h"
+#include "PausePoint.h"
 
-#include <QDateTime>
-#include <QFile>
 #include <QFileInfo>
 #include <QTextBoundaryFinder>
 
@@ -106,9 +106,12 @@ QString ToolsCollection::freeFileName(const QString& path)
     if (!info.exists() && !info.isSymLink())
         return path;
     const QString suffix = info.suffix().isEmpty() ? QString() : QString(QLatin1Char('.') + info.suffix());
-    const QString stem = path.chopped(suffix.size());
+    const QString folder = path.chopped(info.fileName().size());
     for (int i = 2;; ++i) {
-        const QString candidate = stem + QStringLiteral(" (%1)").arg(i) + suffix;
+        const QString ending = QStringLiteral(" (%1)").arg(i) + suffix;
+        QString stem = info.fileName().chopped(suffix.size());
+        cutToBytes(stem, maxFileNameBytes - ending.toUtf8().size());
+        const QString candidate = folder + stem + ending;
         const QFileInfo other(candidate);
         if (!other.exists() && !other.isSymLink())
             return candidate;
@@ -117,22 +120,8 @@ QString ToolsCollection::freeFileName(const QString& path)
 
 bool ToolsCollection::copyFile(const QString& source, const QString& destination)
 {
-    const QFileInfo from(source);
-    const QFileInfo there(destination);
-    if (from.isFile() && there.isFile() && from.size() == there.size() && from.lastModified() == there.lastModified())
-        return true;
-    const QString temporary = freeFileName(destination + QStringLiteral(".part"));
-    if (!QFile::copy(source, temporary))
-        return false;
-    QFile copy(temporary);
-    if (copy.open(QIODevice::ReadWrite)) {
-        copy.setFileTime(from.lastModified(), QFileDevice::FileModificationTime);
-        copy.close();
-    }
-    if (copy.rename(freeFileName(destination)))
-        return true;
-    copy.remove();
-    return false;
+    PausePoint pausePoint;
+    return FileCopier(pausePoint, {}).copy(source, destination).end == CopyResult::End::Copied;
 }
 
 void ToolsCollection::openFolder(const QString& path)

@@ -23,13 +23,12 @@ public:
     /// Cuts the text behind the last whole character that fits into so many bytes of UTF-8.
     static void cutToBytes(QString& text, int limitBytes);
 
-    /// `path` itself when nothing stands there, else the same with " (2)", " (3)", ... before the suffix.
+    /// `path` itself when nothing stands there, else the same with " (2)", " (3)", ... before the suffix; the name is
+    /// cut where it would get too long.
     static QString freeFileName(const QString& path);
 
-    /// Copies a small file before it returns: under a temporary name beside the destination, with the source's
-    /// modification time, then renamed. An equal file (size and time) that stands there counts as the copy, beside
-    /// another one the copy takes a free name. False when it failed; nothing is left then. Waits for the disk; any
-    /// thread.
+    /// Copies a small file before it returns, as VCopyLocalFile does; beside another file of that name the copy takes
+    /// a free one. False when it failed; nothing is left then. Waits for the disk; any thread.
     static bool copyFile(const QString& source, const QString& destination);
 
     /// Shows a folder in the desktop's file manager. Returns at once, whatever the desktop does; any thread.

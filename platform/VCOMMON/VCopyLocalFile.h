@@ -2,6 +2,7 @@
 
 #include "VCOMMON_global.h"
 
+#include <QByteArray>
 #include <QObject>
 #include <QString>
 
@@ -10,6 +11,9 @@
 class QThread;
 
 namespace VCOMMON {
+
+class PausePoint;
+struct CopyResult;
 
 /// Copies one local file on a thread of its own. Lives on the GUI thread, owned by its parent.
 ///
@@ -28,6 +32,8 @@ public:
     explicit VCopyLocalFile(const QString& id, QObject* parent = nullptr);
     ~VCopyLocalFile() override;
 
+    /// Whether the next copies are read back from the disk and held against the source's SHA-256.
+    void setVerified(bool verified);
     /// False when a copy is running already.
     bool copyFile(const QString& source, const QString& target);
     void pauseCopyFile();
@@ -39,6 +45,8 @@ public:
     QString targetPath() const { return m_targetPath; }
     /// Why it failed, as a sentence; empty otherwise.
     QString errorText() const { return m_errorText; }
+    /// 32 bytes, when the copy was verified.
+    QByteArray sha256() const { return m_sha256; }
 
 signals:
     /// Bytes; about ten times a second and at the end, never for an empty file.
@@ -47,16 +55,17 @@ signals:
     void signalCopyFileCancelled(const QString& id);
 
 private:
-    class Copier;
-
-    void end(bool ok, const QString& targetPath, const QString& errorText);
+    void report(qint64 done, qint64 total);
+    void end(const CopyResult& result);
 
     const QString m_id;
     QString m_source;
     QString m_targetPath;
     QString m_errorText;
-    std::unique_ptr<Copier> m_copier;
-    std::unique_ptr<QThread> m_thread; ///< set while a copy runs
+    QByteArray m_sha256;
+    bool m_verified = false;
+    std::unique_ptr<PausePoint> m_pausePoint; ///< set while a copy runs
+    std::unique_ptr<QThread> m_thread;        ///< set while a copy runs
 };
 
 } // namespace VCOMMON

@@ -2,6 +2,7 @@
 
 #include "VCOMMON_global.h"
 
+#include <QByteArray>
 #include <QObject>
 #include <QString>
 #include <QStringList>
@@ -30,7 +31,13 @@ public:
     explicit VCopyLocalFiles(const QString& id, QObject* parent = nullptr);
     ~VCopyLocalFiles() override;
 
-    /// False when a copy is running already, or the lists differ in length. Folders of destinations must be there.
+    /// For the next copies: below this folder, which must be there and stay the same one, missing folders of
+    /// destinations are made, and links among them are not followed. Without one the folders must be there.
+    void setRoot(const QString& folder);
+    /// Whether the next copies are read back from the disk and held against the source's SHA-256.
+    void setVerified(bool verified);
+
+    /// False when a copy is running already, or the lists differ in length.
     bool copyFiles(const QStringList& sources, const QStringList& destinations);
     void pauseCopyFiles();
     void continueCopyFiles();
@@ -42,6 +49,9 @@ signals:
     void signalCopyFilesProgress(const QString& id, int fileNumber, int fileCount, int percent);
     /// Bytes of the file in hand; about ten times a second and at each file's end, then with done equal to size.
     void signalCopyFileBytes(const QString& id, qint64 doneOfFile, qint64 sizeOfFile, int finishedFiles);
+    /// Where the copy went, and its SHA-256 when it was verified.
+    void signalCopyFileSucceeded(const QString& id, const QString& source, const QString& target,
+                                 const QByteArray& sha256);
     /// `reason` is a sentence.
     void signalCopyFileFailed(const QString& id, const QString& source, const QString& reason);
     /// Sources.
@@ -51,9 +61,13 @@ signals:
 private:
     class Batch;
 
+    void end(bool isWhole, const QStringList& succeeded, const QStringList& failed);
+
     const QString m_id;
-    std::unique_ptr<Batch> m_batch;
-    std::unique_ptr<QThread> m_thread; ///< set while a batch runs
+    QString m_root;
+    bool m_verified = false;
+    std::unique_ptr<Batch> m_batch;    ///< set while a batch runs
+    std::unique_ptr<QThread> m_thread; ///< the same
 };
 
 } // namespace VCOMMON

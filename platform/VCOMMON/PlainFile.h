@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QCoreApplication>
+#include <QString>
+
+class QFile;
+class QFileDevice;
+
+namespace VCOMMON {
+
+/// What tells two states of a file apart.
+struct FileStamp
+{
+    qint64 sizeBytes = -1;
+    qint64 modifiedNs = 0; ///< since 1970, UTC
+
+    bool operator==(const FileStamp& other) const
+    {
+        return sizeBytes == other.sizeBytes && modifiedNs == other.modifiedNs;
+    }
+};
+
+/// Calls on plain files that Qt does not offer; any thread.
+class PlainFile final
+{
+    Q_DECLARE_TR_FUNCTIONS(PlainFile)
+
+public:
+    PlainFile() = delete;
+
+    /// Opens a file for reading. A link, a folder, a pipe or a device is refused and never waited for. Empty when it
+    /// went well, else why it did not, as a sentence.
+    static QString open(QFile& file, const QString& path);
+
+    /// Reads the stamp of an open file; false when the system does not tell.
+    static bool readStamp(const QFileDevice& file, FileStamp& stamp);
+    static bool setModified(QFileDevice& file, qint64 modifiedNs);
+
+private:
+    static QString notReadable(const QString& path);
+    static QString notThere(const QString& path);
+    static QString notPlain(const QString& path);
+};
+
+} // namespace VCOMMON
