@@ -6,6 +6,7 @@
 #include "TaskFiles.h"
 
 #include <DownloadTaskData.h>
+#include <RecordingFile.h>
 #include <vaws_download.h>
 
 #include <QDir>
@@ -108,7 +109,7 @@ private:
 
 Piece pieceOf(const QString& path)
 {
-    const RecordingFile file = RecordingFile::read(path);
+    const VCOMMON::RecordingFile file = VCOMMON::RecordingFile::read(path);
     return {path, file.begin, file.isFinished() ? file.end : QDateTime(), file.bytes, false};
 }
 

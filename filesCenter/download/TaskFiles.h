@@ -24,18 +24,4 @@ QString comparable(const QString& path);
 
 } // namespace TaskFiles
 
-/// What a finished file of ours says of itself: the span of the recording in it.
-struct RecordingFile
-{
-    QDateTime begin; ///< local
-    QDateTime end;   ///< invalid when the file was never finished or is not ours
-    qint64 bytes = 0;
-
-    bool isFinished() const { return begin.isValid() && end.isValid(); }
-
-    /// Reads a few hundred bytes of the file; waits for the disk. Any file may be asked; what it claims is checked
-    /// against limits.
-    static RecordingFile read(const QString& path);
-};
-
 } // namespace vemo_filesCenter

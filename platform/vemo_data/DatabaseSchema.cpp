@@ -138,6 +138,52 @@ const std::vector<Step>& steps()
                 PRIMARY KEY (task_id, place)
             ) WITHOUT ROWID)",
         },
+        {
+            // Recordings lie in the order of their begins, so that a span is read from front to back.
+            R"(CREATE TABLE local_channels (
+                id INTEGER PRIMARY KEY,
+                dev_id TEXT NOT NULL,                          -- empty: the files don't tell
+                channel_no INTEGER NOT NULL,
+                channel_id TEXT NOT NULL,
+                channel_name TEXT NOT NULL,
+                dev_name TEXT NOT NULL,
+                UNIQUE (dev_id, channel_no, channel_id, channel_name, dev_name)
+            ))",
+            "INSERT INTO local_channels (dev_id, channel_no, channel_id, channel_name, dev_name) "
+            "SELECT DISTINCT dev_id, channel_no, channel_id, channel_name, dev_name FROM local_recordings",
+            "ALTER TABLE local_recordings RENAME TO local_recordings_before",
+            R"(CREATE TABLE local_recordings (
+                begin_utc_ms INTEGER NOT NULL,                 -- since 1970
+                file_path TEXT NOT NULL UNIQUE,
+                end_utc_ms INTEGER NOT NULL CHECK (end_utc_ms >= begin_utc_ms),
+                channel INTEGER NOT NULL REFERENCES local_channels (id),
+                bytes INTEGER NOT NULL,                        -- size and time when the file was read, 0: never
+                written_utc_ms INTEGER NOT NULL,
+                problem TEXT NOT NULL,                         -- what is wrong with the file, empty: nothing
+                span_guessed INTEGER NOT NULL CHECK (span_guessed IN (0, 1)),
+                PRIMARY KEY (begin_utc_ms, file_path)
+            ) WITHOUT ROWID)",
+            "INSERT INTO local_recordings SELECT begin_utc_ms, file_path, end_utc_ms, id, 0, 0, '', 0 "
+            "FROM local_recordings_before JOIN local_channels USING (dev_id, channel_no, channel_id, channel_name, "
+            "dev_name)",
+            "DROP TABLE local_recordings_before",
+            "CREATE INDEX local_recordings_channel ON local_recordings (channel, begin_utc_ms)",
+            "CREATE INDEX local_recordings_length ON local_recordings (end_utc_ms - begin_utc_ms)",
+            R"(CREATE TABLE local_snapshots (
+                capture_utc_ms INTEGER NOT NULL,
+                file_path TEXT NOT NULL UNIQUE,
+                channel INTEGER NOT NULL REFERENCES local_channels (id),
+                bytes INTEGER NOT NULL,
+                written_utc_ms INTEGER NOT NULL,
+                problem TEXT NOT NULL,
+                PRIMARY KEY (capture_utc_ms, file_path)
+            ) WITHOUT ROWID)",
+            R"(CREATE TABLE local_folders (
+                folder TEXT PRIMARY KEY NOT NULL,              -- that was scanned
+                volume TEXT NOT NULL,                          -- the file system it lay on
+                scanned_utc_ms INTEGER NOT NULL
+            ) WITHOUT ROWID)",
+        },
     };
     return all;
 }

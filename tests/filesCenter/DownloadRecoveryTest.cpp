@@ -5,6 +5,7 @@
 #include <download/DownloadRecovery.h>
 #include <download/TaskFiles.h>
 #include <DownloadTaskData.h>
+#include <RecordingFile.h>
 #include <tables/DownloadingTable.h>
 #include <tables/SuccessTable.h>
 
@@ -255,7 +256,7 @@ private slots:
         QVERIFY(file.open(QIODevice::WriteOnly));
         file.write(bytes);
         file.close();
-        QVERIFY(!RecordingFile::read(file.fileName()).isFinished());
+        QVERIFY(!VCOMMON::RecordingFile::read(file.fileName()).isFinished());
     }
 
 private:

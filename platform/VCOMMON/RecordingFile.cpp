@@ -1,0 +1,96 @@
+#include "RecordingFile.h"
+
+#include "scan/Mp4Facts.h"
+#include "scan/RegularFile.h"
+
+#include <FinishedFiles.h>
+
+#include <QFile>
+#include <QFileInfo>
+
+namespace VCOMMON {
+
+namespace {
+
+QDateTime local(qint64 utcMs)
+{
+    return QDateTime::fromMSecsSinceEpoch(utcMs);
+}
+
+} // namespace
+
+void RecordingFile::take(QIODevice& device)
+{
+    const Mp4Facts facts = Mp4Facts::read(device);
+    if (bytes == 0)
+        problem = tr("The file is empty.");
+    else if (!facts.isMp4)
+        problem = tr("This is no MP4 file.");
+    else if (facts.isCut && facts.fragments > 0)
+        problem = tr("The file was not finished; what there is of it can be played.");
+    else if (facts.isCut)
+        problem = tr("The file is cut off: %1 of at least %2 bytes are there.").arg(bytes).arg(facts.neededBytes);
+    else if (!facts.hasMovie)
+        problem = tr("The index of the file is missing: it was not finished, or its end is damaged.");
+    else if (facts.durationMs <= 0)
+        problem = tr("The file holds no pictures.");
+
+    channelName = facts.channelName;
+    recorderName = facts.recorderName;
+    if (facts.beginUtcMs >= 0) {
+        source = Source::Tags;
+        m_isFinal = facts.endUtcMs > facts.beginUtcMs && facts.fragments == 0;
+        begin = local(facts.beginUtcMs);
+        end = m_isFinal ? local(facts.endUtcMs) : begin.addMSecs(facts.durationMs);
+    } else if (facts.createdUtcMs >= 0) {
+        source = Source::Header;
+        begin = local(facts.createdUtcMs);
+        end = begin.addMSecs(facts.durationMs);
+    } else {
+        source = Source::WriteTime;
+        end = local(writtenUtcMs);
+        begin = end.addMSecs(-facts.durationMs);
+    }
+}
+
+/// The name tells whose recording it is where the file does not, and its span where that would be a guess.
+void RecordingFile::takeName(const QString& fileName)
+{
+    const std::optional<vemo_data::DownloadTaskInfo> named = vemo_data::FinishedFiles::fromName(fileName);
+    if (!named) {
+        if (channelName.isEmpty())
+            channelName = QFileInfo(fileName).completeBaseName();
+        return;
+    }
+    channelNo = named->channelNo;
+    if (channelName.isEmpty())
+        channelName = named->channelName;
+    if (recorderName.isEmpty())
+        recorderName = named->devLabel;
+    if (source == Source::WriteTime || source == Source::Unknown) {
+        source = Source::Name;
+        begin = named->beginTime;
+        end = named->endTime;
+    }
+}
+
+RecordingFile RecordingFile::read(const QString& path)
+{
+    RecordingFile found;
+    QFile file(path);
+    const QFileInfo info(path);
+    found.bytes = info.size();
+    found.writtenUtcMs = info.lastModified().toMSecsSinceEpoch();
+    if (openRegularFile(file)) {
+        found.bytes = file.size();
+        found.take(file);
+    } else {
+        found.problem = info.isFile() ? tr("The file can't be read.") : tr("The file is not there.");
+        found.begin = found.end = info.lastModified();
+        found.source = info.isFile() ? Source::WriteTime : Source::Unknown;
+    }
+    found.takeName(info.fileName());
+    return found;
+}
+
+} // namespace VCOMMON
