@@ -55,9 +55,9 @@ struct FileCopier::Job
     CopyResult result;
 };
 
-FileCopier::FileCopier(PausePoint& pausePoint, Options options)
+FileCopier::FileCopier(PausePoint& pausePoint, const Options& options)
     : m_pausePoint(pausePoint)
-    , m_options(std::move(options))
+    , m_options{options.root.isEmpty() ? QString() : QFileInfo(options.root).absoluteFilePath(), options.verify}
 {}
 
 bool FileCopier::fail(Job& job, const QString& text)
@@ -87,7 +87,7 @@ CopyResult FileCopier::copy(const QString& source, const QString& target, const 
 {
     Job job;
     job.source = source;
-    job.target = QDir::cleanPath(target);
+    job.target = QDir::cleanPath(QFileInfo(target).absoluteFilePath());
     job.progress = progress;
     const QString refused = PlainFile::open(job.from, source);
     bool ok = refused.isEmpty() ? PlainFile::readStamp(job.from, job.stamp) : fail(job, refused);

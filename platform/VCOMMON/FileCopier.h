@@ -52,7 +52,7 @@ public:
     /// whole in its place; never for an empty file.
     using Progress = std::function<void(qint64 doneBytes, qint64 totalBytes)>;
 
-    FileCopier(PausePoint& pausePoint, Options options);
+    FileCopier(PausePoint& pausePoint, const Options& options);
 
     CopyResult copy(const QString& source, const QString& target, const Progress& progress = {});
 
