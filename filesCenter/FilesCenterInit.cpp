@@ -1,5 +1,6 @@
 #include "FilesCenterInit.h"
 
+#include "backup/BackupPlanRun.h"
 #include "download/DownloadAccess.h"
 #include "FilesCenterForm.h"
 
@@ -9,6 +10,7 @@ FilesCenterInit::FilesCenterInit(QObject* parent)
     : QObject(parent)
 {
     DownloadAccess::instance();
+    new BackupPlanRun(this);
 }
 
 FilesCenterInit::~FilesCenterInit() = default;

@@ -60,9 +60,9 @@ void BackupSearch::answered(const QString& requestId, int errorCode, const QList
         return;
     RecSearchReqIdsManager::instance().renewal(); // the others shall not time out meanwhile
     if (errorCode != 0)
-        emit signalFailed(tr("Failed to search video recordings(%1)").arg(errorCode));
+        emit signalFailed(tr("Failed to search video recordings(%1)").arg(errorCode), false);
     else if (recordings.isEmpty())
-        emit signalFailed(tr("Non-video recordings"));
+        emit signalFailed(tr("Non-video recordings"), true);
     else
         emit signalFound(recordings);
 }
@@ -70,7 +70,7 @@ void BackupSearch::answered(const QString& requestId, int errorCode, const QList
 void BackupSearch::timedOut(const QString& requestId)
 {
     if (takeOwn(requestId))
-        emit signalFailed(tr("Query video recording timeout"));
+        emit signalFailed(tr("Query video recording timeout"), false);
 }
 
 } // namespace vemo_filesCenter

@@ -28,8 +28,8 @@ public:
 
 signals:
     void signalFound(const QList<vms_sdk::VideoRecording>& recordings); ///< at least one
-    /// `message` is for the task's line: the search failed, timed out or found nothing.
-    void signalFailed(const QString& message);
+    /// `message` is for the task's line: the search failed, timed out or, with `isEmpty`, found nothing.
+    void signalFailed(const QString& message, bool isEmpty);
 
 private:
     void answered(const QString& requestId, int errorCode, const QList<vms_sdk::VideoRecording>& recordings);

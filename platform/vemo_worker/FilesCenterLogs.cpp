@@ -124,6 +124,12 @@ void FilesCenterLogs::recordDownloadEventLog(const QString& device, int channelN
     post(Download, device, channelNo, channelName, text);
 }
 
+void FilesCenterLogs::recordBackupEventLog(const QString& device, int channelNo, const QString& channelName,
+                                           const QString& text)
+{
+    post(Backup, device, channelNo, channelName, text);
+}
+
 void FilesCenterLogs::deleteLocalRecordLog(const QString& device, int channelNo, const QString& channelName,
                                            const QString& text)
 {

@@ -19,7 +19,7 @@ class VEMO_WORKER_EXPORT FilesCenterLogs final : public QObject
     Q_DISABLE_COPY_MOVE(FilesCenterLogs)
 
 public:
-    enum Kind : int { Unknown = 0, Download = 1, LocalRecordDeletion = 2, LocalCaptureDeletion = 3 };
+    enum Kind : int { Unknown = 0, Download = 1, LocalRecordDeletion = 2, LocalCaptureDeletion = 3, Backup = 4 };
 
     struct Entry
     {
@@ -51,6 +51,7 @@ public:
     void query(const Query& query, QObject* context, Page page);
 
     void recordDownloadEventLog(const QString& device, int channelNo, const QString& channelName, const QString& text);
+    void recordBackupEventLog(const QString& device, int channelNo, const QString& channelName, const QString& text);
     void deleteLocalRecordLog(const QString& device, int channelNo, const QString& channelName, const QString& text);
     void deleteLocalCaptureLog(const QString& device, int channelNo, const QString& channelName, const QString& text);
 

@@ -1,8 +1,8 @@
 #include "BackupDay.h"
 
-namespace vemo_filesCenter {
+namespace vemo_data {
 
-using FileInfo = vemo_data::BackupTaskInfo::FileInfo;
+using FileInfo = BackupTaskInfo::FileInfo;
 
 namespace {
 
@@ -77,12 +77,12 @@ bool BackupDay::isDoubled(const QDateTime& moment)
     return moments.first != moments.last;
 }
 
-QDateTime BackupDay::startOf(const vemo_data::BackupTaskInfo& task, const FileInfo& entry)
+QDateTime BackupDay::startOf(const BackupTaskInfo& task, const FileInfo& entry)
 {
     return startOf(task.date, entry.startTime, entry.startsInSecondPass);
 }
 
-QDateTime BackupDay::endOf(const vemo_data::BackupTaskInfo& task, const FileInfo& entry)
+QDateTime BackupDay::endOf(const BackupTaskInfo& task, const FileInfo& entry)
 {
     return endOf(task.date, entry.endTime, entry.endsInFirstPass);
 }
@@ -101,4 +101,4 @@ void BackupDay::setEnd(FileInfo* entry, const QDateTime& moment)
     entry->endsInFirstPass = endOf(local.date(), local.time()) > local;
 }
 
-} // namespace vemo_filesCenter
+} // namespace vemo_data

@@ -1,22 +1,23 @@
 #pragma once
 
-#include <BackupTaskInfo.h>
+#include "BackupTaskInfo.h"
+#include "vemo_data_global.h"
 
 #include <QCoreApplication>
 #include <QList>
 
-namespace vemo_filesCenter {
+namespace vemo_data {
 
 /// How much of what a device holds is safe in files.
-class BackupSafety final
+class VEMO_DATA_EXPORT BackupSafety final
 {
-    Q_DECLARE_TR_FUNCTIONS(vemo_filesCenter::BackupSafety)
+    Q_DECLARE_TR_FUNCTIONS(vemo_data::BackupSafety)
 
 public:
     /// Of one task: its segments, its entries, and what was found on its device (of the last search). Looks at no file.
-    static BackupSafety of(const vemo_data::BackupTaskInfo& task);
+    static BackupSafety of(const BackupTaskInfo& task);
     /// What the recordings hold, merged and in order.
-    static QList<vemo_data::BackupSpan> mergedSpans(const QList<vms_sdk::VideoRecording>& recordings);
+    static QList<BackupSpan> mergedSpans(const QList<vms_sdk::VideoRecording>& recordings);
 
     bool isKnown = false; ///< the device was searched; without that both are 0
     qint64 held = 0;      ///< seconds that the device holds within the segments
@@ -28,4 +29,4 @@ public:
     QString text() const;
 };
 
-} // namespace vemo_filesCenter
+} // namespace vemo_data

@@ -4,10 +4,7 @@
 
 #include <algorithm>
 
-namespace vemo_filesCenter {
-
-using vemo_data::BackupSpan;
-using vemo_data::BackupTaskInfo;
+namespace vemo_data {
 
 namespace {
 
@@ -52,7 +49,7 @@ qint64 seconds(const QList<BackupSpan>& spans)
 QList<BackupSpan> segmentsOf(const BackupTaskInfo& task)
 {
     QList<BackupSpan> spans;
-    for (const vemo_data::BackupTimeSegment& segment : task.timeSegments)
+    for (const BackupTimeSegment& segment : task.timeSegments)
         spans.append({BackupDay::startOf(task.date, segment.start), BackupDay::endOf(task.date, segment.end)});
     return merged(spans);
 }
@@ -108,4 +105,4 @@ QString BackupSafety::text() const
     return tr("%1 of %2").arg(length(safe), length(held));
 }
 
-} // namespace vemo_filesCenter
+} // namespace vemo_data

@@ -1,0 +1,111 @@
+#include "BackupManifestFile.h"
+
+#include <FileChecksum.h>
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QMap>
+#include <QSaveFile>
+
+namespace vemo_filesCenter {
+
+namespace {
+
+using Record = BackupManifestFile::Record;
+
+constexpr qint64 limitBytes = 16 * 1024 * 1024;
+constexpr int version = 1;
+constexpr int sumBytes = 32;
+
+QString utc(const QDateTime& time)
+{
+    return time.toUTC().toString(Qt::ISODateWithMs);
+}
+
+QDateTime local(const QJsonValue& value)
+{
+    return QDateTime::fromString(value.toString(), Qt::ISODateWithMs).toLocalTime();
+}
+
+QJsonObject objectOf(const Record& record)
+{
+    return {{QStringLiteral("file"), record.file},
+            {QStringLiteral("device"), record.device},
+            {QStringLiteral("channel_no"), record.channelNo},
+            {QStringLiteral("channel"), record.channel},
+            {QStringLiteral("begin"), utc(record.begin)},
+            {QStringLiteral("end"), utc(record.end)},
+            {QStringLiteral("bytes"), record.bytes},
+            {QStringLiteral("sha256"), QString::fromLatin1(record.sha256.toHex())}};
+}
+
+Record recordOf(const QJsonObject& object)
+{
+    Record record;
+    record.file = object[QStringLiteral("file")].toString();
+    record.device = object[QStringLiteral("device")].toString();
+    record.channelNo = object[QStringLiteral("channel_no")].toInt();
+    record.channel = object[QStringLiteral("channel")].toString();
+    record.begin = local(object[QStringLiteral("begin")]);
+    record.end = local(object[QStringLiteral("end")]);
+    record.bytes = static_cast<qint64>(object[QStringLiteral("bytes")].toDouble());
+    record.sha256 = QByteArray::fromHex(object[QStringLiteral("sha256")].toString().toLatin1());
+    return record;
+}
+
+bool replace(const QString& path, const QByteArray& content)
+{
+    QSaveFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.commit();
+}
+
+} // namespace
+
+QString BackupManifestFile::sumsName()
+{
+    return QStringLiteral("SHA256SUMS");
+}
+
+QString BackupManifestFile::jsonName()
+{
+    return QStringLiteral("manifest.json");
+}
+
+QList<BackupManifestFile::Record> BackupManifestFile::read(const QString& folder)
+{
+    QFile file(folder % QLatin1Char('/') % jsonName());
+    if (!file.open(QIODevice::ReadOnly) || file.size() > limitBytes)
+        return {};
+    const QJsonArray files = QJsonDocument::fromJson(file.read(limitBytes))[QStringLiteral("files")].toArray();
+    QMap<QString, Record> records;
+    for (const QJsonValue& value : files) {
+        const Record record = recordOf(value.toObject());
+        const bool isName = !record.file.isEmpty() && !record.file.contains(QLatin1Char('/'));
+        if (isName && record.sha256.size() == sumBytes)
+            records.insert(record.file, record);
+    }
+    return records.values();
+}
+
+bool BackupManifestFile::merge(const QString& folder, const QList<Record>& added)
+{
+    QMap<QString, Record> records;
+    const QList<Record> known = read(folder);
+    for (const QList<Record>* list : {&known, &added}) {
+        for (const Record& record : *list)
+            records.insert(record.file, record);
+    }
+    QByteArray sums;
+    QJsonArray files;
+    for (const Record& record : qAsConst(records)) {
+        sums += VCOMMON::FileChecksum::checkLine(record.sha256, record.file).toUtf8() + '\n';
+        files.append(objectOf(record));
+    }
+    const QJsonObject manifest{{QStringLiteral("version"), version}, {QStringLiteral("files"), files}};
+    return replace(folder % QLatin1Char('/') % sumsName(), sums) &&
+           replace(folder % QLatin1Char('/') % jsonName(), QJsonDocument(manifest).toJson());
+}
+
+} // namespace vemo_filesCenter
