@@ -1,17 +1,99 @@
 #pragma once
 
-#include "EmptyPage.h"
+#include <LocalRecordingIndexInfo.h>
+
+#include <QList>
+#include <QPointer>
+#include <QWidget>
+
+#include <functional>
+#include <memory>
+
+namespace vemo_base {
+class DatetimeSpanSelWt;
+class LocalPlaybackDlg;
+class PageHeader;
+class TableOperWtStyle;
+} // namespace vemo_base
 
 namespace vemo_filesCenter {
 
-/// Page of the recordings on this computer. For now it says that it is empty.
-class LocalRecordingsMgrPage final : public EmptyPage
+class LocalRecordingOperWt;
+class LocalRecordingRows;
+class LocalRecordingsData;
+class LocalRecordingsSaveAs;
+
+namespace Ui {
+class LocalRecordingsMgrPage;
+}
+
+/// Page of the recordings on this computer: searched by a span of time, filtered by channel name, shown page by page;
+/// played, copied elsewhere, deleted. It searches by itself when it is shown for the first time. One request to the
+/// index is in flight at a time; an answer to an earlier one is dropped. A deletion takes record, file and side index
+/// together; a file that will not go gets its record back. GUI thread, owned by the form.
+class LocalRecordingsMgrPage final : public QWidget
 {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(LocalRecordingsMgrPage)
 
 public:
     explicit LocalRecordingsMgrPage(QWidget* parent = nullptr);
+    ~LocalRecordingsMgrPage() override;
+
+public slots: // in this order: it is the order of their indexes
+    void slotSearchBtClicked();
+    void slotDeleteBtClicked();
+    void slotSaveAsBtClicked();
+
+protected:
+    void showEvent(QShowEvent* event) override;
+
+private:
+    /// Whether a page without rows is told in a box, or by what stands in the place of the rows alone.
+    enum class WhenEmpty : int { Tell = 0, Show };
+
+    void setUpControls();
+    void setUpTable();
+    void setUpEmptyStates();
+    void setUpConnections();
+
+    void beginRequest(QWidget* covered, const QString& text);
+    void endRequest();
+    void search(WhenEmpty whenEmpty);
+    /// Asks for the same span again, with nothing covered; filter and page stay.
+    void refresh();
+    void takeRecordings(const QString& requestId, const QList<VCOMMON::LocalRecordingIndexInfo>& records);
+
+    void filterRecordings();
+    void showPage(int page, WhenEmpty whenEmpty);
+    void showContent();
+
+    void connectOperWt(LocalRecordingOperWt* widget);
+    void openFile(const QString& filePath, QWidget* asker);
+    void openFolder(const QString& filePath, QWidget* asker);
+    void whenThere(const QString& filePath, QWidget* asker, const std::function<void()>& act);
+    void play(const QString& filePath);
+    void openRowMenu(int row, const QPoint& globalPos);
+
+    void deleteOne(int row);
+    void deleteRows(const QList<int>& rows, const QString& question);
+    void takeDeletion(const QString& requestId, const QStringList& filePaths, bool success);
+    void removeFiles(const QStringList& filePaths);
+
+    std::unique_ptr<Ui::LocalRecordingsMgrPage> m_ui;
+    vemo_base::PageHeader* m_header = nullptr;
+    vemo_base::DatetimeSpanSelWt* m_spanSelector = nullptr;
+    vemo_base::TableOperWtStyle* m_tableStyle = nullptr;
+    LocalRecordingsData* m_data;
+    LocalRecordingRows* m_rows = nullptr;
+    LocalRecordingsSaveAs* m_saveAs;
+    QPointer<vemo_base::LocalPlaybackDlg> m_playbackDlg; ///< made when a file is first played
+    QString m_reqId;                                     ///< of the request in flight: its waiting widget's
+    QList<int> m_selectedRows;                           ///< which the deletion in flight covers
+    WhenEmpty m_whenEmpty = WhenEmpty::Tell;             ///< of the search in flight
+    bool m_keepsPlace = false;                           ///< the search in flight keeps filter and page
+    bool m_isClearingFilter = false;
+    bool m_hasSearched = false;
 };
 
 } // namespace vemo_filesCenter

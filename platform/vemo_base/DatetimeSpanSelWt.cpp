@@ -101,6 +101,8 @@ DatetimeSpanSelWt::Side DatetimeSpanSelWt::addSide(const QString& name, QGridLay
     grid->addWidget(side.calendar, 1, column);
     connect(side.clock, &QTimeEdit::timeChanged, this, &DatetimeSpanSelWt::check);
     connect(side.calendar, &QCalendarWidget::selectionChanged, this, &DatetimeSpanSelWt::check);
+    // The calendar keeps Enter to itself.
+    connect(side.calendar, &QCalendarWidget::activated, this, &DatetimeSpanSelWt::take);
     return side;
 }
 
