@@ -6,7 +6,6 @@
 #include "TaskFiles.h"
 
 #include <DownloadTaskData.h>
-#include <RecordingFile.h>
 #include <vaws_download.h>
 
 #include <QDir>
@@ -109,7 +108,7 @@ private:
 
 Piece pieceOf(const QString& path)
 {
-    const VCOMMON::RecordingFile file = VCOMMON::RecordingFile::read(path);
+    const RecordingFile file = RecordingFile::read(path);
     return {path, file.begin, file.isFinished() ? file.end : QDateTime(), file.bytes, false};
 }
 

@@ -1,11 +1,15 @@
 #pragma once
 
+#include <RecordingFile.h>
+
 #include <QDateTime>
 #include <QString>
 
 #include <functional>
 
 namespace vemo_filesCenter {
+
+using VCOMMON::RecordingFile; // what a file of such a name says of itself
 
 /// Names of the files that downloads are saved under. No state; the functions that look at the disk say so.
 namespace TaskFiles {

@@ -5,7 +5,6 @@
 #include <download/DownloadRecovery.h>
 #include <download/TaskFiles.h>
 #include <DownloadTaskData.h>
-#include <RecordingFile.h>
 #include <tables/DownloadingTable.h>
 #include <tables/SuccessTable.h>
 
@@ -256,7 +255,7 @@ private slots:
         QVERIFY(file.open(QIODevice::WriteOnly));
         file.write(bytes);
         file.close();
-        QVERIFY(!VCOMMON::RecordingFile::read(file.fileName()).isFinished());
+        QVERIFY(!RecordingFile::read(file.fileName()).isFinished());
     }
 
 private:
