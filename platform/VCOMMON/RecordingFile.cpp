@@ -39,17 +39,19 @@ void RecordingFile::take(QIODevice& device)
     recorderName = facts.recorderName;
     if (facts.beginUtcMs >= 0) {
         source = Source::Tags;
-        m_isFinal = facts.endUtcMs > facts.beginUtcMs && facts.fragments == 0;
         begin = local(facts.beginUtcMs);
-        end = m_isFinal ? local(facts.endUtcMs) : begin.addMSecs(facts.durationMs);
+        if (facts.endUtcMs > facts.beginUtcMs && facts.fragments == 0 && problem.isEmpty())
+            end = local(facts.endUtcMs);
+        likelyBegin = begin;
+        likelyEnd = end.isValid() ? end : begin.addMSecs(facts.durationMs);
     } else if (facts.createdUtcMs >= 0) {
         source = Source::Header;
-        begin = local(facts.createdUtcMs);
-        end = begin.addMSecs(facts.durationMs);
+        likelyBegin = local(facts.createdUtcMs);
+        likelyEnd = likelyBegin.addMSecs(facts.durationMs);
     } else {
         source = Source::WriteTime;
-        end = local(writtenUtcMs);
-        begin = end.addMSecs(-facts.durationMs);
+        likelyEnd = local(writtenUtcMs);
+        likelyBegin = likelyEnd.addMSecs(-facts.durationMs);
     }
 }
 
@@ -69,8 +71,8 @@ void RecordingFile::takeName(const QString& fileName)
         recorderName = named->devLabel;
     if (source == Source::WriteTime || source == Source::Unknown) {
         source = Source::Name;
-        begin = named->beginTime;
-        end = named->endTime;
+        likelyBegin = named->beginTime;
+        likelyEnd = named->endTime;
     }
 }
 
@@ -86,7 +88,7 @@ RecordingFile RecordingFile::read(const QString& path)
         found.take(file);
     } else {
         found.problem = info.isFile() ? tr("The file can't be read.") : tr("The file is not there.");
-        found.begin = found.end = info.lastModified();
+        found.likelyBegin = found.likelyEnd = info.lastModified();
         found.source = info.isFile() ? Source::WriteTime : Source::Unknown;
     }
     found.takeName(info.fileName());

@@ -25,9 +25,11 @@ public:
         WriteTime ///< when the file was last written, less its length: a guess
     };
 
-    QDateTime begin; ///< local
-    QDateTime end;
-    Source source = Source::Unknown;
+    QDateTime begin;       ///< local; by the tags of our own files, else invalid
+    QDateTime end;         ///< likewise; invalid also when the file was never finished
+    QDateTime likelyBegin; ///< by the surest source there is
+    QDateTime likelyEnd;
+    Source source = Source::Unknown; ///< of the likely span
     qint64 bytes = 0;
     qint64 writtenUtcMs = 0;
     QString channelName; ///< these may be empty
@@ -36,7 +38,7 @@ public:
     QString problem; ///< what is wrong with the file, one sentence; empty: nothing
 
     /// A whole file of ours.
-    bool isFinished() const { return source == Source::Tags && problem.isEmpty() && m_isFinal; }
+    bool isFinished() const { return begin.isValid() && end.isValid(); }
 
     /// Reads a few hundred bytes of most files, a few MB at the most; waits for the disk, but at no pipe and no device.
     /// Any file may be asked; what it claims is checked against limits. A file that can't be read has a problem.
@@ -45,8 +47,6 @@ public:
 private:
     void take(QIODevice& device);
     void takeName(const QString& fileName);
-
-    bool m_isFinal = false; ///< both ends were told
 };
 
 } // namespace VCOMMON

@@ -197,8 +197,8 @@ void LocalFolderScan::readRecordings(const QStringList& paths)
             record.channelId = record.devId + QLatin1Char('|') + QString::number(record.channelNo);
         record.channelName = file.channelName;
         record.devName = file.recorderName;
-        record.beginTime = file.begin;
-        record.endTime = file.end;
+        record.beginTime = file.likelyBegin;
+        record.endTime = file.likelyEnd;
         record.filePath = path;
         record.bytes = file.bytes;
         record.problem = file.problem;
