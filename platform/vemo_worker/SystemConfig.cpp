@@ -26,6 +26,16 @@ QString backupKey()
     return QStringLiteral("paths/backup");
 }
 
+QString localRecordingKey()
+{
+    return QStringLiteral("paths/recordings");
+}
+
+QString localSnapshotKey()
+{
+    return QStringLiteral("paths/snapshots");
+}
+
 QString dateFormatKey()
 {
     return QStringLiteral("format/date");
@@ -77,6 +87,16 @@ QString SystemConfig::getDownloadPath() const
 QString SystemConfig::getRecordingBackupPath() const
 {
     return folderBelowVideos(backupKey(), QStringLiteral("Backup"));
+}
+
+QString SystemConfig::getLocalRecordingPath() const
+{
+    return folderBelowVideos(localRecordingKey(), QStringLiteral("Recordings"));
+}
+
+QString SystemConfig::getLocalSnapshotPath() const
+{
+    return folderBelowVideos(localSnapshotKey(), QStringLiteral("Snapshots"));
 }
 
 QString SystemConfig::getDateFormat() const

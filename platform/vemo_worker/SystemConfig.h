@@ -24,6 +24,10 @@ public:
     QString getDownloadPath() const;
     /// Root of recording backups; default: "Backup" in the video folder, made when that folder is there.
     QString getRecordingBackupPath() const;
+    /// Where recordings of live video lie: "Recordings" in the video folder, made when that folder is there.
+    QString getLocalRecordingPath() const;
+    /// Where snapshots lie: "Snapshots" in the video folder, likewise.
+    QString getLocalSnapshotPath() const;
     /// As QDate::toString() takes it; "yyyy-MM-dd" unless another was chosen.
     QString getDateFormat() const;
 

@@ -63,7 +63,7 @@ QString PlaybackTexts::snapshotName(const QString& channelName, const RecordingC
 
 QString PlaybackTexts::snapshotFolder()
 {
-    return vemo_worker::SystemConfig::instance().getVideoFilePath(true) + QStringLiteral("/Snapshots");
+    return vemo_worker::SystemConfig::instance().getLocalSnapshotPath();
 }
 
 } // namespace vemo_base
