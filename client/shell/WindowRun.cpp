@@ -6,6 +6,7 @@
 #include "SingleWindow.h"
 
 #include "cli/Interrupt.h"
+#include "cli/Terminal.h"
 #include "devices/RecorderLogins.h"
 
 #include <Database.h>
@@ -71,8 +72,11 @@ int runWindow(int& argc, char** argv, const CliCommand& command)
 
     SingleWindow single(vemo_worker::SysPaths::dataDir());
     const SingleWindow::Outcome outcome = single.take();
-    if (outcome == SingleWindow::Outcome::Raised)
+    if (outcome == SingleWindow::Outcome::Raised) {
+        Terminal::out(WindowText::tr("A window is open on the data folder %1 already; it was asked to come to the front.")
+                          .arg(vemo_worker::SysPaths::dataDir()));
         return 0;
+    }
 
     vemo_base::Theme& theme = vemo_base::Theme::instance();
     const DesktopTheme desktop;

@@ -181,6 +181,7 @@ class Client:
 
     def __init__(self):
         self.disk_reserve_bytes = 0
+        self.changes = {}  # of the environment; None takes a variable away
         self.folder = tempfile.mkdtemp(prefix="vemo-client-")
         self.out = os.path.join(self.folder, "out")
         for name in ("home", "out", "tmp"):
@@ -192,16 +193,19 @@ class Client:
     def __exit__(self, *_):
         shutil.rmtree(self.folder, ignore_errors=True)
 
-    def start(self, *arguments, password=PASSWORD):
+    def start(self, *arguments, password=PASSWORD, prefix=(), **changes):
+        """`prefix` is a command that runs the client."""
         home = os.path.join(self.folder, "home")
         environment = {name: value for name, value in os.environ.items() if not name.startswith(("XDG_", "DBUS_")) and name != "DISPLAY"}
         environment.update(HOME=home, TMPDIR=os.path.join(self.folder, "tmp"), QT_QPA_PLATFORM="offscreen", LC_ALL="C.UTF-8",
                            VEMO_DISK_RESERVE_BYTES=str(self.disk_reserve_bytes))
         if password is not None:
             environment["VEMO_PASSWORD"] = password
-        command = [program("vemo_client"), "--data", os.path.join(self.folder, "data"), *map(str, arguments)]
-        return subprocess.Popen(command, env=environment, cwd=self.folder, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
-                                stderr=subprocess.PIPE, text=True, errors="replace")
+        environment.update(self.changes, **changes)
+        environment = {name: value for name, value in environment.items() if value is not None}
+        command = [*prefix, program("vemo_client"), "--data", os.path.join(self.folder, "data"), *map(str, arguments)]
+        return subprocess.Popen(command, env=environment, cwd=self.folder, stdin=subprocess.DEVNULL,
+                                stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True, errors="replace")
 
     def finish(self, process, timeout=60, began=None):
         """Waits for the end; the arguments are read while it runs, so that a password in them would be seen."""
