@@ -23,6 +23,7 @@ public:
         quint64 disk = 0;
         quint64 number = 0;
 
+        bool isKnown() const { return disk != 0 || number != 0; }
         bool operator==(const Id& other) const { return disk == other.disk && number == other.number; }
     };
     enum class Published : int { Failed = 0, Done, Taken };
@@ -31,10 +32,10 @@ public:
     ~CopyFolder();
 
     /// Opens the folder. With a `root` that holds `path`, folders that are missing below the root are made, and none
-    /// of them may be a link. Empty when it went well, else a sentence.
-    QString open(const QString& path, const QString& root);
+    /// of them may be a link. Nothing is made when a known id is not that of what is found: the root's, or the folder's
+    /// own without one. Empty when it went well, else a sentence.
+    QString open(const QString& path, const QString& root, const Id& known);
 
-    Id id() const;
     /// Of the root, or of the folder itself without one.
     Id rootId() const;
     qint64 freeBytes() const;
@@ -57,6 +58,8 @@ private:
 
     static QString temporaryName();
     QString notThere() const;
+    static QString replaced(const QString& path);
+    bool isOther(const Id& known) const;
 
     QString m_path;
     QString m_name; ///< of the file in hand

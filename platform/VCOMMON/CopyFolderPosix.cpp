@@ -78,7 +78,7 @@ CopyFolder::CopyFolder()
 
 CopyFolder::~CopyFolder() = default;
 
-QString CopyFolder::open(const QString& path, const QString& root)
+QString CopyFolder::open(const QString& path, const QString& root, const Id& known)
 {
     m_path = QDir::cleanPath(path);
     const QString start = root.isEmpty() ? m_path : QDir::cleanPath(root);
@@ -86,6 +86,8 @@ QString CopyFolder::open(const QString& path, const QString& root)
     if (m_handles->folder < 0)
         return notThere();
     m_handles->root = idOf(m_handles->folder);
+    if (isOther(known))
+        return replaced(start);
     if (start == m_path)
         return {};
     const QString below = start.endsWith(QLatin1Char('/')) ? start : QString(start + QLatin1Char('/'));
@@ -99,11 +101,6 @@ QString CopyFolder::open(const QString& path, const QString& root)
             return notThere();
     }
     return {};
-}
-
-CopyFolder::Id CopyFolder::id() const
-{
-    return idOf(m_handles->folder);
 }
 
 CopyFolder::Id CopyFolder::rootId() const

@@ -62,7 +62,7 @@ CopyFolder::CopyFolder()
 
 CopyFolder::~CopyFolder() = default;
 
-QString CopyFolder::open(const QString& path, const QString& root)
+QString CopyFolder::open(const QString& path, const QString& root, const Id& known)
 {
     m_path = QDir::cleanPath(path);
     QString at = root.isEmpty() ? m_path : QDir::cleanPath(root);
@@ -70,6 +70,8 @@ QString CopyFolder::open(const QString& path, const QString& root)
     if (m_handles->folder == INVALID_HANDLE_VALUE)
         return notThere();
     m_handles->root = idOf(m_handles->folder);
+    if (isOther(known))
+        return replaced(at);
     if (at == m_path)
         return {};
     const QString below = at.endsWith(QLatin1Char('/')) ? at : QString(at + QLatin1Char('/'));
@@ -92,11 +94,6 @@ QString CopyFolder::open(const QString& path, const QString& root)
             return notThere();
     }
     return {};
-}
-
-CopyFolder::Id CopyFolder::id() const
-{
-    return idOf(m_handles->folder);
 }
 
 CopyFolder::Id CopyFolder::rootId() const

@@ -39,6 +39,18 @@ bool isEqual(const QFileInfo& source, const QFileInfo& copy)
            isSameTime(source.lastModified(), copy.lastModified());
 }
 
+/// A disk that is running full takes a part and tells why with the rest.
+bool writeAll(QFile& file, const char* data, qint64 size)
+{
+    for (qint64 written = 0; written < size;) {
+        const qint64 taken = file.write(data + written, size - written);
+        if (taken <= 0)
+            return false;
+        written += taken;
+    }
+    return true;
+}
+
 } // namespace
 
 /// One file on its way.
@@ -113,25 +125,15 @@ CopyResult FileCopier::copy(const QString& source, const QString& target, const 
 bool FileCopier::enterFolder(Job& job)
 {
     const QString path = QFileInfo(job.target).absolutePath();
-    const QString refused = job.folder.open(path, m_options.root);
+    const QString start = m_options.root.isEmpty() ? path : m_options.root;
+    const QString refused = job.folder.open(path, m_options.root, m_folders.value(start));
     if (!refused.isEmpty())
         return fail(job, refused);
-    if (!m_options.root.isEmpty() && !isStillThat(m_options.root, job.folder.rootId()))
-        return fail(job, tr("%1 is not the folder any more that it was at the beginning.").arg(m_options.root));
-    const bool isNew = !m_folders.contains(path);
-    if (!isStillThat(path, job.folder.id()))
-        return fail(job, tr("%1 is not the folder any more that it was at the beginning.").arg(path));
-    if (isNew)
+    m_folders.insert(start, job.folder.rootId());
+    if (!m_swept.contains(path)) {
+        m_swept.insert(path);
         job.folder.removeAbandoned();
-    return true;
-}
-
-bool FileCopier::isStillThat(const QString& path, const CopyFolder::Id& id)
-{
-    const auto known = m_folders.constFind(path);
-    if (known != m_folders.cend())
-        return *known == id;
-    m_folders.insert(path, id);
+    }
     return true;
 }
 
@@ -194,7 +196,7 @@ bool FileCopier::fillByProgram(Job& job)
             return fail(job, tr("%1 can't be read: %2.").arg(job.source, job.from.errorString()));
         if (size == 0)
             break;
-        if (job.to.write(chunk.get(), size) != size)
+        if (!writeAll(job.to, chunk.get(), size))
             return fail(job, tr("%1 can't be written: %2.").arg(job.target, job.to.errorString()));
         if (m_options.verify)
             sha256.add(chunk.get(), size);
@@ -243,8 +245,7 @@ bool FileCopier::compare(Job& job)
 /// Makes the copy last, and holds it against the source.
 bool FileCopier::finish(Job& job)
 {
-    PlainFile::setModified(job.to, job.stamp.modifiedNs); // not all file systems let everyone
-    if (!syncToDisk(job.to))
+    if (!PlainFile::setModified(job.to, job.stamp.modifiedNs) || !syncToDisk(job.to))
         return failWriting(job);
     FileStamp sourceNow;
     FileStamp copyNow;

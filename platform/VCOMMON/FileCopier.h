@@ -61,7 +61,6 @@ private:
 
     bool isThereAlready(Job& job);
     bool enterFolder(Job& job);
-    bool isStillThat(const QString& path, const CopyFolder::Id& id);
     bool fill(Job& job);
     bool fillByProgram(Job& job);
     bool compare(Job& job);
@@ -74,7 +73,8 @@ private:
 
     PausePoint& m_pausePoint;
     const Options m_options;
-    QHash<QString, CopyFolder::Id> m_folders; ///< what each folder's path led to at first
+    QHash<QString, CopyFolder::Id> m_folders; ///< what the root's path, or each folder's, led to at first
+    QSet<QString> m_swept;                    ///< folders without abandoned files
     QSet<QString> m_made;                     ///< files that this object has made, case folded
 };
 

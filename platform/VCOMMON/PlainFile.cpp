@@ -127,7 +127,7 @@ bool PlainFile::setModified(QFileDevice& file, qint64 modifiedNs)
     const qint64 rest = (modifiedNs % nsASecond + nsASecond) % nsASecond; // also for a time before 1970
     times[1].tv_sec = static_cast<time_t>((modifiedNs - rest) / nsASecond);
     times[1].tv_nsec = static_cast<long>(rest);
-    return ::futimens(file.handle(), times) == 0;
+    return ::futimens(file.handle(), times) == 0 || errno == EPERM || errno == ENOTSUP || errno == EINVAL;
 }
 
 #endif

@@ -34,6 +34,7 @@ public:
 
     /// Reads the stamp of an open file; false when the system does not tell.
     static bool readStamp(const QFileDevice& file, FileStamp& stamp);
+    /// On file systems that let nobody set a time it stays as it is, and that is no failure.
     static bool setModified(QFileDevice& file, qint64 modifiedNs);
 
 private:

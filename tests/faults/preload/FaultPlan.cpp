@@ -5,13 +5,16 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
+#include <fcntl.h>
 #include <string_view>
+#include <sys/syscall.h>
+#include <unistd.h>
 #include <utility>
 
 namespace faults {
 namespace {
 
-constexpr std::array<std::pair<Call, const char*>, 14> callNames{{
+constexpr std::array<std::pair<Call, const char*>, 18> callNames{{
     {Call::Write, "write"},
     {Call::Pwrite, "pwrite"},
     {Call::Writev, "writev"},
@@ -26,6 +29,10 @@ constexpr std::array<std::pair<Call, const char*>, 14> callNames{{
     {Call::Mkdir, "mkdir"},
     {Call::Link, "link"},
     {Call::Fallocate, "fallocate"},
+    {Call::CopyFileRange, "copy_file_range"},
+    {Call::Clone, "clone"},
+    {Call::Futimens, "futimens"},
+    {Call::Read, "read"},
 }};
 
 constexpr std::array<std::pair<std::string_view, int>, 6> errnoNames{{
@@ -113,7 +120,7 @@ FaultPlan::FaultPlan()
     }
     const auto ops = environment("VEMO_FAULTS_OPS");
     for (const auto& [call, name] : callNames) {
-        bool wanted = ops.empty() && call != Call::OpenRead;
+        bool wanted = ops.empty() && call != Call::OpenRead && call != Call::Read;
         for (const auto op : split(ops, ',')) {
             wanted = wanted || op == name;
         }
@@ -143,6 +150,15 @@ FaultPlan::FaultPlan()
         m_shortTo = static_cast<std::size_t>(number("VEMO_FAULTS_SHORT", parts[1]));
         m_shortKills = parts.size() == 3;
     }
+    if (const auto swap = environment("VEMO_FAULTS_SWAP"); !swap.empty()) {
+        const auto parts = split(swap, ':');
+        if (parts.size() != 3) {
+            refuse("VEMO_FAULTS_SWAP", swap);
+        }
+        m_swapAt = number("VEMO_FAULTS_SWAP", parts[0]);
+        m_swapA = parts[1];
+        m_swapB = parts[2];
+    }
     m_tracePath = environment("VEMO_FAULTS_TRACE");
     m_logPath = environment("VEMO_FAULTS_LOG");
 }
@@ -158,11 +174,20 @@ bool FaultPlan::covers(const std::string& absolutePath) const
     return false;
 }
 
+void FaultPlan::swapFolders() const
+{
+    const long done = syscall(SYS_renameat2, AT_FDCWD, m_swapA.c_str(), AT_FDCWD, m_swapB.c_str(), RENAME_EXCHANGE);
+    if (done != 0) {
+        refuse("VEMO_FAULTS_SWAP", m_swapA);
+    }
+}
+
 Decision FaultPlan::decide()
 {
     Decision decision;
     decision.number = ++callCount;
     decision.killBefore = decision.number == m_killAt;
+    decision.swapBefore = decision.number == m_swapAt;
     if (m_failAt != 0 && (decision.number == m_failAt || (m_failEver && decision.number > m_failAt))) {
         decision.failWith = m_failWith;
     }

@@ -7,7 +7,8 @@
 
 namespace faults {
 
-/// The calls that the preload library sees. OpenRead is an open that neither creates nor writes.
+/// The calls that the preload library sees. OpenRead is an open that neither creates nor writes, Clone an ioctl that
+/// shares a file's blocks; calls that copy count on the file that they write.
 enum class Call : std::uint32_t {
     None = 0,
     Write = 1,
@@ -24,6 +25,10 @@ enum class Call : std::uint32_t {
     Mkdir = 12,
     Link = 13,
     Fallocate = 14,
+    CopyFileRange = 15,
+    Clone = 16,
+    Futimens = 17,
+    Read = 18,
 };
 
 const char* nameOf(Call call);
@@ -34,6 +39,7 @@ struct Decision
     std::uint64_t number = 0;      ///< of the call, from 1
     bool killBefore = false;       ///< the process dies instead of calling
     bool killAfter = false;        ///< it dies behind the (shortened) call
+    bool swapBefore = false;       ///< the plan's two folders change places first
     int failWith = 0;              ///< errno, 0: the call goes through
     std::size_t shortTo = noLimit; ///< a write carries at most so many bytes
 
@@ -43,11 +49,14 @@ struct Decision
 /// Reads from the environment, once a process, which calls count and what happens to which of them:
 ///
 ///     VEMO_FAULTS_ROOT   folders, separated by colons; only calls on paths below them count
-///     VEMO_FAULTS_OPS    names separated by commas; only these calls count (default: all but openread)
+///     VEMO_FAULTS_OPS    names separated by commas; only these calls count (default: all but openread, read)
 ///     VEMO_FAULTS_UPTO   n: writes of more than n bytes do not count (0: all do)
 ///     VEMO_FAULTS_KILL   k: SIGKILL in place of call k
 ///     VEMO_FAULTS_FAIL   k:ERRNO or k:ERRNO:ever
 ///     VEMO_FAULTS_SHORT  k:n or k:n:kill: call k, a write, carries n bytes at most; then the process dies
+///     VEMO_FAULTS_SWAP   k:A:B: before call k the folders A and B change places, as when a disk is pulled and another
+///     one
+///                        takes its path
 ///     VEMO_FAULTS_TRACE  file that gets one line a counted call: number, name, monotonic ns, path, offset, length
 ///     VEMO_FAULTS_LOG    file that gets every counted call that went through, with its data (see CallLog)
 ///
@@ -67,6 +76,9 @@ public:
     /// Numbers a call that counts, and says what becomes of it.
     Decision decide();
 
+    /// Lets the two folders of SWAP change places.
+    void swapFolders() const;
+
     const std::string& tracePath() const { return m_tracePath; }
     const std::string& logPath() const { return m_logPath; }
 
@@ -83,6 +95,9 @@ private:
     std::uint64_t m_shortAt = 0;
     std::size_t m_shortTo = Decision::noLimit;
     bool m_shortKills = false;
+    std::uint64_t m_swapAt = 0;
+    std::string m_swapA;
+    std::string m_swapB;
     std::string m_tracePath;
     std::string m_logPath;
 };

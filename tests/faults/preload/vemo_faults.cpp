@@ -1,6 +1,6 @@
 // Preload library for tests: stands between a program and the C library's file calls, counts those on files below a
 // folder, and kills the process at one of them, lets one fail, cuts a write short, or keeps a log of all (FaultPlan.h
-// has the variables). Not seen: mappings, io_uring, sendfile and copy_file_range, and what the C library calls within
+// has the variables). Not seen: mappings, io_uring and sendfile, and what the C library calls within
 // itself (stdio).
 
 #include "CallLog.h"
@@ -15,8 +15,10 @@
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <filesystem>
+#include <linux/fs.h>
 #include <mutex>
 #include <string>
+#include <sys/ioctl.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/uio.h>
@@ -52,6 +54,17 @@ std::mutex& order()
     (void)syscall(SYS_kill, getpid(), SIGKILL);
     for (;;) {
         pause();
+    }
+}
+
+/// What is to happen before the call.
+void strike(const Decision& decision)
+{
+    if (decision.killBefore) {
+        die();
+    }
+    if (decision.swapBefore) {
+        FaultPlan::instance().swapFolders();
     }
 }
 
@@ -119,9 +132,7 @@ auto onDescriptor(LoggedCall entry, int descriptor, bool isWrite, Perform perfor
     const Decision decision = FaultPlan::instance().decide();
     entry.number = decision.number;
     CallLog::instance().trace(decision, entry.call, entry.path, entry.offset, entry.length);
-    if (decision.killBefore) {
-        die();
-    }
+    strike(decision);
     if (decision.failWith != 0) {
         errno = decision.failWith;
         return -1;
@@ -173,9 +184,7 @@ int onPath(Call call, const std::string& path, const std::string& secondPath, Pe
     const Decision decision = plan.decide();
     entry.number = decision.number;
     CallLog::instance().trace(decision, call, path, 0, 0);
-    if (decision.killBefore) {
-        die();
-    }
+    strike(decision);
     if (decision.failWith != 0) {
         errno = decision.failWith;
         return -1;
@@ -207,9 +216,7 @@ int onOpen(int folder, const char* path, int flags, Perform perform)
     const Decision decision = plan.decide();
     entry.number = decision.number;
     CallLog::instance().trace(decision, entry.call, entry.path, 0, 0);
-    if (decision.killBefore) {
-        die();
-    }
+    strike(decision);
     if (decision.failWith != 0) {
         errno = decision.failWith;
         return -1;
@@ -342,6 +349,40 @@ VEMO_INTERPOSED int posix_fallocate(int file, off_t offset, off_t length)
 VEMO_INTERPOSED int posix_fallocate64(int file, off64_t offset, off64_t length)
 {
     return posix_fallocate(file, offset, length);
+}
+
+VEMO_INTERPOSED ssize_t read(int file, void* data, size_t size)
+{
+    static const auto real = next<ssize_t(int, void*, size_t)>("read");
+    return onDescriptor(logged(Call::Read, 0, size), file, false, [=](size_t) { return real(file, data, size); });
+}
+
+VEMO_INTERPOSED ssize_t copy_file_range(int from, off64_t* fromOffset, int file, off64_t* offset, size_t size,
+                                        unsigned flags)
+{
+    static const auto real = next<ssize_t(int, off64_t*, int, off64_t*, size_t, unsigned)>("copy_file_range");
+    return onDescriptor(logged(Call::CopyFileRange, offset ? *offset : -1, size), file, true, [=](size_t limit) {
+        return real(from, fromOffset, file, offset, std::min(size, limit), flags);
+    });
+}
+
+VEMO_INTERPOSED int ioctl(int file, unsigned long request, ...) noexcept
+{
+    static const auto real = next<int(int, unsigned long, void*)>("ioctl");
+    va_list arguments;
+    va_start(arguments, request);
+    void* argument = va_arg(arguments, void*);
+    va_end(arguments);
+    if (request != FICLONE) {
+        return real(file, request, argument);
+    }
+    return onDescriptor(logged(Call::Clone, 0, 0), file, false, [=](size_t) { return real(file, request, argument); });
+}
+
+VEMO_INTERPOSED int futimens(int file, const timespec times[2]) noexcept
+{
+    static const auto real = next<int(int, const timespec*)>("futimens");
+    return onDescriptor(logged(Call::Futimens, 0, 0), file, false, [=](size_t) { return real(file, times); });
 }
 
 VEMO_INTERPOSED int fsync(int file)
