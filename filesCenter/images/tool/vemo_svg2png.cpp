@@ -1,4 +1,4 @@
-// Renders a line icon to PNG in one colour: vemo_svg2png SVG COLOUR PIXELS PNG
+// Renders an icon to PNG, in one colour or, with "drawn" for the colour, in its own: vemo_svg2png SVG COLOUR PIXELS PNG
 #include <QColor>
 #include <QCoreApplication>
 #include <QImage>
@@ -28,7 +28,8 @@ int main(int argc, char** argv)
     QSvgRenderer renderer(arguments.at(1));
     if (!renderer.isValid())
         return fail(QStringLiteral("%1 is no SVG").arg(arguments.at(1)));
-    const QColor colour(arguments.at(2));
+    const bool inOwnColours = arguments.at(2) == QLatin1String("drawn");
+    const QColor colour(inOwnColours ? QStringLiteral("transparent") : arguments.at(2));
     const int pixels = arguments.at(3).toInt();
     if (!colour.isValid() || pixels < 1 || pixels > 4096)
         return fail(QStringLiteral("colour or size is not valid"));
@@ -38,8 +39,10 @@ int main(int argc, char** argv)
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     renderer.render(&painter, QRectF(0, 0, pixels, pixels));
-    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
-    painter.fillRect(image.rect(), colour);
+    if (!inOwnColours) {
+        painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+        painter.fillRect(image.rect(), colour);
+    }
     painter.end();
     if (!image.save(arguments.at(4), "PNG"))
         return fail(QStringLiteral("%1 can't be written").arg(arguments.at(4)));
