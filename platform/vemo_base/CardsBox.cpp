@@ -128,7 +128,8 @@ void CardsBox::updateCards()
         if (index < first || index > last)
             putAway(index);
     }
-    for (int index = first; index <= last; ++index)
+    // The first one last: of what is asked for, the newest comes first.
+    for (int index = last; index >= first; --index)
         showCard(index);
     if (m_cards.isEmpty()) {
         for (QWidget* spare : qAsConst(m_spare))

@@ -36,6 +36,8 @@ public:
     int indexOf(const QWidget* card) const;
     QList<QWidget*> cardsInView() const { return m_cards.values(); }
     QRect cardRect(int index) const;
+    /// What of the box the scroll area shows; cards a row beyond it are made as well.
+    QRect partInView() const;
     int columnCount() const;
 
     QSize sizeHint() const override;
@@ -68,7 +70,6 @@ protected:
 private:
     int columnsFor(int width) const;
     void follow(QScrollArea* area);
-    QRect partInView() const;
     void updateCards();
     void putAway(int index);
     void putAllAway();

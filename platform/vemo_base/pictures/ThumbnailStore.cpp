@@ -73,26 +73,27 @@ QString fileName(const QString& path)
     return QString::fromLatin1(QCryptographicHash::hash(uri, QCryptographicHash::Md5).toHex()) % QLatin1String(".png");
 }
 
-bool isOf(const QImageReader& reader, const ThumbnailStore::Original& original)
+bool isOf(const QImage& image, const ThumbnailStore::Original& original)
 {
-    const QString bytes = reader.text(bytesKey());
-    return reader.text(uriKey()) == ThumbnailStore::uriOf(original.path) &&
-           reader.text(modifiedKey()) == QString::number(original.modifiedS) &&
+    const QString bytes = image.text(bytesKey());
+    return image.text(uriKey()) == ThumbnailStore::uriOf(original.path) &&
+           image.text(modifiedKey()) == QString::number(original.modifiedS) &&
            (bytes.isEmpty() || bytes == QString::number(original.bytes));
 }
 
-/// Opens the file for `reader`; false when there is none, or none that a thumbnail could be.
-bool open(QFile& file, QImageReader& reader)
+/// Null when there is none, or none that a thumbnail could be.
+QImage readThumbnail(const QString& path)
 {
-    const QFileInfo info(file.fileName());
+    const QFileInfo info(path);
+    QFile file(path);
     if (!info.isFile() || info.size() > maxThumbnailBytes || !file.open(QIODevice::ReadOnly))
-        return false;
-    reader.setDevice(&file);
-    reader.setFormat(QByteArrayLiteral("png"));
+        return {};
+    QImageReader reader(&file, QByteArrayLiteral("png"));
     reader.setAutoDetectImageFormat(false);
     constexpr int edge = static_cast<int>(ThumbnailStore::Bucket::TwiceExtraLarge);
     const QSize size = reader.size();
-    return !size.isEmpty() && size.width() <= edge && size.height() <= edge;
+    // The texts are asked of the image: the reader takes their names apart at colons.
+    return !size.isEmpty() && size.width() <= edge && size.height() <= edge ? reader.read() : QImage();
 }
 
 bool makeOwnersFolder(const QString& folder)
@@ -168,15 +169,11 @@ std::optional<ThumbnailStore::Entry> ThumbnailStore::find(const Original& origin
 {
     if (m_root.isEmpty() || bucket == Bucket::Unknown)
         return std::nullopt;
-    QFile file(filePath(original.path, bucket));
-    QImageReader reader;
-    if (!open(file, reader) || !isOf(reader, original))
-        return std::nullopt;
     Entry entry;
-    entry.pictureSize = QSize(reader.text(widthKey()).toInt(), reader.text(heightKey()).toInt());
-    entry.image = reader.read();
-    if (entry.image.isNull())
+    entry.image = readThumbnail(filePath(original.path, bucket));
+    if (entry.image.isNull() || !isOf(entry.image, original))
         return std::nullopt;
+    entry.pictureSize = QSize(entry.image.text(widthKey()).toInt(), entry.image.text(heightKey()).toInt());
     return entry;
 }
 
@@ -189,9 +186,7 @@ bool ThumbnailStore::store(const Original& original, Bucket bucket, const Entry&
 
 bool ThumbnailStore::isKnownFailure(const Original& original) const
 {
-    QFile file(failurePath(original.path));
-    QImageReader reader;
-    return !m_root.isEmpty() && open(file, reader) && isOf(reader, original);
+    return !m_root.isEmpty() && isOf(readThumbnail(failurePath(original.path)), original);
 }
 
 bool ThumbnailStore::storeFailure(const Original& original) const
