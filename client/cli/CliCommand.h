@@ -34,6 +34,19 @@ struct QueueOptions
     bool hasPassword = false; ///< Add: a password was given; otherwise the stored one counts
 };
 
+/// What `local` is to do, and with which files.
+struct LocalOptions
+{
+    enum class Kind : int { Unknown = 0, Recordings, Snapshots };
+    enum class Action : int { Unknown = 0, List, SaveAs, Delete, Rescan };
+
+    Kind kind = Kind::Unknown;
+    Action action = Action::Unknown;
+    QString channel; ///< its name; empty: every channel
+    QString folder;  ///< Rescan: what to look through; empty: the client's own folders
+    QString target;  ///< SaveAs: folder
+};
+
 /// What the person asked for, checked as far as it can be without asking the recorder or the disk.
 struct CliCommand
 {
@@ -43,6 +56,7 @@ struct CliCommand
         Search,
         Download,
         Queue,
+        Local,
         Tell, ///< nothing to be done: help, version, or what is wrong with the command
     };
 
@@ -56,6 +70,7 @@ struct CliCommand
     QDateTime end;
     QString out;
     QueueOptions queue; ///< with Verb::Queue
+    LocalOptions local; ///< with Verb::Local; begin and end may be invalid, for every time
     bool json = false;
     bool verbose = false;
 

@@ -2,6 +2,7 @@
 
 #include "DownloadVerb.h"
 #include "Interrupt.h"
+#include "LocalVerb.h"
 #include "QueueRun.h"
 #include "QueueVerb.h"
 #include "SearchVerb.h"
@@ -86,6 +87,8 @@ int runVerb(const CliCommand& command)
 {
     if (!command.verbose)
         qInstallMessageHandler(dropMessage);
+    if (command.verb == CliCommand::Verb::Local)
+        return LocalVerb::changesStore(command) ? runOnDataFolder<LocalVerb>(command) : run<LocalVerb>(command);
     return command.verb == CliCommand::Verb::Queue ? runOnDataFolder<QueueVerb>(command) : runOnFolderOfItsOwn(command);
 }
 

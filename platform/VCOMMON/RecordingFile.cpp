@@ -12,6 +12,8 @@ namespace VCOMMON {
 
 namespace {
 
+constexpr qint64 clockErrorMs = 24LL * 3600 * 1000; ///< a header that is further in the future is wrong
+
 QDateTime local(qint64 utcMs)
 {
     return QDateTime::fromMSecsSinceEpoch(utcMs);
@@ -44,7 +46,7 @@ void RecordingFile::take(QIODevice& device)
             end = local(facts.endUtcMs);
         likelyBegin = begin;
         likelyEnd = end.isValid() ? end : begin.addMSecs(facts.durationMs);
-    } else if (facts.createdUtcMs >= 0) {
+    } else if (facts.createdUtcMs >= 0 && facts.createdUtcMs <= QDateTime::currentMSecsSinceEpoch() + clockErrorMs) {
         source = Source::Header;
         likelyBegin = local(facts.createdUtcMs);
         likelyEnd = likelyBegin.addMSecs(facts.durationMs);
