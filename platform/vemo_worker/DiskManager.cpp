@@ -28,7 +28,10 @@ QString DiskManager::existingFolderOf(const QString& path)
 
 QString DiskManager::getDiskName(const QString& path) const
 {
-    QString root = QStorageInfo(existingFolderOf(path)).rootPath();
+    const QString folder = existingFolderOf(path);
+    QString root = QStorageInfo(folder).rootPath();
+    if (root.isEmpty()) // a drive that is not there
+        root = folder;
     if (root.size() == 3 && root.endsWith(QLatin1String(":/")))
         root.chop(1);
     return root;
