@@ -16,6 +16,7 @@
 #include <DownloadTaskData.h>
 #include <FilesCenterInit.h>
 #include <FormsMgr.h>
+#include <LocalIndexRescan.h>
 #include <SysPaths.h>
 #include <SystemAssistant.h>
 #include <SystemConfig.h>
@@ -40,6 +41,9 @@ namespace vemo_client {
 namespace {
 
 Q_LOGGING_CATEGORY(lcStart, "vemo.start")
+
+/// Files that were added or removed meanwhile are looked for when the window has come to rest.
+constexpr int rescanAfterMs = 3000;
 
 QString now()
 {
@@ -133,6 +137,11 @@ int runWindow(int& argc, char** argv, const CliCommand& command)
         logins.start();
         window.showFirstPage();
         window.show();
+        QTimer::singleShot(rescanAfterMs, &window, [] {
+            const vemo_worker::SystemConfig& config = vemo_worker::SystemConfig::instance();
+            VCOMMON::LocalIndexRescan::instance().startIfOlder(
+                {config.getLocalRecordingPath(), config.getLocalSnapshotPath()}, rescanAfterMs);
+        });
         QTimer::singleShot(0, &window, [] { qCDebug(lcStart).noquote() << now() << "the window is shown"; });
         code = QApplication::exec();
         // The window is gone from the screen; what runs is kept and goes on at the next start.
