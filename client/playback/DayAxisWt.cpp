@@ -281,13 +281,7 @@ void DayAxisWt::paintSpan(QPainter* painter) const
 
 QString DayAxisWt::tipOf(int row, qint64 ms) const
 {
-    QString clockNote;
-    const double position = m_axis.positionOf(ms);
-    for (const DayAxis::Piece& piece : m_axis.doubled()) {
-        if (position >= piece.from && position < piece.to)
-            clockNote = tr("This hour passed twice, at %1 and at %2.")
-                            .arg(SpanWords::offset(m_axis.firstOffsetMs()), SpanWords::offset(m_axis.lastOffsetMs()));
-    }
+    const QString clockNote = SpanWords::clockNote(m_axis, m_axis.positionOf(ms));
     QString text;
     if (row >= 0 && m_channels.at(row).state == ChannelDay::State::Found) {
         const TimeSpan stretch = stretchAt(row, ms);
@@ -299,8 +293,7 @@ QString DayAxisWt::tipOf(int row, qint64 ms) const
         const QString word = index < 0                        ? tr("No recording")
                              : recordings.at(index).type != 0 ? tr("Alarm")
                                                               : tr("Recording");
-        text = QStringLiteral("<nobr><span style='color:%1'>&#9632;</span>&nbsp; %2&nbsp; %3</nobr>")
-                   .arg(dark(token).name(), SpanWords::span(stretch, m_axis.day()), word);
+        text = SpanWords::swatchLine(dark(token), SpanWords::span(stretch, m_axis.day()) + QLatin1String("  ") + word);
     } else if (row >= 0 && m_channels.at(row).state == ChannelDay::State::Failed) {
         text = m_channels.at(row).error.message.toHtmlEscaped();
     } else {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "axis/DayCalendar.h"
+#include "vemo_base_global.h"
 
 #include <QFrame>
 
@@ -8,7 +9,7 @@ namespace vemo_base {
 
 /// A month in a card of its own below the field that asked for it; closes by a pick, Esc or a click elsewhere, and
 /// deletes itself. GUI thread.
-class DatePopup final : public QFrame
+class VEMO_BASE_EXPORT DatePopup final : public QFrame
 {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(DatePopup)

@@ -3,6 +3,8 @@
 #include <QCoreApplication>
 #include <QDateTime>
 
+#include <algorithm>
+
 namespace vemo_base {
 
 namespace {
@@ -56,6 +58,26 @@ QString SpanWords::offset(int offsetMs)
         .arg(QLatin1Char(minutes < 0 ? '-' : '+'))
         .arg(qAbs(minutes) / 60, 2, 10, QLatin1Char('0'))
         .arg(qAbs(minutes) % 60, 2, 10, QLatin1Char('0'));
+}
+
+QString SpanWords::clockNote(const DayAxis& axis, double position)
+{
+    const auto lies = [position](const DayAxis::Piece& piece) { return position >= piece.from && position < piece.to; };
+    const QString before = offset(axis.firstOffsetMs());
+    const QString behind = offset(axis.lastOffsetMs());
+    const QVector<DayAxis::Piece> missing = axis.missing();
+    if (std::any_of(missing.cbegin(), missing.cend(), lies))
+        return tr("Clocks went forward here, from %1 to %2.").arg(before, behind);
+    const QVector<DayAxis::Piece> doubled = axis.doubled();
+    if (std::any_of(doubled.cbegin(), doubled.cend(), lies))
+        return tr("This hour passed twice, at %1 and at %2.").arg(before, behind);
+    return {};
+}
+
+QString SpanWords::swatchLine(const QColor& swatch, const QString& words)
+{
+    return QStringLiteral("<nobr><span style='color:%1'>&#9632;</span>&nbsp; %2</nobr>")
+        .arg(swatch.name(), words.toHtmlEscaped());
 }
 
 } // namespace vemo_base

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "DayAxis.h"
 #include "TimeSpan.h"
 #include "vemo_base_global.h"
 
+#include <QColor>
 #include <QDate>
 #include <QString>
 
@@ -24,6 +26,10 @@ public:
     static QString channels(int count);
     /// "UTC+01:00"
     static QString offset(int offsetMs);
+    /// About an hour that clocks skip or pass twice, when the position lies in one; else empty.
+    static QString clockNote(const DayAxis& axis, double position);
+    /// A line of a hover card: a swatch and words, as rich text on one line.
+    static QString swatchLine(const QColor& swatch, const QString& words);
 };
 
 } // namespace vemo_base
