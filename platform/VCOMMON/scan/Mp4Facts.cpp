@@ -12,12 +12,13 @@ namespace VCOMMON {
 namespace {
 
 constexpr int maxTopBoxes = 200'000; // a day of fragments of two seconds, with what may lie between them
+constexpr int maxBoxes = maxTopBoxes + 20'000; // of a whole file
 constexpr int maxChildren = 256;
 constexpr int maxTracks = 64;
 constexpr int maxRuns = 256;
 constexpr qint64 maxLeafBytes = 4096;
 constexpr qint64 maxTagBytes = 256 * 1024;
-constexpr qint64 maxFragmentHeadBytes = 1024 * 1024;
+constexpr qint64 maxFragmentHeadBytes = 256 * 1024;
 constexpr qint64 maxDurationMs = 366LL * 24 * 3600 * 1000;
 constexpr qint64 secondsFrom1904To1970 = 2'082'844'800;
 
@@ -96,6 +97,7 @@ private:
 
     QIODevice& m_device;
     const qint64 m_length;
+    int m_boxes = 0; ///< read so far
     Mp4Facts m_facts;
     QVector<Track> m_tracks;
     Box m_firstFragment;
@@ -107,7 +109,7 @@ Box Reader::boxAt(qint64 offset, qint64 limit)
 {
     constexpr int headBytes = 16;
     Box box;
-    if (limit - offset < 8 || !m_device.seek(offset))
+    if (limit - offset < 8 || ++m_boxes > maxBoxes || !m_device.seek(offset))
         return box;
     const QByteArray head = m_device.read(headBytes);
     if (head.size() < 8)
