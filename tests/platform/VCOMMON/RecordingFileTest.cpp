@@ -81,16 +81,17 @@ private slots:
             fileType() + movie(since1904(utc(9)), 0) + fragment(5000) + fragment(6000) + fragment(7000), Source::Header,
             utc(9), 3000, true);
         row("fragments cut in the last one's data", plain,
-            (fileType() + movie(since1904(utc(9)), 0) + fragment(0) + fragment(1000, 64)).chopped(10), Source::Header,
-            utc(9), 1000, false);
+            QByteArray(fileType() + movie(since1904(utc(9)), 0) + fragment(0) + fragment(1000, 64)).chopped(10),
+            Source::Header, utc(9), 1000, false);
         row("the name", ours, fileType() + data() + movie(0, 60'000), Source::Name, named, 3'600'000, true);
         row("the name of a broken one", ours, QByteArray("garbage"), Source::Name, named, 3'600'000, false);
         row("nothing: the time of writing", plain, fileType() + data() + movie(0, 60'000), Source::WriteTime,
             utc(11, 59), 60'000, true);
-        row("a header that lies", plain, fileType() + data() + movie(0xffffffff, 0xfffffffe), Source::WriteTime,
-            {}, -1, true);
+        row("a header that lies", plain, fileType() + data() + movie(0xffffffff, 0xfffffffe), Source::WriteTime, {}, -1,
+            true);
         row("no index", plain, fileType() + data(), Source::WriteTime, utc(12), 0, false);
-        row("cut in the data", plain, (fileType() + data(400)).chopped(100), Source::WriteTime, utc(12), 0, false);
+        row("cut in the data", plain, QByteArray(fileType() + data(400)).chopped(100), Source::WriteTime, utc(12), 0,
+            false);
         row("an index without a track", plain, fileType() + box("moov", {}), Source::WriteTime, utc(12), 0, false);
         row("a box as long as the disk", plain, fileType() + number(1) + "mdat" + number(~quint64(0) >> 1, 8),
             Source::WriteTime, utc(12), 0, false);
