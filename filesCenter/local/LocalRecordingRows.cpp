@@ -11,6 +11,8 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QScrollBar>
+#include <QSet>
 
 #include <algorithm>
 #include <memory>
@@ -49,8 +51,40 @@ LocalRecordingRows::LocalRecordingRows(VCOMMON::VTableWidget* table, QObject* pa
     m_table->setFileOfRow([this](int row) { return existingFile(row); });
 }
 
-void LocalRecordingRows::show(const QList<LocalRecordingIndexInfo>& page)
+struct LocalRecordingRows::Marks
 {
+    QSet<QString> checked; // files
+    QString current;
+    int scrolled = 0;
+};
+
+LocalRecordingRows::Marks LocalRecordingRows::marks() const
+{
+    Marks marks;
+    for (const int row : m_table->checkedRows())
+        marks.checked.insert(item(row)->filePath());
+    if (const LocalRecordingItem* current = item(m_table->currentRow()))
+        marks.current = current->filePath();
+    marks.scrolled = m_table->verticalScrollBar()->value();
+    return marks;
+}
+
+void LocalRecordingRows::putMarks(const Marks& marks)
+{
+    for (int row = 0; row < m_table->rowCount(); ++row) {
+        const QString path = item(row)->filePath();
+        if (marks.checked.contains(path))
+            m_table->item(row, CheckColumn)->setCheckState(Qt::Checked);
+        if (path == marks.current)
+            m_table->setCurrentCell(row, CheckColumn);
+    }
+    m_table->doItemsLayout(); // how far it can be scrolled is known only then
+    m_table->verticalScrollBar()->setValue(marks.scrolled);
+}
+
+void LocalRecordingRows::show(const QList<LocalRecordingIndexInfo>& page, Place place)
+{
+    const Marks before = place == Place::Keep ? marks() : Marks();
     ++m_pageNumber;
     m_facts.clear();
     {
@@ -61,7 +95,7 @@ void LocalRecordingRows::show(const QList<LocalRecordingIndexInfo>& page)
             fillRow(row, page.at(row));
         }
     }
-    m_table->scrollToTop();
+    putMarks(before);
     askDisk(page);
 }
 
@@ -136,8 +170,9 @@ void LocalRecordingRows::takeFacts(const Facts& facts)
             size->setData(TableWidget::SortKeyRole, file.bytes);
         }
         if (!file.isThere) {
-            size->setData(TableWidget::ToneRole, static_cast<int>(Token::Error));
-            size->setToolTip(tr("file does not exist"));
+            QTableWidgetItem* channel = m_table->item(row, ChannelColumn);
+            channel->setData(TableWidget::FaultRole, tr("Missing"));
+            channel->setToolTip(tr("file does not exist"));
         }
     }
 }

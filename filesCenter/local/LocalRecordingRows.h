@@ -29,8 +29,11 @@ public:
 
     LocalRecordingRows(VCOMMON::VTableWidget* table, QObject* parent);
 
+    /// Top: another page. Keep: the same page anew, files that are still in it keep check, selection and place.
+    enum class Place : int { Top = 0, Keep };
+
     /// Instead of all rows that were there.
-    void show(const QList<VCOMMON::LocalRecordingIndexInfo>& page);
+    void show(const QList<VCOMMON::LocalRecordingIndexInfo>& page, Place place);
 
     /// The cell that carries the row's record; nullptr when there is no such row.
     LocalRecordingItem* item(int row) const;
@@ -53,6 +56,10 @@ private:
     };
     using Facts = QHash<QString, FileFacts>; ///< by path
 
+    struct Marks;
+
+    Marks marks() const;
+    void putMarks(const Marks& marks);
     void fillRow(int row, const VCOMMON::LocalRecordingIndexInfo& record);
     void askDisk(const QList<VCOMMON::LocalRecordingIndexInfo>& page);
     void takeFacts(const Facts& facts);

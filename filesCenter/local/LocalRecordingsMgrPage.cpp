@@ -1,10 +1,10 @@
 #include "LocalRecordingsMgrPage.h"
 
+#include "LocalFilesSaveAs.h"
 #include "LocalRecordingItem.h"
 #include "LocalRecordingOperWt.h"
 #include "LocalRecordingRows.h"
 #include "LocalRecordingsData.h"
-#include "LocalRecordingsSaveAs.h"
 #include "ui_LocalRecordingsMgrPage.h"
 
 #include "download/DiskWork.h"
@@ -17,10 +17,13 @@
 #include <EmptyStateWt.h>
 #include <FilesCenterLogs.h>
 #include <Icons.h>
+#include <LocalIndexRescan.h>
 #include <LocalPlaybackDlg.h>
 #include <LocalRecordingIndexes.h>
 #include <PageHeader.h>
+#include <SaveAsName.h>
 #include <SystemAssistant.h>
+#include <SystemConfig.h>
 #include <TableOperWtStyle.h>
 #include <ToolsCollection.h>
 #include <VMessageBox.h>
@@ -29,14 +32,20 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QHash>
 #include <QMenu>
 #include <QScopedValueRollback>
 #include <QShortcut>
+#include <QTimer>
 #include <QToolTip>
 #include <QUuid>
 
+#include <algorithm>
+#include <utility>
+
 namespace vemo_filesCenter {
 
+using VCOMMON::LocalIndexRescan;
 using VCOMMON::LocalRecordingIndexes;
 using VCOMMON::LocalRecordingIndexInfo;
 using vemo_base::BaseTools;
@@ -54,6 +63,8 @@ constexpr int separatorHeight = 24;
 constexpr int questionBeforeDeed = 3;
 constexpr int answerYes = 1;
 constexpr int diskPatienceMs = 30;
+constexpr int rescanAgeMs = 60'000;
+constexpr int retryMs = 300;
 constexpr int mostFilesNamed = 5;
 constexpr int operColumn = Rows::OperColumn;
 
@@ -70,7 +81,7 @@ LocalRecordingsMgrPage::LocalRecordingsMgrPage(QWidget* parent)
     : QWidget(parent)
     , m_ui(std::make_unique<Ui::LocalRecordingsMgrPage>())
     , m_data(new LocalRecordingsData(this))
-    , m_saveAs(new LocalRecordingsSaveAs(this))
+    , m_saveAs(new LocalFilesSaveAs(this))
 {
     m_ui->setupUi(this);
     setUpControls();
@@ -91,7 +102,6 @@ LocalRecordingsMgrPage::~LocalRecordingsMgrPage()
 void LocalRecordingsMgrPage::setUpControls()
 {
     m_header = new vemo_base::PageHeader(tr("Local Recording"), this);
-    m_header->setSummary(tr("Video kept on this computer while live view recorded"));
     m_ui->pageLayout->insertWidget(0, m_header);
     const auto setIcon = [](QPushButton* button, const char* name) {
         button->setIcon(vemo_base::Icons::icon(QLatin1String(name)));
@@ -138,14 +148,20 @@ void LocalRecordingsMgrPage::setUpEmptyStates()
 {
     const QString icon = QStringLiteral("local-recording");
     auto* nothing = new EmptyStateWt(icon, tr("There are no recordings in this span."),
-                                     tr("What live view records appears here. Choose another span, or search again."),
-                                     tr("Search again"), m_ui->content);
-    connect(nothing, &EmptyStateWt::signalButtonClicked, this, &LocalRecordingsMgrPage::slotSearchBtClicked);
+                                     tr("What live view records appears here. Choose another span, or look for files "
+                                        "that came into the folder another way."),
+                                     tr("Look for new files"), m_ui->content);
+    connect(nothing, &EmptyStateWt::signalButtonClicked, this, [this] {
+        m_hasAskedRescan = true;
+        rescan();
+    });
+    nothing->setButtonSecondary();
     m_ui->content->addWidget(nothing);
     auto* noHit = new EmptyStateWt(QStringLiteral("filter"), tr("No recording matches the filter."),
                                    tr("The filter looks for a part of the channel's name."), tr("Clear the filter"),
                                    m_ui->content);
     connect(noHit, &EmptyStateWt::signalButtonClicked, m_ui->filterWt, &QLineEdit::clear);
+    noHit->setButtonSecondary();
     m_ui->content->addWidget(noHit);
 }
 
@@ -162,15 +178,18 @@ void LocalRecordingsMgrPage::setUpConnections()
             &vemo_base::TimeSpaceLineEt::setDateTimeSpace);
     connect(m_ui->filterWt, &QLineEdit::textChanged, this, &LocalRecordingsMgrPage::filterRecordings);
     connect(m_ui->pageIndexWt, &vemo_base::PageEditWt::signalPageSizeChanged, this,
-            [this] { showPage(1, WhenEmpty::Tell); });
+            [this] { showPage(1, WhenEmpty::Tell, Rows::Place::Top); });
     connect(m_ui->pageIndexWt, &vemo_base::PageEditWt::signalGoToPage, this,
-            [this](int page) { showPage(page, WhenEmpty::Tell); });
+            [this](int page) { showPage(page, WhenEmpty::Tell, Rows::Place::Top); });
 
     const LocalRecordingIndexes& indexes = LocalRecordingIndexes::instance();
     connect(&indexes, &LocalRecordingIndexes::signalGetLocalRecordingIndexesInfoResult, this,
             &LocalRecordingsMgrPage::takeRecordings);
     connect(&indexes, &LocalRecordingIndexes::signalDeleteLocalRecordingIndexesResult, this,
             &LocalRecordingsMgrPage::takeDeletion);
+
+    connect(&LocalIndexRescan::instance(), &LocalIndexRescan::signalFinished, this,
+            &LocalRecordingsMgrPage::takeRescan);
 
     auto* find = new QShortcut(QKeySequence::Find, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
     connect(find, &QShortcut::activated, m_ui->filterWt, [this] {
@@ -184,6 +203,7 @@ void LocalRecordingsMgrPage::showEvent(QShowEvent* event)
     QWidget::showEvent(event);
     if (!m_hasSearched)
         search(WhenEmpty::Show);
+    rescan();
 }
 
 // Search
@@ -232,6 +252,43 @@ void LocalRecordingsMgrPage::refresh()
         m_reqId, m_ui->timeRange->getBeginDateTime(), m_ui->timeRange->getEndDateTime(), 0);
 }
 
+void LocalRecordingsMgrPage::refreshWhenIdle()
+{
+    if (m_reqId.isEmpty())
+        refresh();
+    else
+        QTimer::singleShot(retryMs, this, &LocalRecordingsMgrPage::refreshWhenIdle);
+}
+
+void LocalRecordingsMgrPage::rescan()
+{
+    const vemo_worker::SystemConfig& config = vemo_worker::SystemConfig::instance();
+    const QStringList folders{config.getLocalRecordingPath(), config.getLocalSnapshotPath()};
+    if (m_hasAskedRescan)
+        LocalIndexRescan::instance().start(folders);
+    else
+        LocalIndexRescan::instance().startIfOlder(folders, rescanAgeMs);
+    showSummary();
+}
+
+void LocalRecordingsMgrPage::takeRescan(const VCOMMON::LocalRescanResult& result)
+{
+    showSummary();
+    const bool isAsked = std::exchange(m_hasAskedRescan, false);
+    if (isAsked && !result.problems.isEmpty())
+        alert(result.problems.mid(0, mostFilesNamed).join(QLatin1Char('\n')));
+    if (m_hasSearched && (isAsked || result.read > 0 || result.gone > 0))
+        refreshWhenIdle();
+}
+
+void LocalRecordingsMgrPage::showSummary()
+{
+    m_header->setSummary(LocalIndexRescan::instance().isRunning() ? tr("Looking for new files...")
+                         : m_isCut ? tr("The first %L1 of this span; choose a shorter one to see all")
+                                         .arg(LocalRecordingIndexes::maxRecordsAnswered)
+                                   : tr("Video kept on this computer while live view recorded"));
+}
+
 void LocalRecordingsMgrPage::takeRecordings(const QString& requestId, const QList<LocalRecordingIndexInfo>& records)
 {
     if (requestId != m_reqId)
@@ -240,10 +297,10 @@ void LocalRecordingsMgrPage::takeRecordings(const QString& requestId, const QLis
     m_data->setRecordings(records);
     if (m_keepsPlace)
         m_data->filter(m_ui->filterWt->text());
-    m_header->setSummary(records.size() < LocalRecordingIndexes::maxRecordsAnswered
-                             ? tr("Video kept on this computer while live view recorded")
-                             : tr("The first %L1 of this span; choose a shorter one to see all").arg(records.size()));
-    showPage(m_keepsPlace ? m_ui->pageIndexWt->getCurPageNum() : 1, m_whenEmpty);
+    m_isCut = records.size() >= LocalRecordingIndexes::maxRecordsAnswered;
+    showSummary();
+    showPage(m_keepsPlace ? m_ui->pageIndexWt->getCurPageNum() : 1, m_whenEmpty,
+             m_keepsPlace ? Rows::Place::Keep : Rows::Place::Top);
 }
 
 // What is shown
@@ -253,16 +310,16 @@ void LocalRecordingsMgrPage::filterRecordings()
     if (m_isClearingFilter)
         return;
     m_data->filter(m_ui->filterWt->text());
-    showPage(1, WhenEmpty::Tell);
+    showPage(1, WhenEmpty::Tell, Rows::Place::Top);
 }
 
-void LocalRecordingsMgrPage::showPage(int page, WhenEmpty whenEmpty)
+void LocalRecordingsMgrPage::showPage(int page, WhenEmpty whenEmpty, LocalRecordingRows::Place place)
 {
     vemo_base::PageEditWt* pages = m_ui->pageIndexWt;
     pages->updateTotalCnt(m_data->filteredCount(), page);
     const int pageSize = pages->getPageSize();
     const int current = pages->getCurPageNum();
-    m_rows->show(m_data->getPage(pageSize, current));
+    m_rows->show(m_data->getPage(pageSize, current), place);
     BaseTools::instance().updateTableOrderNum(m_ui->tableWidget, pageSize * (current - 1) + 1);
     showContent();
     if (m_ui->tableWidget->rowCount() == 0 && whenEmpty == WhenEmpty::Tell)
@@ -369,12 +426,16 @@ void LocalRecordingsMgrPage::slotSaveAsBtClicked()
         alert(tr("Please select local recordings to save as"));
         return;
     }
-    QList<LocalRecordingsSaveAs::Recording> recordings;
+    QList<LocalFilesSaveAs::File> files;
+    QHash<QString, QPair<QString, QString>> words;
     for (const int row : rows) {
         const LocalRecordingItem* item = m_rows->item(row);
-        recordings.append({item->filePath(), item->text(), item->beginTime(), item->endTime()});
+        files.append(
+            {item->filePath(), vemo_base::SaveAsName::recording(item->text(), item->beginTime(), item->endTime())});
+        words.insert(item->filePath(),
+                     {item->text(), BaseTools::instance().strTimeRange(item->beginTime(), item->endTime())});
     }
-    m_saveAs->save(recordings);
+    m_saveAs->save(files, [words](const QString& path) { return words.value(path); });
 }
 
 // Deletion
@@ -442,7 +503,7 @@ void LocalRecordingsMgrPage::takeDeletion(const QString& requestId, const QStrin
     m_data->removeRecords(pageSize, page, m_ui->filterWt->text(), places);
     if (m_data->getPage(pageSize, page).isEmpty())
         page = qMax(1, page - 1);
-    showPage(page, WhenEmpty::Tell);
+    showPage(page, WhenEmpty::Tell, Rows::Place::Keep);
 }
 
 void LocalRecordingsMgrPage::removeFiles(const QStringList& filePaths)
@@ -458,7 +519,7 @@ void LocalRecordingsMgrPage::removeFiles(const QStringList& filePaths)
                               for (const QString& path : left.mid(0, mostFilesNamed))
                                   told.append(QDir::toNativeSeparators(path));
                               if (left.size() > mostFilesNamed)
-                                  told.append(tr("and %n more", nullptr, left.size() - mostFilesNamed));
+                                  told.append(tr("and %1 more").arg(left.size() - mostFilesNamed));
                               alert(told.join(QLatin1Char('\n')));
                               if (page)
                                   page->refresh();

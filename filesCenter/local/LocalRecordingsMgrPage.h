@@ -1,5 +1,7 @@
 #pragma once
 
+#include "LocalRecordingRows.h"
+
 #include <LocalRecordingIndexInfo.h>
 
 #include <QList>
@@ -8,6 +10,10 @@
 
 #include <functional>
 #include <memory>
+
+namespace VCOMMON {
+struct LocalRescanResult;
+}
 
 namespace vemo_base {
 class DatetimeSpanSelWt;
@@ -18,10 +24,9 @@ class TableOperWtStyle;
 
 namespace vemo_filesCenter {
 
+class LocalFilesSaveAs;
 class LocalRecordingOperWt;
-class LocalRecordingRows;
 class LocalRecordingsData;
-class LocalRecordingsSaveAs;
 
 namespace Ui {
 class LocalRecordingsMgrPage;
@@ -62,10 +67,15 @@ private:
     void search(WhenEmpty whenEmpty);
     /// Asks for the same span again, with nothing covered; filter and page stay.
     void refresh();
+    void refreshWhenIdle();
+    /// Brings the index in line with the folders, and shows what that changed.
+    void rescan();
+    void takeRescan(const VCOMMON::LocalRescanResult& result);
+    void showSummary();
     void takeRecordings(const QString& requestId, const QList<VCOMMON::LocalRecordingIndexInfo>& records);
 
     void filterRecordings();
-    void showPage(int page, WhenEmpty whenEmpty);
+    void showPage(int page, WhenEmpty whenEmpty, LocalRecordingRows::Place place);
     void showContent();
 
     void connectOperWt(LocalRecordingOperWt* widget);
@@ -86,7 +96,7 @@ private:
     vemo_base::TableOperWtStyle* m_tableStyle = nullptr;
     LocalRecordingsData* m_data;
     LocalRecordingRows* m_rows = nullptr;
-    LocalRecordingsSaveAs* m_saveAs;
+    LocalFilesSaveAs* m_saveAs;
     QPointer<vemo_base::LocalPlaybackDlg> m_playbackDlg; ///< made when a file is first played
     QString m_reqId;                                     ///< of the request in flight: its waiting widget's
     QList<int> m_selectedRows;                           ///< which the deletion in flight covers
@@ -94,6 +104,8 @@ private:
     bool m_keepsPlace = false;                           ///< the search in flight keeps filter and page
     bool m_isClearingFilter = false;
     bool m_hasSearched = false;
+    bool m_hasAskedRescan = false; ///< the person has, not the page by itself
+    bool m_isCut = false;          ///< the index has more than it answered
 };
 
 } // namespace vemo_filesCenter

@@ -1,7 +1,7 @@
 #include "LocalSnapImagesMgrPage.h"
 
+#include "LocalFilesSaveAs.h"
 #include "LocalSnapImageNames.h"
-#include "LocalSnapImagesSaveAs.h"
 #include "ui_LocalSnapImagesMgrPage.h"
 
 #include <BaseTools.h>
@@ -46,7 +46,7 @@ void alert(const QString& text)
 LocalSnapImagesMgrPage::LocalSnapImagesMgrPage(QWidget* parent)
     : QWidget(parent)
     , m_ui(std::make_unique<Ui::LocalSnapImagesMgrPage>())
-    , m_saveAs(new LocalSnapImagesSaveAs(this))
+    , m_saveAs(new LocalFilesSaveAs(this))
 {
     m_ui->setupUi(this);
     setUpControls();
@@ -174,7 +174,13 @@ void LocalSnapImagesMgrPage::slotSaveAsBtClicked()
         alert(tr("Please select snap images to save as"));
         return;
     }
-    m_saveAs->save(snapshots);
+    QList<LocalFilesSaveAs::File> files;
+    for (const Snapshot& snapshot : snapshots)
+        files.append({snapshot.filePath, LocalSnapImageNames::fileName(snapshot)});
+    m_saveAs->save(files, [](const QString& path) -> QPair<QString, QString> {
+        const Snapshot snapshot = LocalSnapImageIndexes::instance().getLocalSnapImageIndexeInfo(path);
+        return {LocalSnapImageNames::channelName(snapshot), LocalSnapImageNames::captureTime(snapshot)};
+    });
 }
 
 void LocalSnapImagesMgrPage::showContent()

@@ -11,7 +11,7 @@ class PageHeader;
 
 namespace vemo_filesCenter {
 
-class LocalSnapImagesSaveAs;
+class LocalFilesSaveAs;
 
 namespace Ui {
 class LocalSnapImagesMgrPage;
@@ -47,7 +47,7 @@ private:
     void showContent();
 
     const std::unique_ptr<Ui::LocalSnapImagesMgrPage> m_ui;
-    LocalSnapImagesSaveAs* const m_saveAs;
+    LocalFilesSaveAs* const m_saveAs;
     vemo_base::PageHeader* m_header = nullptr;
     vemo_base::DatetimeSpanSelWt* m_spanSelector = nullptr;
     bool m_hasSearched = false;

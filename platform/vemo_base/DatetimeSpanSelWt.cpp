@@ -4,6 +4,7 @@
 #include "Theme.h"
 
 #include "axis/DayCalendar.h"
+#include "axis/SpanWords.h"
 
 #include <QGridLayout>
 #include <QGuiApplication>
@@ -26,6 +27,7 @@ constexpr int margin = 16;
 constexpr int gap = 16;
 constexpr int labelGap = 8;
 constexpr int calendarWidth = 264;
+constexpr int clockWidth = 108;
 constexpr int calendarHeight = 248;
 constexpr int distance = 4; ///< from the field it belongs to
 const QTime firstSecond(0, 0, 0);
@@ -88,6 +90,7 @@ DatetimeSpanSelWt::Side DatetimeSpanSelWt::addSide(const QString& name, QGridLay
     label->setForegroundRole(QPalette::PlaceholderText);
     side.clock = new QTimeEdit(this);
     side.clock->setDisplayFormat(QStringLiteral("HH:mm:ss"));
+    side.clock->setFixedWidth(clockWidth);
     side.clock->setWrapping(true);
     side.clock->setAccessibleName(tr("%1, clock time").arg(name));
     side.calendar = new DayCalendar(this);
@@ -194,8 +197,15 @@ void DatetimeSpanSelWt::check()
     const Fault fault = faultOf(begin, end, m_maxSeconds);
     switch (fault) {
     case Fault::None: {
-        const qint64 hours = (begin.secsTo(end) + 1) / 3600;
-        m_words->setText(hours < 24 ? tr("%1 h").arg(hours) : tr("%1 d %2 h").arg(hours / 24).arg(hours % 24));
+        // A day ends with its last second, which belongs to it.
+        const qint64 seconds = begin.secsTo(end) + 1;
+        const int days = static_cast<int>(seconds / daySeconds);
+        QStringList words;
+        if (days > 0)
+            words.append(days == 1 ? tr("1 day") : tr("%1 days").arg(days));
+        if (days == 0 || seconds % daySeconds > 1)
+            words.append(SpanWords::length(seconds % daySeconds * 1000));
+        m_words->setText(words.join(QLatin1Char(' ')));
         break;
     }
     case Fault::NoTime:
@@ -205,8 +215,7 @@ void DatetimeSpanSelWt::check()
         m_words->setText(tr("The end must lie behind the begin."));
         break;
     case Fault::TooLong:
-        m_words->setText(
-            tr("At most %n day(s) can be searched at once.", nullptr, static_cast<int>(m_maxSeconds / daySeconds)));
+        m_words->setText(tr("At most %1 days can be searched at once.").arg(m_maxSeconds / daySeconds));
         break;
     }
     QPalette palette = m_words->palette();

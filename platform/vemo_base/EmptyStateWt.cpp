@@ -74,13 +74,19 @@ EmptyStateWt::EmptyStateWt(const QString& iconName, const QString& missing, cons
     layout->addWidget(help, 0, Qt::AlignHCenter);
 
     if (!buttonText.isEmpty()) {
-        auto* button = new QPushButton(buttonText, this);
-        button->setProperty("kind", QStringLiteral("primary"));
+        m_button = new QPushButton(buttonText, this);
+        m_button->setProperty("kind", QStringLiteral("primary"));
         layout->addSpacing(8);
-        layout->addWidget(button, 0, Qt::AlignHCenter);
-        connect(button, &QPushButton::clicked, this, &EmptyStateWt::signalButtonClicked);
+        layout->addWidget(m_button, 0, Qt::AlignHCenter);
+        connect(m_button, &QPushButton::clicked, this, &EmptyStateWt::signalButtonClicked);
     }
     layout->addStretch(3);
+}
+
+void EmptyStateWt::setButtonSecondary()
+{
+    if (m_button)
+        m_button->setProperty("kind", QVariant());
 }
 
 } // namespace vemo_base

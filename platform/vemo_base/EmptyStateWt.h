@@ -4,6 +4,8 @@
 
 #include <QWidget>
 
+class QPushButton;
+
 namespace vemo_base {
 
 /// What a page shows when it has nothing: an icon, one sentence what is missing, one what to do and, where there is
@@ -18,8 +20,14 @@ public:
     EmptyStateWt(const QString& iconName, const QString& missing, const QString& advice,
                  const QString& buttonText = QString(), QWidget* parent = nullptr);
 
+    /// For pages that have a primary button already.
+    void setButtonSecondary();
+
 signals:
     void signalButtonClicked();
+
+private:
+    QPushButton* m_button = nullptr;
 };
 
 } // namespace vemo_base

@@ -19,7 +19,8 @@ SearchBox::SearchBox(QWidget* parent)
     : QLineEdit(parent)
     , m_clear(addAction(Icons::icon(QStringLiteral("close")), QLineEdit::TrailingPosition))
 {
-    addAction(Icons::icon(QStringLiteral("filter")), QLineEdit::LeadingPosition)->setEnabled(false);
+    QAction* filter = addAction(Icons::icon(QStringLiteral("filter")), QLineEdit::LeadingPosition);
+    connect(filter, &QAction::triggered, this, [this] { setFocus(); });
     setMaxLength(longestText);
     m_clear->setText(tr("Clear the filter"));
     m_clear->setToolTip(m_clear->text());

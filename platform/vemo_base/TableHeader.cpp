@@ -54,8 +54,7 @@ void TableHeader::paintSection(QPainter* painter, const QRect& rect, int logical
     painter->setPen(themeColor(mode, Token::Text2));
     const QString text = model()->headerData(logicalIndex, Qt::Horizontal).toString();
     if (logicalIndex == 0 && m_hasCheckBox) {
-        if (m_paintsCheckBox)
-            paintCheckBox(painter, rect, text);
+        paintCheckBox(painter, rect, text);
         painter->restore();
         return;
     }
@@ -99,7 +98,8 @@ void TableHeader::paintCheckBox(QPainter* painter, const QRect& rect, const QStr
     }
     if (underMouse() && box.adjusted(-4, -4, 4, 4).contains(mapFromGlobal(QCursor::pos())))
         state |= QStyle::State_MouseOver;
-    StylePainter::checkBox(painter, box, state, mode);
+    if (m_paintsCheckBox)
+        StylePainter::checkBox(painter, box, state, mode);
     const int start = TableMetrics::checkBoxInset + TableMetrics::checkBoxSize + TableMetrics::checkBoxGap;
     const QRect words = QStyle::visualRect(layoutDirection(), rect, rect.adjusted(start, 0, 0, 0));
     const Qt::Alignment leading = QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft);

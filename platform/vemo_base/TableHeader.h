@@ -18,7 +18,7 @@ public:
 
     void setHasCheckBox(bool has) { m_hasCheckBox = has; }
     bool hasCheckBox() const { return m_hasCheckBox; }
-    /// False: a widget stands in its place.
+    /// False: a widget stands in the place of the box; its word is painted all the same.
     void setPaintsCheckBox(bool paints) { m_paintsCheckBox = paints; }
     Qt::CheckState checkState() const;
 

@@ -1,7 +1,7 @@
 #include "TableOperWtStyle.h"
 
 #include "TableHeader.h"
-#include "TableMetrics.h"
+#include "TableRowDelegate.h"
 #include "TableWidget.h"
 
 #include <QBoxLayout>
@@ -30,7 +30,7 @@ void TableOperWtStyle::setWts(QCheckBox* selAll, TableWidget* table, QBoxLayout*
     }
     table->setColumnCount(names.size());
     table->setHorizontalHeaderLabels(names);
-    table->setCheckHeaderOfWidget();
+    table->setCheckHeaderOfWidget(selAll->text());
     for (int column = 1; column < names.size(); ++column)
         table->setSortable(column, !operColumns.contains(column));
 
@@ -38,11 +38,10 @@ void TableOperWtStyle::setWts(QCheckBox* selAll, TableWidget* table, QBoxLayout*
     headerLayout->removeWidget(selAll);
     selAll->setParent(header->viewport());
     selAll->setTristate(true);
-    QFont font = selAll->font();
-    font.setPixelSize(TableMetrics::smallPixels);
-    font.setWeight(QFont::DemiBold);
-    selAll->setFont(font);
-    selAll->setForegroundRole(QPalette::PlaceholderText);
+    // The header writes the word, in the manner of the other columns.
+    selAll->setAccessibleName(selAll->text());
+    selAll->setToolTip(tr("Check all shown rows"));
+    selAll->setText(QString());
     selAll->show();
     // The row has handed over what it held.
     if (row && row != table->parentWidget())
@@ -73,8 +72,7 @@ void TableOperWtStyle::placeBox()
 {
     const QHeaderView* header = m_table->horizontalHeader();
     const QRect section(header->sectionViewportPosition(0), 0, header->sectionSize(0), header->height());
-    m_selAll->setGeometry(QStyle::visualRect(m_selAll->layoutDirection(), section,
-                                             section.adjusted(TableMetrics::checkBoxInset, 1, -1, -1)));
+    m_selAll->setGeometry(TableRowDelegate::checkBoxRect(section, m_selAll->layoutDirection()));
 }
 
 void TableOperWtStyle::refresh()

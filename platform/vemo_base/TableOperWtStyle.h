@@ -26,9 +26,9 @@ public:
     explicit TableOperWtStyle(QObject* parent = nullptr);
 
     /// Makes the header row of a page the header of its table. The labels of `headerLayout` name the columns behind
-    /// the first one and go; `selAll` moves into the table's header and from then on checks all shown rows, shows the
-    /// dash while some are checked, and is disabled while there are none. `operColumns` hold TableOperWts: they are
-    /// neither sorted by nor elided.
+    /// the first one and go; the box of `selAll` moves into the table's header and from then on checks all shown rows,
+    /// shows the dash while some are checked, and is disabled while there are none. `operColumns` hold TableOperWts:
+    /// they are neither sorted by nor elided.
     void setWts(QCheckBox* selAll, TableWidget* table, QBoxLayout* headerLayout, const QList<int>& operColumns);
 
 protected:

@@ -130,9 +130,9 @@ void TableWidget::setCheckHeader(const QString& text)
     setHorizontalHeaderItem(0, new QTableWidgetItem(text));
 }
 
-void TableWidget::setCheckHeaderOfWidget()
+void TableWidget::setCheckHeaderOfWidget(const QString& text)
 {
-    setCheckHeader(QString());
+    setCheckHeader(text);
     m_header->setPaintsCheckBox(false);
 }
 

@@ -66,8 +66,8 @@ public:
 
     /// Puts the "All" box into the header of column 0; a row's check is the check state of its item in column 0.
     void setCheckHeader(const QString& text);
-    /// The same where a widget stands in the header of column 0 and shows the box there.
-    void setCheckHeaderOfWidget();
+    /// The same where a widget stands in the place of the box.
+    void setCheckHeaderOfWidget(const QString& text);
     QList<int> checkedRows() const;
     int checkedCount() const { return m_marks.checkedCount(); }
     int shownCount() const { return m_marks.shownCount(); }

@@ -451,6 +451,8 @@ int VemoStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
     case SH_ToolTip_WakeUpDelay:
         return wakeUpMs;
     case SH_FocusFrame_AboveWidget:
+        // The ring belongs to the window then, and bars that end with their controls don't clip it.
+        return 1;
     case SH_ScrollView_FrameOnlyAroundContents:
         return 0;
     case SH_FocusFrame_Mask:

@@ -2,14 +2,16 @@
 
 #include "local/LocalRecordingOperWt.h"
 #include "local/LocalRecordingsMgrPage.h"
-#include "local/SaveAsName.h"
 
 #include <DisabledWaitingWt.h>
 #include <FilesCenterLogs.h>
+#include <LocalIndexRescan.h>
 #include <LocalRecordingIndexes.h>
 #include <PageEditWt.h>
+#include <SaveAsName.h>
 #include <SearchBox.h>
 #include <SystemAssistant.h>
+#include <SystemConfig.h>
 #include <TimeSpaceLineEt.h>
 #include <VFileDialog.h>
 #include <VMessageBox.h>
@@ -43,6 +45,7 @@ class PageWorld final
 public:
     PageWorld()
     {
+        vemo_worker::SystemConfig::instance().setVideoFilePath(world.path(QStringLiteral("videos")));
         vemo_worker::SystemAssistant::instance().setPresenter(
             [this](const QString&, const QString& text) { alerts.append(text); });
         vemo_base::VMessageBox::setAnswerer([this](const QString& text) {
@@ -130,6 +133,7 @@ private slots:
     void tellsWhatCouldNotBeSaved();
     void namesCopiesLegally_data();
     void namesCopiesLegally();
+    void showsFilesFoundByARescanAndKeepsChecks();
     void fillsAPageOfTwoHundred();
 
 private:
@@ -361,9 +365,25 @@ void LocalRecordingsPageTest::namesCopiesLegally()
     QFETCH(QString, channel);
     QFETCH(QString, begin);
     const QString name =
-        vemo_filesCenter::SaveAsName::fileName(channel, QStringLiteral("2026-01-10 08_00_00~"), QStringLiteral(".mp4"));
+        vemo_base::SaveAsName::fileName(channel, QStringLiteral("2026-01-10 08_00_00~"), QStringLiteral(".mp4"));
     QVERIFY2(name.startsWith(begin) && name.endsWith(QLatin1String("(2026-01-10 08_00_00~).mp4")), qPrintable(name));
     QVERIFY(name.toUtf8().size() < 250);
+}
+
+void LocalRecordingsPageTest::showsFilesFoundByARescanAndKeepsChecks()
+{
+    PageWorld world;
+    world.add(QStringLiteral("Gate"), 1, m_clip);
+    world.show();
+    world.check(0);
+    const QString folder = vemo_worker::SystemConfig::instance().getLocalRecordingPath();
+    QVERIFY(QDir().mkpath(folder));
+    QVERIFY(QFile::copy(m_clip, folder + QStringLiteral("/from elsewhere.mp4")));
+    VCOMMON::LocalIndexRescan::instance().start({folder});
+    QTRY_COMPARE(world.table()->rowCount(), 2);
+    const int checked = world.table()->checkedRows().value(0, -1);
+    QVERIFY2(checked >= 0 && world.table()->item(checked, 1)->text() == QLatin1String("Gate"), "the check is lost");
+    QVERIFY(world.alerts.isEmpty());
 }
 
 void LocalRecordingsPageTest::fillsAPageOfTwoHundred()

@@ -1,6 +1,4 @@
-#include "LocalRecordingsSaveAs.h"
-
-#include "SaveAsName.h"
+#include "LocalFilesSaveAs.h"
 
 #include "download/DiskWork.h"
 
@@ -18,6 +16,7 @@
 #include <QWidget>
 
 #include <memory>
+#include <utility>
 
 namespace vemo_filesCenter {
 
@@ -33,7 +32,7 @@ constexpr int mostFailuresTold = 8;
 
 } // namespace
 
-LocalRecordingsSaveAs::LocalRecordingsSaveAs(QWidget* page)
+LocalFilesSaveAs::LocalFilesSaveAs(QWidget* page)
     : QObject(page)
     , m_page(page)
     , m_copier(new VCopyLocalFiles(QUuid::createUuid().toString(), this))
@@ -44,19 +43,19 @@ LocalRecordingsSaveAs::LocalRecordingsSaveAs(QWidget* page)
             });
     connect(m_copier, &VCopyLocalFiles::signalCopyFileFailed, this,
             [this](const QString&, const QString& source, const QString& reason) { noteFailure(source, reason); });
-    connect(m_copier, &VCopyLocalFiles::signalCopyFilesFinished, this, &LocalRecordingsSaveAs::finish);
+    connect(m_copier, &VCopyLocalFiles::signalCopyFilesFinished, this, &LocalFilesSaveAs::finish);
     connect(m_copier, &VCopyLocalFiles::signalCopyFilesCancelled, this, [this] {
         unveil();
         tellFailures();
     });
 }
 
-LocalRecordingsSaveAs::~LocalRecordingsSaveAs()
+LocalFilesSaveAs::~LocalFilesSaveAs()
 {
     unveil();
 }
 
-void LocalRecordingsSaveAs::save(const QList<Recording>& recordings)
+void LocalFilesSaveAs::save(const QList<File>& files, Describe describe)
 {
     const QString folder =
         VCOMMON::VFileDialog::getExistingDirectory(BaseTools::instance().getRootParentWt(m_page),
@@ -64,30 +63,26 @@ void LocalRecordingsSaveAs::save(const QList<Recording>& recordings)
     if (folder.isEmpty())
         return;
     m_saveAsDir = folder;
+    m_describe = std::move(describe);
     auto isAvailable = std::make_shared<bool>(false);
     DiskWork::run(
         [folder, isAvailable] { *isAvailable = vemo_worker::DiskManager::instance().isPathAvailable(folder, true); },
         this,
-        [this, isAvailable, recordings] {
+        [this, isAvailable, files] {
             if (*isAvailable)
-                copy(recordings);
+                copy(files);
         },
         diskPatienceMs);
 }
 
-void LocalRecordingsSaveAs::copy(const QList<Recording>& recordings)
+void LocalFilesSaveAs::copy(const QList<File>& files)
 {
-    m_recordings.clear();
     m_failures.clear();
     QStringList sources;
     QStringList destinations;
-    for (const Recording& recording : recordings) {
-        const QString times =
-            SaveAsName::timeText(recording.begin) + QLatin1Char('~') + SaveAsName::timeText(recording.end);
-        sources.append(recording.filePath);
-        destinations.append(m_saveAsDir + QLatin1Char('/') +
-                            SaveAsName::fileName(recording.channelName, times, QStringLiteral(".mp4")));
-        m_recordings.insert(recording.filePath, recording);
+    for (const File& file : files) {
+        sources.append(file.path);
+        destinations.append(m_saveAsDir + QLatin1Char('/') + file.copyName);
     }
     auto* veil = new DisabledWaitingWt(BaseTools::instance().getRootParentWt(m_page), QString(),
                                        QDir::toNativeSeparators(m_saveAsDir), true);
@@ -99,42 +94,41 @@ void LocalRecordingsSaveAs::copy(const QList<Recording>& recordings)
         unveil();
 }
 
-void LocalRecordingsSaveAs::showProgress(int fileNumber, int fileCount, int percent)
+void LocalFilesSaveAs::showProgress(int fileNumber, int fileCount, int percent)
 {
     DisabledWaitingWtManager::instance().updateDisabledWaitingWtDescription(
         m_veil, tr("Saving As:%1/%2(%3%)").arg(fileNumber).arg(fileCount).arg(percent));
 }
 
-void LocalRecordingsSaveAs::noteFailure(const QString& source, const QString& reason)
+void LocalFilesSaveAs::noteFailure(const QString& source, const QString& reason)
 {
-    const Recording recording = m_recordings.value(source);
-    QString text = tr("Save as file failed:%1(%2)")
-                       .arg(recording.channelName, BaseTools::instance().strTimeRange(recording.begin, recording.end));
+    const QPair<QString, QString> words = m_describe(source);
+    QString text = tr("Save as file failed:%1(%2)").arg(words.first, words.second);
     if (!reason.isEmpty())
         text += QLatin1Char('\n') + reason;
     m_failures.append(text);
 }
 
-void LocalRecordingsSaveAs::finish()
+void LocalFilesSaveAs::finish()
 {
     unveil();
     VCOMMON::ToolsCollection::openFolder(m_saveAsDir);
     tellFailures();
 }
 
-void LocalRecordingsSaveAs::tellFailures()
+void LocalFilesSaveAs::tellFailures()
 {
     if (m_failures.isEmpty())
         return;
     QStringList told = m_failures.mid(0, mostFailuresTold);
     if (m_failures.size() > told.size())
-        told.append(tr("and %n more", nullptr, m_failures.size() - told.size()));
+        told.append(tr("and %1 more").arg(m_failures.size() - told.size()));
     m_failures.clear();
     vemo_worker::SystemAssistant::instance().messageAlert(vemo_worker::DictDef::titleAlert(),
                                                           told.join(QLatin1Char('\n')));
 }
 
-void LocalRecordingsSaveAs::unveil()
+void LocalFilesSaveAs::unveil()
 {
     DisabledWaitingWtManager::instance().destroyDisabledWaitingWt(m_veil);
     m_veil = QUuid();
