@@ -2,6 +2,8 @@
 
 #include "ExitCode.h"
 
+#include <BackupTaskInfo.h>
+
 #include <VmsTypes.h>
 
 #include <QDateTime>
@@ -47,6 +49,19 @@ struct LocalOptions
     QString target;  ///< SaveAs: folder
 };
 
+/// What `backup` is to do.
+struct BackupOptions
+{
+    enum class Action : int { Unknown = 0, List, Add, Run, Stop, Export };
+
+    Action action = Action::Unknown;
+    QDate date;   ///< invalid: not given
+    int days = 1; ///< Add: so many from that day on
+    QList<vemo_data::BackupTimeSegment> segments;
+    int tries = 3; ///< Run
+    QString to;    ///< Export
+};
+
 /// What the person asked for, checked as far as it can be without asking the recorder or the disk.
 struct CliCommand
 {
@@ -56,6 +71,7 @@ struct CliCommand
         Search,
         Download,
         Queue,
+        Backup,
         Local,
         Tell, ///< nothing to be done: help, version, or what is wrong with the command
     };
@@ -69,8 +85,9 @@ struct CliCommand
     QDateTime begin;
     QDateTime end;
     QString out;
-    QueueOptions queue; ///< with Verb::Queue
-    LocalOptions local; ///< with Verb::Local; begin and end may be invalid, for every time
+    QueueOptions queue;   ///< with Verb::Queue
+    BackupOptions backup; ///< with Verb::Backup
+    LocalOptions local;   ///< with Verb::Local; begin and end may be invalid, for every time
     bool json = false;
     bool verbose = false;
 

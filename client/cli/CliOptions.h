@@ -26,7 +26,8 @@ public:
     QCommandLineOption passwordFile{
         QStringLiteral("password-file"),
         tr("File whose first line is the password. Without it, the environment variable VEMO_PASSWORD."), tr("file")};
-    QCommandLineOption channel{QStringLiteral("channel"), tr("Channel number from 1; several: 1,2,3."), tr("n")};
+    QCommandLineOption channel{
+        {QStringLiteral("channel"), QStringLiteral("channels")}, tr("Channel number from 1; several: 1,2,3."), tr("n")};
     QCommandLineOption begin{QStringLiteral("begin"),
                              tr("Begin, as 2026-01-10T08:00:00; local time unless an offset follows."), tr("time")};
     QCommandLineOption end{QStringLiteral("end"), tr("End, likewise."), tr("time")};
@@ -43,6 +44,16 @@ public:
     QCommandLineOption all{QStringLiteral("all"), tr("Acts on every task for which it makes sense.")};
     QCommandLineOption noRetry{QStringLiteral("no-retry"),
                                tr("Ends without waiting for the next try of failed tasks.")};
+    QCommandLineOption date{QStringLiteral("date"), tr("Day, as 2026-01-10, today or yesterday."), tr("day")};
+    QCommandLineOption days{QStringLiteral("days"), tr("For so many days from that day on; 1 when left out."), tr("n")};
+    QCommandLineOption segments{
+        QStringLiteral("segments"),
+        tr("Times of day to back up, as 08:00-12:00,13:00-18:00; an end takes its whole minute in. Without it, the "
+           "whole day."),
+        tr("times")};
+    QCommandLineOption tries{QStringLiteral("tries"),
+                             tr("Gives a task up in this run after so many failures; 3 when left out."), tr("n")};
+    QCommandLineOption to{QStringLiteral("to"), tr("Folder to copy the files into; it must be there."), tr("folder")};
     QCommandLineOption json{QStringLiteral("json"), tr("Writes one JSON object a line.")};
     QCommandLineOption verbose{QStringLiteral("verbose"), tr("Writes diagnostics to the standard error stream.")};
     QCommandLineOption out{

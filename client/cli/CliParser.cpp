@@ -1,5 +1,6 @@
 #include "CliParser.h"
 
+#include "CliBackupParser.h"
 #include "CliLocalParser.h"
 #include "CliOptions.h"
 #include "CliQueueParser.h"
@@ -84,6 +85,7 @@ CliCommand CliParser::parse(const QStringList& arguments, const std::optional<QS
            "  search    lists the recordings of a channel in a span of time\n"
            "  download  downloads a span of time as MP4\n"
            "  queue     works on the stored downloads while no window is open\n"
+           "  backup    plans backups of whole days, and works them off while no window is open\n"
            "  local     lists, saves and deletes the recordings and snapshots on this computer\n"
            "Their options: vemo_client <verb> --help\n") %
         QLatin1Char('\n') % CliTell::exitCodes());
@@ -115,6 +117,8 @@ CliCommand CliParser::parse(const QStringList& arguments, const std::optional<QS
         return parseVerb(CliCommand::Verb::Download, name, rest, command, environmentPassword);
     if (name == QLatin1String("queue"))
         return CliQueueParser::parse(rest, command, environmentPassword);
+    if (name == QLatin1String("backup"))
+        return CliBackupParser::parse(rest, command, environmentPassword);
     if (name == QLatin1String("local"))
         return CliLocalParser::parse(rest, command);
     return CliTell::misuse(tr("\"%1\" is not a verb.").arg(name.left(64)) % again);

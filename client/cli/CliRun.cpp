@@ -1,5 +1,7 @@
 #include "CliRun.h"
 
+#include "BackupRun.h"
+#include "BackupVerb.h"
 #include "DownloadVerb.h"
 #include "Interrupt.h"
 #include "LocalVerb.h"
@@ -72,6 +74,19 @@ int runOnDataFolder(const CliCommand& command)
     return code;
 }
 
+int runBackup(const CliCommand& command)
+{
+    switch (command.backup.action) {
+    case BackupOptions::Action::Stop:
+        return run<BackupVerb>(command); // the run that it stops holds the data folder
+    case BackupOptions::Action::Run:
+    case BackupOptions::Action::Export:
+        return runOnDataFolder<BackupRun>(command);
+    default:
+        return runOnDataFolder<BackupVerb>(command);
+    }
+}
+
 /// Nobody looks at the pages, and there may be no display.
 void chooseWindowSystem()
 {
@@ -89,6 +104,8 @@ int runVerb(const CliCommand& command)
         qInstallMessageHandler(dropMessage);
     if (command.verb == CliCommand::Verb::Local)
         return LocalVerb::changesStore(command) ? runOnDataFolder<LocalVerb>(command) : run<LocalVerb>(command);
+    if (command.verb == CliCommand::Verb::Backup)
+        return runBackup(command);
     return command.verb == CliCommand::Verb::Queue ? runOnDataFolder<QueueVerb>(command) : runOnFolderOfItsOwn(command);
 }
 

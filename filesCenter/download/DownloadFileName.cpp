@@ -1,5 +1,6 @@
 #include "DownloadFileName.h"
 
+#include <BackupDay.h>
 #include <BaseTools.h>
 #include <ToolsCollection.h>
 
@@ -21,6 +22,13 @@ QString compactFormat()
 QString compactTime(const QDateTime& time)
 {
     return time.toLocalTime().toString(compactFormat());
+}
+
+QString unmistakableTime(const QDateTime& time)
+{
+    if (!vemo_data::BackupDay::isDoubled(time))
+        return compactTime(time);
+    return time.toUTC().toString(compactFormat()) + QLatin1Char('Z');
 }
 
 QDateTime fromCompactTime(const QString& text)

@@ -11,6 +11,8 @@ QString downloadFileName(const vemo_data::DownloadTaskInfo& task);
 
 /// Local time as "yyyyMMddhhmmss", the form of every time that goes to the media download SDK or into a file name.
 QString compactTime(const QDateTime& time);
+/// The same for the media download SDK, in UTC with "Z" behind it where the clock shows that time twice.
+QString unmistakableTime(const QDateTime& time);
 QDateTime fromCompactTime(const QString& text); ///< invalid when the text is not such a time
 
 } // namespace vemo_filesCenter

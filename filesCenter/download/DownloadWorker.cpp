@@ -130,8 +130,8 @@ void DownloadWorker::startByFile(const DownloadTaskInfo& task, const QString& de
 void DownloadWorker::startByTimeRange(const DownloadTaskInfo& task, const QString& devId, int channelNo)
 {
     m_runs.begin(task.taskId);
-    const int result = vaws_download_time_range(frameSource, compactTime(task.beginTime).toUtf8().constData(),
-                                                compactTime(task.endTime).toUtf8().constData(),
+    const int result = vaws_download_time_range(frameSource, unmistakableTime(task.beginTime).toUtf8().constData(),
+                                                unmistakableTime(task.endTime).toUtf8().constData(),
                                                 task.savePath.toUtf8().constData(), task.taskId.toUtf8().constData());
     if (!acceptLibraryResult(task.taskId, result))
         return;

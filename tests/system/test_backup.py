@@ -1,0 +1,228 @@
+#!/usr/bin/env python3
+"""Planned backups, worked off without a window. What has to be in the files is computed here from the recorder's own list; the files
+are judged by ffmpeg, the manifests by sha256sum."""
+import datetime
+import json
+import os
+import random
+import signal
+import subprocess
+import time
+
+import media
+import systemlab
+from systemlab import Client, Recorder, Test
+
+DAY = systemlab.FIRST_DAY
+SECOND = datetime.timedelta(seconds=1)
+# Ends take their minute in. Whole; around an alarm; across two gaps; a gap of its own; a gap in the middle.
+SEGMENTS = ["02:00-02:00", "08:15-08:15", "08:29-08:30", "04:01-04:02", "20:00-20:02"]
+CHANNELS = [1, 2, 3, 4]
+PICTURE_S = 0.04
+
+
+def at(clock):
+    hour, minute = map(int, clock.split(":"))
+    return DAY + datetime.timedelta(hours=hour, minutes=minute)
+
+
+def spans_of(segments):
+    return sorted((at(each.split("-")[0]), at(each.split("-")[1]) + 59 * SECOND) for each in segments)
+
+
+def common(some, others):
+    both = [(max(a[0], b[0]), min(a[1], b[1])) for a in some for b in others]
+    return sorted(span for span in both if span[0] < span[1])
+
+
+def seconds(spans):
+    return sum((end - begin).total_seconds() for begin, end in spans)
+
+
+class Backup(Test):
+    @classmethod
+    def setUpClass(cls):
+        cls.recorder = Recorder("--channels", "8")
+        cls.addClassCleanup(cls.recorder.stop)
+        cls.device = cls.recorder.addresses["onvif"]
+
+    def setUp(self):
+        self.client = Client()
+        self.addCleanup(self.client.__exit__)
+        self.recorder.ask("/reset", method="POST")
+
+    def fault(self, name, value, **query):
+        self.recorder.ask("/fault", method="POST", name=name, value=value, **query)
+
+    def backup(self, *arguments, code=systemlab.DONE, timeout=120, **others):
+        run = self.client.run("backup", *arguments, timeout=timeout, **others)
+        if code is not None:
+            self.assertEqual(run.code, code, run)
+        self.assertEqual(self.client.secret_places(run), [], f"the password stands where it must not: {run}")
+        return run
+
+    def add(self, channels, segments, date=DAY, *options):
+        return self.backup("add", "--device", self.device, "--user", systemlab.USER, "--channels", ",".join(map(str, channels)),
+                           "--date", date.strftime("%Y-%m-%d"), "--segments", ",".join(segments), "--json", *options).lines
+
+    def held(self, channel, segments):
+        listed = json.loads(self.recorder.ask("/recordings", channel=channel))
+        recordings = [(systemlab.parse_time(each["begin"]), systemlab.parse_time(each["end"])) for each in listed]
+        return common(recordings, spans_of(segments))
+
+    def check_cover(self, task, segments):
+        """The task's files hold what the recorder holds of the segments, every second of it once."""
+        self.assertEqual(task["state"], "finished", task)
+        wanted = self.held(task["channel"], segments)
+        self.assertAlmostEqual(task["held"], seconds(wanted), delta=1, msg=task)
+        self.assertEqual(task["safe"], task["held"], task)
+        files = sorted((systemlab.parse_time(each["begin"]), systemlab.parse_time(each["end"]), each["path"])
+                       for each in task["files"])
+        for one, next_one in zip(files, files[1:]):
+            self.assertLessEqual(one[1], next_one[0], f"two pieces overlap: {task}")
+        self.assertTrue(all(each["finished"] for each in task["files"]), task)
+        for begin, end, path in files:
+            inside = common(wanted, [(begin, end)])
+            if not inside:
+                self.assertEqual(path, "", f"a file without a recording: {task}")
+                continue
+            self.assertTrue(os.path.isfile(path), path)
+            video = next(each for each in media.probe(path)["streams"] if each["codec_type"] == "video")
+            self.assertAlmostEqual(float(video["duration"]), seconds(inside), delta=2 * PICTURE_S, msg=path)
+            self.check_samples(path, self.recorder.samples(task["channel"], inside[0][0], inside[-1][1]), inside[0][0], inside[-1][1])
+        self.check_manifests([path for _, _, path in files if path])
+
+    def check_manifests(self, paths):
+        for folder in {os.path.dirname(path) for path in paths}:
+            done = subprocess.run(["sha256sum", "--strict", "-c", "SHA256SUMS"], cwd=folder, capture_output=True, text=True)
+            self.assertEqual(done.returncode, 0, f"{folder}: {done.stdout}{done.stderr}")
+            with open(os.path.join(folder, "manifest.json"), encoding="utf-8") as file:
+                told = {each["file"]: each for each in json.load(file)["files"]}
+            for path in paths:
+                if os.path.dirname(path) == folder:
+                    self.assertEqual(told[os.path.basename(path)]["bytes"], os.path.getsize(path), path)
+            strangers = set(os.listdir(folder)) - set(told) - {"SHA256SUMS", "manifest.json"}
+            self.assertEqual(strangers, set(), "something was left in the folder")
+
+    def listing(self, *options):
+        return self.backup("list", "--json", *options).lines
+
+    def test_a_day_of_four_channels(self):
+        self.add(CHANNELS, SEGMENTS)
+        self.assertEqual(self.add(CHANNELS, SEGMENTS), [], "the same plan was added twice")
+        self.assertEqual({task["state"] for task in self.listing()}, {"open"})
+        over = self.backup("run", "--json").lines
+        self.assertEqual([task["outcome"] for task in over], ["finished"] * len(CHANNELS))
+        tasks = self.listing()
+        self.assertEqual([task["channel"] for task in tasks], CHANNELS)
+        for task in tasks:
+            self.check_cover(task, SEGMENTS)
+        plays = json.loads(self.recorder.ask("/stats"))["plays"]
+        self.backup("run")
+        self.assertEqual(json.loads(self.recorder.ask("/stats"))["plays"], plays, "something was fetched again")
+        self.check_export(tasks)
+
+    def check_export(self, tasks):
+        target = os.path.join(self.client.folder, "target")
+        os.mkdir(target)
+        run = self.backup("export", "--date", "2026-01-10", "--channels", "3,4", "--to", target)
+        paths = [each["path"] for task in tasks if task["channel"] in (3, 4) for each in task["files"] if each["path"]]
+        self.assertIn(f"files total count:{len(paths)}, success count:{len(paths)}, failure count:0", run.err)
+        exported = [os.path.join(folder, name) for folder, _, names in os.walk(target) for name in names if name.endswith(".mp4")]
+        self.assertEqual(sorted(map(os.path.basename, exported)), sorted(map(os.path.basename, paths)))
+        self.check_manifests(exported)
+
+    def test_missed_days_come_first_and_days_to_come_wait(self):
+        today = datetime.datetime.now(datetime.timezone.utc)
+        self.add([3], ["02:00-02:00"])
+        self.add([3], ["02:00-02:00"], today + datetime.timedelta(days=1))
+        self.add([3], ["03:00-03:00"], DAY - datetime.timedelta(days=1))
+        over = self.backup("run", "--json").lines
+        self.assertEqual([(task["date"], task["outcome"]) for task in over], [("2026-01-09", "empty"), ("2026-01-10", "finished")])
+        tomorrow = self.backup("run", "--json", "--date", (today + datetime.timedelta(days=1)).strftime("%Y-%m-%d")).lines
+        self.assertIn(tomorrow[0]["outcome"], ("empty", "ahead"), tomorrow)
+
+    def test_stopped_in_the_middle(self):
+        for how in ("stop", "interrupt"):
+            segments = ["02:00-02:02"] if how == "stop" else ["03:00-03:02"]
+            task = self.add([1], segments)[0]
+            self.fault("rate", 6_000_000)
+            run = self.client.start("backup", "run")
+            self.wait_for_bytes()
+            if how == "stop":
+                self.backup("stop")
+            else:
+                systemlab.interrupt(run)
+            ended = self.client.finish(run)
+            self.assertEqual(ended.code, systemlab.INCOMPLETE if how == "stop" else systemlab.INTERRUPTED, ended)
+            self.recorder.ask("/reset", method="POST")
+            left = next(each for each in self.listing() if each["id"] == task["id"])
+            self.assertEqual(left["state"], "partial", left)
+            self.assertTrue(0 < left["safe"] < left["held"], left)
+            self.backup("run")
+            self.check_cover(next(each for each in self.listing() if each["id"] == task["id"]), segments)
+        self.backup("stop", code=systemlab.FAILED)
+
+    def wait_for_bytes(self, count=3_000_000, timeout_s=30):
+        until = time.monotonic() + timeout_s
+        first = json.loads(self.recorder.ask("/stats"))["streamBytes"]
+        while json.loads(self.recorder.ask("/stats"))["streamBytes"] < first + count:
+            self.assertLess(time.monotonic(), until, "nothing is fetched")
+            time.sleep(0.02)
+
+    def test_killed_at_random_moments(self):
+        """However often it is killed: in the end the same cover, and nothing that was whole is fetched again."""
+        segments = ["02:00-02:00", "08:15-08:15", "08:30-08:30"]
+        kills = 100 if systemlab.OPTIONS.full else 6
+        chance = random.Random(systemlab.OPTIONS.seed)
+        done, rounds = 0, 0
+        while done < kills:
+            rounds += 1
+            with Client() as self.client:
+                self.add([1, 3, 4], segments)
+                self.fault("rate", 40_000_000)
+                for _ in range(8):
+                    run = self.client.start("backup", "run")
+                    time.sleep(chance.uniform(0.05, 2.5))
+                    ended_by_itself = run.poll() is not None
+                    run.send_signal(signal.SIGKILL)
+                    self.client.finish(run)
+                    whole = {each["path"]: os.stat(each["path"]).st_ino for task in self.listing() for each in task["files"]
+                             if each["finished"] and each["path"]}
+                    if ended_by_itself:
+                        break
+                    done += 1
+                self.recorder.ask("/reset", method="POST")
+                self.backup("run")
+                for task in self.listing():
+                    self.check_cover(task, segments)
+                    names = {each["path"] for each in task["files"]}
+                    for path in names & set(whole):
+                        self.assertEqual(os.stat(path).st_ino, whole[path], f"{path} was fetched again")
+                lost = [path for path in whole if not os.path.exists(path)]
+                self.assertEqual(lost, [], "a finished file is gone")
+        self.client = Client()
+        print(f"{done} kills in {rounds} rounds", end=" ", flush=True)
+
+    def test_failures_are_told(self):
+        self.add([5], ["02:00-02:00"])
+        for name, value, words in (("session-limit", 1, "The backup limit of he device has been reached"),
+                                   ("drop-after", 200_000, "Backup is abnormal,the backup will be attempted again later")):
+            self.fault(name, value)
+            over = self.backup("run", "--tries", 1, "--json", code=systemlab.INCOMPLETE).lines
+            self.assertEqual(over[0]["outcome"], "failed", over)
+            self.assertIn(words, over[0]["message"])
+            self.recorder.ask("/reset", method="POST")
+        self.backup("run")
+        self.check_cover(self.listing()[0], ["02:00-02:00"])
+
+    def test_a_login_that_is_refused(self):
+        self.backup("add", "--device", self.device, "--user", systemlab.USER, "--channels", "3", "--date", "2026-01-10",
+                    "--segments", "02:00-02:00", password="wrong")
+        over = self.client.run("backup", "run", "--json", password="wrong")
+        self.assertEqual(over.code, systemlab.INCOMPLETE, over)
+        self.assertIn("wrong user name or password for connecting device", over.last["message"])
+
+
+if __name__ == "__main__":
+    systemlab.main()
