@@ -1,5 +1,6 @@
 #include "FilesCenterInit.h"
 
+#include "backup/BackupExportRun.h"
 #include "backup/BackupPlanRun.h"
 #include "download/DownloadAccess.h"
 #include "FilesCenterForm.h"
@@ -11,6 +12,7 @@ FilesCenterInit::FilesCenterInit(QObject* parent)
 {
     DownloadAccess::instance();
     new BackupPlanRun(this);
+    new BackupExportRun(this);
 }
 
 FilesCenterInit::~FilesCenterInit() = default;
