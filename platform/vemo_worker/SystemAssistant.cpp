@@ -1,9 +1,11 @@
 #include "SystemAssistant.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QPointer>
+#include <QStandardPaths>
 #include <QTextStream>
 #include <QThreadPool>
 
@@ -17,6 +19,13 @@ bool isThere(const QString& path)
 {
     const QFileInfo info(path);
     return info.exists() || info.isSymLink();
+}
+
+/// Qt makes the bin of a home folder, but not the folder that it lies in, and takes a home without one for one without
+/// a bin.
+void makeRoomForBin()
+{
+    QDir().mkpath(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation));
 }
 
 /// Deleting for good is what is left on disks without a bin.
@@ -64,6 +73,7 @@ void SystemAssistant::removeFiles(const QStringList& paths, QObject* context, co
 {
     m_disk->start([this, paths, removed, guard = QPointer<QObject>(context), hasContext = context != nullptr] {
         QStringList remaining;
+        makeRoomForBin();
         for (const QString& path : paths) {
             discard(path);
             if (isThere(path))

@@ -10,6 +10,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QProcess>
 #include <QtTest>
 
 #include <algorithm>
@@ -26,6 +27,7 @@ private slots:
         m_world = std::make_unique<TestWorld>();
         // The default of the videos folder goes by the home folder.
         qputenv("HOME", m_world->path(QString()).toLocal8Bit());
+        qputenv("XDG_DATA_HOME", m_world->path(QStringLiteral("data/share")).toLocal8Bit());
         qputenv("XDG_CONFIG_HOME", m_world->path(QStringLiteral("xdg")).toLocal8Bit());
     }
 
@@ -129,22 +131,47 @@ private slots:
         QVERIFY(QFile::link(target, link));
         const QString folder = m_world->path(QStringLiteral("folder"));
         QVERIFY(QDir().mkdir(folder));
-        bool answered = false;
-        QStringList left;
-        SystemAssistant& assistant = SystemAssistant::instance();
-        assistant.removeVdxFiles({media});
-        assistant.removeFiles({media, link, folder, m_world->path(QStringLiteral("nothing"))}, this,
-                              [&](const QStringList& remaining) {
-                                  answered = true;
-                                  left = remaining;
-                              });
-        QTRY_VERIFY(answered);
-        QCOMPARE(left, QStringList{folder});
+        const QString pipe = m_world->path(QStringLiteral("pipe.mp4"));
+        QProcess::execute(QStringLiteral("mkfifo"), {pipe});
+        SystemAssistant::instance().removeVdxFiles({media});
+        const QStringList left = remove({media, link, folder, m_world->path(QStringLiteral("nothing")), pipe});
+        QCOMPARE(left, QFileInfo::exists(pipe) ? QStringList({folder, pipe}) : QStringList{folder});
         QVERIFY(!QFileInfo::exists(media) && !QFileInfo::exists(index) && !QFileInfo(link).isSymLink());
         QVERIFY(QFileInfo::exists(target) && QFileInfo(folder).isDir());
+        const QString bin = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+        if (QSysInfo::productType() != QLatin1String("windows"))
+            QVERIFY(QFileInfo::exists(bin + QStringLiteral("/Trash/files/a.b.mp4")));
+    }
+
+    void removesThousandsWhileTheWindowGoesOn()
+    {
+        QStringList paths;
+        for (int i = 0; i < 3000; ++i) {
+            paths.append(m_world->path(QStringLiteral("%1.jpg").arg(i)));
+            QVERIFY(QFile(paths.last()).open(QIODevice::WriteOnly));
+        }
+        int ticks = 0;
+        QTimer timer;
+        connect(&timer, &QTimer::timeout, this, [&ticks] { ++ticks; });
+        timer.start(1);
+        QCOMPARE(remove(paths), QStringList());
+        QVERIFY2(ticks > 10, qPrintable(QString::number(ticks)));
     }
 
 private:
+    /// What is still there afterwards.
+    QStringList remove(const QStringList& paths)
+    {
+        bool answered = false;
+        QStringList left;
+        SystemAssistant::instance().removeFiles(paths, this, [&](const QStringList& remaining) {
+            answered = true;
+            left = remaining;
+        });
+        return QTest::qWaitFor([&answered] { return answered; }, 60000) ? left
+                                                                        : QStringList{QStringLiteral("no answer")};
+    }
+
     QList<FilesCenterLogs::Entry> ask(const FilesCenterLogs::Query& query)
     {
         bool answered = false;
