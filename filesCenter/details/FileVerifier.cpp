@@ -6,8 +6,10 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QPointer>
+#include <QTimer>
 
 #include <algorithm>
+#include <utility>
 
 namespace vemo_filesCenter {
 
@@ -48,6 +50,20 @@ void FileVerifier::keepSum(const DownloadTaskInfo& task)
         add({task.taskId, task.savePath, Wish::KeepSum, {}, 0});
 }
 
+void FileVerifier::catchUpLater(int afterMs)
+{
+    if (!std::exchange(m_hasCaughtUp, true))
+        QTimer::singleShot(afterMs, this, &FileVerifier::catchUp);
+}
+
+void FileVerifier::catchUp()
+{
+    TaskFactsData::instance().getUnsummed(catchUpLimit, this, [this](const QVector<vemo_data::UnsummedFile>& files) {
+        for (const vemo_data::UnsummedFile& file : files)
+            add({file.taskId, file.path, Wish::CatchUp, {}, 0});
+    });
+}
+
 void FileVerifier::verify(const DownloadTaskInfo& task)
 {
     add({task.taskId, task.savePath, Wish::Verify, {}, 0});
@@ -83,30 +99,32 @@ void FileVerifier::add(const Job& job)
         return;
     if (m_current.taskId == job.taskId) {
         // A person asks for what is being summed up for the store: there is nothing yet to compare it with.
-        if (job.wish == Wish::Verify)
-            m_current.wish = Wish::Verify;
+        m_current.wish = std::max(m_current.wish, job.wish);
         updatePause();
         return;
     }
     const auto same = std::find_if(m_waiting.begin(), m_waiting.end(),
                                    [&job](const Job& other) { return other.taskId == job.taskId; });
     if (same != m_waiting.end()) {
-        if (job.wish != Wish::Verify || same->wish == Wish::Verify)
+        if (job.wish <= same->wish)
             return;
         m_waiting.erase(same);
     }
-    const auto place = job.wish == Wish::KeepSum
-                           ? m_waiting.end()
-                           : std::find_if(m_waiting.begin(), m_waiting.end(),
-                                          [](const Job& other) { return other.wish == Wish::KeepSum; });
-    m_waiting.insert(place, job);
-    // What only the store waits for makes room for a person.
-    if (job.wish == Wish::Verify && m_current.wish == Wish::KeepSum && m_checksum->isRunning()) {
+    enqueue(job);
+    // What only the store waits for makes room for a person, what is late for what is new.
+    if (job.wish > m_current.wish && m_checksum->isRunning()) {
         m_checksum->cancel();
-        m_waiting.append(m_current);
+        enqueue(m_current);
         m_current = {};
     }
     startNext();
+}
+
+void FileVerifier::enqueue(const Job& job)
+{
+    m_waiting.insert(
+        std::find_if(m_waiting.begin(), m_waiting.end(), [&job](const Job& other) { return other.wish < job.wish; }),
+        job);
 }
 
 void FileVerifier::startNext()
@@ -121,7 +139,7 @@ void FileVerifier::startNext()
             return;
         m_current.keptSha256 = facts.sha256;
         m_current.keptBytes = facts.sha256Bytes;
-        if (m_current.wish == Wish::KeepSum && !facts.sha256.isEmpty())
+        if (m_current.wish != Wish::Verify && !facts.sha256.isEmpty())
             end(Outcome::Unknown, {}, 0, {});
         else
             m_checksum->start(m_current.path);

@@ -30,6 +30,8 @@ public:
     Q_ENUM(Outcome)
 
     static constexpr int queueLimit = 4096;
+    static constexpr int catchUpLimit = 1000;
+    static constexpr int catchUpAfterMs = 10'000;
 
     explicit FileVerifier(QObject* parent = nullptr);
     ~FileVerifier() override;
@@ -38,6 +40,9 @@ public:
 
     /// Sums up the finished file in the background and stores the sum. Returns at once.
     void keepSum(const vemo_data::DownloadTaskInfo& task);
+    /// Sums up, behind everything else and some time from now, the newest finished files whose sums an earlier run of
+    /// the program did not get to. The first call in a process counts.
+    void catchUpLater(int afterMs = catchUpAfterMs);
     /// Reads the file now and compares; ends in signalVerified. Asking again for a task that waits does nothing.
     void verify(const vemo_data::DownloadTaskInfo& task);
     /// Forgets what is waiting or running for the task, without a signal.
@@ -57,7 +62,8 @@ signals:
                         const QString& sentence);
 
 private:
-    enum class Wish : int { Nothing = 0, KeepSum, Verify };
+    /// A greater one goes first.
+    enum class Wish : int { Nothing = 0, CatchUp, KeepSum, Verify };
 
     struct Job
     {
@@ -69,15 +75,18 @@ private:
     };
 
     void add(const Job& job);
+    void enqueue(const Job& job);
+    void catchUp();
     void startNext();
     void judge(const QByteArray& sha256, qint64 bytes);
     void end(Outcome outcome, const QByteArray& sha256, qint64 bytes, const QString& cause);
     void updatePause();
 
     VCOMMON::FileChecksum* const m_checksum;
-    QList<Job> m_waiting; ///< those that a person asked for first
+    QList<Job> m_waiting; ///< by their wishes
     Job m_current;
     bool m_downloadsRunning = false;
+    bool m_hasCaughtUp = false;
 };
 
 } // namespace vemo_filesCenter

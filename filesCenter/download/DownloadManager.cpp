@@ -4,6 +4,8 @@
 #include "DownloadRecovery.h"
 #include "DownloadSignals.h"
 
+#include "details/FileVerifier.h"
+
 #include <DataSignals.h>
 #include <DownloadTaskData.h>
 #include <SystemMsg.h>
@@ -146,6 +148,7 @@ void DownloadManager::tellHandedOut(bool isEmpty)
         m_successTable->updateOrderNumbers();
     }
     DownloadQueueStatus::instance().setHandedOut();
+    FileVerifier::instance().catchUpLater();
 }
 
 void DownloadManager::slotAddDownloadTasksToLocalDB(const QList<DownloadTaskInfo>& tasks)

@@ -42,6 +42,17 @@ void TaskFactsData::get(const QString& taskId, QObject* context, std::function<v
                               });
 }
 
+void TaskFactsData::getUnsummed(int limit, QObject* context, std::function<void(const QVector<UnsummedFile>&)> answer)
+{
+    auto files = std::make_shared<QVector<UnsummedFile>>();
+    Database::instance().post(
+        [limit, files](QSqlDatabase& db) { return TaskFactsStore::unsummed(db, limit, files.get()); },
+        [files, guard = QPointer<QObject>(context), answer = std::move(answer)](bool) {
+            if (guard)
+                answer(*files);
+        });
+}
+
 TaskFacts TaskFactsData::getNow(const QString& taskId)
 {
     TaskFacts facts;

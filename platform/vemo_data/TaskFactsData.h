@@ -6,6 +6,7 @@
 #include <QHash>
 #include <QObject>
 #include <QString>
+#include <QVector>
 
 #include <functional>
 
@@ -20,6 +21,13 @@ struct TaskFacts
     QByteArray sha256;      ///< of the finished file, 32 bytes; empty: not summed yet
     qint64 sha256Bytes = 0; ///< length of the file that was summed
     double seconds = 0;     ///< how long the download ran
+};
+
+/// A finished file whose checksum is not kept yet.
+struct UnsummedFile
+{
+    QString taskId;
+    QString path;
 };
 
 /// The facts of download tasks by task id. One object a process, used on the GUI thread; writes return at once and are
@@ -45,7 +53,9 @@ public:
     /// Calls `answer` on the GUI thread with what is stored, all earlier writes included; not when `context` has gone
     /// by then. A task without facts: only the id is set.
     void get(const QString& taskId, QObject* context, std::function<void(const TaskFacts&)> answer);
-    /// The same, waiting for the database; for the command line.
+    /// Finished tasks without a checksum, the newest first and at most `limit`; called back as get() does.
+    void getUnsummed(int limit, QObject* context, std::function<void(const QVector<UnsummedFile>&)> answer);
+    /// What get() tells, waiting for the database; for the command line.
     TaskFacts getNow(const QString& taskId);
     /// Every task's facts by task id, waiting for the database.
     QHash<QString, TaskFacts> getAllNow();

@@ -1,5 +1,7 @@
 #include "TaskFactsStore.h"
 
+#include "DownloadTaskInfo.h"
+
 #include <QDebug>
 #include <QSqlDatabase>
 #include <QSqlError>
@@ -77,6 +79,21 @@ bool TaskFactsStore::get(QSqlDatabase& db, TaskFacts* facts)
     if (!query.next())
         return true;
     read(query, facts);
+    return true;
+}
+
+bool TaskFactsStore::unsummed(QSqlDatabase& db, int limit, QVector<UnsummedFile>* files)
+{
+    QSqlQuery query(db);
+    query.setForwardOnly(true);
+    query.prepare(QStringLiteral("SELECT task_id, save_path FROM download_tasks LEFT JOIN task_facts USING (task_id) "
+                                 "WHERE state = ? AND sha256 IS NULL ORDER BY seq DESC LIMIT ?"));
+    query.addBindValue(static_cast<int>(TaskSucceeded));
+    query.addBindValue(limit);
+    if (!carryOut(query))
+        return false;
+    while (query.next())
+        files->append({query.value(0).toString(), query.value(1).toString()});
     return true;
 }
 

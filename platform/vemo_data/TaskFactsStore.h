@@ -17,6 +17,7 @@ public:
     static bool setSha256(QSqlDatabase& db, const QString& taskId, const QByteArray& sum, qint64 bytes);
     /// Fills what belongs to `facts->taskId`; nothing when nothing is stored.
     static bool get(QSqlDatabase& db, TaskFacts* facts);
+    static bool unsummed(QSqlDatabase& db, int limit, QVector<UnsummedFile>* files);
     static bool all(QSqlDatabase& db, QHash<QString, TaskFacts>* facts);
 };
 

@@ -1,5 +1,6 @@
 #include "FileVerifier.h"
 
+#include <DownloadTaskData.h>
 #include <TaskFactsData.h>
 #include <TestWorld.h>
 
@@ -33,6 +34,7 @@ private slots:
     void letsAPersonGoFirst();
     void standsBackWhileDownloadsRunButNotForAPerson();
     void forgetsTasksThatAreGone();
+    void catchesUpOnSumsThatWereNotKept();
 
 private:
     DownloadTaskInfo task(const QString& id, const QByteArray& content);
@@ -160,6 +162,27 @@ void FileVerifierTest::forgetsTasksThatAreGone()
     QTest::qWait(50);
     QCOMPARE(kept.size(), 1);
     QCOMPARE(kept.first().first().toString(), QStringLiteral("c"));
+}
+
+void FileVerifierTest::catchesUpOnSumsThatWereNotKept()
+{
+    QList<DownloadTaskInfo> tasks;
+    for (const char* id : {"old", "gone", "summed", "waiting", "new"})
+        tasks.append(task(QLatin1String(id), id));
+    tasks[3].state = vemo_data::TaskWaiting;
+    QVERIFY(QFile::remove(tasks.at(1).savePath));
+    vemo_data::DownloadTaskData::instance().addDownloadTasks(tasks);
+    TaskFactsData::instance().setSha256(QStringLiteral("summed"), QByteArray(32, 's'), 6);
+
+    FileVerifier verifier;
+    QStringList order;
+    connect(&verifier, &FileVerifier::signalSumKept, this, [&order](const QString& id) { order << id; });
+    verifier.catchUpLater(0);
+    verifier.catchUpLater(0);
+    QTRY_COMPARE_WITH_TIMEOUT(order.size(), 2, patienceMs);
+    QTest::qWait(50);
+    QCOMPARE(order, (QStringList{QStringLiteral("new"), QStringLiteral("old")}));
+    QCOMPARE(TaskFactsData::instance().getNow(QStringLiteral("summed")).sha256, QByteArray(32, 's'));
 }
 
 QTEST_GUILESS_MAIN(FileVerifierTest)
