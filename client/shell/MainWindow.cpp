@@ -81,6 +81,8 @@ MainWindow::MainWindow(RecorderLogins* logins, QWidget* parent)
     connect(m_statusBar, &StatusBar::signalQueueClicked, this, &MainWindow::showDownloads);
     connect(m_statusBar, &StatusBar::signalOfflineClicked, this, &MainWindow::showOffline);
     connect(m_playback, &PlaybackPage::signalQueued, this, &MainWindow::tellQueued);
+    connect(&vemo_contact::ModuleAccess::instance(), &vemo_contact::ModuleAccess::signalShowPlayback, this,
+            [this] { showModule(playbackKey()); });
     connect(&m_queue, &QueueWatch::signalChanged, this, [this] { m_statusBar->showQueue(m_queue.figures()); });
     connect(&m_queue, &QueueWatch::signalEmptied, this, &MainWindow::tellEmptied);
     connect(m_logins, &RecorderLogins::signalChanged, this,

@@ -1,5 +1,6 @@
 #include "TopBar.h"
 
+#include "NoticeBell.h"
 #include "TopBarEntry.h"
 
 #include <Icons.h>
@@ -75,6 +76,8 @@ TopBar::TopBar(QWidget* parent)
     m_modules->setSpacing(0);
     layout->addLayout(m_modules);
     layout->addStretch();
+    layout->addWidget(new NoticeBell(this));
+    layout->addSpacing(4);
     layout->addWidget(makeThemeButton());
 }
 

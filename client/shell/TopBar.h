@@ -9,7 +9,8 @@ namespace vemo_client {
 
 class TopBarEntry;
 
-/// The bar above everything: the product's mark and name, the modules, and at the trailing end the theme. GUI thread.
+/// The bar above everything: the product's mark and name, the modules, and at the trailing end notices and theme. GUI
+/// thread.
 class TopBar final : public QWidget
 {
     Q_OBJECT

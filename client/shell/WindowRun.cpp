@@ -77,8 +77,9 @@ int runWindow(int& argc, char** argv, const CliCommand& command)
     SingleWindow single(vemo_worker::SysPaths::dataDir());
     const SingleWindow::Outcome outcome = single.take();
     if (outcome == SingleWindow::Outcome::Raised) {
-        Terminal::out(WindowText::tr("A window is open on the data folder %1 already; it was asked to come to the front.")
-                          .arg(vemo_worker::SysPaths::dataDir()));
+        Terminal::out(
+            WindowText::tr("A window is open on the data folder %1 already; it was asked to come to the front.")
+                .arg(vemo_worker::SysPaths::dataDir()));
         return 0;
     }
 

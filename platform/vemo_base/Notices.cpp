@@ -51,6 +51,14 @@ void Notices::add(Notice notice)
     emit signalNoticeAdded(notice);
 }
 
+int Notices::unreadFailures() const
+{
+    return int(std::count_if(m_notices.cbegin(), m_notices.cbegin() + qMin(m_unread, m_notices.size()),
+                             [](const Notice& notice) {
+                                 return notice.kind == Notice::Kind::Warning || notice.kind == Notice::Kind::Error;
+                             }));
+}
+
 void Notices::markRead()
 {
     setUnread(0);
@@ -60,6 +68,7 @@ void Notices::clear()
 {
     m_notices.clear();
     setUnread(0);
+    emit signalCleared();
 }
 
 void Notices::setUnread(int count)

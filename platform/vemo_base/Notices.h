@@ -24,12 +24,15 @@ public:
     void add(Notice notice);
     const QList<Notice>& all() const { return m_notices; }
     int unreadCount() const { return m_unread; }
+    /// Warnings and errors among the unread.
+    int unreadFailures() const;
     void markRead();
     void clear();
 
 signals:
     void signalNoticeAdded(const vemo_base::Notice& notice);
     void signalUnreadCountChanged(int count);
+    void signalCleared();
 
 private:
     explicit Notices(QObject* parent = nullptr);

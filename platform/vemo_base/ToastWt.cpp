@@ -1,6 +1,7 @@
 #include "ToastWt.h"
 
 #include "Icons.h"
+#include "NoticeFace.h"
 #include "StylePainter.h"
 
 #include <QAccessible>
@@ -26,27 +27,6 @@ constexpr double radius = 8;
 constexpr int textPixels = 12;
 constexpr int closeSize = 24;
 constexpr int closeIcon = 16;
-
-struct Face
-{
-    const char* icon;
-    Token token;
-};
-
-Face faceOf(Notice::Kind kind)
-{
-    switch (kind) {
-    case Notice::Kind::Success:
-        return {"success", Token::Success};
-    case Notice::Kind::Warning:
-        return {"warning", Token::Warning};
-    case Notice::Kind::Error:
-        return {"error", Token::Error};
-    case Notice::Kind::Information:
-        break;
-    }
-    return {"info", Token::AccentText};
-}
 
 /// Words that act, in the colour of links.
 class ActionButton final : public QToolButton
@@ -203,7 +183,7 @@ void ToastWt::paintEvent(QPaintEvent*)
     }
     StylePainter::box(&painter, card, radius, themeColor(mode, Token::Overlay), themeColor(mode, Token::Border));
 
-    const Face face = faceOf(m_notice.kind);
+    const NoticeFace face = NoticeFace::of(m_notice.kind);
     const QColor color = themeColor(mode, face.token);
     const bool mirrored = layoutDirection() == Qt::RightToLeft;
     QPainterPath shape;
@@ -216,7 +196,7 @@ void ToastWt::paintEvent(QPaintEvent*)
 
     const QRect icon(shadow + edge + padding, shadow + padding, stateIcon, stateIcon);
     painter.drawPixmap(QStyle::visualRect(layoutDirection(), rect(), icon),
-                       Icons::pixmap(QLatin1String(face.icon), stateIcon, color, devicePixelRatioF()));
+                       Icons::pixmap(face.icon, stateIcon, color, devicePixelRatioF()));
 }
 
 } // namespace vemo_base

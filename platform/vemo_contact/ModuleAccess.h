@@ -39,6 +39,8 @@ signals:
 
     /// The host is to create the form of this type (19: Files Center).
     void signalCreateModuleForm(int formType);
+    /// The person wants to look for recordings: the host is to show the page that does it.
+    void signalShowPlayback();
     /// 0: local recordings, 1: downloading.
     void signalSwitchToSubPageInFilesCenter(int subPage);
 
