@@ -55,6 +55,8 @@ DownloadingTable::DownloadingTable(QWidget* parent)
            QStringLiteral("download-mgr"),
            tr("Nothing is being downloaded."),
            tr("Mark a span in Playback and press Download."),
+           true,
+           {DownloadingRows::RangeColumn, DownloadingRows::LocationColumn},
            QString(),
            {{tr("Space"), tr("check")}, {tr("Enter"), tr("start or stop")}, {tr("Del"), tr("clean the task")}}},
           {tr("All"), tr("Channel Name"), tr("Datetime Range"), tr("Location"), tr("Download Progress"), tr("Oper")}))

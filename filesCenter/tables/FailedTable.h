@@ -1,27 +1,19 @@
 #pragma once
 
-#include "TasksTableCommonOper.h"
-
-#include "download/DownloadTasksTable.h"
+#include "EndedTasksTable.h"
 
 #include <QHash>
 #include <QSet>
-#include <QWidget>
-
-namespace vemo_base {
-class TableWidget;
-}
 
 namespace vemo_filesCenter {
 
 class RedownloadTimer;
-class TaskPageFrame;
 
 /// Page of the failed downloads, the newest at the top. What failed for a reason that may pass while the client runs is
 /// tried again by itself, by one RedownloadTimer a task; what failed in an earlier run waits for the person. A task
 /// that is tried again leaves this table at once and comes back to the downloading table by the store's announcement.
 /// GUI thread, owned by the form; it works hidden as well.
-class FailedTable final : public QWidget, public DownloadTasksTable
+class FailedTable final : public EndedTasksTable
 {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(FailedTable)
@@ -33,16 +25,9 @@ public:
     void addTask(const DownloadTaskInfo& task, Source source) override;
     void addTasks(const QList<DownloadTaskInfo>& tasks, Source source) override;
     void updateTask(const DownloadTaskInfo& task) override;
-    void removeTasks(const QSet<QString>& taskIds) override;
-    bool hasTask(const QString& taskId) const override { return m_tasks.contains(taskId); }
-    int taskCount() const override;
-    void updateOrderNumbers() override;
 
     void addTaskRow(const DownloadTaskInfo& task, bool withTimer, bool renumber);
-    void removeTaskRows(const QSet<QString>& keys);
-    // What the buttons above the table do with the checked rows.
     void batchRedownload();
-    void batchDelete();
 
 public slots: // in this order: it is the order of their indexes
     void slotRedownloadTask(const QString& key);
@@ -51,26 +36,23 @@ public slots: // in this order: it is the order of their indexes
     void slotRedownloadTimerDestroyed(const QString& key);
 
 protected:
-    void showEvent(QShowEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
+    QWidget* makeOperWt(const DownloadTaskInfo& task) override;
+    void fillEnd(int row, const DownloadTaskInfo& task) override;
+    QString endText(const DownloadTaskInfo& task) const override;
+    void showEndToolTip(const QString& key, const QPoint& globalPos) override;
+    QString summary(int count) const override;
+    void emitCount(int count) override;
+    void activate(const QString& key) override { slotRedownloadTask(key); }
+    void clean(const QString& key) override { slotCleanDownloadTask(key); }
+    void fillMenu(QMenu* menu, const QString& key) override;
+    void letGo(const QString& key) override { discardTimer(key); }
 
 private:
-    void setUpTable();
-    QWidget* makeOperWt(int row);
-    void fillRow(int row, const DownloadTaskInfo& task);
-    void showState(int row, const DownloadTaskInfo& task);
     void setUpRetry(const DownloadTaskInfo& task);
     void discardTimer(const QString& key);
     void retriesChanged();
-    void announceCount();
-    void refreshSummary();
-    void openRowMenu(int row, const QPoint& globalPos);
-    void showToolTip(const QString& key, const QPoint& globalPos);
     QString whatComesNext(const DownloadTaskInfo& task) const;
 
-    TaskPageFrame* m_frame;
-    vemo_base::TableWidget* m_table;
-    TasksTableCommonOper m_tasks;
     QHash<QString, RedownloadTimer*> m_timers;
     QSet<QString> m_armed; ///< keys whose timer will ask for a download
 };

@@ -1,8 +1,6 @@
 #include "SuccessTable.h"
 
 #include "SuccessOperWt.h"
-#include "TaskItem.h"
-#include "TaskPageFrame.h"
 #include "TaskTexts.h"
 
 #include "details/FileVerifier.h"
@@ -11,22 +9,16 @@
 #include "download/DownloadSignals.h"
 
 #include <BaseTools.h>
-#include <DictDef.h>
 #include <DownloadTaskData.h>
 #include <FilesCenterLogs.h>
-#include <Icons.h>
 #include <LocalPlaybackDlg.h>
-#include <SystemAssistant.h>
 #include <SystemConfig.h>
 #include <TableWidget.h>
 #include <ToolsCollection.h>
-#include <VMessageBox.h>
 
 #include <QCursor>
 #include <QDir>
 #include <QFileInfo>
-#include <QHelpEvent>
-#include <QMenu>
 #include <QPushButton>
 #include <QToolTip>
 
@@ -40,16 +32,8 @@ using vemo_base::Token;
 
 namespace {
 
-enum Column : int { CheckColumn = 0, ChannelColumn, RangeColumn, LocationColumn, SizeColumn, OperColumn };
-
-constexpr int questionWithYesAndNo = 3;
-constexpr int answerYes = 1;
+constexpr int operWidth = 130;
 constexpr int diskPatienceMs = 30; ///< below two pictures of the screen
-
-void alert(const QString& text)
-{
-    vemo_worker::SystemAssistant::instance().messageAlert(vemo_worker::DictDef::titlePrompt(), text);
-}
 
 bool hasFile(const DownloadTaskInfo& task)
 {
@@ -60,20 +44,19 @@ bool hasFile(const DownloadTaskInfo& task)
 } // namespace
 
 SuccessTable::SuccessTable(QWidget* parent)
-    : QWidget(parent)
-    , m_frame(new TaskPageFrame(
-          this,
+    : EndedTasksTable(
+          parent,
           {tr("Download Success"),
            QStringLiteral("download-mgr"),
            tr("No download has finished yet."),
-           tr("Finished files appear here, the newest at the top."),
+           tr("Finished files appear here, the newest at the top. Mark a span in Playback and press Download."),
+           true,
+           {LocationColumn, EndColumn},
            QString(),
            {{tr("Space"), tr("check")}, {tr("Enter"), tr("open the file")}, {tr("Del"), tr("clean the task")}}},
-          {tr("All"), tr("Channel Name"), tr("Datetime Range"), tr("Location"), tr("Size"), tr("Oper")}))
-    , m_table(m_frame->table())
+          tr("Size"), QStringLiteral("successTable"), operWidth)
 {
-    setUpTable();
-    m_frame->setTaskOfRow([this](int row) { return m_tasks.record(m_tasks.keyOfRow(row)); });
+    connect(m_table, &QTableWidget::itemDoubleClicked, this, &SuccessTable::slotTableItemDoubleClicked);
     connect(m_frame->addButton(QStringLiteral("openFolderBt"), tr("Open Folder"), QStringLiteral("open-folder"), true),
             &QPushButton::clicked, this, &SuccessTable::openDownloadFolder);
     connect(m_frame->addButton(QStringLiteral("batchDeleteBt"), tr("Batch Delete"), QStringLiteral("clean"), false),
@@ -84,36 +67,7 @@ SuccessTable::SuccessTable(QWidget* parent)
 SuccessTable::~SuccessTable()
 {
     DownloadManager::instance().forget(this);
-    // It asks for the widgets of its rows to its end, so it ends before what they are made from.
-    m_table->disconnect();
-    delete m_table;
-}
-
-void SuccessTable::setUpTable()
-{
-    m_table->setObjectName(QStringLiteral("successTable"));
-    m_tasks.setTableWidget(m_table);
-    m_table->setColumnRoom({110, 0, 250, 150, 220, 130});
-    m_table->setColumnTone(LocationColumn, Token::Text2);
-    for (const int column : {ChannelColumn, RangeColumn, LocationColumn, SizeColumn})
-        m_table->setSortable(column, true);
-    m_table->setCellWidgetFactory(OperColumn, [this](int row) { return makeOperWt(row); });
-    m_table->setRowText([this](int row) -> QString {
-        const DownloadTaskInfo task = m_tasks.record(m_tasks.keyOfRow(row));
-        return TaskTexts::channel(task) + QStringLiteral(", ") + TasksTableCommonOper::timeRangeText(task) +
-               QStringLiteral(", ") + TaskTexts::size(task);
-    });
-    m_table->viewport()->installEventFilter(this);
-    connect(m_table, &QTableWidget::itemDoubleClicked, this, &SuccessTable::slotTableItemDoubleClicked);
-    connect(m_table, &TableWidget::signalRowActivated, this,
-            [this](int row) { slotOpenDownloadFile(m_tasks.keyOfRow(row)); });
-    connect(m_table, &TableWidget::signalRowMenuRequested, this, &SuccessTable::openRowMenu);
-    connect(m_table, &TableWidget::signalDeleteRequested, this, [this] {
-        if (m_table->checkedCount() > 0)
-            batchDelete();
-        else
-            slotCleanDownloadTask(m_tasks.keyOfRow(m_table->currentRow()));
-    });
+    endTable();
 }
 
 // Rows
@@ -132,61 +86,35 @@ void SuccessTable::addTasks(const QList<DownloadTaskInfo>& tasks, Source source)
         DownloadTasksTable::addTasks(tasks, source);
         return;
     }
-    QList<DownloadTaskInfo> fresh;
-    for (const DownloadTaskInfo& task : tasks) {
-        if (m_tasks.contains(task.taskId))
-            continue;
-        m_tasks.addRecord(task);
-        fresh.append(task);
-    }
-    {
-        const TableWidget::BulkChange bulk(m_table);
-        m_table->model()->insertRows(0, fresh.size());
-        for (int i = 0; i < fresh.size(); ++i)
-            fillRow(fresh.size() - 1 - i, fresh.at(i));
-    }
-    dropMissing(fresh);
+    dropMissing(insertAtTop(tasks));
 }
 
 bool SuccessTable::addTaskRow(const DownloadTaskInfo& task, bool renumber)
 {
     if (m_tasks.contains(task.taskId) || !hasFile(task))
         return false;
-    m_tasks.addRecord(task);
-    m_table->insertRow(0);
+    insertAtTop(task);
     m_table->setVerticalScrollBarNotAtTheBottom();
-    fillRow(0, task);
     if (renumber)
         updateOrderNumbers();
     announceCount();
     return true;
 }
 
-void SuccessTable::fillRow(int row, const DownloadTaskInfo& task)
+void SuccessTable::fillEnd(int row, const DownloadTaskInfo& task)
 {
-    auto* check = new QTableWidgetItem;
-    check->setCheckState(Qt::Unchecked);
-    check->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    m_table->setItem(row, CheckColumn, check);
-    const auto centred = [this, row](int column, QTableWidgetItem* item) {
-        item->setTextAlignment(Qt::AlignCenter);
-        m_table->setItem(row, column, item);
-    };
-    centred(ChannelColumn, new TaskItem(TaskTexts::channel(task), task.taskId));
-    auto* range = new QTableWidgetItem(TasksTableCommonOper::timeRangeText(task));
-    range->setData(TableWidget::SortKeyRole, task.beginTime);
-    centred(RangeColumn, range);
-    centred(LocationColumn, new QTableWidgetItem(BaseTools::instance().strReocordingLocation(task.location)));
-    auto* size = new QTableWidgetItem(TaskTexts::size(task));
-    size->setData(TableWidget::SortKeyRole, task.downloadedSize);
-    centred(SizeColumn, size);
+    QTableWidgetItem* item = m_table->item(row, EndColumn);
+    item->setText(TaskTexts::size(task));
+    item->setData(TableWidget::SortKeyRole, task.downloadedSize);
 }
 
-QWidget* SuccessTable::makeOperWt(int row)
+QString SuccessTable::endText(const DownloadTaskInfo& task) const
 {
-    const DownloadTaskInfo task = m_tasks.record(m_tasks.keyOfRow(row));
-    if (task.taskId.isEmpty())
-        return nullptr;
+    return TaskTexts::size(task);
+}
+
+QWidget* SuccessTable::makeOperWt(const DownloadTaskInfo& task)
+{
     auto* widget = new SuccessOperWt(task);
     connect(widget, &SuccessOperWt::signalOpenDownloadFile, this, &SuccessTable::slotOpenDownloadFile);
     connect(widget, &SuccessOperWt::signalOpenDownloadFolder, this, &SuccessTable::slotOpenDownloadFolder);
@@ -213,7 +141,7 @@ void SuccessTable::addFinishedTask(const DownloadTaskInfo& task)
     vemo_worker::FilesCenterLogs::instance().recordDownloadEventLog(
         device.name.isEmpty() ? device.devId : device.name, channel.second, text(ChannelColumn),
         tr("Download success,record source:%1, time range:%2, file size:%3")
-            .arg(text(LocationColumn), text(RangeColumn), text(SizeColumn)));
+            .arg(text(LocationColumn), text(RangeColumn), text(EndColumn)));
 }
 
 void SuccessTable::updateTask(const DownloadTaskInfo& task)
@@ -221,43 +149,19 @@ void SuccessTable::updateTask(const DownloadTaskInfo& task)
     addFinishedTask(task);
 }
 
-void SuccessTable::removeTasks(const QSet<QString>& taskIds)
+void SuccessTable::letGo(const QString& key)
 {
-    removeTaskRows(taskIds);
+    FileVerifier::instance().forget(key);
 }
 
-void SuccessTable::removeTaskRows(const QSet<QString>& keys)
+void SuccessTable::emitCount(int count)
 {
-    for (const QString& key : keys) {
-        FileVerifier::instance().forget(key);
-        m_frame->forgetDetails(key);
-    }
-    m_tasks.removeRows(keys);
-    announceCount();
+    emit DownloadSignals::instance().signalSuccessTasksCnt(count);
 }
 
-int SuccessTable::taskCount() const
+QString SuccessTable::summary(int count) const
 {
-    return m_table->rowCount();
-}
-
-void SuccessTable::updateOrderNumbers()
-{
-    m_tasks.updateOrderNumbers();
-}
-
-void SuccessTable::announceCount()
-{
-    emit DownloadSignals::instance().signalSuccessTasksCnt(m_table->rowCount());
-    if (isVisible())
-        refreshSummary();
-}
-
-void SuccessTable::refreshSummary()
-{
-    m_frame->refresh();
-    const int count = m_table->rowCount();
-    m_frame->setSummary(count == 0 ? QString() : tr("%n file(s), newest first", nullptr, count));
+    return tr("%n file(s), newest first", nullptr, count);
 }
 
 // What is on the disk
@@ -267,8 +171,7 @@ void SuccessTable::showEvent(QShowEvent* event)
     dropMissing(m_tasks.records().values());
     refreshChannels();
     announceCount();
-    refreshSummary();
-    QWidget::showEvent(event);
+    EndedTasksTable::showEvent(event);
 }
 
 void SuccessTable::dropMissing(const QList<DownloadTaskInfo>& tasks)
@@ -394,54 +297,18 @@ void SuccessTable::slotCleanDownloadTask(const QString& key)
     m_tasks.deleteTaskConfirmed(key);
 }
 
-void SuccessTable::batchDelete()
-{
-    if (m_table->checkedCount() == 0) {
-        alert(tr("please check tasks to clean"));
-        return;
-    }
-    if (vemo_base::VMessageBox::question(BaseTools::instance().getRootParentWt(this),
-                                         tr("Do you want to clean checked tasks?"), questionWithYesAndNo,
-                                         false) != answerYes)
-        return;
-    m_tasks.deleteTasks(m_tasks.keysOfRows(m_table->checkedRows()));
-}
-
 // What the person sees of it
 
-bool SuccessTable::eventFilter(QObject* watched, QEvent* event)
+void SuccessTable::showEndToolTip(const QString& key, const QPoint& globalPos)
 {
-    if (event->type() == QEvent::ToolTip && watched == m_table->viewport()) {
-        const auto* help = static_cast<QHelpEvent*>(event);
-        const QModelIndex index = m_table->indexAt(help->pos());
-        if (index.isValid() && index.column() == SizeColumn) {
-            const DownloadTaskInfo task = m_tasks.record(m_tasks.keyOfRow(index.row()));
-            QToolTip::showText(help->globalPos(), QDir::toNativeSeparators(task.savePath), m_table->viewport());
-            return true;
-        }
-    }
-    return QWidget::eventFilter(watched, event);
+    QToolTip::showText(globalPos, QDir::toNativeSeparators(m_tasks.record(key).savePath), m_table->viewport());
 }
 
-void SuccessTable::openRowMenu(int row, const QPoint& globalPos)
+void SuccessTable::fillMenu(QMenu* menu, const QString& key)
 {
-    const QString key = m_tasks.keyOfRow(row);
-    if (key.isEmpty())
-        return;
-    auto* menu = new QMenu(this);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    const auto add = [this, menu](const char* icon, const QString& text, bool isEnabled, auto act) {
-        QAction* action = menu->addAction(vemo_base::Icons::icon(QLatin1String(icon)), text);
-        action->setEnabled(isEnabled);
-        connect(action, &QAction::triggered, this, act);
-    };
-    add("open-file", tr("open the file"), true, [this, key] { slotOpenDownloadFile(key); });
-    add("open-folder", tr("open folder"), true, [this, key] { slotOpenDownloadFolder(key); });
-    add("clean", tr("clean the task"), true, [this, key] { slotCleanDownloadTask(key); });
-    add("info", tr("Details"), true, [this, key] { m_frame->showDetails(m_tasks.rowOfKey(key)); });
-    menu->addSeparator();
-    add("clean", tr("Batch Delete"), m_table->checkedCount() > 0, [this] { batchDelete(); });
-    menu->popup(globalPos);
+    addEntry(menu, "open-file", tr("open the file"), true, [this, key] { slotOpenDownloadFile(key); });
+    addEntry(menu, "open-folder", tr("open folder"), true, [this, key] { slotOpenDownloadFolder(key); });
+    addDetailsEntry(menu, key);
 }
 
 } // namespace vemo_filesCenter

@@ -1,28 +1,21 @@
 #pragma once
 
-#include "TasksTableCommonOper.h"
-
-#include "download/DownloadTasksTable.h"
+#include "EndedTasksTable.h"
 
 #include <QPointer>
-#include <QSet>
-#include <QWidget>
 
 class QTableWidgetItem;
 
 namespace vemo_base {
 class LocalPlaybackDlg;
-class TableWidget;
-} // namespace vemo_base
+}
 
 namespace vemo_filesCenter {
-
-class TaskPageFrame;
 
 /// Page of the finished downloads, the newest at the top. Shows what is on the disk: a record whose file is not there
 /// gets no row, though it stays stored. Many files are looked for off the GUI thread; until the disk has answered their
 /// rows stand. GUI thread, owned by the form; it works hidden as well.
-class SuccessTable final : public QWidget, public DownloadTasksTable
+class SuccessTable final : public EndedTasksTable
 {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(SuccessTable)
@@ -34,18 +27,12 @@ public:
     void addTask(const DownloadTaskInfo& task, Source source) override;
     void addTasks(const QList<DownloadTaskInfo>& tasks, Source source) override;
     void updateTask(const DownloadTaskInfo& task) override;
-    void removeTasks(const QSet<QString>& taskIds) override;
-    bool hasTask(const QString& taskId) const override { return m_tasks.contains(taskId); }
-    int taskCount() const override;
-    void updateOrderNumbers() override;
 
     /// False when the file is not there: no row then.
     bool addTaskRow(const DownloadTaskInfo& task, bool renumber);
     /// Adds the row and writes the log, or takes over the record of a row that is there.
     void addFinishedTask(const DownloadTaskInfo& task);
-    void removeTaskRows(const QSet<QString>& keys);
     void openDownloadFolder();
-    void batchDelete();
 
 public slots: // in this order: it is the order of their indexes
     void slotOpenDownloadFile(const QString& key);
@@ -56,24 +43,24 @@ public slots: // in this order: it is the order of their indexes
 
 protected:
     void showEvent(QShowEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
+    QWidget* makeOperWt(const DownloadTaskInfo& task) override;
+    void fillEnd(int row, const DownloadTaskInfo& task) override;
+    QString endText(const DownloadTaskInfo& task) const override;
+    void showEndToolTip(const QString& key, const QPoint& globalPos) override;
+    QString summary(int count) const override;
+    void emitCount(int count) override;
+    void activate(const QString& key) override { slotOpenDownloadFile(key); }
+    void clean(const QString& key) override { slotCleanDownloadTask(key); }
+    void fillMenu(QMenu* menu, const QString& key) override;
+    void letGo(const QString& key) override;
 
 private:
-    void setUpTable();
-    QWidget* makeOperWt(int row);
-    void fillRow(int row, const DownloadTaskInfo& task);
     void refreshChannels();
     /// Takes away the rows of these tasks whose files are gone; before it returns when the disk answers within a
     /// moment.
     void dropMissing(const QList<DownloadTaskInfo>& tasks);
-    void announceCount();
-    void refreshSummary();
     void tellMissing(const QString& key);
-    void openRowMenu(int row, const QPoint& globalPos);
 
-    TaskPageFrame* m_frame;
-    vemo_base::TableWidget* m_table;
-    TasksTableCommonOper m_tasks;
     QPointer<vemo_base::LocalPlaybackDlg> m_playbackDlg;
 };
 

@@ -3,10 +3,12 @@
 #include "details/TaskDetailsWt.h"
 
 #include <EmptyStateWt.h>
+#include <ModuleAccess.h>
 #include <PageHeader.h>
 #include <TableFooter.h>
 #include <TableWidget.h>
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QStackedWidget>
 #include <QVBoxLayout>
@@ -15,12 +17,22 @@ namespace vemo_filesCenter {
 
 using vemo_base::PageHeader;
 
+namespace {
+
+/// Widths of the page beside the navigation, where an open panel leaves less than some 160 to the names.
+constexpr int tightBelow = 1500;
+constexpr int narrowBelow = 1140;
+
+} // namespace
+
 TaskPageFrame::TaskPageFrame(QWidget* page, const Look& look, const QStringList& columns)
     : QObject(page)
+    , m_page(page)
     , m_table(new vemo_base::TableWidget)
     , m_header(new PageHeader(look.title, page))
     , m_footer(new vemo_base::TableFooter)
     , m_hint(look.hint)
+    , m_detailColumns(look.detailColumns)
     , m_stack(new QStackedWidget(page))
     , m_content(new QHBoxLayout)
 {
@@ -38,7 +50,13 @@ TaskPageFrame::TaskPageFrame(QWidget* page, const Look& look, const QStringList&
     rowsLayout->addWidget(m_footer);
     rowsLayout->addStretch();
     m_stack->addWidget(rows);
-    m_stack->addWidget(new vemo_base::EmptyStateWt(look.emptyIcon, look.missing, look.advice, {}, m_stack));
+    m_table->setAccessibleName(look.title);
+    auto* empty = new vemo_base::EmptyStateWt(look.emptyIcon, look.missing, look.advice,
+                                              look.offersPlayback ? tr("Open Playback") : QString(), m_stack);
+    empty->setButtonSecondary();
+    connect(empty, &vemo_base::EmptyStateWt::signalButtonClicked, &vemo_contact::ModuleAccess::instance(),
+            &vemo_contact::ModuleAccess::signalShowPlayback);
+    m_stack->addWidget(empty);
 
     auto* layout = new QVBoxLayout(page);
     layout->setContentsMargins(24, 20, 24, 24);
@@ -52,6 +70,7 @@ TaskPageFrame::TaskPageFrame(QWidget* page, const Look& look, const QStringList&
         if (row != before && m_details && m_details->isVisible())
             showDetails(row);
     });
+    page->installEventFilter(this);
     refresh();
 }
 
@@ -76,9 +95,10 @@ void TaskPageFrame::showDetails(int row)
     if (!m_details) {
         m_details = new TaskDetailsWt(m_stack->parentWidget());
         m_content->addWidget(m_details);
-        connect(m_details, &TaskDetailsWt::signalCloseRequested, m_details, &QWidget::hide);
+        connect(m_details, &TaskDetailsWt::signalCloseRequested, this, &TaskPageFrame::closeDetails);
     }
     m_details->showTask(task);
+    shareRoom(true);
     m_details->show();
 }
 
@@ -87,7 +107,28 @@ void TaskPageFrame::forgetDetails(const QString& taskId)
     if (!m_details || m_details->taskId() != taskId)
         return;
     m_details->clearTask();
+    closeDetails();
+}
+
+void TaskPageFrame::closeDetails()
+{
+    shareRoom(false);
     m_details->hide();
+}
+
+void TaskPageFrame::shareRoom(bool withDetails)
+{
+    m_details->setFixedWidth(m_page->width() < narrowBelow ? TaskDetailsWt::narrowWidth : TaskDetailsWt::panelWidth);
+    const bool isTight = withDetails && m_page->width() < tightBelow;
+    for (const int column : m_detailColumns)
+        m_table->setColumnHidden(column, isTight);
+}
+
+bool TaskPageFrame::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_page && event->type() == QEvent::Resize && m_details)
+        shareRoom(!m_details->isHidden());
+    return QObject::eventFilter(watched, event);
 }
 
 void TaskPageFrame::refresh()

@@ -40,6 +40,8 @@ public:
         QString emptyIcon;
         QString missing; ///< what an empty page says
         QString advice;
+        bool offersPlayback = false;           ///< an empty page leads to where recordings are picked
+        QVector<int> detailColumns;            ///< give way, in a small window, to the panel that tells the same
         QString hint;                          ///< below the table while no row is checked; may be empty
         QVector<QPair<QString, QString>> keys; ///< key and what it does
     };
@@ -61,11 +63,20 @@ public:
     /// The task is no longer in the table.
     void forgetDetails(const QString& taskId);
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
+    void closeDetails();
+    /// The panel takes room from columns, so that names stay readable.
+    void shareRoom(bool withDetails);
+
+    QWidget* m_page;
     vemo_base::TableWidget* m_table;
     vemo_base::PageHeader* m_header;
     vemo_base::TableFooter* m_footer;
     const QString m_hint;
+    const QVector<int> m_detailColumns;
     QStackedWidget* m_stack;
     QHBoxLayout* m_content;
     TaskDetailsWt* m_details = nullptr; ///< made when it is first asked for

@@ -20,6 +20,8 @@ void TableColumnRoom::fit(QHeaderView* header, int width) const
     int needed = 0;
     int flexible = 0;
     for (int column = 0; column < m_widths.size(); ++column) {
+        if (header->isSectionHidden(column))
+            continue;
         const int room = m_widths.at(column);
         const QHeaderView::ResizeMode mode = room > 0 ? QHeaderView::Fixed : QHeaderView::Stretch;
         if (header->sectionResizeMode(column) != mode)
@@ -30,7 +32,7 @@ void TableColumnRoom::fit(QHeaderView* header, int width) const
     const int missing = qBound(0, needed - width, flexible * mostGivenPercent / 100);
     for (int column = 0; column < m_widths.size(); ++column) {
         const int room = m_widths.at(column);
-        if (room > 0)
+        if (room > 0 && !header->isSectionHidden(column))
             header->resizeSection(column, isFlexible(column) ? room - room * missing / flexible : room);
     }
 }
