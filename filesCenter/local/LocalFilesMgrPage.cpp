@@ -1,5 +1,6 @@
 #include "LocalFilesMgrPage.h"
 
+#include "FileIconProvider.h"
 #include "LocalFilesModel.h"
 #include "ui_LocalFilesMgrPage.h"
 
@@ -68,7 +69,8 @@ QString desktopDir()
 LocalFilesMgrPage::LocalFilesMgrPage(QWidget* parent)
     : QWidget(parent)
     , m_ui(std::make_unique<Ui::LocalFilesMgrPage>())
-    , m_model(new LocalFilesModel(this))
+    , m_icons(std::make_unique<FileIconProvider>())
+    , m_model(new LocalFilesModel(m_icons.get(), this))
     , m_copier(new VCopyLocalFile(QUuid::createUuid().toString(), this))
 {
     m_ui->setupUi(this);
@@ -81,6 +83,7 @@ LocalFilesMgrPage::LocalFilesMgrPage(QWidget* parent)
 LocalFilesMgrPage::~LocalFilesMgrPage()
 {
     DisabledWaitingWtManager::instance().destroyDisabledWaitingWt(m_waiting);
+    delete m_model; // before the icons that its thread asks
 }
 
 void LocalFilesMgrPage::setUpControls()
@@ -104,6 +107,7 @@ void LocalFilesMgrPage::setUpEmptyStates()
 {
     const auto add = [this](const char* icon, const QString& missing, const QString& advice, const QString& button) {
         auto* state = new EmptyStateWt(QLatin1String(icon), missing, advice, button, m_ui->content);
+        state->setButtonSecondary();
         m_ui->content->addWidget(state);
         return state;
     };

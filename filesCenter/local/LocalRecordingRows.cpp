@@ -10,6 +10,7 @@
 #include <VTableWidget.h>
 
 #include <QDir>
+#include <QEvent>
 #include <QFileInfo>
 #include <QScrollBar>
 #include <QSet>
@@ -26,8 +27,9 @@ using vemo_base::Token;
 
 namespace {
 
-constexpr int diskPatienceMs = 30; ///< below two pictures of the screen
+constexpr int diskPatienceMs = 15; ///< below one picture of the screen
 constexpr int checkColumnWidth = 125;
+constexpr int evenFrom = checkColumnWidth + 4 * 190;
 /// On the item of column 0.
 constexpr int placeRole = Qt::UserRole;
 
@@ -37,7 +39,8 @@ LocalRecordingRows::LocalRecordingRows(VCOMMON::VTableWidget* table, QObject* pa
     : QObject(parent)
     , m_table(table)
 {
-    m_table->setColumnRoom({checkColumnWidth, 0, 0, 0, 0});
+    m_table->installEventFilter(this);
+    fitColumns();
     m_table->setCellWidgetFactory(OperColumn, [this](int row) -> QWidget* {
         const LocalRecordingItem* record = item(row);
         if (!record)
@@ -49,6 +52,22 @@ LocalRecordingRows::LocalRecordingRows(VCOMMON::VTableWidget* table, QObject* pa
     });
     m_table->setRowText([this](int row) { return rowText(row); });
     m_table->setFileOfRow([this](int row) { return existingFile(row); });
+}
+
+void LocalRecordingRows::fitColumns()
+{
+    // The columns stretch evenly, until times and sizes would be cut.
+    if (m_table->width() >= evenFrom)
+        m_table->setColumnRoom({checkColumnWidth, 0, 0, 0, 0});
+    else
+        m_table->setColumnRoom({checkColumnWidth, 0, 170, 190, 120});
+}
+
+bool LocalRecordingRows::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_table && event->type() == QEvent::Resize)
+        fitColumns();
+    return QObject::eventFilter(watched, event);
 }
 
 struct LocalRecordingRows::Marks

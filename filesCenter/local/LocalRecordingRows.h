@@ -48,6 +48,9 @@ signals:
     /// A row of the table has come into view and has got its buttons.
     void signalOperWtMade(vemo_filesCenter::LocalRecordingOperWt* widget);
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     struct FileFacts
     {
@@ -58,6 +61,7 @@ private:
 
     struct Marks;
 
+    void fitColumns();
     Marks marks() const;
     void putMarks(const Marks& marks);
     void fillRow(int row, const VCOMMON::LocalRecordingIndexInfo& record);

@@ -89,11 +89,13 @@ void LocalSnapImagesMgrPage::setUpEmptyStates()
                                         "span, or search again."),
                                      tr("Search again"), m_ui->content);
     connect(nothing, &EmptyStateWt::signalButtonClicked, this, &LocalSnapImagesMgrPage::slotSearchBtClicked);
+    nothing->setButtonSecondary();
     m_ui->content->addWidget(nothing);
     auto* noHit = new EmptyStateWt(QStringLiteral("filter"), tr("No channel matches the filter."),
                                    tr("The filter looks for a part of the channel's name."), tr("Clear the filter"),
                                    m_ui->content);
     connect(noHit, &EmptyStateWt::signalButtonClicked, m_ui->filterWt, &QLineEdit::clear);
+    noHit->setButtonSecondary();
     m_ui->content->addWidget(noHit);
 }
 

@@ -67,10 +67,12 @@ EmptyStateWt::EmptyStateWt(const QString& iconName, const QString& missing, cons
     titleFont.setPixelSize(titlePixels);
     titleFont.setWeight(QFont::DemiBold);
     title->setFont(titleFont);
+    title->setMinimumHeight(title->heightForWidth(textWidth));
     layout->addWidget(title, 0, Qt::AlignHCenter);
 
     QLabel* help = sentence(advice, this);
     help->setForegroundRole(QPalette::PlaceholderText);
+    help->setMinimumHeight(help->heightForWidth(textWidth));
     layout->addWidget(help, 0, Qt::AlignHCenter);
 
     if (!buttonText.isEmpty()) {

@@ -105,7 +105,7 @@ void PageHeader::changeEvent(QEvent* event)
 void PageHeader::arrange()
 {
     const int needed = m_title->sizeHint().width() + titleGap + leastSummary + m_buttons->sizeHint().width();
-    const bool wraps = window()->width() < wrapBelow || width() < needed;
+    const bool wraps = m_buttonRow->count() > 0 && (window()->width() < wrapBelow || width() < needed);
     if (wraps != m_isWrapped) {
         m_isWrapped = wraps;
         m_layout->removeWidget(m_buttons);

@@ -84,7 +84,8 @@ void TableRowDelegate::paintFault(QPainter* painter, const QStyleOptionViewItem&
                                   const QString& text, const QString& fault) const
 {
     const QString icon = QStringLiteral("error");
-    const int chip = qMin(Chip::widthOf(icon, fault, option.font), room.width());
+    constexpr int slack = 2; // widths of text are rounded
+    const int chip = qMin(Chip::widthOf(icon, fault, option.font) + slack, room.width());
     const QString shown = option.fontMetrics.elidedText(text, Qt::ElideRight, qMax(0, room.width() - chip - faultGap));
     const int words = option.fontMetrics.horizontalAdvance(shown);
     const QRect content(room.x() + (room.width() - words - faultGap - chip) / 2, room.y(), words + faultGap + chip,
