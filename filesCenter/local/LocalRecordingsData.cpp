@@ -4,6 +4,7 @@
 #include <NaturalOrder.h>
 
 #include <QHash>
+#include <QSet>
 
 #include <algorithm>
 #include <numeric>
@@ -33,43 +34,36 @@ private:
     QHash<QString, QString> m_current; ///< null: no longer in the client
 };
 
-struct SortEntry
-{
-    int name = 0; ///< rank of the channel's name
-    qint64 beginMs = 0;
-    int index = 0;
-};
-
-/// The place of each of these names in the natural order.
-QVector<int> ranksOf(const QVector<QString>& names)
-{
-    const QVector<int> order = vemo_base::NaturalOrder::orderOf(names);
-    QVector<int> ranks(names.size());
-    for (int place = 0; place < order.size(); ++place)
-        ranks[order.at(place)] = place;
-    return ranks;
-}
-
-QVector<SortEntry> sortEntries(const QList<LocalRecordingIndexInfo>& recordings)
+/// The recordings' indexes by channel name, each name's in the order of begin.
+QVector<int> orderOf(const QList<LocalRecordingIndexInfo>& recordings)
 {
     ChannelNames channelNames;
     QHash<QString, int> numbers;
     QVector<QString> names;
-    QVector<SortEntry> entries;
-    entries.reserve(recordings.size());
-    for (const LocalRecordingIndexInfo& record : recordings) {
-        const QString name = channelNames.of(record);
+    QVector<QVector<int>> indexesOfName;
+    for (int index = 0; index < recordings.size(); ++index) {
+        const QString name = channelNames.of(recordings.at(index));
         auto number = numbers.constFind(name);
         if (number == numbers.constEnd()) {
             number = numbers.insert(name, names.size());
             names.append(name);
+            indexesOfName.append(QVector<int>());
         }
-        entries.append({*number, record.beginTime.toMSecsSinceEpoch(), entries.size()});
+        indexesOfName[*number].append(index);
     }
-    const QVector<int> ranks = ranksOf(names);
-    for (SortEntry& entry : entries)
-        entry.name = ranks.at(entry.name);
-    return entries;
+    const auto isEarlier = [&recordings](int one, int other) {
+        return recordings.at(one).beginTime < recordings.at(other).beginTime;
+    };
+    QVector<int> order;
+    order.reserve(recordings.size());
+    const QVector<int> namesInOrder = vemo_base::NaturalOrder::orderOf(names);
+    for (const int number : namesInOrder) {
+        QVector<int>& indexes = indexesOfName[number];
+        if (!std::is_sorted(indexes.cbegin(), indexes.cend(), isEarlier)) // the store answers in this order
+            std::sort(indexes.begin(), indexes.end(), isEarlier);
+        order += indexes;
+    }
+    return order;
 }
 
 } // namespace
@@ -80,14 +74,8 @@ LocalRecordingsData::LocalRecordingsData(QObject* parent)
 
 void LocalRecordingsData::setRecordings(const QList<LocalRecordingIndexInfo>& recordings)
 {
-    QVector<SortEntry> entries = sortEntries(recordings);
-    std::sort(entries.begin(), entries.end(), [](const SortEntry& one, const SortEntry& other) {
-        return one.name != other.name ? one.name < other.name : one.beginMs < other.beginMs;
-    });
-    m_recordings.clear();
-    m_recordings.reserve(entries.size());
-    for (const SortEntry& entry : qAsConst(entries))
-        m_recordings.append(recordings.at(entry.index));
+    m_recordings = recordings;
+    m_order = orderOf(recordings);
     filter(QString());
 }
 
@@ -95,13 +83,12 @@ void LocalRecordingsData::filter(const QString& keyword)
 {
     m_filteredIndexes.clear();
     if (keyword.isEmpty()) {
-        m_filteredIndexes.resize(m_recordings.size());
-        std::iota(m_filteredIndexes.begin(), m_filteredIndexes.end(), 0);
+        m_filteredIndexes = m_order;
         return;
     }
     ChannelNames channelNames;
     QHash<QString, bool> admitted;
-    for (int index = 0; index < m_recordings.size(); ++index) {
+    for (const int index : qAsConst(m_order)) {
         const QString name = channelNames.of(m_recordings.at(index));
         auto known = admitted.constFind(name);
         if (known == admitted.constEnd())
@@ -125,25 +112,20 @@ QList<LocalRecordingIndexInfo> LocalRecordingsData::getPage(int pageSize, int pa
 void LocalRecordingsData::removeRecords(int pageSize, int pageNumber, const QString& keyword, const QList<int>& rows)
 {
     const qint64 first = (qMax(1, pageNumber) - qint64(1)) * qMax(0, pageSize);
-    QVector<int> indexes;
+    QSet<int> removed;
     for (const int row : rows) {
         const qint64 at = first + row;
         if (row >= 0 && at < m_filteredIndexes.size())
-            indexes.append(m_filteredIndexes.at(static_cast<int>(at)));
+            removed.insert(m_filteredIndexes.at(static_cast<int>(at)));
     }
-    std::sort(indexes.begin(), indexes.end());
-    int next = 0;
-    int kept = 0;
-    for (int index = 0; index < m_recordings.size(); ++index) {
-        while (next < indexes.size() && indexes.at(next) < index)
-            ++next;
-        if (next < indexes.size() && indexes.at(next) == index)
-            continue;
-        if (kept != index)
-            m_recordings[kept] = m_recordings.at(index);
-        ++kept;
+    QList<LocalRecordingIndexInfo> kept;
+    for (const int index : qAsConst(m_order)) {
+        if (!removed.contains(index))
+            kept.append(m_recordings.at(index));
     }
-    m_recordings.resize(kept);
+    m_recordings = kept;
+    m_order.resize(kept.size());
+    std::iota(m_order.begin(), m_order.end(), 0);
     filter(keyword);
 }
 

@@ -34,8 +34,9 @@ public:
     static QString displayName(const VCOMMON::LocalRecordingIndexInfo& record);
 
 private:
-    QVector<VCOMMON::LocalRecordingIndexInfo> m_recordings;
-    QVector<int> m_filteredIndexes; ///< into m_recordings, ascending
+    QList<VCOMMON::LocalRecordingIndexInfo> m_recordings; ///< as they came, so that they are shared with the answer
+    QVector<int> m_order;                                 ///< all of them by name and begin
+    QVector<int> m_filteredIndexes;                       ///< those of m_order that pass the filter
 };
 
 } // namespace vemo_filesCenter

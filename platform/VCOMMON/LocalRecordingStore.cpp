@@ -20,30 +20,39 @@ constexpr const char* addStatement =
 
 // A recording that touches the span begins before its end, and no earlier than the longest one before its begin.
 constexpr const char* findStatement =
-    "SELECT begin_utc_ms, file_path, end_utc_ms, channel, bytes, problem, span_guessed FROM local_recordings "
+    "SELECT begin_utc_ms, file_path, end_utc_ms, channel * 4 + span_guessed * 2 + (problem <> ''), bytes "
+    "FROM local_recordings "
     "WHERE begin_utc_ms < ? AND begin_utc_ms > ? - (SELECT max(end_utc_ms - begin_utc_ms) FROM local_recordings) - 1 "
     "AND end_utc_ms > ? ORDER BY begin_utc_ms LIMIT ?";
 constexpr const char* findOfChannelStatement =
-    "SELECT begin_utc_ms, file_path, end_utc_ms, channel, bytes, problem, span_guessed FROM local_recordings "
+    "SELECT begin_utc_ms, file_path, end_utc_ms, channel * 4 + span_guessed * 2 + (problem <> ''), bytes "
+    "FROM local_recordings "
     "WHERE channel IN (SELECT id FROM local_channels WHERE dev_id = ? AND channel_no = ?) AND begin_utc_ms < ? "
     "AND begin_utc_ms > ? - (SELECT max(end_utc_ms - begin_utc_ms) FROM local_recordings) - 1 "
     "AND end_utc_ms > ? AND end_utc_ms > begin_utc_ms ORDER BY begin_utc_ms LIMIT ?";
 constexpr const char* findPathStatement =
-    "SELECT begin_utc_ms, file_path, end_utc_ms, channel, bytes, problem, span_guessed FROM local_recordings "
+    "SELECT begin_utc_ms, file_path, end_utc_ms, channel * 4 + span_guessed * 2 + (problem <> ''), bytes "
+    "FROM local_recordings "
     "WHERE file_path = ?";
 
-/// Makes records of rows; texts that many rows share are kept once.
+/// Makes records of rows; texts that many rows share are kept once. A column costs as much as the rest of a row, so
+/// there are few, and the rare problems are asked for one by one.
 class RowReader final
 {
 public:
-    explicit RowReader(QSqlDatabase& db) { m_isGood = LocalChannelStore(db).readAll(&m_channels); }
+    explicit RowReader(QSqlDatabase& db)
+        : m_problem(db, "SELECT problem FROM local_recordings WHERE file_path = ?")
+    {
+        m_isGood = LocalChannelStore(db).readAll(&m_channels);
+    }
 
     bool isGood() const { return m_isGood; }
 
     LocalRecordingIndexInfo read(const QSqlQuery& query)
     {
         LocalRecordingIndexInfo record;
-        const LocalChannel& channel = m_channels[query.value(3).toLongLong()];
+        const qint64 packed = query.value(3).toLongLong();
+        const LocalChannel& channel = m_channels[packed / 4];
         record.devId = channel.devId;
         record.channelNo = channel.channelNo;
         record.channelId = channel.channelId;
@@ -53,12 +62,14 @@ public:
         record.endTime = m_clock.toLocal(query.value(2).toLongLong());
         record.filePath = query.value(1).toString();
         record.bytes = query.value(4).toLongLong();
-        record.problem = query.value(5).toString();
-        record.isSpanGuessed = query.value(6).toBool();
+        record.isSpanGuessed = (packed & 2) != 0;
+        if ((packed & 1) != 0 && m_problem.run({record.filePath}) && m_problem.query().next())
+            record.problem = m_problem.query().value(0).toString();
         return record;
     }
 
 private:
+    SqlStep m_problem;
     bool m_isGood = false;
     QHash<qint64, LocalChannel> m_channels;
     LocalClock m_clock;
