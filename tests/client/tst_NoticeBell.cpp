@@ -10,6 +10,8 @@ using vemo_base::Notice;
 using vemo_base::Notices;
 using vemo_client::NoticeBell;
 
+Q_DECLARE_METATYPE(vemo_base::Notice::Kind)
+
 class NoticeBellTest : public QObject
 {
     Q_OBJECT
