@@ -4,14 +4,15 @@
 #include "download/DiskWork.h"
 #include "download/TaskFiles.h"
 
+#include <BackupTaskData.h>
 #include <FileChecksum.h>
 
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QLoggingCategory>
 #include <QPointer>
-#include <QSet>
 
+#include <algorithm>
 #include <memory>
 
 namespace vemo_filesCenter {
@@ -26,10 +27,13 @@ BackupManifest::BackupManifest(QObject* parent)
 {
     connect(m_checksum, &VCOMMON::FileChecksum::signalFinished, this, &BackupManifest::summed);
     connect(m_checksum, &VCOMMON::FileChecksum::signalFailed, this,
-            [this](VCOMMON::FileChecksum::Failure, const QString& text) {
+            [this](VCOMMON::FileChecksum::Failure failure, const QString& text) {
                 qCWarning(lcManifest).noquote() << "not summed up:" << text;
-                over();
+                over(failure == VCOMMON::FileChecksum::Failure::Missing);
             });
+    const QList<Job> remembered = vemo_data::BackupTaskData::instance().getUnlisted();
+    for (const Job& job : remembered)
+        add(job);
 }
 
 BackupManifest::~BackupManifest() = default;
@@ -45,52 +49,18 @@ BackupManifest& BackupManifest::instance()
 
 void BackupManifest::add(const BackupTaskInfo& task, const QString& filePath)
 {
-    add({filePath, task.deviceNo, task.channelNo, task.channelName});
+    const Job job{filePath, task.deviceNo, task.channelNo, task.channelName};
+    vemo_data::BackupTaskData::instance().addUnlisted(job);
+    add(job);
 }
 
 void BackupManifest::add(const Job& job)
 {
-    const auto isIt = [&job](const Job& other) { return other.path == job.path; };
+    const auto isIt = [&job](const Job& other) { return other.filePath == job.filePath; };
     if ((m_busy && isIt(m_current)) || std::any_of(m_waiting.cbegin(), m_waiting.cend(), isIt))
         return;
     m_waiting.append(job);
     startNext();
-}
-
-void BackupManifest::addMissing(const BackupTaskInfo& task)
-{
-    QStringList paths;
-    for (const BackupTaskInfo::FileInfo& entry : task.fileInfos) {
-        if (entry.finished && !entry.filePath.isEmpty())
-            paths.append(entry.filePath);
-    }
-    if (paths.isEmpty())
-        return;
-    ++m_looking;
-    auto missing = std::make_shared<QStringList>();
-    DiskWork::run(
-        [paths, missing] {
-            QHash<QString, QSet<QString>> named;
-            for (const QString& path : paths) {
-                const QFileInfo file(path);
-                if (!named.contains(file.path())) {
-                    const QList<BackupManifestFile::Record> records = BackupManifestFile::read(file.path());
-                    for (const BackupManifestFile::Record& record : records)
-                        named[file.path()].insert(record.file);
-                }
-                if (!named.value(file.path()).contains(file.fileName()) && file.isFile())
-                    missing->append(path);
-            }
-        },
-        this,
-        [this, task, missing] {
-            --m_looking;
-            for (const QString& path : qAsConst(*missing))
-                add(task, path);
-            if (isIdle())
-                emit signalIdle();
-        },
-        0);
 }
 
 void BackupManifest::startNext()
@@ -99,32 +69,36 @@ void BackupManifest::startNext()
         return;
     m_current = m_waiting.takeFirst();
     m_busy = true;
-    m_checksum->start(m_current.path);
+    m_checksum->start(m_current.filePath);
 }
 
 void BackupManifest::summed(const QByteArray& sha256, qint64 bytes)
 {
     BackupManifestFile::Record record;
-    const QFileInfo file(m_current.path);
+    const QFileInfo file(m_current.filePath);
     record.file = file.fileName();
-    record.device = m_current.device;
+    record.device = m_current.deviceNo;
     record.channelNo = m_current.channelNo;
-    record.channel = m_current.channel;
+    record.channel = m_current.channelName;
     record.bytes = bytes;
     record.sha256 = sha256;
+    auto isWritten = std::make_shared<bool>(false);
     DiskWork::run(
-        [record, path = m_current.path, folder = file.path()]() mutable {
+        [record, isWritten, path = m_current.filePath, folder = file.path()]() mutable {
             const RecordingFile recording = RecordingFile::read(path);
             record.begin = recording.begin;
             record.end = recording.end;
-            if (!BackupManifestFile::merge(folder, {record}))
+            *isWritten = BackupManifestFile::merge(folder, {record});
+            if (!*isWritten)
                 qCWarning(lcManifest).noquote() << "the manifest of" << folder << "could not be written";
         },
-        this, [this] { over(); }, 0);
+        this, [this, isWritten] { over(*isWritten); }, 0);
 }
 
-void BackupManifest::over()
+void BackupManifest::over(bool isListed)
 {
+    if (isListed)
+        vemo_data::BackupTaskData::instance().removeUnlisted(m_current.filePath);
     m_busy = false;
     m_current = {};
     startNext();

@@ -1,6 +1,5 @@
 #include "BackupWorker.h"
 
-#include "BackupManifest.h"
 #include "BackupPaths.h"
 #include "BackupPieces.h"
 #include "download/DownloadEvents.h"
@@ -110,7 +109,6 @@ void BackupWorker::startTask(const BackupTaskInfo& given)
     m_tasks.insert(taskId, task);
     if (task.state == vemo_data::BackupRunning)
         return;
-    BackupManifest::instance().addMissing(task);
     if (m_running.size() < mostRunning) {
         runNextPiece(taskId);
         return;

@@ -110,6 +110,23 @@ void BackupTaskData::updateBackupHeld(const QString& taskId, const QList<BackupS
     Database::instance().post([taskId, held](QSqlDatabase& db) { return BackupTaskStore::setHeld(db, taskId, held); });
 }
 
+void BackupTaskData::addUnlisted(const BackupUnlisted& file)
+{
+    Database::instance().post([file](QSqlDatabase& db) { return BackupTaskStore::addUnlisted(db, file); });
+}
+
+void BackupTaskData::removeUnlisted(const QString& filePath)
+{
+    Database::instance().post([filePath](QSqlDatabase& db) { return BackupTaskStore::removeUnlisted(db, filePath); });
+}
+
+QList<BackupUnlisted> BackupTaskData::getUnlisted() const
+{
+    QList<BackupUnlisted> files;
+    Database::instance().run([&files](QSqlDatabase& db) { return BackupTaskStore::unlisted(db, &files); });
+    return files;
+}
+
 QList<BackupTaskInfo> BackupTaskData::getBackupTasks(const QDate& date) const
 {
     QList<BackupTaskInfo> tasks;

@@ -38,6 +38,11 @@ public:
     /// Keeps what the device was found to hold; `held` merged and in order. Not announced.
     void updateBackupHeld(const QString& taskId, const QList<BackupSpan>& held);
 
+    /// Remembers that a finished file has to get into its manifest, until it did.
+    void addUnlisted(const BackupUnlisted& file);
+    void removeUnlisted(const QString& filePath);
+    QList<BackupUnlisted> getUnlisted() const;
+
     /// The tasks of the day in the order of adding.
     QList<BackupTaskInfo> getBackupTasks(const QDate& date) const;
     /// The days of the month (1 to 31) that have tasks, ascending.

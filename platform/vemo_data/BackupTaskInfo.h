@@ -70,6 +70,15 @@ struct BackupTaskInfo
     bool searched = false;  ///< `held` is known
 };
 
+/// A finished file of a backup that is not in its folder's manifest yet.
+struct BackupUnlisted
+{
+    QString filePath;
+    QString deviceNo;
+    int channelNo = 0;
+    QString channelName;
+};
+
 } // namespace vemo_data
 
 Q_DECLARE_METATYPE(vemo_data::BackupTaskInfo)

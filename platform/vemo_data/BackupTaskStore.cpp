@@ -221,6 +221,40 @@ bool BackupTaskStore::setHeld(QSqlDatabase& db, const QString& taskId, const QLi
     return true;
 }
 
+bool BackupTaskStore::addUnlisted(QSqlDatabase& db, const BackupUnlisted& file)
+{
+    QSqlQuery query(db);
+    query.prepare(QStringLiteral("INSERT INTO backup_unlisted (file_path, device_no, channel_no, channel_name) "
+                                 "VALUES (?, ?, ?, ?) ON CONFLICT (file_path) DO NOTHING"));
+    query.addBindValue(file.filePath);
+    query.addBindValue(text(file.deviceNo));
+    query.addBindValue(file.channelNo);
+    query.addBindValue(text(file.channelName));
+    return carryOut(query);
+}
+
+bool BackupTaskStore::removeUnlisted(QSqlDatabase& db, const QString& filePath)
+{
+    QSqlQuery query(db);
+    query.prepare(QStringLiteral("DELETE FROM backup_unlisted WHERE file_path = ?"));
+    query.addBindValue(filePath);
+    return carryOut(query);
+}
+
+bool BackupTaskStore::unlisted(QSqlDatabase& db, QList<BackupUnlisted>* files)
+{
+    QSqlQuery query(db);
+    query.setForwardOnly(true);
+    query.prepare(QStringLiteral("SELECT file_path, device_no, channel_no, channel_name FROM backup_unlisted "
+                                 "ORDER BY seq"));
+    if (!carryOut(query))
+        return false;
+    while (query.next())
+        files->append(
+            {query.value(0).toString(), query.value(1).toString(), query.value(2).toInt(), query.value(3).toString()});
+    return true;
+}
+
 bool BackupTaskStore::between(QSqlDatabase& db, const QDate& first, const QDate& last, QList<BackupTaskInfo>* tasks)
 {
     const QString days = daysBetween(first, last);

@@ -25,6 +25,10 @@ public:
                            bool* stored);
     static bool setHeld(QSqlDatabase& db, const QString& taskId, const QList<BackupSpan>& held);
 
+    static bool addUnlisted(QSqlDatabase& db, const BackupUnlisted& file);
+    static bool removeUnlisted(QSqlDatabase& db, const QString& filePath);
+    static bool unlisted(QSqlDatabase& db, QList<BackupUnlisted>* files); ///< in the order of adding
+
     /// An invalid date does not restrict on its side. Oldest day first, each day in the order of adding.
     static bool between(QSqlDatabase& db, const QDate& first, const QDate& last, QList<BackupTaskInfo>* tasks);
     static bool days(QSqlDatabase& db, const QDate& first, const QDate& last, QList<QDate>* days);

@@ -184,6 +184,16 @@ const std::vector<Step>& steps()
                 scanned_utc_ms INTEGER NOT NULL
             ) WITHOUT ROWID)",
         },
+        {
+            // Finished files of backups that are not in their manifest yet.
+            R"(CREATE TABLE backup_unlisted (
+                seq INTEGER PRIMARY KEY AUTOINCREMENT,
+                file_path TEXT NOT NULL UNIQUE,
+                device_no TEXT NOT NULL,
+                channel_no INTEGER NOT NULL,
+                channel_name TEXT NOT NULL
+            ))",
+        },
     };
     return all;
 }

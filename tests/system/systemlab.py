@@ -259,7 +259,7 @@ class Client:
         for folder, _, names in os.walk(self.folder):
             for name in names:
                 path = os.path.join(folder, name)
-                if path.endswith(".mp4"):
+                if path.endswith(".mp4") or not os.path.isfile(path):
                     continue
                 with open(path, "rb") as file:
                     content = file.read()
