@@ -21,6 +21,7 @@ class PageHeader;
 
 namespace vemo_filesCenter {
 
+class FileIconProvider;
 class LocalFilesModel;
 
 namespace Ui {
@@ -58,6 +59,7 @@ private:
     void lookForDir();
 
     const std::unique_ptr<Ui::LocalFilesMgrPage> m_ui;
+    const std::unique_ptr<FileIconProvider> m_icons;
     LocalFilesModel* const m_model;
     VCOMMON::VCopyLocalFile* const m_copier;
     vemo_base::PageHeader* m_header = nullptr;

@@ -1,5 +1,7 @@
 #include "LocalFilesModel.h"
 
+#include "FileIconProvider.h"
+
 #include <pictures/Thumbnails.h>
 #include <SystemAssistant.h>
 
@@ -17,20 +19,15 @@ const QStringList& sharedFilters()
 
 } // namespace
 
-LocalFilesModel::LocalFilesModel(QObject* parent)
+LocalFilesModel::LocalFilesModel(FileIconProvider* icons, QObject* parent)
     : QFileSystemModel(parent)
 {
-    setIconProvider(&m_icons);
+    setIconProvider(icons);
     setReadOnly(true);
     setResolveSymlinks(false);
     setFilter(QDir::Files | QDir::NoDotAndDotDot);
     setNameFilters(sharedFilters());
     setNameFilterDisables(false);
-}
-
-LocalFilesModel::~LocalFilesModel()
-{
-    setIconProvider(nullptr); // the model's thread ends after this class's members
 }
 
 QModelIndex LocalFilesModel::openFolder(const QString& path)

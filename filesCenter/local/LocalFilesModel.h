@@ -1,10 +1,10 @@
 #pragma once
 
-#include "FileIconProvider.h"
-
 #include <QFileSystemModel>
 
 namespace vemo_filesCenter {
+
+class FileIconProvider;
 
 /// The recordings and images of one folder, and nothing else of it; follows what happens in the folder. Files can be
 /// dragged out as copies and are never renamed or overwritten from here. GUI thread; the folder is read on the model's
@@ -15,8 +15,8 @@ class LocalFilesModel final : public QFileSystemModel
     Q_DISABLE_COPY_MOVE(LocalFilesModel)
 
 public:
-    explicit LocalFilesModel(QObject* parent = nullptr);
-    ~LocalFilesModel() override;
+    /// The icons must outlive it: its thread asks them to its end.
+    explicit LocalFilesModel(FileIconProvider* icons, QObject* parent = nullptr);
 
     /// The model's root from now on.
     QModelIndex openFolder(const QString& path);
@@ -31,9 +31,6 @@ public:
 
 signals:
     void signalRemoveFailed(const QString& filePath);
-
-private:
-    FileIconProvider m_icons;
 };
 
 } // namespace vemo_filesCenter
