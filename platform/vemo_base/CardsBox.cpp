@@ -20,7 +20,7 @@ CardsBox::CardsBox(const QSize& cardSize, int spacing, QWidget* parent)
     , m_cardSize(cardSize)
     , m_spacing(spacing)
 {
-    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
     setFocusPolicy(Qt::TabFocus);
