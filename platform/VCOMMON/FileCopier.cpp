@@ -61,6 +61,7 @@ struct FileCopier::Job
     Progress progress;
     QFile from;
     QFile to; ///< under its temporary name
+    bool hasTemporary = false;
     CopyFolder folder;
     FileStamp stamp; ///< of the source when copying began
     QElapsedTimer sinceProgress;
@@ -102,12 +103,13 @@ CopyResult FileCopier::copy(const QString& source, const QString& target, const 
     job.target = QDir::cleanPath(QFileInfo(target).absoluteFilePath());
     job.progress = progress;
     const QString refused = PlainFile::open(job.from, source);
-    bool ok = refused.isEmpty() ? PlainFile::readStamp(job.from, job.stamp) : fail(job, refused);
+    bool ok = refused.isEmpty() || fail(job, refused);
+    ok = ok && (PlainFile::readStamp(job.from, job.stamp) || fail(job, tr("%1 can't be read.").arg(source)));
     ok = ok && enterFolder(job);
     const bool isThere = ok && isThereAlready(job);
     if (ok && !isThere) {
         ok = fill(job) && finish(job) && publish(job);
-        if (!ok && job.to.isOpen())
+        if (!ok && job.hasTemporary)
             job.folder.remove(job.to);
     }
     if (ok) {
@@ -163,11 +165,12 @@ bool FileCopier::fill(Job& job)
                              .arg(freeBytes / bytesOfMb));
     if (!job.folder.createTemporary(job.to, job.from))
         return failWriting(job);
+    job.hasTemporary = true;
     hintSequential(job.from);
     if (m_options.verify)
         return fillByProgram(job);
     const KernelCopy::Step onStep = [this, &job](qint64 doneBytes) { return step(job, doneBytes); };
-    const KernelCopy::End end = KernelCopy::copy(job.from, job.to, job.stamp.sizeBytes, onStep);
+    const KernelCopy::End end = KernelCopy::copy(job.from, job.source, job.to, job.stamp.sizeBytes, onStep);
     const QString cause = qt_error_string();
     switch (end) {
     case KernelCopy::End::Done:

@@ -32,15 +32,17 @@ COPYFILE2_MESSAGE_ACTION CALLBACK onProgress(const COPYFILE2_MESSAGE* message, P
 
 } // namespace
 
-KernelCopy::End KernelCopy::copy(QFile& from, QFile& to, qint64, const Step& step)
+KernelCopy::End KernelCopy::copy(QFile&, const QString& fromPath, QFile& to, qint64, const Step& step)
 {
-    const auto path = [](const QFile& file) { return reinterpret_cast<const wchar_t*>(file.fileName().utf16()); };
+    const QString toPath = to.fileName();
+    const auto* const fromName = reinterpret_cast<const wchar_t*>(fromPath.utf16());
+    const auto* const toName = reinterpret_cast<const wchar_t*>(toPath.utf16());
     to.close(); // it is opened by the call itself
     COPYFILE2_EXTENDED_PARAMETERS parameters = {};
     parameters.dwSize = sizeof(parameters);
     parameters.pProgressRoutine = onProgress;
     parameters.pvCallbackContext = const_cast<Step*>(&step);
-    const HRESULT result = CopyFile2(path(from), path(to), &parameters);
+    const HRESULT result = CopyFile2(fromName, toName, &parameters);
     if (result == HRESULT_FROM_WIN32(ERROR_REQUEST_ABORTED))
         return End::Stopped;
     if (FAILED(result)) {
@@ -48,7 +50,7 @@ KernelCopy::End KernelCopy::copy(QFile& from, QFile& to, qint64, const Step& ste
         return End::Failed;
     }
     // A read-only source makes a read-only copy, which could not be synced.
-    SetFileAttributesW(path(to), FILE_ATTRIBUTE_NORMAL);
+    SetFileAttributesW(toName, FILE_ATTRIBUTE_NORMAL);
     return to.open(QIODevice::ReadWrite | QIODevice::ExistingOnly | QIODevice::Unbuffered) ? End::Done : End::Failed;
 }
 
@@ -69,7 +71,7 @@ bool meansUnsupported(int error)
 
 } // namespace
 
-KernelCopy::End KernelCopy::copy(QFile& from, QFile& to, qint64 totalBytes, const Step& step)
+KernelCopy::End KernelCopy::copy(QFile& from, const QString&, QFile& to, qint64 totalBytes, const Step& step)
 {
     if (!step(0))
         return End::Stopped;
@@ -104,7 +106,7 @@ KernelCopy::End KernelCopy::copy(QFile& from, QFile& to, qint64 totalBytes, cons
 
 #else
 
-KernelCopy::End KernelCopy::copy(QFile&, QFile&, qint64, const Step&)
+KernelCopy::End KernelCopy::copy(QFile&, const QString&, QFile&, qint64, const Step&)
 {
     return End::Unsupported;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtGlobal>
+#include <QString>
 
 #include <functional>
 
@@ -25,9 +25,9 @@ public:
 
     KernelCopy() = delete;
 
-    /// Copies `totalBytes` of `from`, open for reading, into `to`, which is new and open. Fewer bytes are copied when
-    /// the source is cut meanwhile.
-    static End copy(QFile& from, QFile& to, qint64 totalBytes, const Step& step);
+    /// Copies `totalBytes` of `from`, open for reading and found under `fromPath`, into `to`, which is new and open.
+    /// Fewer bytes are copied when the source is cut meanwhile.
+    static End copy(QFile& from, const QString& fromPath, QFile& to, qint64 totalBytes, const Step& step);
 };
 
 } // namespace VCOMMON
