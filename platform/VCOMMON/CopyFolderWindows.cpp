@@ -1,4 +1,5 @@
 #include "CopyFolder.h"
+#include "WindowsPath.h"
 
 #include <QDir>
 #include <QFile>
@@ -11,11 +12,6 @@ namespace VCOMMON {
 
 namespace {
 
-const wchar_t* wide(const QString& path)
-{
-    return reinterpret_cast<const wchar_t*>(path.utf16());
-}
-
 CopyFolder::Id idOf(HANDLE handle)
 {
     BY_HANDLE_FILE_INFORMATION info;
@@ -27,13 +23,13 @@ CopyFolder::Id idOf(HANDLE handle)
 /// Without sharing deletion, so that the folder can be neither renamed nor removed while it is open.
 HANDLE openFolder(const QString& path)
 {
-    return CreateFileW(wide(path), FILE_LIST_DIRECTORY, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
-                       FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    return CreateFileW(windowsPath(path).c_str(), FILE_LIST_DIRECTORY, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                       OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
 }
 
 bool isLink(const QString& path)
 {
-    const DWORD attributes = GetFileAttributesW(wide(path));
+    const DWORD attributes = GetFileAttributesW(windowsPath(path).c_str());
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
 }
 
@@ -83,7 +79,7 @@ QString CopyFolder::open(const QString& path, const QString& root, const Id& kno
     at = below.chopped(1);
     for (const QString& name : names) {
         at += QLatin1Char('/') + name;
-        if (!CreateDirectoryW(wide(at), nullptr) && GetLastError() != ERROR_ALREADY_EXISTS)
+        if (!CreateDirectoryW(windowsPath(at).c_str(), nullptr) && GetLastError() != ERROR_ALREADY_EXISTS)
             return notThere();
         if (isLink(at)) {
             SetLastError(ERROR_DIRECTORY);
@@ -104,7 +100,9 @@ CopyFolder::Id CopyFolder::rootId() const
 qint64 CopyFolder::freeBytes() const
 {
     ULARGE_INTEGER bytes;
-    return GetDiskFreeSpaceExW(wide(m_path), &bytes, nullptr, nullptr) ? static_cast<qint64>(bytes.QuadPart) : -1;
+    return GetDiskFreeSpaceExW(windowsPath(m_path).c_str(), &bytes, nullptr, nullptr)
+               ? static_cast<qint64>(bytes.QuadPart)
+               : -1;
 }
 
 bool CopyFolder::createTemporary(QFile& file, const QFile&)
@@ -118,7 +116,7 @@ CopyFolder::Published CopyFolder::publish(QFile& file, const QString& name)
 {
     file.close(); // an open file can't be renamed
     const QString to = m_path + QLatin1Char('/') + name;
-    if (!MoveFileExW(wide(file.fileName()), wide(to), MOVEFILE_WRITE_THROUGH)) {
+    if (!MoveFileExW(windowsPath(file.fileName()).c_str(), windowsPath(to).c_str(), MOVEFILE_WRITE_THROUGH)) {
         const DWORD error = GetLastError();
         return error == ERROR_ALREADY_EXISTS || error == ERROR_FILE_EXISTS ? Published::Taken : Published::Failed;
     }
@@ -152,7 +150,8 @@ void CopyFolder::removeAbandoned()
         if (name.size() != temporaryName().size() || isLink(path))
             continue;
         // Refused as long as a program has it open.
-        HANDLE file = CreateFileW(wide(path), DELETE, 0, nullptr, OPEN_EXISTING, FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+        HANDLE file = CreateFileW(windowsPath(path).c_str(), DELETE, 0, nullptr, OPEN_EXISTING,
+                                  FILE_FLAG_DELETE_ON_CLOSE, nullptr);
         if (file != INVALID_HANDLE_VALUE)
             CloseHandle(file);
     }

@@ -5,8 +5,11 @@
 
 #include <QElapsedTimer>
 #include <QFile>
+#include <QFileInfo>
 
 #if defined(Q_OS_WIN)
+#include "WindowsPath.h"
+
 #include <windows.h>
 #elif defined(Q_OS_LINUX)
 #include <cerrno>
@@ -34,15 +37,14 @@ COPYFILE2_MESSAGE_ACTION CALLBACK onProgress(const COPYFILE2_MESSAGE* message, P
 
 KernelCopy::End KernelCopy::copy(QFile&, const QString& fromPath, QFile& to, qint64, const Step& step)
 {
-    const QString toPath = to.fileName();
-    const auto* const fromName = reinterpret_cast<const wchar_t*>(fromPath.utf16());
-    const auto* const toName = reinterpret_cast<const wchar_t*>(toPath.utf16());
+    const std::wstring fromName = windowsPath(QFileInfo(fromPath).absoluteFilePath());
+    const std::wstring toName = windowsPath(to.fileName());
     to.close(); // it is opened by the call itself
     COPYFILE2_EXTENDED_PARAMETERS parameters = {};
     parameters.dwSize = sizeof(parameters);
     parameters.pProgressRoutine = onProgress;
     parameters.pvCallbackContext = const_cast<Step*>(&step);
-    const HRESULT result = CopyFile2(fromName, toName, &parameters);
+    const HRESULT result = CopyFile2(fromName.c_str(), toName.c_str(), &parameters);
     if (result == HRESULT_FROM_WIN32(ERROR_REQUEST_ABORTED))
         return End::Stopped;
     if (FAILED(result)) {
@@ -50,7 +52,7 @@ KernelCopy::End KernelCopy::copy(QFile&, const QString& fromPath, QFile& to, qin
         return End::Failed;
     }
     // A read-only source makes a read-only copy, which could not be synced.
-    SetFileAttributesW(toName, FILE_ATTRIBUTE_NORMAL);
+    SetFileAttributesW(toName.c_str(), FILE_ATTRIBUTE_NORMAL);
     return to.open(QIODevice::ReadWrite | QIODevice::ExistingOnly | QIODevice::Unbuffered) ? End::Done : End::Failed;
 }
 

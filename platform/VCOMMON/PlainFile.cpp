@@ -5,6 +5,8 @@
 #include <QFileInfo>
 
 #if defined(Q_OS_WIN)
+#include "WindowsPath.h"
+
 #include <fcntl.h>
 #include <io.h>
 #include <windows.h>
@@ -53,7 +55,7 @@ QString PlainFile::open(QFile& file, const QString& path)
     if (!info.exists())
         return notThere(path);
     HANDLE handle =
-        CreateFileW(reinterpret_cast<const wchar_t*>(path.utf16()), GENERIC_READ,
+        CreateFileW(windowsPath(info.absoluteFilePath()).c_str(), GENERIC_READ,
                     FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING, 0, nullptr);
     if (handle == INVALID_HANDLE_VALUE)
         return notReadable(path);
