@@ -305,7 +305,11 @@ void LocalVerb::finishRemoval(const QStringList& remaining)
     } else {
         LocalSnapImageIndexes::instance().deleteLocalSnapImageIndexes(gone);
     }
-    leave(ExitCode::Done);
+    // The event loop, which would hand over what was posted, ends here.
+    if (vemo_data::Database::instance().run([](QSqlDatabase&) { return true; }))
+        leave(ExitCode::Done);
+    else
+        leave(ExitCode::Disk, tr("The database could not be written."));
 }
 
 void LocalVerb::fail(const QString& sentence)

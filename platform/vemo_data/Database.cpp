@@ -337,7 +337,9 @@ public:
 Database::Database()
     : d(std::make_unique<Private>())
 {
-    // The SQL drivers go with the application object, so the connection must be gone by then.
+    // The SQL drivers go with the application object, so the connection must be gone by then: their own routine, which
+    // the first look at them registers, runs behind this one.
+    QSqlDatabase::drivers();
     qAddPostRoutine([] {
         Database::instance().d->handOver();
         Database::instance().d->shutdown();

@@ -19,9 +19,15 @@ def ffmpeg(path, *options, seconds=5):
                    check=True, timeout=60)
 
 
-def gstreamer(path):
-    subprocess.run(["gst-launch-1.0", "-q", "videotestsrc", "num-buffers=75", "!", "video/x-raw,width=64,height=48,framerate=25/1", "!",
-                    "x264enc", "!", "h264parse", "!", "mp4mux", "!", "filesink", f"location={path}"], check=True, timeout=60)
+def gstreamer(source, path):
+    """The same pictures, written by another muxer."""
+    subprocess.run(["gst-launch-1.0", "-q", "filesrc", f"location={source}", "!", "qtdemux", "!", "h264parse", "!", "mp4mux", "!", "filesink",
+                    f"location={path}"], check=True, timeout=60)
+
+
+def content(path):
+    with open(path, "rb") as file:
+        return file.read()
 
 
 def seconds_between(first, second):
@@ -61,11 +67,11 @@ class LocalTest(Test):
         ffmpeg(self.path("silent.mp4"), "-c:v", "libx264")
         ffmpeg(self.path("fragments.mp4"), "-c:v", "libx264", "-g", "10", "-movflags", "frag_keyframe+empty_moov")
         os.mkdir(self.path("sub"))
-        gstreamer(self.path("sub/gst.mp4"))
-        whole = open(self.path("silent.mp4"), "rb").read()
-        for name, content in {"cut.mp4": whole[:-300], "garbage.mp4": b"garbage" * 100, "empty.mp4": b""}.items():
+        gstreamer(self.path("silent.mp4"), self.path("sub/gst.mp4"))
+        whole = content(self.path("silent.mp4"))
+        for name, data in {"cut.mp4": whole[:-300], "garbage.mp4": b"garbage" * 100, "empty.mp4": b""}.items():
             with open(self.path(name), "wb") as file:
-                file.write(content)
+                file.write(data)
         os.symlink("/etc/hostname", self.path("link.mp4"))
         os.symlink("/etc", self.path("etc"))
         os.mkfifo(self.path("pipe.mp4"))
@@ -107,7 +113,7 @@ class LocalTest(Test):
         ffmpeg(self.path("Gate@2026-01-10 08_00_00_500.jpg"), "-frames:v", "1")
         ffmpeg(self.path("Gate@2026-01-10 09_00_00.bmp"), "-frames:v", "1")
         with open(self.path("torn.jpg"), "wb") as file:
-            file.write(open(self.path("Gate@2026-01-10 08_00_00_500.jpg"), "rb").read()[:-50])
+            file.write(content(self.path("Gate@2026-01-10 08_00_00_500.jpg"))[:-50])
         self.assertEqual(self.rescan()["snapshots"], 3)
         records = self.listed("snapshots")
         first = records["Gate@2026-01-10 08_00_00_500.jpg"]
@@ -121,7 +127,7 @@ class LocalTest(Test):
 
     def test_copies_have_legal_names_in_the_folder_and_equal_ones_both_survive(self):
         ffmpeg(self.path("one.mp4"), "-c:v", "libx264", "-metadata", f"creation_time={systemlab.iso(CREATED)}")
-        clip = open(self.path("one.mp4"), "rb").read()
+        clip = content(self.path("one.mp4"))
         os.remove(self.path("one.mp4"))
         names = ["Gate", "Gate", *NASTY]
         for index, name in enumerate(names):  # a channel's name is in the tags, which the file's own name need not follow
