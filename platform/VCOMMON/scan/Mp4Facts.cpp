@@ -11,7 +11,7 @@ namespace VCOMMON {
 
 namespace {
 
-constexpr int maxTopBoxes = 200'000; // a day of fragments of two seconds, with what may lie between them
+constexpr int maxTopBoxes = 200'000;           // a day of fragments of two seconds, with what may lie between them
 constexpr int maxBoxes = maxTopBoxes + 20'000; // of a whole file
 constexpr int maxChildren = 256;
 constexpr int maxTracks = 64;
