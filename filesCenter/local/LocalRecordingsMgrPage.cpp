@@ -65,6 +65,7 @@ constexpr int answerYes = 1;
 constexpr int diskPatienceMs = 30;
 constexpr int rescanAgeMs = 60'000;
 constexpr int retryMs = 300;
+constexpr int typingPauseMs = 700;
 constexpr int mostFilesNamed = 5;
 constexpr int operColumn = Rows::OperColumn;
 
@@ -82,6 +83,7 @@ LocalRecordingsMgrPage::LocalRecordingsMgrPage(QWidget* parent)
     , m_ui(std::make_unique<Ui::LocalRecordingsMgrPage>())
     , m_data(new LocalRecordingsData(this))
     , m_saveAs(new LocalFilesSaveAs(this))
+    , m_noHitTimer(new QTimer(this))
 {
     m_ui->setupUi(this);
     setUpControls();
@@ -181,6 +183,13 @@ void LocalRecordingsMgrPage::setUpConnections()
             [this] { showPage(1, WhenEmpty::Tell, Rows::Place::Top); });
     connect(m_ui->pageIndexWt, &vemo_base::PageEditWt::signalGoToPage, this,
             [this](int page) { showPage(page, WhenEmpty::Tell, Rows::Place::Top); });
+
+    m_noHitTimer->setSingleShot(true);
+    m_noHitTimer->setInterval(typingPauseMs);
+    connect(m_noHitTimer, &QTimer::timeout, this, [this] {
+        if (m_ui->tableWidget->rowCount() == 0 && !m_ui->filterWt->text().isEmpty())
+            tellNone();
+    });
 
     const LocalRecordingIndexes& indexes = LocalRecordingIndexes::instance();
     connect(&indexes, &LocalRecordingIndexes::signalGetLocalRecordingIndexesInfoResult, this,
@@ -310,7 +319,9 @@ void LocalRecordingsMgrPage::filterRecordings()
     if (m_isClearingFilter)
         return;
     m_data->filter(m_ui->filterWt->text());
-    showPage(1, WhenEmpty::Tell, Rows::Place::Top);
+    showPage(1, WhenEmpty::Show, Rows::Place::Top);
+    // A box that opened at once would take the rest of the word.
+    m_noHitTimer->start();
 }
 
 void LocalRecordingsMgrPage::showPage(int page, WhenEmpty whenEmpty, LocalRecordingRows::Place place)
@@ -323,7 +334,12 @@ void LocalRecordingsMgrPage::showPage(int page, WhenEmpty whenEmpty, LocalRecord
     BaseTools::instance().updateTableOrderNum(m_ui->tableWidget, pageSize * (current - 1) + 1);
     showContent();
     if (m_ui->tableWidget->rowCount() == 0 && whenEmpty == WhenEmpty::Tell)
-        alert(tr("search none local recordings"));
+        tellNone();
+}
+
+void LocalRecordingsMgrPage::tellNone()
+{
+    alert(tr("search none local recordings"));
 }
 
 void LocalRecordingsMgrPage::showContent()

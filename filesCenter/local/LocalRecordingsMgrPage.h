@@ -11,6 +11,8 @@
 #include <functional>
 #include <memory>
 
+class QTimer;
+
 namespace VCOMMON {
 struct LocalRescanResult;
 }
@@ -76,6 +78,7 @@ private:
 
     void filterRecordings();
     void showPage(int page, WhenEmpty whenEmpty, LocalRecordingRows::Place place);
+    void tellNone();
     void showContent();
 
     void connectOperWt(LocalRecordingOperWt* widget);
@@ -97,6 +100,7 @@ private:
     LocalRecordingsData* m_data;
     LocalRecordingRows* m_rows = nullptr;
     LocalFilesSaveAs* m_saveAs;
+    QTimer* m_noHitTimer;                                ///< runs while the person types a filter
     QPointer<vemo_base::LocalPlaybackDlg> m_playbackDlg; ///< made when a file is first played
     QString m_reqId;                                     ///< of the request in flight: its waiting widget's
     QList<int> m_selectedRows;                           ///< which the deletion in flight covers

@@ -15,6 +15,7 @@ namespace vemo_base {
 namespace {
 
 constexpr int faultGap = 8;
+constexpr int leastNameBesideFault = 80;
 
 QRect textRoom(const QRect& cell)
 {
@@ -85,7 +86,10 @@ void TableRowDelegate::paintFault(QPainter* painter, const QStyleOptionViewItem&
 {
     const QString icon = QStringLiteral("error");
     constexpr int slack = 2; // widths of text are rounded
-    const int chip = qMin(Chip::widthOf(icon, fault, option.font) + slack, room.width());
+    const int whole = Chip::widthOf(icon, fault, option.font) + slack;
+    // Where it is narrow the name is worth more than the chip's word.
+    const QString word = room.width() - whole < leastNameBesideFault ? QString() : fault;
+    const int chip = word.isEmpty() ? Chip::widthOf(icon, word, option.font) : whole;
     const QString shown = option.fontMetrics.elidedText(text, Qt::ElideRight, qMax(0, room.width() - chip - faultGap));
     const int words = option.fontMetrics.horizontalAdvance(shown);
     const QRect content(room.x() + (room.width() - words - faultGap - chip) / 2, room.y(), words + faultGap + chip,
@@ -98,7 +102,7 @@ void TableRowDelegate::paintFault(QPainter* painter, const QStyleOptionViewItem&
     painter->drawText(visual({content.x(), content.y(), words, content.height()}), Qt::AlignCenter | Qt::TextSingleLine,
                       shown);
     const bool selected = option.state & QStyle::State_Selected;
-    Chip::paint(painter, visual({content.x() + words + faultGap, content.y(), chip, content.height()}), icon, fault,
+    Chip::paint(painter, visual({content.x() + words + faultGap, content.y(), chip, content.height()}), icon, word,
                 Token::Error, selected ? Chip::Ground::Plain : Chip::Ground::Tinted, option.font, option.palette);
 }
 
