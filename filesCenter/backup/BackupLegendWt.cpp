@@ -19,6 +19,8 @@ constexpr int swatchWidth = 18;
 constexpr int swatchHeight = 12;
 constexpr int wordGap = 8;
 constexpr int entryGap = 16;
+constexpr int caretWidth = 8;
+constexpr int nowMs = 15'000;
 
 enum class Shape { Segment, Fill, Line };
 
@@ -46,6 +48,14 @@ BackupLegendWt::BackupLegendWt(QWidget* parent)
     QFont small = font();
     small.setPixelSize(pixels);
     setFont(small);
+    connect(&m_nowTimer, &QTimer::timeout, this, QOverload<>::of(&QWidget::update));
+    m_nowTimer.start(nowMs);
+}
+
+void BackupLegendWt::setDay(const QDate& day)
+{
+    m_day = day;
+    update();
 }
 
 void BackupLegendWt::paintEvent(QPaintEvent*)
@@ -53,10 +63,14 @@ void BackupLegendWt::paintEvent(QPaintEvent*)
     const Theme& theme = Theme::instance();
     QPainter painter(this);
     int x = 0;
-    for (const Entry& entry : entries) {
-        const QString text = tr(entry.text);
+    const auto mirrored = [this](const QRect& part) { return QStyle::visualRect(layoutDirection(), rect(), part); };
+    const auto write = [&](const QString& text, int swatch) {
         const int textWidth = fontMetrics().horizontalAdvance(text);
-        const auto mirrored = [this](const QRect& part) { return QStyle::visualRect(layoutDirection(), rect(), part); };
+        painter.setPen(theme.color(Token::Text2));
+        painter.drawText(mirrored(QRect(x + swatch + wordGap, 0, textWidth + 1, lineHeight)), Qt::AlignCenter, text);
+        x += swatch + wordGap + textWidth + entryGap;
+    };
+    for (const Entry& entry : entries) {
         const QRect swatch = mirrored(QRect(x, (lineHeight - swatchHeight) / 2, swatchWidth, swatchHeight));
         const QColor color = vemo_base::themeColor(ThemeMode::Dark, entry.token);
         if (entry.shape == Shape::Line) {
@@ -66,11 +80,19 @@ void BackupLegendWt::paintEvent(QPaintEvent*)
             if (entry.shape == Shape::Segment)
                 painter.fillRect(QRect(swatch.x(), swatch.y() - 2, swatch.width(), 2), theme.color(Token::Control));
         }
-        painter.setPen(theme.color(Token::Text2));
-        painter.drawText(mirrored(QRect(x + swatchWidth + wordGap, 0, textWidth + 1, lineHeight)), Qt::AlignCenter,
-                         text);
-        x += swatchWidth + wordGap + textWidth + entryGap;
+        write(tr(entry.text), swatchWidth);
     }
+    if (m_day != QDate::currentDate())
+        return;
+    const QRectF caret = mirrored(QRect(x, 2, caretWidth, lineHeight - 4));
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(theme.color(Token::Text));
+    painter.drawPolygon(QPolygonF({caret.topLeft(), caret.topRight(), QPointF(caret.center().x(), caret.top() + 5)}));
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.fillRect(QRectF(qRound(caret.center().x()), caret.top() + 4, 1, caret.height() - 4),
+                     theme.color(Token::Text));
+    write(tr("Now, %1").arg(QTime::currentTime().toString(QStringLiteral("HH:mm"))), caretWidth);
 }
 
 } // namespace vemo_filesCenter

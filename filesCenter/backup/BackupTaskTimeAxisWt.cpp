@@ -12,6 +12,7 @@
 #include <BackupTaskData.h>
 #include <BaseTools.h>
 #include <Icons.h>
+#include <OperButton.h>
 #include <StylePainter.h>
 #include <Theme.h>
 #include <VMessageBox.h>
@@ -75,6 +76,19 @@ void setElided(QLabel* label, const QString& text, int width)
     label->setAccessibleName(text);
 }
 
+/// Of the segments' time, what is settled or fetched.
+int settledPercent(const BackupAxis& axis)
+{
+    const auto length = [](const QVector<BackupAxis::Span>& spans) {
+        qint64 ms = 0;
+        for (const BackupAxis::Span& span : spans)
+            ms += qMax<qint64>(0, span.time.lengthMs());
+        return ms;
+    };
+    const qint64 all = length(axis.segments());
+    return all > 0 ? int(qBound<qint64>(0, length(axis.pieces()) * whole / all, whole)) : 0;
+}
+
 void setTone(QLabel* label, Token token)
 {
     QPalette own;
@@ -115,7 +129,7 @@ BackupTaskTimeAxisWt::BackupTaskTimeAxisWt(const BackupTaskInfo& task, QWidget* 
     connect(m_search, &BackupSearch::signalFound, this, &BackupTaskTimeAxisWt::takeFound);
     connect(m_search, &BackupSearch::signalFailed, this, [this](const QString& message) {
         putUp();
-        BackupWorker::instance().setTaskMessage(m_task, message, true);
+        BackupWorker::instance().setTaskMessage(BackupTaskInfo(m_task), message, true);
     });
 
     const BackupWorker& worker = BackupWorker::instance();
@@ -151,12 +165,10 @@ QLabel* BackupTaskTimeAxisWt::makeLabel(const QString& objectName, int pixels)
 
 QToolButton* BackupTaskTimeAxisWt::makeButton(const QString& objectName, const QString& icon, const QString& tip)
 {
-    auto* button = new QToolButton(this);
+    auto* button = new vemo_base::OperButton(this);
     button->setObjectName(objectName);
     button->setIcon(vemo_base::Icons::icon(icon));
-    button->setIconSize(QSize(buttonIcon, buttonIcon));
-    button->setFixedSize(buttonSize, buttonSize);
-    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::StrongFocus);
     button->setToolTip(tip);
     button->setAccessibleName(tip);
     return button;
@@ -208,10 +220,10 @@ void BackupTaskTimeAxisWt::toggleStart(bool down)
     const QString refusal = BackupDeviceCheck::refusal(m_task.channelId);
     if (!refusal.isEmpty()) {
         putUp();
-        worker.setTaskMessage(m_task, refusal, true);
+        worker.setTaskMessage(BackupTaskInfo(m_task), refusal, true);
         return;
     }
-    worker.setTaskMessage(m_task, QString(), false);
+    worker.setTaskMessage(BackupTaskInfo(m_task), QString(), false);
     startSearch();
 }
 
@@ -232,7 +244,7 @@ void BackupTaskTimeAxisWt::takeFound(const QList<vms_sdk::VideoRecording>& recor
     m_task.held = BackupSafety::mergedSpans(recordings);
     m_task.searched = true;
     showAxis();
-    BackupWorker::instance().startTask(m_task);
+    BackupWorker::instance().startTask(BackupTaskInfo(m_task)); // its signals change the row's own
     takeWorker();
 }
 
@@ -314,8 +326,8 @@ void BackupTaskTimeAxisWt::setFileInfos(const QList<BackupTaskInfo::FileInfo>& f
 void BackupTaskTimeAxisWt::takeMessage(const QString& message)
 {
     m_message = message;
+    takeWorker(); // a task that is to be tried again tells no other way that it waits
     showMessage();
-    showState();
 }
 
 void BackupTaskTimeAxisWt::exportFiles()
@@ -361,25 +373,14 @@ void BackupTaskTimeAxisWt::showAxis()
     const BackupSafety before = m_safety;
     m_safety = BackupSafety::of(m_task);
     const QString sums = m_safety.isKnown ? tr("%1 safe").arg(m_safety.text()) : tr("not searched yet");
-    m_axis->setAxis(BackupAxis(m_task, m_curTime), sums);
+    const BackupAxis axis(m_task, m_curTime);
+    m_percent = settledPercent(axis);
+    m_axis->setAxis(axis, sums);
     setElided(m_safe, sums, nameWidth);
     m_safe->setToolTip(m_safety.isKnown ? tr("%1 that the recorder holds is in files here").arg(m_safety.text())
                                         : tr("A start searches what the recorder holds"));
     if (before.isKnown != m_safety.isKnown || before.held != m_safety.held || before.safe != m_safety.safe)
         emit signalSafetyChanged();
-}
-
-int BackupTaskTimeAxisWt::percent() const
-{
-    const BackupAxis axis(m_task, m_curTime);
-    const auto length = [](const QVector<BackupAxis::Span>& spans) {
-        qint64 ms = 0;
-        for (const BackupAxis::Span& span : spans)
-            ms += qMax<qint64>(0, span.time.lengthMs());
-        return ms;
-    };
-    const qint64 all = length(axis.segments());
-    return all > 0 ? int(qBound<qint64>(0, length(axis.pieces()) * whole / all, whole)) : 0;
 }
 
 BackupTaskTimeAxisWt::StateWords BackupTaskTimeAxisWt::stateWords() const
@@ -394,7 +395,7 @@ BackupTaskTimeAxisWt::StateWords BackupTaskTimeAxisWt::stateWords() const
     const bool saysLater = m_message.startsWith(BackupWorker::aheadText());
     switch (m_task.state) {
     case vemo_data::BackupRunning:
-        return words("start", tr("Running, %1%").arg(percent()), Token::AccentText);
+        return words("start", tr("Running, %1%").arg(m_percent), Token::AccentText);
     case vemo_data::BackupFinished:
         return words("", tr("Finished"), Token::Success);
     case vemo_data::BackupWaiting:
@@ -482,7 +483,7 @@ void BackupTaskTimeAxisWt::changeEvent(QEvent* event)
     QWidget::changeEvent(event);
     if (event->type() == QEvent::LayoutDirectionChange)
         arrange();
-    if (event->type() != QEvent::PaletteChange || m_errorMsg->font().pixelSize() != smallPixels)
+    if (event->type() != QEvent::PaletteChange)
         return;
     // Colours of states are the theme's, not the palette's.
     m_indicator->setProperty(taskStateProperty, isSearching() ? QVariant(indicatorSearch) : QVariant());

@@ -84,7 +84,6 @@ private:
     void showStartButton();
     void showMessage();
     StateWords stateWords() const;
-    int percent() const;
     void arrange();
 
     vemo_data::BackupTaskInfo m_task;
@@ -92,7 +91,8 @@ private:
     QString m_message;
     vemo_data::BackupSafety m_safety;
     bool m_isChannelThere = true;
-    int m_exportPercent = -1;
+    int m_percent = 0;        ///< of the segments, settled or fetched
+    int m_exportPercent = -1; ///< below 0: nothing is exported
 
     BackupSearch* m_search;
     BackupExport* m_export = nullptr; ///< made by the first export

@@ -20,6 +20,7 @@ using vemo_data::BackupTaskInfo;
 namespace {
 
 constexpr int rowGap = 8;
+constexpr int bottomRoom = 24;
 constexpr int nowMs = 15'000;
 
 } // namespace
@@ -29,7 +30,7 @@ BackupTasksBox::BackupTasksBox(QWidget* parent)
     , m_layout(new QVBoxLayout(this))
     , m_export(new BackupExport(this))
 {
-    m_layout->setContentsMargins(0, 0, 0, 0);
+    m_layout->setContentsMargins(0, 0, 0, bottomRoom);
     m_layout->setSpacing(rowGap);
     m_layout->addStretch();
     using vemo_data::DataSignals;

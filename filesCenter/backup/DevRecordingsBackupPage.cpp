@@ -44,6 +44,8 @@ constexpr qint64 lowDiskBytes = 10737418240;
 constexpr int questionWithYesAndNo = 3;
 constexpr int yes = 1;
 constexpr int dateWidth = 148;
+constexpr int edge = 24;
+constexpr int scrollBarEdge = 10; ///< the scroll bar takes the rest of the margin
 
 void alert(const QString& text)
 {
@@ -58,6 +60,7 @@ DevRecordingsBackupPage::DevRecordingsBackupPage(QWidget* parent)
     , m_header(new vemo_base::PageHeader(tr("Recordings Backup"), this))
     , m_dateField(new vemo_base::DateSelectLineEdit)
     , m_diskFreeSpace(new vemo_base::DiskFreeSpaceBar)
+    , m_legend(new BackupLegendWt)
     , m_exportProgress(new vemo_base::ProgressButton)
     , m_body(new QStackedLayout)
     , m_scroll(new QScrollArea)
@@ -65,7 +68,7 @@ DevRecordingsBackupPage::DevRecordingsBackupPage(QWidget* parent)
 {
     auto* legend = new QHBoxLayout;
     legend->setSpacing(16);
-    legend->addWidget(new BackupLegendWt(this), 1);
+    legend->addWidget(m_legend, 1);
     legend->addWidget(m_exportProgress);
     m_exportProgress->setObjectName(QStringLiteral("exportProgressBt"));
     m_exportProgress->setFocusPolicy(Qt::NoFocus);
@@ -73,6 +76,8 @@ DevRecordingsBackupPage::DevRecordingsBackupPage(QWidget* parent)
     m_scroll->setFrameShape(QFrame::NoFrame);
     m_scroll->setWidgetResizable(true);
     m_scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    // It keeps its room beside the rows, in the page's margin.
+    m_scroll->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     m_scroll->setWidget(m_box);
     m_scroll->viewport()->setAutoFillBackground(false);
     m_box->setAutoFillBackground(false);
@@ -80,11 +85,15 @@ DevRecordingsBackupPage::DevRecordingsBackupPage(QWidget* parent)
     m_body->addWidget(m_scroll);
 
     auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(24, 20, 24, 24);
+    layout->setContentsMargins(edge, 20, scrollBarEdge, 0);
     layout->setSpacing(16);
-    layout->addWidget(m_header);
-    layout->addWidget(makeBar());
-    layout->addLayout(legend);
+    auto* top = new QVBoxLayout;
+    top->setContentsMargins(0, 0, edge - scrollBarEdge, 0);
+    top->setSpacing(16);
+    top->addWidget(m_header);
+    top->addWidget(makeBar());
+    top->addLayout(legend);
+    layout->addLayout(top);
     layout->addLayout(m_body, 1);
     connectBox();
     setDiskPath();
@@ -291,6 +300,7 @@ void DevRecordingsBackupPage::showSummary()
 void DevRecordingsBackupPage::showBody()
 {
     showSummary();
+    m_legend->setDay(m_date);
     if (m_box->rowCount() > 0) {
         m_body->setCurrentWidget(m_scroll);
         return;
@@ -299,8 +309,7 @@ void DevRecordingsBackupPage::showBody()
     m_empty = new vemo_base::EmptyStateWt(
         QStringLiteral("recordings-backup"),
         tr("No backup is planned for %1.").arg(BaseTools::instance().strDate(m_date, false)),
-        tr("Press Add and pick channels and time segments. Their recordings of the day are then copied here with "
-           "Start."));
+        tr("Press Add to pick channels and time segments."));
     m_body->addWidget(m_empty);
     m_body->setCurrentWidget(m_empty);
 }

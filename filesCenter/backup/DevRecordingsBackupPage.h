@@ -19,6 +19,7 @@ class ProgressButton;
 namespace vemo_filesCenter {
 
 class AddBackupTasksToolWt;
+class BackupLegendWt;
 class BackupTasksBox;
 
 /// The page of the planned backups: the day with its tasks, a row each, and what is done with all of them at once. The
@@ -62,6 +63,7 @@ private:
     vemo_base::DiskFreeSpaceBar* m_diskFreeSpace;
     QPushButton* m_apply = nullptr;
     QPushButton* m_exportBt = nullptr;
+    BackupLegendWt* m_legend;
     vemo_base::ProgressButton* m_exportProgress;
     QStackedLayout* m_body;
     QScrollArea* m_scroll;

@@ -29,7 +29,7 @@ ClientTreeWt::ClientTreeWt(ClientTree::Refusal refusal, QWidget* parent)
     , m_videoPoints(new VideoPointTree(refusal))
     , m_localView(new LocalViewTree(refusal))
     , m_well(new QWidget(this))
-    , m_trees(new QStackedLayout(m_well))
+    , m_trees(new QStackedLayout)
 {
     m_filter->setPlaceholderText(tr("Filter by channel name"));
     m_filter->setAccessibleName(m_filter->placeholderText());
@@ -48,7 +48,9 @@ ClientTreeWt::ClientTreeWt(ClientTree::Refusal refusal, QWidget* parent)
     top->setSpacing(4);
     top->addWidget(m_filter, 1);
     top->addWidget(m_byName);
-    m_trees->setContentsMargins(wellEdge, wellEdge, wellEdge, wellEdge);
+    auto* wellLayout = new QVBoxLayout(m_well);
+    wellLayout->setContentsMargins(wellEdge, wellEdge, wellEdge, wellEdge);
+    wellLayout->addLayout(m_trees);
     for (ClientTree* tree : {static_cast<ClientTree*>(m_videoPoints), static_cast<ClientTree*>(m_localView)}) {
         m_trees->addWidget(tree);
         connect(m_filter, &QLineEdit::textChanged, tree, &ClientTree::setFilter);

@@ -106,7 +106,7 @@ SettingToolWt::SettingToolWt(const QString& title, QWidget* host)
     });
     connect(m_slide, &QVariantAnimation::finished, this, [this] {
         if (m_shown <= 0)
-            hide();
+            vanish();
     });
     host->installEventFilter(this);
 }
@@ -148,8 +148,13 @@ void SettingToolWt::hideSettingToolWt()
         m_slide->start();
     } else {
         m_shown = 0;
-        hide();
+        vanish();
     }
+}
+
+void SettingToolWt::vanish()
+{
+    hide();
     emit signalHidden();
 }
 

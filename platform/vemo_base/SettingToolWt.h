@@ -31,6 +31,7 @@ public:
     void hideSettingToolWt();
 
 signals:
+    /// When it has slid out.
     void signalHidden();
 
 protected:
@@ -46,6 +47,7 @@ protected:
 
 private:
     void arrange();
+    void vanish();
     QRect panelRect() const;
 
     QWidget* m_panel;
