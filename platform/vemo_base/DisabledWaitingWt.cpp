@@ -21,7 +21,8 @@ constexpr int ringSize = 18;
 constexpr double ringWidth = 2;
 constexpr int ringDegrees = 100;
 constexpr int cardPadding = 16;
-constexpr int cardRing = 12; ///< between ring and words
+constexpr int cardRing = 12;     ///< between ring and words
+constexpr int roundingSlack = 2; ///< widths of text are rounded
 constexpr int cardHeight = 44;
 constexpr int secondHeight = 20;
 constexpr int secondPixels = 12;
@@ -97,7 +98,7 @@ QRect DisabledWaitingWt::cardRect() const
     const int words = qMax(fontMetrics().horizontalAdvance(m_text), QFontMetrics(small).horizontalAdvance(m_second));
     const int button = m_cancel ? buttonGap + m_cancel->sizeHint().width() : 0;
     // It never gets narrower, or it would twitch while figures change in it.
-    const int needed = 2 * cardPadding + ringSize + cardRing + words + button;
+    const int needed = 2 * cardPadding + ringSize + cardRing + words + roundingSlack + button;
     const int width = qMin(qMax(needed, m_widestCard), qMax(0, this->width() - 2 * cardPadding));
     const int height = cardHeight + (m_second.isEmpty() ? 0 : secondHeight) + (m_cancel ? 8 : 0);
     return {(this->width() - width) / 2, (this->height() - height) / 2, width, height};
