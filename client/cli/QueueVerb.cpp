@@ -12,7 +12,6 @@
 #include <SystemConfig.h>
 #include <TaskFactsData.h>
 
-#include <QCoreApplication>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QTimer>
@@ -156,16 +155,6 @@ void QueueVerb::tellAdded()
         leave(ExitCode::Done, tr("%1 of %2 requests are in the queue already.")
                                   .arg(m_command.channels.size() - added.size())
                                   .arg(m_command.channels.size()));
-}
-
-void QueueVerb::leave(ExitCode code, const QString& sentence)
-{
-    if (m_left)
-        return;
-    m_left = true;
-    if (!sentence.isEmpty())
-        Terminal::error(sentence);
-    QCoreApplication::exit(static_cast<int>(code));
 }
 
 } // namespace vemo_client

@@ -2,6 +2,7 @@
 
 #include "CliCommand.h"
 #include "StoredRecorder.h"
+#include "VerbExit.h"
 
 #include <DownloadTaskInfo.h>
 
@@ -30,12 +31,12 @@ private:
     void request();
     void tellAdded();
     void print(const QList<vemo_data::DownloadTaskInfo>& tasks);
-    void leave(ExitCode code, const QString& sentence = {});
+    void leave(ExitCode code, const QString& sentence = {}) { m_exit.leave(code, sentence); }
 
     const CliCommand m_command;
     StoredRecorder m_recorder;
     QSet<QString> m_before; ///< tasks that were stored before the adding
-    bool m_left = false;
+    VerbExit m_exit;
 };
 
 } // namespace vemo_client

@@ -4,7 +4,6 @@
 #include "Terminal.h"
 #include "TimeText.h"
 
-#include <QCoreApplication>
 #include <QJsonDocument>
 #include <QJsonObject>
 
@@ -104,16 +103,6 @@ void SearchVerb::printAll()
                   .arg(m_session.addressText(), TimeText::plain(m_command.begin), TimeText::plain(m_command.end)));
     else
         leave(ExitCode::Done);
-}
-
-void SearchVerb::leave(ExitCode code, const QString& sentence)
-{
-    if (m_left)
-        return;
-    m_left = true;
-    if (!sentence.isEmpty())
-        Terminal::error(sentence);
-    QCoreApplication::exit(static_cast<int>(code));
 }
 
 } // namespace vemo_client

@@ -3,6 +3,7 @@
 #include "CliCommand.h"
 #include "RecorderSession.h"
 #include "RecordingSearch.h"
+#include "VerbExit.h"
 
 #include <memory>
 #include <vector>
@@ -26,12 +27,12 @@ public:
 private:
     void searchAll();
     void printAll();
-    void leave(ExitCode code, const QString& sentence = QString());
+    void leave(ExitCode code, const QString& sentence = {}) { m_exit.leave(code, sentence); }
 
     const CliCommand m_command;
     RecorderSession m_session;
     std::vector<std::unique_ptr<RecordingSearch>> m_searches;
-    bool m_left = false;
+    VerbExit m_exit;
 };
 
 } // namespace vemo_client
