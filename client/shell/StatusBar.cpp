@@ -30,6 +30,7 @@ constexpr int clockPixels = 12;
 constexpr int diskIntervalMs = 10'000;
 /// The rate comes once a second while something is downloaded; then it is zero.
 constexpr qint64 rateHoldsMs = 2500;
+constexpr int mostOmitted = 3;
 constexpr qint64 gigabyte = 1'000'000'000;
 constexpr qint64 lowBytes = 10 * gigabyte;
 constexpr qint64 emptyBytes = gigabyte;
@@ -84,7 +85,6 @@ StatusBar::StatusBar(QWidget* parent)
     m_queue->setStrong(true);
     m_queue->setTone(vemo_base::Token::Text);
     m_queue->setSample(QueueWatch::words({5, 8888, 0, 0}));
-    showQueue({});
     connect(m_queue, &QAbstractButton::clicked, this, &StatusBar::signalQueueClicked);
     layout->addWidget(m_queue);
 
@@ -93,9 +93,6 @@ StatusBar::StatusBar(QWidget* parent)
     m_rate->setTone(vemo_base::Token::Text);
     m_rateText = rateText(0);
     m_rate->setSample(rateText(888.8));
-    m_rate->setWords(m_rateText);
-    m_rate->setToolTip(tr("What all downloads together receive"));
-    m_rate->setAccessibleName(m_rate->text());
     connect(m_rate, &QAbstractButton::clicked, this, &StatusBar::signalQueueClicked);
     layout->addWidget(m_rate);
 
@@ -129,6 +126,7 @@ StatusBar::StatusBar(QWidget* parent)
     m_tickTimer.setTimerType(Qt::PreciseTimer);
     connect(&m_diskTimer, &QTimer::timeout, this, &StatusBar::askDisk);
     m_diskTimer.start(diskIntervalMs);
+    showQueue({});
     tick();
     askDisk();
 }
@@ -138,6 +136,7 @@ void StatusBar::showQueue(const QueueWatch::Figures& figures)
     m_queue->setWords(QueueWatch::words(figures));
     m_queue->setToolTip(tr("Download queue: %1").arg(QueueWatch::allWords(figures)));
     m_queue->setAccessibleName(m_queue->toolTip());
+    showWords();
 }
 
 void StatusBar::showRecorders(int offline, int all)
@@ -146,35 +145,62 @@ void StatusBar::showRecorders(int offline, int all)
     m_offline->setWords(tr("%1 of %2 recorders offline").arg(offline).arg(all));
     m_offline->setToolTip(tr("Shows the recorder and why it is not logged in"));
     m_offline->setAccessibleName(m_offline->text());
+    showWords();
 }
 
 void StatusBar::tick()
 {
     constexpr int second = 1000;
-    const QDateTime now = QDateTime::currentDateTime();
-    m_clock->setText(now.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")) + QLatin1String("  ") + offsetText(now));
+    showClock();
     if (m_sinceRate.isValid() && m_sinceRate.elapsed() > rateHoldsMs) {
         m_sinceRate.invalidate();
         m_rateText = rateText(0);
-        m_rate->setWords(m_rateText + m_leftText);
-        m_rate->setAccessibleName(m_rate->text());
+        showWords();
     }
-    m_tickTimer.start(second - now.time().msec());
+    m_tickTimer.start(second - QTime::currentTime().msec());
 }
 
 void StatusBar::slotDownloadBitRate(qint64 kbitPerSecond)
 {
     m_sinceRate.start();
     m_rateText = rateText(double(kbitPerSecond) / 8000.0);
-    m_rate->setWords(m_rateText + m_leftText);
-    m_rate->setAccessibleName(m_rate->text());
+    showWords();
 }
 
 void StatusBar::slotDownloadTimeLeft(qint64 seconds)
 {
     m_leftText = seconds < 0 ? QString() : QStringLiteral(", ") + leftText(seconds);
-    m_rate->setWords(m_rateText + m_leftText);
-    m_rate->setAccessibleName(m_rate->text());
+    showWords();
+}
+
+/// Says all that there is room for: in a narrow window time left, size of the disk and date give way, in this order.
+/// Tool tips and accessible names always say it whole.
+void StatusBar::showWords()
+{
+    m_rate->setAccessibleName(m_rateText + m_leftText);
+    m_rate->setToolTip(tr("What all downloads together receive: %1").arg(m_rate->accessibleName()));
+    for (int omitted = 0; omitted <= mostOmitted; ++omitted) {
+        m_rate->setWords(omitted < 1 ? m_rateText + m_leftText : m_rateText);
+        m_disk->setWords(omitted < 2 ? m_diskWords : m_diskShortWords);
+        m_disk->setFraction(omitted < 2 ? m_diskFraction : -1);
+        m_showsDate = omitted < 3;
+        showClock();
+        if (layout()->sizeHint().width() <= width())
+            break;
+    }
+}
+
+void StatusBar::showClock()
+{
+    const QDateTime now = QDateTime::currentDateTime();
+    const QString format = m_showsDate ? QStringLiteral("yyyy-MM-dd HH:mm:ss") : QStringLiteral("HH:mm:ss");
+    m_clock->setText(now.toString(format) + QLatin1String("  ") + offsetText(now));
+}
+
+void StatusBar::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    showWords();
 }
 
 void StatusBar::askDisk()
@@ -207,21 +233,24 @@ void StatusBar::showDisk(const QString& name, qint64 freeBytes, qint64 totalByte
     if (totalBytes <= 0)
         return;
     const QString mount = name.endsWith(QLatin1Char(':')) ? name : name + QLatin1Char(':');
+    m_diskShortWords = tr("%1 %2 free").arg(mount, sizeText(freeBytes));
     QString words = tr("%1 %2 free of %3").arg(mount, sizeText(freeBytes), sizeText(totalBytes));
     vemo_base::Token tone = vemo_base::Token::Text2;
     if (freeBytes < emptyBytes) {
         tone = vemo_base::Token::Error;
         words += tr(", full: no download can start");
+        m_diskShortWords += tr(", full");
     } else if (freeBytes < lowBytes) {
         tone = vemo_base::Token::Warning;
         words += tr(", nearly full");
     }
     m_disk->setTone(tone);
-    m_disk->setFraction(double(totalBytes - freeBytes) / double(totalBytes));
-    m_disk->setWords(words);
+    m_diskFraction = double(totalBytes - freeBytes) / double(totalBytes);
+    m_diskWords = words;
     m_disk->setAccessibleName(words);
-    m_disk->setToolTip(
-        tr("Opens the folder of downloads: %1").arg(vemo_worker::SystemConfig::instance().getDownloadPath()));
+    m_disk->setToolTip(tr("%1\nOpens the folder of downloads: %2")
+                           .arg(words, vemo_worker::SystemConfig::instance().getDownloadPath()));
+    showWords();
 }
 
 void StatusBar::openDownloadFolder()

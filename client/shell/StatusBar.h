@@ -32,6 +32,7 @@ signals:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private slots:
     void slotDownloadBitRate(qint64 kbitPerSecond);
@@ -39,6 +40,8 @@ private slots:
 
 private:
     void tick();
+    void showWords();
+    void showClock();
     void askDisk();
     void showDisk(const QString& name, qint64 freeBytes, qint64 totalBytes);
     void openDownloadFolder();
@@ -48,8 +51,12 @@ private:
     QString m_rateText;
     QString m_leftText;
     StatusItem* m_disk = nullptr;
+    QString m_diskWords;
+    QString m_diskShortWords;
+    double m_diskFraction = -1;
     StatusItem* m_offline = nullptr;
     QLabel* m_clock = nullptr;
+    bool m_showsDate = true;
     QTimer m_tickTimer;
     QTimer m_diskTimer;
     QElapsedTimer m_sinceRate;
