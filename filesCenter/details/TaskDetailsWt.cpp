@@ -12,6 +12,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QEvent>
+#include <QFileInfo>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -93,6 +94,7 @@ public:
 private:
     QLayout* head();
     QLayout* buttons();
+    void openFolder();
     void connectVerifier();
 };
 
@@ -172,8 +174,7 @@ QLayout* TaskDetailsWt::Private::buttons()
                                            QLatin1Char('\n'));
         showMessage(tr("Copied as a line that \"sha256sum -c\" reads."), Token::Text2);
     });
-    connect(folder, &QPushButton::clicked, q,
-            [this] { VCOMMON::ToolsCollection::openFolderAndSelectFile(task.savePath); });
+    connect(folder, &QPushButton::clicked, q, [this] { openFolder(); });
     auto* row = new QHBoxLayout;
     row->setSpacing(8);
     row->addWidget(verify);
@@ -181,6 +182,16 @@ QLayout* TaskDetailsWt::Private::buttons()
     row->addWidget(folder);
     row->addStretch(1);
     return row;
+}
+
+void TaskDetailsWt::Private::openFolder()
+{
+    if (QFileInfo(task.savePath).isFile())
+        VCOMMON::ToolsCollection::openFolderAndSelectFile(task.savePath);
+    else if (task.state == vemo_data::TaskSucceeded)
+        showMessage(tr("The file is not there any more: it was deleted, moved or renamed."), Token::Error);
+    else
+        showMessage(tr("There is no file yet."), Token::Text2);
 }
 
 void TaskDetailsWt::Private::connectVerifier()
