@@ -154,7 +154,10 @@ int main(int argc, char* argv[])
             data.getPage(pageSize, 1);
         }));
         pages.push_back(timed([&] { data.getPage(pageSize, data.filteredCount() / pageSize); }));
-        weeks.push_back(timed([&] { records = ask(weekEnd.addDays(-7), weekEnd); }));
+        weeks.push_back(timed([&] {
+            data.setRecordings(ask(weekEnd.addDays(-7), weekEnd));
+            data.getPage(pageSize, 1);
+        }));
         snapshots.push_back(timed(
             [&] { LocalSnapImageIndexes::instance().getLocalSnapImageIndexesInfo(weekEnd.addDays(-7), weekEnd); }));
         shellAll.push_back(shell(QStringLiteral("SELECT * FROM local_recordings ORDER BY begin_utc_ms")));
@@ -168,7 +171,7 @@ int main(int argc, char* argv[])
     print("recordings: all answered, sorted, first page", firstPages);
     print("recordings: filtered, first page", filters);
     print("recordings: page changed", pages);
-    print("recordings: a week answered", weeks);
+    print("recordings: a week answered, sorted, first page", weeks);
     print("snapshots: a week answered", snapshots);
     print("sqlite3 shell: all", shellAll);
     print("sqlite3 shell: a week", shellWeek);
