@@ -10,6 +10,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QMap>
 #include <QSignalSpy>
 #include <QtEndian>
 
@@ -22,6 +23,15 @@ QByteArray box(const QByteArray& type, const QByteArray& payload)
     QByteArray size(4, '\0');
     qToBigEndian<quint32>(static_cast<quint32>(payload.size() + 8), size.data());
     return size + type + payload;
+}
+
+/// Zeroes but for numbers of 32 bits at these places.
+QByteArray numbers(int size, const QMap<int, quint32>& values)
+{
+    QByteArray bytes(size, '\0');
+    for (auto value = values.cbegin(); value != values.cend(); ++value)
+        qToBigEndian<quint32>(value.value(), bytes.data() + value.key());
+    return bytes;
 }
 
 QByteArray tag(const QByteArray& name, const QByteArray& text)
@@ -104,8 +114,10 @@ QString QueueWorld::writeRecording(const QString& path, const QDateTime& begin, 
     QByteArray tags = tag("com.vemo.start", utc(begin));
     if (end.isValid())
         tags += tag("com.vemo.end", utc(end));
-    const QByteArray movie =
-        box("mvhd", QByteArray(100, '\0')) + box("udta", box("meta", QByteArray(4, '\0') + box("ilst", tags)));
+    const qint64 lengthMs = end.isValid() ? begin.msecsTo(end) : 1000;
+    const QByteArray track = box("tkhd", numbers(84, {{12, 1}})) + box("mdia", box("mdhd", numbers(24, {{12, 1000}})));
+    const QByteArray movie = box("mvhd", numbers(100, {{12, 1000}, {16, static_cast<quint32>(lengthMs)}})) +
+                             box("trak", track) + box("udta", box("meta", QByteArray(4, '\0') + box("ilst", tags)));
     QFile file(path);
     const QByteArray bytes = box("ftyp", "isom") + box("mdat", QByteArray(500, 'm')) + box("moov", movie);
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
