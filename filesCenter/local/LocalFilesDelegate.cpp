@@ -4,9 +4,12 @@
 
 #include <StylePainter.h>
 
+#include <QAbstractItemView>
 #include <QFileSystemModel>
+#include <QHelpEvent>
 #include <QPainter>
 #include <QPainterPath>
+#include <QToolTip>
 #include <QWidget>
 
 namespace vemo_filesCenter {
@@ -27,6 +30,7 @@ constexpr int namePixels = 12;
 constexpr int lineHeight = 16;
 constexpr double radius = 8;
 constexpr double pictureRadius = 4;
+constexpr QPoint tipOffset{2, 12}; // by which the system moves a tip off the pointer
 constexpr int badgeExtent = 26;
 constexpr double badgeGround = 0.72;
 
@@ -98,6 +102,16 @@ QStringList LocalFilesDelegate::nameLines(const QString& name, const QFontMetric
                    ? fits * width / metrics.horizontalAdvance(text.left(fits))
                    : fits - 1;
     return {text.left(fits), metrics.elidedText(text.mid(fits), Qt::ElideMiddle, width)};
+}
+
+bool LocalFilesDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                                   const QModelIndex& index)
+{
+    if (!index.isValid() || event->type() != QEvent::ToolTip)
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    const QPoint below = view->viewport()->mapToGlobal(option.rect.bottomLeft() + QPoint(sideMargin, -edgeMargin));
+    QToolTip::showText(below - tipOffset, index.data(Qt::ToolTipRole).toString(), view->viewport(), option.rect);
+    return true;
 }
 
 void LocalFilesDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const

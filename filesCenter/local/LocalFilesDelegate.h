@@ -25,6 +25,9 @@ public:
     /// invisible or turn the text around are replaced.
     static QStringList nameLines(const QString& name, const QFontMetrics& metrics, int width);
 
+    /// The whole name, below the cell.
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override;
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 

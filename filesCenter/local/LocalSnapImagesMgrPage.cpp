@@ -11,9 +11,7 @@
 #include <Icons.h>
 #include <LocalSnapImageIndexes.h>
 #include <PageHeader.h>
-#include <StylePainter.h>
 #include <SystemAssistant.h>
-#include <Theme.h>
 #include <VMessageBox.h>
 
 #include <QScrollBar>
@@ -30,7 +28,6 @@ namespace {
 constexpr int daysShownAtFirst = 7;
 constexpr qint64 longestSpanSeconds = 2678400; // 31 days
 constexpr int separatorHeight = 24;
-constexpr int scrollStep = 48;
 constexpr int questionBeforeDeed = 3;
 constexpr int answerYes = 1;
 
@@ -70,9 +67,6 @@ void LocalSnapImagesMgrPage::setUpControls()
     m_ui->timeRangeLabel->setForegroundRole(QPalette::PlaceholderText);
     m_ui->separator->setForegroundRole(QPalette::Mid);
     m_ui->separator->setFixedHeight(separatorHeight);
-    m_ui->scrollArea->setPalette(vemo_base::Theme::palette(vemo_base::ThemeMode::Dark));
-    m_ui->scrollArea->viewport()->setAutoFillBackground(false);
-    m_ui->scrollArea->verticalScrollBar()->setSingleStep(scrollStep);
 
     const QDate today = QDate::currentDate();
     m_ui->timeRange->setUsingYearInTimeSpaceDescription(false);
