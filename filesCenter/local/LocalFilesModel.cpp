@@ -32,6 +32,8 @@ LocalFilesModel::LocalFilesModel(FileIconProvider* icons, QObject* parent)
 
 QModelIndex LocalFilesModel::openFolder(const QString& path)
 {
+    if (path == rootPath())
+        setRootPath(QString()); // or else a folder that was removed and made anew is not looked at
     const QModelIndex root = setRootPath(path);
     // Makes the model look at every file of the folder anew.
     setFilter(QDir::AllEntries);

@@ -11,6 +11,8 @@
 #include <QStringList>
 #include <QWidget>
 
+#include <functional>
+
 /// A page without a person: a store and files of its own, alerts and questions noted and answered.
 class LocalPageWorld final
 {
@@ -23,6 +25,8 @@ public:
             [this](const QString&, const QString& text) { alerts.append(text); });
         vemo_base::VMessageBox::setAnswerer([this](const QString& text) {
             questions.append(text);
+            if (whileAsked)
+                whileAsked();
             return answer;
         });
         VCOMMON::VFileDialog::setAnswerer([this](const VCOMMON::VFileDialog::Request& request) {
@@ -59,5 +63,6 @@ public:
     QStringList questions;
     QStringList filters; ///< of the file dialogs
     int answer = 1;
+    std::function<void()> whileAsked;
     QString chosen; ///< in the file dialogs
 };
