@@ -127,6 +127,18 @@ void tst_CliParser::refusesWhatMakesNoSense_data()
     QTest::newRow("search has no out") << (command(QStringLiteral("search"), {})
                                            << QStringLiteral("--out") << QStringLiteral("x"))
                                        << QStringLiteral("out");
+
+    const auto local = [&program](const char* arguments) {
+        return QStringList{program, QStringLiteral("local")} + QString::fromLatin1(arguments).split(QLatin1Char(' '));
+    };
+    QTest::newRow("local files of no kind")
+        << local("films list") << QStringLiteral("neither recordings nor snapshots");
+    QTest::newRow("nothing to do with them") << local("snapshots") << QStringLiteral("What to do");
+    QTest::newRow("deleting nothing chosen") << local("recordings delete --yes") << QStringLiteral("--all");
+    QTest::newRow("all and some") << local("recordings delete --yes --all --channel x") << QStringLiteral("--all");
+    QTest::newRow("deleting unasked") << local("recordings delete --all") << QStringLiteral("--yes is missing");
+    QTest::newRow("saving nowhere") << local("snapshots save-as --all") << QStringLiteral("--to is missing");
+    QTest::newRow("listing no time") << local("recordings list --begin noon") << QStringLiteral("is not a time");
 }
 
 void tst_CliParser::refusesWhatMakesNoSense()
