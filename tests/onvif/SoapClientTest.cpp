@@ -321,7 +321,8 @@ void SoapClientTest::judgesTheCertificateBeforeAnyLogin()
     QFETCH(bool, isAccepted);
     if (!QSslSocket::supportsSsl())
         QSKIP("Qt was built without TLS");
-    const TestCertificate certificate = TestCertificate::make("recorder", isForTheAddress, validDays);
+    const TestCertificate certificate =
+        TestCertificate::make(isForTheAddress ? QStringLiteral("127.0.0.1") : QStringLiteral("recorder"), validDays);
     OnvifFake device;
     device.useTls(certificate.serverConfiguration());
     TlsPolicy tls;

@@ -3,6 +3,8 @@
 
 #include <QTest>
 
+#include <functional>
+
 using namespace rtptest;
 using namespace vms_sdk;
 using namespace vms_sdk::rtsp;
@@ -42,6 +44,35 @@ void compareWithSent(const ScriptedRecorder& recorder, const StreamLog& log, int
     }
 }
 
+/// A replay from a recorder that follows a script; the request may be changed before it is started.
+struct Replay
+{
+    explicit Replay(const Script& script, int pictures = 50, const std::function<void(ReplayRequest*)>& change = {})
+        : recorder(script)
+        , client([&] {
+            ReplayRequest request = requestTo(recorder, pictures);
+            if (change)
+                change(&request);
+            return request;
+        }())
+        , log(client)
+    {}
+
+    bool isStartedAndEnds()
+    {
+        client.start();
+        return ends();
+    }
+    bool ends()
+    {
+        return QTest::qWaitFor([this] { return log.hasEnded(); }, waitMs);
+    }
+
+    ScriptedRecorder recorder;
+    ReplayClient client;
+    StreamLog log;
+};
+
 } // namespace
 
 class ReplayClientTest final : public QObject
@@ -57,16 +88,14 @@ private slots:
     void logsIn();
     void carriesNoLoginToAnotherHost();
     void followsNoRedirectsWithoutEnd();
-    void asksPlainlyWhereReplayIsUnknown();
-    void readsAnswersInAnyPieces();
+    void playsWholeFromOddRecorders_data();
+    void playsWholeFromOddRecorders();
     void stopsReadingWithoutCredit();
     void pausesAndGoesOn_data();
     void pausesAndGoesOn();
     void staysAliveWhilePaused();
     void saysNothingAfterStop();
     void mayBeStoppedFromItsOwnSignal();
-    void findsItsTimesWithoutTheExtension();
-    void playsWithoutSoundWhenItIsRefused();
     void changesItsSpeed();
     void endsWhenTheSessionIsForgotten();
     void tellsWhyThereIsNoConnection_data();
@@ -106,20 +135,17 @@ void ReplayClientTest::tellsHowTheRecordingEnded()
     QFETCH(int, error);
     Script script;
     script.end = static_cast<StreamEnd>(how);
-    ScriptedRecorder recorder(script);
-    ReplayClient client(requestTo(recorder, asked));
-    StreamLog log(client);
-    client.start();
-    QTRY_VERIFY_WITH_TIMEOUT(log.hasEnded(), waitMs);
-    QCOMPARE(log.order, QByteArray("pde"));
-    QCOMPARE(static_cast<int>(log.end), end);
-    QCOMPARE(static_cast<int>(log.error.kind), error);
+    Replay replay(script, asked);
+    QVERIFY(replay.isStartedAndEnds());
+    QCOMPARE(replay.log.order, QByteArray("pde"));
+    QCOMPARE(static_cast<int>(replay.log.end), end);
+    QCOMPARE(static_cast<int>(replay.log.error.kind), error);
     if (error != 0)
-        QVERIFY2(log.error.message.contains(QStringLiteral("127.0.0.1")), "the sentence names no host");
-    compareWithSent(recorder, log, 50);
-    QCOMPARE(recorder.last("SETUP").header("Require"), QByteArray("onvif-replay"));
-    QCOMPARE(recorder.last("PLAY").header("Rate-Control"), QByteArray("no"));
-    QVERIFY(recorder.last("PLAY").header("Range").startsWith("clock=20231114T221320.000Z-20231114T2213"));
+        QVERIFY2(replay.log.error.message.contains(QStringLiteral("127.0.0.1")), "the sentence names no host");
+    compareWithSent(replay.recorder, replay.log, 50);
+    QCOMPARE(replay.recorder.last("SETUP").header("Require"), QByteArray("onvif-replay"));
+    QCOMPARE(replay.recorder.last("PLAY").header("Rate-Control"), QByteArray("no"));
+    QVERIFY(replay.recorder.last("PLAY").header("Range").startsWith("clock=20231114T221320.000Z-20231114T2213"));
 }
 
 void ReplayClientTest::keepsFailuresApart_data()
@@ -176,17 +202,14 @@ void ReplayClientTest::keepsFailuresApart()
     QFETCH(Script, script);
     QFETCH(int, kind);
     QFETCH(QString, text);
-    ScriptedRecorder recorder(script);
-    ReplayClient client(requestTo(recorder));
-    StreamLog log(client);
-    client.start();
-    QTRY_VERIFY_WITH_TIMEOUT(log.hasEnded(), waitMs);
-    QCOMPARE(static_cast<int>(log.end), static_cast<int>(ReplayEnd::Failed));
-    QCOMPARE(static_cast<int>(log.error.kind), kind);
-    QVERIFY2(log.error.message.contains(text) && log.error.message.contains(QStringLiteral("127.0.0.1")),
-             qPrintable(log.error.message));
-    QVERIFY(!log.error.message.contains(QStringLiteral("s3cret")) &&
-            !log.error.context.contains(QStringLiteral("s3cret")));
+    Replay replay(script);
+    QVERIFY(replay.isStartedAndEnds());
+    QCOMPARE(static_cast<int>(replay.log.end), static_cast<int>(ReplayEnd::Failed));
+    QCOMPARE(static_cast<int>(replay.log.error.kind), kind);
+    QVERIFY2(replay.log.error.message.contains(text) && replay.log.error.message.contains(QStringLiteral("127.0.0.1")),
+             qPrintable(replay.log.error.message));
+    QVERIFY(!replay.log.error.message.contains(QStringLiteral("s3cret")) &&
+            !replay.log.error.context.contains(QStringLiteral("s3cret")));
 }
 
 void ReplayClientTest::logsIn_data()
@@ -215,17 +238,14 @@ void ReplayClientTest::logsIn()
     Script script;
     script.challenges = challenges;
     script.challengeForEver = forEver;
-    ScriptedRecorder recorder(script);
-    ReplayClient client(requestTo(recorder));
-    StreamLog log(client);
-    client.start();
-    QTRY_VERIFY_WITH_TIMEOUT(log.hasEnded(), waitMs);
-    QCOMPARE(log.end == ReplayEnd::EndOfRecording, good);
-    QCOMPARE(log.error.kind == ErrorKind::LoginRefused, !good);
-    QCOMPARE(recorder.count("OPTIONS"), connectionsAndTries);
+    Replay replay(script);
+    QVERIFY(replay.isStartedAndEnds());
+    QCOMPARE(replay.log.end == ReplayEnd::EndOfRecording, good);
+    QCOMPARE(replay.log.error.kind == ErrorKind::LoginRefused, !good);
+    QCOMPARE(replay.recorder.count("OPTIONS"), connectionsAndTries);
     if (good)
-        QVERIFY2(!recorder.last("PLAY").header("Authorization").isEmpty(), "the login is not sent along");
-    for (const RtspMessage& request : recorder.requests)
+        QVERIFY2(!replay.recorder.last("PLAY").header("Authorization").isEmpty(), "the login is not sent along");
+    for (const RtspMessage& request : replay.recorder.requests)
         QVERIFY(!request.serialized().contains("s3cret") && !request.header("Authorization").startsWith("Basic"));
 }
 
@@ -236,16 +256,13 @@ void ReplayClientTest::carriesNoLoginToAnotherHost()
     second.challengeForEver = true;
     ScriptedRecorder other(second);
     Script first;
-    first.challenges = {"Digest realm=\"r\", nonce=\"1\""};
+    first.challenges = second.challenges;
     first.redirectTo = requestTo(other).url.toEncoded().replace("127.0.0.1", "localhost");
-    ScriptedRecorder recorder(first);
-    ReplayClient client(requestTo(recorder));
-    StreamLog log(client);
-    client.start();
-    QTRY_VERIFY_WITH_TIMEOUT(log.hasEnded(), waitMs);
+    Replay replay(first);
+    QVERIFY(replay.isStartedAndEnds());
     QCOMPARE(other.connections, 1);
-    QCOMPARE(static_cast<int>(log.error.kind), static_cast<int>(ErrorKind::LoginRefused));
-    QVERIFY(log.error.message.contains(QStringLiteral("localhost")));
+    QCOMPARE(static_cast<int>(replay.log.error.kind), static_cast<int>(ErrorKind::LoginRefused));
+    QVERIFY(replay.log.error.message.contains(QStringLiteral("localhost")));
     for (const RtspMessage& request : other.requests)
         QVERIFY2(!request.hasHeader("Authorization"), "the login went to another host");
 }
@@ -255,54 +272,60 @@ void ReplayClientTest::followsNoRedirectsWithoutEnd()
     ScriptedRecorder target{Script()};
     Script script;
     script.redirectTo = target.url().toEncoded();
-    ScriptedRecorder recorder(script);
-    ReplayClient client(requestTo(recorder));
-    StreamLog log(client);
-    client.start();
-    QTRY_VERIFY_WITH_TIMEOUT(log.hasEnded(), waitMs);
-    QCOMPARE(static_cast<int>(log.end), static_cast<int>(ReplayEnd::EndOfRecording));
-    compareWithSent(target, log, 50);
+    Replay replay(script);
+    QVERIFY(replay.isStartedAndEnds());
+    QCOMPARE(static_cast<int>(replay.log.end), static_cast<int>(ReplayEnd::EndOfRecording));
+    compareWithSent(target, replay.log, 50);
 
-    Script loop;
-    loop.redirectTo = "/replay?again";
-    ScriptedRecorder endless(loop);
-    ReplayClient lost(requestTo(endless));
-    StreamLog lostLog(lost);
-    lost.start();
-    QTRY_VERIFY_WITH_TIMEOUT(lostLog.hasEnded(), waitMs);
-    QCOMPARE(static_cast<int>(lostLog.error.kind), static_cast<int>(ErrorKind::Refused));
-    QVERIFY(lostLog.error.message.contains(QStringLiteral("5 times")));
-    QCOMPARE(endless.connections, 6);
+    script.redirectTo = "/replay?again";
+    Replay lost(script);
+    QVERIFY(lost.isStartedAndEnds());
+    QCOMPARE(static_cast<int>(lost.log.error.kind), static_cast<int>(ErrorKind::Refused));
+    QVERIFY(lost.log.error.message.contains(QStringLiteral("5 times")));
+    QCOMPARE(lost.recorder.connections, 6);
 }
 
-void ReplayClientTest::asksPlainlyWhereReplayIsUnknown()
+void ReplayClientTest::playsWholeFromOddRecorders_data()
 {
-    Script script;
-    script.knowsReplay = false;
-    ScriptedRecorder recorder(script);
-    ReplayClient client(requestTo(recorder));
-    StreamLog log(client);
-    client.start();
-    QTRY_VERIFY_WITH_TIMEOUT(log.hasEnded(), waitMs);
-    QCOMPARE(static_cast<int>(log.end), static_cast<int>(ReplayEnd::EndOfRecording));
-    QVERIFY(!recorder.last("PLAY").hasHeader("Require") && !recorder.last("PLAY").hasHeader("Rate-Control"));
-    QVERIFY(recorder.last("PLAY").hasHeader("Range"));
-}
-
-void ReplayClientTest::readsAnswersInAnyPieces()
-{
-    for (const int piece : {1, 3, 1'001}) {
+    QTest::addColumn<Script>("script");
+    QTest::addColumn<int>("setups");
+    QTest::addColumn<bool>("asksForReplay");
+    const auto row = [](const char* name, const std::function<void(Script*)>& change, int setups = 1,
+                        bool asksForReplay = true) {
         Script script;
-        script.piecesOf = piece;
-        script.pictures = 10;
-        script.challenges = {"Digest realm=\"r\", nonce=\"1\""};
-        ScriptedRecorder recorder(script);
-        ReplayClient client(requestTo(recorder, 10));
-        StreamLog log(client);
-        client.start();
-        QTRY_VERIFY_WITH_TIMEOUT(log.hasEnded(), waitMs);
-        compareWithSent(recorder, log, 10);
+        change(&script);
+        QTest::newRow(name) << script << setups << asksForReplay;
+    };
+    row(
+        "knows no replay", [](Script* script) { script->knowsReplay = false; }, 2, false);
+    row("tells times in reports only", [](Script* script) {
+        script->withoutTimes = true;
+        script->end = StreamEnd::Bye;
+    });
+    row(
+        "refuses the sound that it offers", [](Script* script) { script->offersSound = true; }, 2);
+    for (const int piece : {1, 3, 1'001}) {
+        row(qPrintable(QStringLiteral("answers in pieces of %1").arg(piece)), [piece](Script* script) {
+            script->piecesOf = piece;
+            script->challenges = {"Digest realm=\"r\", nonce=\"1\""};
+        });
     }
+}
+
+void ReplayClientTest::playsWholeFromOddRecorders()
+{
+    QFETCH(Script, script);
+    QFETCH(int, setups);
+    QFETCH(bool, asksForReplay);
+    Replay replay(script);
+    QVERIFY(replay.isStartedAndEnds());
+    QCOMPARE(static_cast<int>(replay.log.end), static_cast<int>(ReplayEnd::EndOfRecording));
+    compareWithSent(replay.recorder, replay.log, 50);
+    QCOMPARE(replay.client.lastTimeNs(), ScriptedRecorder::beginNs + 49 * ScriptedRecorder::frameNs);
+    QCOMPARE(replay.recorder.count("SETUP"), setups);
+    const RtspMessage play = replay.recorder.last("PLAY");
+    QVERIFY(play.hasHeader("Range"));
+    QCOMPARE(play.hasHeader("Require") || play.hasHeader("Rate-Control"), asksForReplay);
 }
 
 void ReplayClientTest::stopsReadingWithoutCredit()
@@ -311,25 +334,23 @@ void ReplayClientTest::stopsReadingWithoutCredit()
     script.pictures = 400;
     script.pictureBytes = 20'000;
     script.picturesAtOnce = 20;
-    ScriptedRecorder recorder(script);
-    ReplayRequest request = requestTo(recorder, 400);
-    request.creditBytes = 300'000;
-    request.endNs = 0;
-    ReplayClient client(request);
-    StreamLog log(client);
-    log.consumes = false;
-    client.start();
-    QTRY_VERIFY_WITH_TIMEOUT(log.outstandingBytes >= 300'000, waitMs);
+    Replay replay(script, 400, [](ReplayRequest* request) {
+        request->creditBytes = 300'000;
+        request->endNs = 0;
+    });
+    replay.log.consumes = false;
+    replay.client.start();
+    QTRY_VERIFY_WITH_TIMEOUT(replay.log.outstandingBytes >= 300'000, waitMs);
     QTest::qWait(1'000); // longer than the silence that would be a fault
-    QVERIFY2(log.outstandingBytes < 300'000 + 2 * 64 * 1024, "more was signalled than the credit allows");
-    QVERIFY2(client.bytesReceived() < 2'000'000, "the socket was read although the credit was used up");
-    QVERIFY(!log.hasEnded());
-    log.consumes = true;
-    client.returnCredit(log.outstandingBytes);
-    log.outstandingBytes = 0;
-    QTRY_VERIFY_WITH_TIMEOUT(log.hasEnded(), waitMs);
-    QCOMPARE(static_cast<int>(log.end), static_cast<int>(ReplayEnd::EndOfRecording));
-    compareWithSent(recorder, log, 400);
+    QVERIFY2(replay.log.outstandingBytes < 300'000 + 2 * 64 * 1024, "more was signalled than the credit allows");
+    QVERIFY2(replay.client.bytesReceived() < 2'000'000, "the socket was read although the credit was used up");
+    QVERIFY(!replay.log.hasEnded());
+    replay.log.consumes = true;
+    replay.client.returnCredit(replay.log.outstandingBytes);
+    replay.log.outstandingBytes = 0;
+    QVERIFY(replay.ends());
+    QCOMPARE(static_cast<int>(replay.log.end), static_cast<int>(ReplayEnd::EndOfRecording));
+    compareWithSent(replay.recorder, replay.log, 400);
 }
 
 void ReplayClientTest::pausesAndGoesOn_data()
@@ -351,22 +372,18 @@ void ReplayClientTest::pausesAndGoesOn()
     script.resumeNeedsRange = resumeNeedsRange;
     if (pauseUnknown)
         script.refusals.insert("PAUSE", 501);
-    ScriptedRecorder recorder(script);
-    ReplayRequest request = requestTo(recorder, 120);
-    request.rateControl = true;
-    ReplayClient client(request);
-    StreamLog log(client);
-    client.start();
-    QTRY_VERIFY_WITH_TIMEOUT(log.batches.frames.size() > 30, waitMs);
-    client.pause();
-    QTRY_VERIFY_WITH_TIMEOUT(recorder.count("PAUSE") == 1, waitMs);
+    Replay replay(script, 120, [](ReplayRequest* request) { request->rateControl = true; });
+    replay.client.start();
+    QTRY_VERIFY_WITH_TIMEOUT(replay.log.batches.frames.size() > 30, waitMs);
+    replay.client.pause();
+    QTRY_VERIFY_WITH_TIMEOUT(replay.recorder.count("PAUSE") == 1, waitMs);
     QTest::qWait(600); // longer than the silence that would be a fault
-    const std::size_t before = log.batches.frames.size();
-    QVERIFY(!log.hasEnded() && before < 100);
-    client.resume();
-    QTRY_VERIFY_WITH_TIMEOUT(log.hasEnded(), waitMs);
-    QCOMPARE(static_cast<int>(log.end), static_cast<int>(ReplayEnd::EndOfRecording));
-    compareWithSent(recorder, log, 120);
+    const std::size_t before = replay.log.batches.frames.size();
+    QVERIFY(!replay.log.hasEnded() && before < 100);
+    replay.client.resume();
+    QVERIFY(replay.ends());
+    QCOMPARE(static_cast<int>(replay.log.end), static_cast<int>(ReplayEnd::EndOfRecording));
+    compareWithSent(replay.recorder, replay.log, 120);
 }
 
 void ReplayClientTest::staysAliveWhilePaused()
@@ -375,14 +392,12 @@ void ReplayClientTest::staysAliveWhilePaused()
     script.sessionTimeoutS = 2;
     script.pictures = 1'000;
     script.picturesAtOnce = 5;
-    ScriptedRecorder recorder(script);
-    ReplayClient client(requestTo(recorder, 1'000));
-    StreamLog log(client);
-    client.start();
-    QTRY_VERIFY_WITH_TIMEOUT(!log.order.isEmpty(), waitMs);
-    client.pause();
-    QTRY_COMPARE_WITH_TIMEOUT(recorder.count("GET_PARAMETER"), 2, waitMs);
-    QCOMPARE(recorder.last("GET_PARAMETER").header("Session"), QByteArray("s1"));
+    Replay replay(script, 1'000);
+    replay.client.start();
+    QTRY_VERIFY_WITH_TIMEOUT(!replay.log.order.isEmpty(), waitMs);
+    replay.client.pause();
+    QTRY_COMPARE_WITH_TIMEOUT(replay.recorder.count("GET_PARAMETER"), 2, waitMs);
+    QCOMPARE(replay.recorder.last("GET_PARAMETER").header("Session"), QByteArray("s1"));
 }
 
 void ReplayClientTest::saysNothingAfterStop()
@@ -390,61 +405,29 @@ void ReplayClientTest::saysNothingAfterStop()
     Script script;
     script.pictures = 1'000;
     script.picturesAtOnce = 5;
-    ScriptedRecorder recorder(script);
-    ReplayClient client(requestTo(recorder, 1'000));
-    StreamLog log(client);
-    client.start();
-    QTRY_VERIFY_WITH_TIMEOUT(!log.batches.frames.empty(), waitMs);
-    client.stop();
-    const QByteArray order = log.order;
-    const std::size_t frames = log.batches.frames.size();
-    QTRY_COMPARE_WITH_TIMEOUT(recorder.count("TEARDOWN"), 1, waitMs);
+    Replay replay(script, 1'000);
+    replay.client.start();
+    QTRY_VERIFY_WITH_TIMEOUT(!replay.log.batches.frames.empty(), waitMs);
+    replay.client.stop();
+    const QByteArray order = replay.log.order;
+    const std::size_t frames = replay.log.batches.frames.size();
+    QTRY_COMPARE_WITH_TIMEOUT(replay.recorder.count("TEARDOWN"), 1, waitMs);
     QTest::qWait(100);
-    QCOMPARE(log.order, order);
-    QCOMPARE(log.batches.frames.size(), frames);
+    QCOMPARE(replay.log.order, order);
+    QCOMPARE(replay.log.batches.frames.size(), frames);
 }
 
 void ReplayClientTest::mayBeStoppedFromItsOwnSignal()
 {
     Script script;
     script.pictureBytes = 30'000;
-    ScriptedRecorder recorder(script);
-    ReplayClient client(requestTo(recorder));
-    StreamLog log(client);
-    connect(&client, &ReplayClient::packets, &client, [&client] { client.stop(); });
-    client.start();
-    QTRY_COMPARE_WITH_TIMEOUT(recorder.count("TEARDOWN"), 1, waitMs);
+    Replay replay(script);
+    connect(&replay.client, &ReplayClient::packets, &replay.client, [&replay] { replay.client.stop(); });
+    replay.client.start();
+    QTRY_COMPARE_WITH_TIMEOUT(replay.recorder.count("TEARDOWN"), 1, waitMs);
     QTest::qWait(50);
-    QCOMPARE(log.order, QByteArray("pd"));
-    QCOMPARE(log.batches.batchBytes.size(), std::size_t(1));
-}
-
-void ReplayClientTest::findsItsTimesWithoutTheExtension()
-{
-    Script script;
-    script.withoutTimes = true;
-    script.end = StreamEnd::Bye;
-    ScriptedRecorder recorder(script);
-    ReplayClient client(requestTo(recorder));
-    StreamLog log(client);
-    client.start();
-    QTRY_VERIFY_WITH_TIMEOUT(log.hasEnded(), waitMs);
-    compareWithSent(recorder, log, 50);
-    QCOMPARE(client.lastTimeNs(), ScriptedRecorder::beginNs + 49 * ScriptedRecorder::frameNs);
-}
-
-void ReplayClientTest::playsWithoutSoundWhenItIsRefused()
-{
-    Script script;
-    script.offersSound = true;
-    ScriptedRecorder recorder(script);
-    ReplayClient client(requestTo(recorder));
-    StreamLog log(client);
-    client.start();
-    QTRY_VERIFY_WITH_TIMEOUT(log.hasEnded(), waitMs);
-    QCOMPARE(recorder.count("SETUP"), 2);
-    QCOMPARE(static_cast<int>(log.end), static_cast<int>(ReplayEnd::EndOfRecording));
-    compareWithSent(recorder, log, 50);
+    QCOMPARE(replay.log.order, QByteArray("pd"));
+    QCOMPARE(replay.log.batches.batchBytes.size(), std::size_t(1));
 }
 
 void ReplayClientTest::changesItsSpeed()
@@ -452,22 +435,18 @@ void ReplayClientTest::changesItsSpeed()
     Script script;
     script.pictures = 200;
     script.picturesAtOnce = 2;
-    ScriptedRecorder recorder(script);
-    ReplayRequest request = requestTo(recorder, 200);
-    request.rateControl = true;
-    ReplayClient client(request);
-    StreamLog log(client);
-    client.start();
-    QTRY_VERIFY_WITH_TIMEOUT(log.batches.frames.size() > 10, waitMs);
-    QVERIFY(!recorder.last("PLAY").hasHeader("Scale"));
-    client.setScale(4);
-    QTRY_COMPARE_WITH_TIMEOUT(recorder.count("PLAY"), 2, waitMs);
-    QCOMPARE(recorder.last("PLAY").header("Scale"), QByteArray("4.000"));
-    client.setScale(0);
-    QTRY_COMPARE_WITH_TIMEOUT(recorder.count("PLAY"), 3, waitMs);
-    QCOMPARE(recorder.last("PLAY").header("Rate-Control"), QByteArray("no"));
-    QTRY_VERIFY_WITH_TIMEOUT(log.hasEnded(), waitMs);
-    compareWithSent(recorder, log, 200);
+    Replay replay(script, 200, [](ReplayRequest* request) { request->rateControl = true; });
+    replay.client.start();
+    QTRY_VERIFY_WITH_TIMEOUT(replay.log.batches.frames.size() > 10, waitMs);
+    QVERIFY(!replay.recorder.last("PLAY").hasHeader("Scale"));
+    replay.client.setScale(4);
+    QTRY_COMPARE_WITH_TIMEOUT(replay.recorder.count("PLAY"), 2, waitMs);
+    QCOMPARE(replay.recorder.last("PLAY").header("Scale"), QByteArray("4.000"));
+    replay.client.setScale(0);
+    QTRY_COMPARE_WITH_TIMEOUT(replay.recorder.count("PLAY"), 3, waitMs);
+    QCOMPARE(replay.recorder.last("PLAY").header("Rate-Control"), QByteArray("no"));
+    QVERIFY(replay.ends());
+    compareWithSent(replay.recorder, replay.log, 200);
 }
 
 void ReplayClientTest::endsWhenTheSessionIsForgotten()
@@ -477,13 +456,10 @@ void ReplayClientTest::endsWhenTheSessionIsForgotten()
     script.pictures = 100'000;
     script.picturesAtOnce = 1;
     script.refusals.insert("GET_PARAMETER", 454);
-    ScriptedRecorder recorder(script);
-    ReplayClient client(requestTo(recorder, 100'000));
-    StreamLog log(client);
-    client.start();
-    QTRY_VERIFY_WITH_TIMEOUT(log.hasEnded(), waitMs);
-    QCOMPARE(static_cast<int>(log.end), static_cast<int>(ReplayEnd::Broken));
-    QCOMPARE(static_cast<int>(log.error.kind), static_cast<int>(ErrorKind::BrokenOff));
+    Replay replay(script, 100'000);
+    QVERIFY(replay.isStartedAndEnds());
+    QCOMPARE(static_cast<int>(replay.log.end), static_cast<int>(ReplayEnd::Broken));
+    QCOMPARE(static_cast<int>(replay.log.error.kind), static_cast<int>(ErrorKind::BrokenOff));
 }
 
 void ReplayClientTest::tellsWhyThereIsNoConnection_data()

@@ -13,16 +13,6 @@ namespace {
 
 constexpr int waitMs = 10'000;
 
-QSslConfiguration serverConfiguration(const TestCertificate& made, QSsl::SslProtocol protocol)
-{
-    QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
-    configuration.setLocalCertificate(made.certificate);
-    configuration.setPrivateKey(made.key);
-    configuration.setProtocol(protocol);
-    configuration.setPeerVerifyMode(QSslSocket::VerifyNone);
-    return configuration;
-}
-
 ReplayRequest requestTo(const ScriptedRecorder& recorder, const QString& host)
 {
     ReplayRequest request;
@@ -47,6 +37,9 @@ private slots:
     void judgesThePeerBeforeAByteIsSent();
     void sendsBasicOverTlsOnly();
     void isNotLedFromTlsToTheOpen();
+
+private:
+    void play(const Script& script, const std::function<void(ScriptedRecorder&, StreamLog&)>& check);
 };
 
 void ReplayClientTlsTest::judgesThePeerBeforeAByteIsSent_data()
@@ -84,10 +77,10 @@ void ReplayClientTlsTest::judgesThePeerBeforeAByteIsSent()
     QFETCH(QString, trust);
     QFETCH(bool, oldProtocol);
     QFETCH(int, kind);
-    const TestCertificate made = makeCertificate(certificateHost, days);
+    const TestCertificate made = TestCertificate::make(certificateHost, days);
     QVERIFY(!made.certificate.isNull() && !made.key.isNull());
     ScriptedRecorder recorder{Script()};
-    recorder.secure(serverConfiguration(made, oldProtocol ? QSsl::TlsV1_1 : QSsl::TlsV1_2OrLater));
+    recorder.secure(made.serverConfiguration(oldProtocol ? QSsl::TlsV1_1 : QSsl::TlsV1_2OrLater));
 
     ReplayRequest request = requestTo(recorder, host);
     if (trust.startsWith(QStringLiteral("ca")))
@@ -111,38 +104,39 @@ void ReplayClientTlsTest::judgesThePeerBeforeAByteIsSent()
         QCOMPARE(log.keySha256, peerKeySha256(made.certificate));
 }
 
-void ReplayClientTlsTest::sendsBasicOverTlsOnly()
+/// The end of a replay by the script, from a recorder whose certificate is trusted.
+void ReplayClientTlsTest::play(const Script& script, const std::function<void(ScriptedRecorder&, StreamLog&)>& check)
 {
-    const TestCertificate made = makeCertificate(QStringLiteral("localhost"));
-    Script script;
-    script.challenges = {"Basic realm=\"r\""};
+    const TestCertificate made = TestCertificate::make(QStringLiteral("localhost"));
     ScriptedRecorder recorder(script);
-    recorder.secure(serverConfiguration(made, QSsl::TlsV1_2OrLater));
+    recorder.secure(made.serverConfiguration());
     ReplayRequest request = requestTo(recorder, QStringLiteral("localhost"));
     request.tls.caCertificates.append(made.certificate);
     ReplayClient client(request);
     StreamLog log(client);
     client.start();
     QTRY_VERIFY_WITH_TIMEOUT(log.hasEnded(), waitMs);
-    QCOMPARE(static_cast<int>(log.end), static_cast<int>(ReplayEnd::EndOfRecording));
-    QCOMPARE(recorder.last("PLAY").header("Authorization"), "Basic " + QByteArray("viewer:s3cret!word").toBase64());
+    check(recorder, log);
+}
+
+void ReplayClientTlsTest::sendsBasicOverTlsOnly()
+{
+    Script script;
+    script.challenges = {"Basic realm=\"r\""};
+    play(script, [](ScriptedRecorder& recorder, StreamLog& log) {
+        QCOMPARE(static_cast<int>(log.end), static_cast<int>(ReplayEnd::EndOfRecording));
+        QCOMPARE(recorder.last("PLAY").header("Authorization"), "Basic " + QByteArray("viewer:s3cret!word").toBase64());
+    });
 }
 
 void ReplayClientTlsTest::isNotLedFromTlsToTheOpen()
 {
     ScriptedRecorder open{Script()};
-    const TestCertificate made = makeCertificate(QStringLiteral("localhost"));
     Script script;
     script.redirectTo = open.url(QStringLiteral("localhost")).toEncoded();
-    ScriptedRecorder recorder(script);
-    recorder.secure(serverConfiguration(made, QSsl::TlsV1_2OrLater));
-    ReplayRequest request = requestTo(recorder, QStringLiteral("localhost"));
-    request.tls.caCertificates.append(made.certificate);
-    ReplayClient client(request);
-    StreamLog log(client);
-    client.start();
-    QTRY_VERIFY_WITH_TIMEOUT(log.hasEnded(), waitMs);
-    QCOMPARE(static_cast<int>(log.error.kind), static_cast<int>(ErrorKind::Refused));
+    play(script, [](ScriptedRecorder&, StreamLog& log) {
+        QCOMPARE(static_cast<int>(log.error.kind), static_cast<int>(ErrorKind::Refused));
+    });
     QCOMPARE(open.connections, 0);
 }
 

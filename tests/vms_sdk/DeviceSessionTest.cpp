@@ -152,7 +152,7 @@ void DeviceSessionTest::staysOnTheHostThatWasReached()
 
 void DeviceSessionTest::refusesAnUnknownCertificateAndShowsIt()
 {
-    const TestCertificate certificate = TestCertificate::make("recorder", true);
+    const TestCertificate certificate = TestCertificate::make(QStringLiteral("127.0.0.1"));
     OnvifFake device;
     device.useTls(certificate.serverConfiguration());
     SdkLife sdk;

@@ -1,6 +1,7 @@
 #include "TestCertificate.h"
 
 #include <QHostAddress>
+#include <QSslSocket>
 
 #include <openssl/evp.h>
 #include <openssl/pem.h>
@@ -8,7 +9,6 @@
 
 #include <memory>
 
-namespace rtptest {
 namespace {
 
 template <typename T, typename F>
@@ -34,7 +34,7 @@ QByteArray content(BIO* bio)
 
 } // namespace
 
-TestCertificate makeCertificate(const QString& host, int days)
+TestCertificate TestCertificate::make(const QString& host, int days)
 {
     const auto key = owned(EVP_EC_gen("P-256"), &EVP_PKEY_free);
     const auto x509 = owned(X509_new(), &X509_free);
@@ -61,4 +61,12 @@ TestCertificate makeCertificate(const QString& host, int days)
             QSslKey(content(keyText.get()), QSsl::Ec, QSsl::Pem)};
 }
 
-} // namespace rtptest
+QSslConfiguration TestCertificate::serverConfiguration(QSsl::SslProtocol protocol) const
+{
+    QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
+    configuration.setLocalCertificate(certificate);
+    configuration.setPrivateKey(key);
+    configuration.setProtocol(protocol);
+    configuration.setPeerVerifyMode(QSslSocket::VerifyNone);
+    return configuration;
+}
