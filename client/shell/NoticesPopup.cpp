@@ -28,7 +28,7 @@ constexpr int highest = 520;
 constexpr int headHeight = 48;
 constexpr int emptyHeight = 120;
 constexpr int titlePixels = 14;
-constexpr int offset = 4;
+constexpr int offset = 8;
 constexpr int edge = 1;
 
 } // namespace

@@ -42,7 +42,6 @@ DownloadingRows::DownloadingRows(TableWidget* table, const TasksTableCommonOper*
     , m_operWtMade(std::move(made))
     , m_toolTip(std::move(toolTip))
 {
-    m_table->setColumnRoom({110, 0, 250, 120, 320, 130});
     m_table->setColumnTone(LocationColumn, vemo_base::Token::Text2);
     for (const int column : {ChannelColumn, RangeColumn, LocationColumn})
         m_table->setSortable(column, true);

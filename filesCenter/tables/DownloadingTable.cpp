@@ -56,7 +56,7 @@ DownloadingTable::DownloadingTable(QWidget* parent)
            tr("Nothing is being downloaded."),
            tr("Mark a span in Playback and press Download."),
            true,
-           {DownloadingRows::RangeColumn, DownloadingRows::LocationColumn},
+           {DownloadingRows::LocationColumn, DownloadingRows::RangeColumn},
            QString(),
            {{tr("Space"), tr("check")}, {tr("Enter"), tr("start or stop")}, {tr("Del"), tr("clean the task")}}},
           {tr("All"), tr("Channel Name"), tr("Datetime Range"), tr("Location"), tr("Download Progress"), tr("Oper")}))
@@ -77,6 +77,7 @@ DownloadingTable::DownloadingTable(QWidget* parent)
     m_clock.start();
     m_table->setObjectName(QStringLiteral("downloadingTable"));
     m_tasks.setTableWidget(m_table);
+    m_frame->setColumnRoom({110, 0, 250, 120, 320, 130}, {96, 0, 215, 110, 215, 112});
     m_frame->setTaskOfRow([this](int row) { return m_tasks.record(m_tasks.keyOfRow(row)); });
     setUpConnections();
     DownloadManager::instance().setDownloadingTable(this);

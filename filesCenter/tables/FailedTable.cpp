@@ -59,7 +59,7 @@ FailedTable::FailedTable(QWidget* parent)
            tr("What fails is kept here until it is fetched or cleaned."),
            false,
            {LocationColumn, EndColumn},
-           tr("A failure that may pass is tried again after about a minute. \"redownload\" tries at once."),
+           tr("What may pass is tried again after about a minute."),
            {{tr("Space"), tr("check")}, {tr("Enter"), tr("redownload")}, {tr("Del"), tr("clean the task")}}},
           tr("State"), QStringLiteral("failedTable"), operWidth)
 {

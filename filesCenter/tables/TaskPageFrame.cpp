@@ -22,6 +22,8 @@ namespace {
 /// Widths of the page beside the navigation, where an open panel leaves less than some 160 to the names.
 constexpr int tightBelow = 1500;
 constexpr int narrowBelow = 1140;
+/// Where the usual room of the columns would cut ranges of time.
+constexpr int smallBelow = 860;
 
 } // namespace
 
@@ -67,7 +69,7 @@ TaskPageFrame::TaskPageFrame(QWidget* page, const Look& look, const QStringList&
     layout->addLayout(m_content, 1);
     connect(m_table, &vemo_base::TableWidget::signalCheckedCountChanged, this, &TaskPageFrame::refresh);
     connect(m_table, &QTableWidget::currentCellChanged, this, [this](int row, int, int before) {
-        if (row != before && m_details && m_details->isVisible())
+        if (row != before && isOpen())
             showDetails(row);
     });
     page->installEventFilter(this);
@@ -116,18 +118,33 @@ void TaskPageFrame::closeDetails()
     m_details->hide();
 }
 
+bool TaskPageFrame::isOpen() const
+{
+    return m_details && !m_details->isHidden();
+}
+
 void TaskPageFrame::shareRoom(bool withDetails)
 {
-    m_details->setFixedWidth(m_page->width() < narrowBelow ? TaskDetailsWt::narrowWidth : TaskDetailsWt::panelWidth);
-    const bool isTight = withDetails && m_page->width() < tightBelow;
-    for (const int column : m_detailColumns)
-        m_table->setColumnHidden(column, isTight);
+    const int width = m_page->width();
+    if (m_details)
+        m_details->setFixedWidth(width < narrowBelow ? TaskDetailsWt::narrowWidth : TaskDetailsWt::panelWidth);
+    for (int i = 0; i < m_detailColumns.size(); ++i)
+        m_table->setColumnHidden(m_detailColumns.at(i),
+                                 (withDetails && width < tightBelow) || (i == 0 && width < smallBelow));
+    m_table->setColumnRoom(width < smallBelow ? m_narrowRoom : m_usualRoom);
+}
+
+void TaskPageFrame::setColumnRoom(const QVector<int>& usual, const QVector<int>& narrow)
+{
+    m_usualRoom = usual;
+    m_narrowRoom = narrow;
+    m_table->setColumnRoom(usual);
 }
 
 bool TaskPageFrame::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == m_page && event->type() == QEvent::Resize && m_details)
-        shareRoom(!m_details->isHidden());
+    if (watched == m_page && event->type() == QEvent::Resize)
+        shareRoom(isOpen());
     return QObject::eventFilter(watched, event);
 }
 

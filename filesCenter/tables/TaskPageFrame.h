@@ -40,8 +40,9 @@ public:
         QString emptyIcon;
         QString missing; ///< what an empty page says
         QString advice;
-        bool offersPlayback = false;           ///< an empty page leads to where recordings are picked
-        QVector<int> detailColumns;            ///< give way, in a small window, to the panel that tells the same
+        bool offersPlayback = false; ///< an empty page leads to where recordings are picked
+        /// What the panel of details tells too: the first gives way in a small window, all do beside the open panel.
+        QVector<int> detailColumns;
         QString hint;                          ///< below the table while no row is checked; may be empty
         QVector<QPair<QString, QString>> keys; ///< key and what it does
     };
@@ -49,6 +50,8 @@ public:
     TaskPageFrame(QWidget* page, const Look& look, const QStringList& columns);
 
     vemo_base::TableWidget* table() const { return m_table; }
+    /// Room of the columns as TableWidget takes it, `narrow` for windows in which the usual one would cut texts.
+    void setColumnRoom(const QVector<int>& usual, const QVector<int>& narrow);
     QPushButton* addButton(const QString& objectName, const QString& text, const QString& iconName, bool isPrimary);
     void setSummary(const QString& text);
     /// After rows or checks changed.
@@ -70,6 +73,7 @@ private:
     void closeDetails();
     /// The panel takes room from columns, so that names stay readable.
     void shareRoom(bool withDetails);
+    bool isOpen() const;
 
     QWidget* m_page;
     vemo_base::TableWidget* m_table;
@@ -77,6 +81,8 @@ private:
     vemo_base::TableFooter* m_footer;
     const QString m_hint;
     const QVector<int> m_detailColumns;
+    QVector<int> m_usualRoom;
+    QVector<int> m_narrowRoom;
     QStackedWidget* m_stack;
     QHBoxLayout* m_content;
     TaskDetailsWt* m_details = nullptr; ///< made when it is first asked for
