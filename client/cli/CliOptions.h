@@ -27,7 +27,7 @@ public:
         QStringLiteral("password-file"),
         tr("File whose first line is the password. Without it, the environment variable VEMO_PASSWORD."), tr("file")};
     QCommandLineOption channel{
-        {QStringLiteral("channel"), QStringLiteral("channels")}, tr("Channel number from 1; several: 1,2,3."), tr("n")};
+        {QStringLiteral("channels"), QStringLiteral("channel")}, tr("Channel number from 1; several: 1,2,3."), tr("n")};
     QCommandLineOption begin{QStringLiteral("begin"),
                              tr("Begin, as 2026-01-10T08:00:00; local time unless an offset follows."), tr("time")};
     QCommandLineOption end{QStringLiteral("end"), tr("End, likewise."), tr("time")};
