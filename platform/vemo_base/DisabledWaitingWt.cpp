@@ -64,13 +64,15 @@ void DisabledWaitingWt::show()
 {
     if (parentWidget())
         setGeometry(parentWidget()->rect());
-    // The focus goes back where it was, so it is asked for only when it lies below the veil.
-    QWidget* focused = QApplication::focusWidget();
-    if (focused && parentWidget() && (focused == parentWidget() || parentWidget()->isAncestorOf(focused)))
+    // What has the focus in this window, which itself may be active only in a moment: a dialog was just closed.
+    QWidget* focused = window()->focusWidget();
+    const QWidget* covered = parentWidget();
+    const bool takesFocus = !focused || !covered || focused == covered || covered->isAncestorOf(focused);
+    if (takesFocus)
         m_focusBefore = focused;
     setVisible(true);
     raise();
-    if (m_focusBefore)
+    if (takesFocus)
         setFocus();
     QTimer::singleShot(patienceMs, this, [this] {
         m_isVeiling = true;
