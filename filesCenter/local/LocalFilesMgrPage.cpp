@@ -47,6 +47,7 @@ constexpr qint64 bytesPerKib = 1024;
 constexpr qint64 largeFromKib = 10240;
 constexpr int percent = 100;
 constexpr int countAfterMs = 100;
+constexpr int lookAgainMs = 2000;
 constexpr int diskPatienceMs = 100;
 constexpr int separatorHeight = 24;
 constexpr int questionBeforeDeed = 3;
@@ -150,6 +151,12 @@ void LocalFilesMgrPage::setUpConnections()
     });
     connect(m_copier, &VCopyLocalFile::signalCopyFileCancelled, this,
             [this] { DisabledWaitingWtManager::instance().destroyDisabledWaitingWt(m_waiting); });
+
+    m_looking.setInterval(lookAgainMs);
+    connect(&m_looking, &QTimer::timeout, this, [this] {
+        if (isVisible())
+            lookForDir();
+    });
 
     auto* find = new QShortcut(QKeySequence::Find, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
     connect(find, &QShortcut::activated, m_ui->filterWt, [this] {
@@ -318,8 +325,12 @@ void LocalFilesMgrPage::showContent()
                                           .arg(files == 1 ? tr("1 file") : tr("%1 files").arg(files),
                                                videos == 1 ? tr("1 video") : tr("%1 videos").arg(videos),
                                                images == 1 ? tr("1 image") : tr("%1 images").arg(images)));
-    if (files == 0 && !m_isDirGone)
+    if (files > 0) {
+        m_looking.stop();
+    } else if (!m_looking.isActive()) {
+        m_looking.start();
         lookForDir();
+    }
 }
 
 void LocalFilesMgrPage::lookForDir()
@@ -327,8 +338,12 @@ void LocalFilesMgrPage::lookForDir()
     auto isThere = std::make_shared<bool>(true);
     DiskWork::run([dir = m_dir, isThere] { *isThere = QFileInfo(dir).isDir(); }, this,
                   [this, dir = m_dir, isThere] {
-                      if (*isThere || dir != m_dir)
+                      if (dir != m_dir || *isThere != m_isDirGone)
                           return;
+                      if (*isThere) {
+                          openDir(dir); // its disk is connected again
+                          return;
+                      }
                       m_isDirGone = true;
                       showContent();
                   },

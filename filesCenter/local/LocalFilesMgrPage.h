@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QPointer>
+#include <QTimer>
 #include <QUuid>
 #include <QWidget>
 
@@ -66,7 +67,8 @@ private:
     QPointer<vemo_base::LocalPlaybackDlg> m_playbackDlg; ///< made when it is first needed, as the next one
     QPointer<vemo_base::ImageViewerDlg> m_imageViewerDlg;
     QString m_dir;
-    QUuid m_waiting; ///< of the copy in flight
+    QTimer m_looking; ///< for the folder, while nothing of it is shown
+    QUuid m_waiting;  ///< of the copy in flight
     bool m_isDirGone = false;
     bool m_isCounting = false;
 };
