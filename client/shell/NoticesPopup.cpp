@@ -100,18 +100,16 @@ void NoticesPopup::popUp(const QWidget* anchor)
     const bool mirrored = layoutDirection() == Qt::RightToLeft;
     const int x = mirrored ? corner.x() - anchor->width() : corner.x() - popupWidth;
     setFixedWidth(popupWidth);
-    resize(popupWidth, headHeight + emptyHeight);
-    layout()->activate();
+    move(window->mapToGlobal(QPoint(qBound(0, x, qMax(0, window->width() - popupWidth)), corner.y())));
+    show(); // rows are as high as the shown list is wide
     int rows = 0;
     for (int row = 0; row < m_model->rowCount() && rows < highest; ++row)
         rows += m_list->sizeHintForRow(row);
     const int wanted = headHeight + (rows == 0 ? emptyHeight : rows) + 2 * edge;
     const int room = window->height() - corner.y() - 2 * offset;
     resize(popupWidth, qMin(qMin(wanted, highest), room));
-    move(window->mapToGlobal(QPoint(qBound(0, x, qMax(0, window->width() - popupWidth)), corner.y())));
     m_list->setCurrentIndex(m_model->index(0));
     m_list->scrollToTop();
-    show();
     m_list->setFocus(Qt::PopupFocusReason);
     Notices::instance().markRead();
 }

@@ -26,7 +26,7 @@ class TaskDetailsWt final : public QWidget
 
 public:
     static constexpr int panelWidth = 424;
-    static constexpr int narrowWidth = 340; ///< for small windows, set by the page
+    static constexpr int narrowWidth = 400; ///< for small windows, set by the page
 
     explicit TaskDetailsWt(QWidget* parent = nullptr);
     ~TaskDetailsWt() override;

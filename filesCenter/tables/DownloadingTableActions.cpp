@@ -256,8 +256,11 @@ void DownloadingTable::refreshSummary()
                        .arg(m_queue.waitingCount() - m_queue.startingCount())
                        .arg(m_paused.size());
     const qint64 left = secondsLeft();
-    if (left >= 0)
+    constexpr qint64 toldAsMinutes = 30;
+    if (left >= toldAsMinutes)
         text += QLatin1Char(' ') + tr("About %1 left.").arg(TaskTexts::duration(left));
+    else if (left >= 0)
+        text += QLatin1Char(' ') + tr("Less than a minute left.");
     m_frame->setSummary(text);
 }
 

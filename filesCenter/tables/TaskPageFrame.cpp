@@ -24,6 +24,8 @@ constexpr int tightBelow = 1500;
 constexpr int narrowBelow = 1140;
 /// Where the usual room of the columns would cut ranges of time.
 constexpr int smallBelow = 860;
+constexpr int leastTable = 240;
+constexpr int firstFactColumn = 2; ///< behind check box and name
 
 } // namespace
 
@@ -44,6 +46,7 @@ TaskPageFrame::TaskPageFrame(QWidget* page, const Look& look, const QStringList&
     for (const QPair<QString, QString>& key : look.keys)
         m_footer->addKey(key.first, key.second);
 
+    m_stack->setMinimumWidth(leastTable);
     auto* rows = new QWidget(m_stack);
     auto* rowsLayout = new QVBoxLayout(rows);
     rowsLayout->setContentsMargins(0, 0, 0, 0);
@@ -128,10 +131,15 @@ void TaskPageFrame::shareRoom(bool withDetails)
     const int width = m_page->width();
     if (m_details)
         m_details->setFixedWidth(width < narrowBelow ? TaskDetailsWt::narrowWidth : TaskDetailsWt::panelWidth);
-    for (int i = 0; i < m_detailColumns.size(); ++i)
-        m_table->setColumnHidden(m_detailColumns.at(i),
-                                 (withDetails && width < tightBelow) || (i == 0 && width < smallBelow));
-    m_table->setColumnRoom(width < smallBelow ? m_narrowRoom : m_usualRoom);
+    const bool isSmall = width < smallBelow;
+    const bool isTight = withDetails && width < tightBelow;
+    for (int column = firstFactColumn; column < m_table->columnCount() - 1; ++column) {
+        const int place = m_detailColumns.indexOf(column);
+        const bool givesWay = (place == 0 && isSmall) || (place >= 0 && isTight);
+        m_table->setColumnHidden(column, givesWay || (withDetails && isSmall));
+    }
+    m_footer->setVisible(!withDetails || !isSmall);
+    m_table->setColumnRoom(isSmall || isTight ? m_narrowRoom : m_usualRoom);
 }
 
 void TaskPageFrame::setColumnRoom(const QVector<int>& usual, const QVector<int>& narrow)
