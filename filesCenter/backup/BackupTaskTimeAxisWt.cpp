@@ -460,7 +460,7 @@ void BackupTaskTimeAxisWt::arrange()
     const int axisWidth = qMax(0, buttonsLeft - buttonsToAxis - axisLeft);
     place(m_axis, QRect(axisLeft, axisTop, axisWidth, BackupAxisWt::totalHeight));
     const int messageLeft = axisLeft + vemo_base::AxisPainter::halfLabel + iconRoom;
-    place(m_errorMsg, QRect(messageLeft, messageTop, qMax(0, buttonsLeft - messageLeft), smallHeight));
+    place(m_errorMsg, QRect(messageLeft, messageTop, qMax(0, width() - edge - messageLeft), smallHeight));
     int x = buttonsLeft;
     for (QToolButton* button : {m_start, m_exportBt, m_delete, m_apply}) {
         place(button, QRect(x, buttonsTop, buttonSize, buttonSize));
