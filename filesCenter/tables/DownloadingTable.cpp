@@ -77,7 +77,7 @@ DownloadingTable::DownloadingTable(QWidget* parent)
     m_clock.start();
     m_table->setObjectName(QStringLiteral("downloadingTable"));
     m_tasks.setTableWidget(m_table);
-    m_frame->setColumnRoom({110, 0, 250, 120, 320, 130}, {84, 0, 200, 110, 240, 96});
+    m_frame->setColumnRoom({110, 0, 250, 120, 320, 130}, {76, 0, 206, 110, 240, 96});
     m_frame->setTaskOfRow([this](int row) { return m_tasks.record(m_tasks.keyOfRow(row)); });
     setUpConnections();
     DownloadManager::instance().setDownloadingTable(this);

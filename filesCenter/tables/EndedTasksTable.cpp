@@ -36,7 +36,7 @@ EndedTasksTable::EndedTasksTable(QWidget* parent, const TaskPageFrame::Look& loo
     m_table->setObjectName(objectName);
     m_tasks.setTableWidget(m_table);
     m_frame->setTaskOfRow([this](int row) { return m_tasks.record(m_tasks.keyOfRow(row)); });
-    m_frame->setColumnRoom({110, 0, 250, 150, 220, operWidth}, {96, 0, 210, 130, 180, operWidth});
+    m_frame->setColumnRoom({110, 0, 250, 150, 220, operWidth}, {80, 0, 212, 130, 180, operWidth});
     m_table->setColumnTone(LocationColumn, Token::Text2);
     for (const int column : {ChannelColumn, RangeColumn, LocationColumn, EndColumn})
         m_table->setSortable(column, true);
