@@ -41,6 +41,7 @@ constexpr int quality = 88;
 constexpr int tickMs = 4;
 constexpr int stepMs = 16;
 constexpr int scrollForMs = 20'000;
+constexpr int loadForMs = 4000;
 
 QTextStream& out()
 {
@@ -127,8 +128,8 @@ int scaleByFfmpeg(const QString& folder)
     return result;
 }
 
-/// Scrolls from end to end and back, and tells how late the event loop's ticks were.
-void scrollThrough(const QString& what, QScrollBar* bar)
+/// Scrolls from end to end and back, or with a bar of none waits, and tells how late the event loop's ticks were.
+void watch(const QString& what, int forMs, QScrollBar* bar)
 {
     QVector<double> gaps;
     QElapsedTimer since;
@@ -146,8 +147,9 @@ void scrollThrough(const QString& what, QScrollBar* bar)
     });
     since.start();
     tick.start(tickMs);
-    step.start(stepMs);
-    QTimer::singleShot(scrollForMs, qApp, &QCoreApplication::quit);
+    if (bar)
+        step.start(stepMs);
+    QTimer::singleShot(forMs, qApp, &QCoreApplication::quit);
     QCoreApplication::exec();
     std::sort(gaps.begin(), gaps.end());
     out() << what << ": longest stall " << gaps.last() << " ms, 99th percentile " << gaps.at(gaps.size() * 99 / 100)
@@ -165,10 +167,9 @@ void scrollFiles(const QString& folder)
     view.setRootIndex(model.openFolder(folder));
     view.resize(1150, 700);
     view.show();
-    const int files = picturesIn(folder).size();
-    while (model.rowCount(view.rootIndex()) < files)
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    scrollThrough(QStringLiteral("files browser, %1 files").arg(files), view.verticalScrollBar());
+    watch(QStringLiteral("files browser, being loaded"), loadForMs, nullptr);
+    watch(QStringLiteral("files browser, %1 files").arg(model.rowCount(view.rootIndex())), scrollForMs,
+          view.verticalScrollBar());
 }
 
 void scrollSnapshots(const QString& folder)
@@ -189,7 +190,7 @@ void scrollSnapshots(const QString& folder)
     area.show();
     groups->setSnapshots(snapshots);
     QCoreApplication::processEvents();
-    scrollThrough(QStringLiteral("snapshots, %1 cards").arg(snapshots.size()), area.verticalScrollBar());
+    watch(QStringLiteral("snapshots, %1 cards").arg(snapshots.size()), scrollForMs, area.verticalScrollBar());
 }
 
 } // namespace
