@@ -30,7 +30,7 @@ constexpr int namePixels = 12;
 constexpr int lineHeight = 16;
 constexpr double radius = 8;
 constexpr double pictureRadius = 4;
-constexpr QPoint tipOffset{2, 12}; // by which the system moves a tip off the pointer
+constexpr QPoint tipOffset{2, 4}; // the system moves a tip further off, by the pointer's size
 constexpr int badgeExtent = 26;
 constexpr double badgeGround = 0.72;
 
