@@ -136,7 +136,7 @@ CliCommand CliBackupParser::parse(const QStringList& arguments, CliCommand comma
     parser.setApplicationDescription(description());
     parser.addOptions({options.help, options.data, options.json, options.verbose});
     if (backup.action == Action::Add)
-        parser.addOptions({options.device, options.user, options.passwordFile, options.channel, options.pin,
+        parser.addOptions({options.device, options.user, options.passwordFile, options.channel, options.pin, options.ca,
                            options.date, options.days, options.segments});
     else if (backup.action == Action::Run)
         parser.addOptions({options.date, options.channel, options.tries});

@@ -19,7 +19,7 @@ namespace {
 
 constexpr int intervalMs = 10'000;
 constexpr qint64 gigabyte = 1'000'000'000;
-constexpr int wide = 240;
+constexpr int wide = 216;
 constexpr int narrow = 120;
 constexpr int high = 32;
 constexpr int iconSize = 14;

@@ -7,7 +7,7 @@
 namespace vemo_base {
 
 /// A button that stands for a job while it runs: its text, the percent and a thin bar along its foot. Shown only while
-/// it works; a click asks for the job's end. GUI thread.
+/// it works. GUI thread.
 class VEMO_BASE_EXPORT ProgressButton final : public QPushButton
 {
     Q_OBJECT
