@@ -86,9 +86,24 @@ std::int64_t MovieAssembly::endNs() const
     return empty() ? 0 : m_timeline.toUtcNs(shownEndNs() - 1) + 1;
 }
 
+std::int64_t MovieAssembly::completeNs() const
+{
+    const std::size_t leading = leadingTrack();
+    if (leading == m_formats.size())
+        return 0;
+    const SampleTable& table = m_tables[leading];
+    // Decode times are the presentation times in order, less the reorder depth: when the last one is not that of the
+    // picture shown last, pictures before it are missing.
+    const std::int64_t depth = table.firstPresentation() - table.firstDecodeTime();
+    if (table.lastDecodeTime() + depth >= table.lastPresentation())
+        return endNs();
+    const std::int64_t decoded = table.firstDecodeTime() + static_cast<std::int64_t>(table.decodeDuration());
+    return m_timeline.toUtcNs(mediaNs(leading, decoded) - 1) + 1;
+}
+
 std::int64_t MovieAssembly::endOnWholeSecond(std::int64_t fromNs)
 {
-    const std::int64_t second = endNs() / nsPerSecond * nsPerSecond;
+    const std::int64_t second = std::min(endNs(), completeNs()) / nsPerSecond * nsPerSecond;
     if (empty() || second <= std::max(fromNs, beginNs()))
         return 0;
     setAskedEnd(second);

@@ -43,6 +43,8 @@ private:
     std::int64_t mediaNs(std::size_t track, std::int64_t ticks) const;
     std::int64_t shownBeginNs() const; ///< media time
     std::int64_t shownEndNs() const;
+    /// Nothing that would be shown before this is still to come.
+    std::int64_t completeNs() const;
     MovieTrack trackOf(std::size_t index, std::int64_t beginNs, std::int64_t endNs) const;
 
     std::vector<TrackFormat> m_formats;

@@ -18,6 +18,7 @@ public:
 
     std::uint32_t sampleCount() const { return m_count; }
     std::int64_t firstDecodeTime() const { return m_firstDecode; }
+    std::int64_t lastDecodeTime() const { return m_lastDecode; }
     std::int64_t firstPresentation() const { return m_firstPresentation; }
     std::int64_t lastPresentation() const { return m_lastPresentation; }
     std::int64_t presentationEnd() const { return m_presentationEnd; } ///< behind the sample shown last
