@@ -199,8 +199,8 @@ class Backup(Test):
                 self.recorder.ask("/reset", method="POST")
                 self.backup("run")
                 for task in self.listing():
-                    # Sound that waited for its encoder goes with the process, and so do B pictures that waited for the next one.
-                    self.check_cover(task, segments, tracks=(0,), waiting=2)
+                    # Sound that waited for its encoder goes with the process, and so do the two B pictures before the last one.
+                    self.check_cover(task, segments, tracks=(0,), waiting=3)
                     names = {each["path"] for each in task["files"]}
                     for path in names & set(whole):
                         self.assertEqual(os.stat(path).st_ino, whole[path], f"{path} was fetched again")
