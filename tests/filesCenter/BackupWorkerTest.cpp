@@ -298,6 +298,27 @@ private slots:
         QCOMPARE(QFileInfo(first).size(), qint64(1000));
     }
 
+    void takesNoMoreTasksADayThanItHolds()
+    {
+        vemo_data::BackupTaskData& store = vemo_data::BackupTaskData::instance();
+        const int most = vemo_data::BackupTaskData::maxBackupTasksCntOneDay();
+        QList<BackupTaskInfo> tasks;
+        for (int number = 0; number < most; ++number)
+            tasks.append(task(qPrintable(QString::number(number)), "08:00:00-09:00:59"));
+        QVERIFY(store.addBackupTasks(tasks));
+        QVERIFY(!store.addBackupTasks({task("one too many", "08:00:00-09:00:59")}));
+        BackupTaskInfo other = task("other", "08:00:00-09:00:59");
+        other.date = QDate(2026, 1, 31);
+        BackupTaskInfo twice = other;
+        twice.taskId = QStringLiteral("0");
+        QVERIFY(!store.addBackupTasks({other, twice})); // all or none
+        QVERIFY(store.addBackupTasks({other}));
+        QCOMPARE(store.getBackupCalendar(2026, 1), (QList<int>{10, 31}));
+        QCOMPARE(store.getBackupTasks(QDate(2026, 1, 10)).size(), most);
+        QVERIFY(store.deleteBackupTasks({QStringLiteral("other")}));
+        QCOMPARE(store.getBackupCalendar(2026, 1), QList<int>{10});
+    }
+
     void takesOverTheFileOfARunThatWasKilled()
     {
         BackupTaskInfo killed = task("a", "08:00:00-09:00:59");
