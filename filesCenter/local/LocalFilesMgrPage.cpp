@@ -157,6 +157,7 @@ void LocalFilesMgrPage::setUpConnections()
         if (isVisible())
             lookForDir();
     });
+    m_looking.start();
 
     auto* find = new QShortcut(QKeySequence::Find, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
     connect(find, &QShortcut::activated, m_ui->filterWt, [this] {
@@ -312,32 +313,31 @@ void LocalFilesMgrPage::showContent()
         videos += FileIconProvider::isRecording(m_model->fileName(m_model->index(row, 0, root))) ? 1 : 0;
     const int images = files - videos;
     const bool isFiltered = !m_ui->filterWt->text().isEmpty();
-    if (files > 0)
-        m_isDirGone = false;
-    m_ui->content->setCurrentIndex(files > 0     ? FilesContent
-                                   : m_isDirGone ? GoneContent
-                                   : isFiltered  ? NoHitContent
-                                                 : NothingContent);
-    m_ui->deleteBt->setEnabled(files > 0);
-    m_ui->saveAsBt->setEnabled(files > 0);
-    m_header->setSummary(files == 0 ? QString()
-                                    : tr("%1: %2, %3")
-                                          .arg(files == 1 ? tr("1 file") : tr("%1 files").arg(files),
-                                               videos == 1 ? tr("1 video") : tr("%1 videos").arg(videos),
-                                               images == 1 ? tr("1 image") : tr("%1 images").arg(images)));
-    if (files > 0) {
-        m_looking.stop();
-    } else if (!m_looking.isActive()) {
-        m_looking.start();
+    m_ui->content->setCurrentIndex(m_isDirGone  ? GoneContent
+                                   : files > 0  ? FilesContent
+                                   : isFiltered ? NoHitContent
+                                                : NothingContent);
+    const bool shows = files > 0 && !m_isDirGone;
+    m_ui->deleteBt->setEnabled(shows);
+    m_ui->saveAsBt->setEnabled(shows);
+    m_header->setSummary(!shows ? QString()
+                                : tr("%1: %2, %3")
+                                      .arg(files == 1 ? tr("1 file") : tr("%1 files").arg(files),
+                                           videos == 1 ? tr("1 video") : tr("%1 videos").arg(videos),
+                                           images == 1 ? tr("1 image") : tr("%1 images").arg(images)));
+    if (files == 0 && !m_isDirGone)
         lookForDir();
-    }
 }
 
 void LocalFilesMgrPage::lookForDir()
 {
+    if (m_isLooking)
+        return;
+    m_isLooking = true;
     auto isThere = std::make_shared<bool>(true);
     DiskWork::run([dir = m_dir, isThere] { *isThere = QFileInfo(dir).isDir(); }, this,
                   [this, dir = m_dir, isThere] {
+                      m_isLooking = false;
                       if (dir != m_dir || *isThere != m_isDirGone)
                           return;
                       if (*isThere) {

@@ -67,9 +67,10 @@ private:
     QPointer<vemo_base::LocalPlaybackDlg> m_playbackDlg; ///< made when it is first needed, as the next one
     QPointer<vemo_base::ImageViewerDlg> m_imageViewerDlg;
     QString m_dir;
-    QTimer m_looking; ///< for the folder, while nothing of it is shown
+    QTimer m_looking; ///< whether the folder is there: not every file system tells when it goes
     QUuid m_waiting;  ///< of the copy in flight
     bool m_isDirGone = false;
+    bool m_isLooking = false;
     bool m_isCounting = false;
 };
 
