@@ -2,6 +2,7 @@
 
 #include "LocalSnapImageIndexes.h"
 #include "scan/LocalFolderScan.h"
+#include "ThreadPriority.h"
 
 #include <DevsMgrData.h>
 
@@ -48,6 +49,7 @@ public:
                     owner, [records, gone] { LocalSnapImageIndexes::instance().takeScanned(records, gone); },
                     Qt::QueuedConnection);
             };
+            lowerThreadPriority();
             m_result = LocalFolderScan(devices, m_cancelled, takeSnapshots).scan(folders);
         }))
     {
@@ -61,7 +63,7 @@ public:
     Run(const Run&) = delete;
     Run& operator=(const Run&) = delete;
 
-    void start() { m_thread->start(QThread::LowPriority); }
+    void start() { m_thread->start(); }
     void cancel() { m_cancelled = true; }
     QThread* thread() const { return m_thread.get(); }
     const LocalRescanResult& result() const { return m_result; } ///< when the thread is over

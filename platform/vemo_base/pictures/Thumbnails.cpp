@@ -3,6 +3,8 @@
 #include "ThumbnailMaker.h"
 #include "ThumbnailStore.h"
 
+#include <ThreadPriority.h>
+
 #include <QCache>
 #include <QCoreApplication>
 #include <QMutex>
@@ -31,7 +33,7 @@ public:
 
     void run() override
     {
-        QThread::currentThread()->setPriority(QThread::LowPriority);
+        VCOMMON::lowerThreadPriority();
         m_work();
     }
 
@@ -87,7 +89,7 @@ private:
 Thumbnails::Private::Private(Thumbnails* service)
     : q(service)
 {
-    m_threads.setMaxThreadCount(qMax(1, QThread::idealThreadCount() - 1));
+    m_threads.setMaxThreadCount(qMax(1, QThread::idealThreadCount()));
 }
 
 Thumbnails::Private::~Private()
