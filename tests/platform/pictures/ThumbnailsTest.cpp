@@ -168,7 +168,8 @@ void ThumbnailsTest::bringsTheNewestFirstAndDropsTheWithdrawn()
         thumbnails.withdraw(keys.at(i));
     thumbnails.request(keys.first());
     QTRY_COMPARE_WITH_TIMEOUT(thumbnails.waitingCount(), 0, 30'000);
-    QTRY_VERIFY(thumbnails.find(keys.at(1)).state == Thumbnail::State::Ready);
+    for (const int oneOfTheLast : {1, 3, 5})
+        QTRY_VERIFY(thumbnails.find(keys.at(oneOfTheLast)).state == Thumbnail::State::Ready);
     const auto orderOf = [&spy](const ThumbnailKey& key) {
         for (int i = 0; i < spy.size(); ++i) {
             if (spy.at(i).at(0).value<ThumbnailKey>() == key)
