@@ -80,6 +80,7 @@ QString wordOf(Kind kind)
 
 BackupAxisWt::BackupAxisWt(QWidget* parent)
     : QWidget(parent)
+    , m_hours(this)
 {
     setFixedHeight(totalHeight);
     setMouseTracking(true);
@@ -178,11 +179,23 @@ void BackupAxisWt::drawPicture(QPainter* painter) const
                 dark(Token::AxisAlarm));
     }
     AxisPainter::clockChanges(painter, m_axis.day(), axis, font());
-    AxisPainter::hours(painter, axis, font(), around);
+    AxisPainter::ticks(painter, axis, around);
+}
+
+void BackupAxisWt::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    m_hours.place(axisRect());
 }
 
 void BackupAxisWt::paintEvent(QPaintEvent* event)
 {
+    if (!m_hours.isMade()) {
+        m_hours.make();
+        // Not while painting goes on.
+        QMetaObject::invokeMethod(
+            this, [this] { m_hours.place(axisRect()); }, Qt::QueuedConnection);
+    }
     const double ratio = devicePixelRatioF();
     if (m_picture.isNull() || m_picture.size() != (QSizeF(size()) * ratio).toSize())
         makePicture();

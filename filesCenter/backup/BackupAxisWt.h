@@ -1,6 +1,7 @@
 #pragma once
 
 #include "BackupAxis.h"
+#include "BackupHourLabels.h"
 
 #include <QPixmap>
 #include <QWidget>
@@ -38,6 +39,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
@@ -51,6 +53,7 @@ private:
     void step(int direction);
 
     BackupAxis m_axis;
+    BackupHourLabels m_hours;
     QPixmap m_picture;
     int m_pointerX = -1;
     int m_nowX = -1;

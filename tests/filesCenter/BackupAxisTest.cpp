@@ -1,6 +1,7 @@
 #include <backup/BackupAxisWt.h>
 #include <Theme.h>
 
+#include <QLabel>
 #include <QPainter>
 #include <QtTest>
 
@@ -65,6 +66,24 @@ class BackupAxisTest : public QObject
 
 private slots:
     void initTestCase() { qputenv("TZ", "Europe/Berlin"); }
+
+    void labelsStandUnderTheirHours()
+    {
+        BackupAxisWt axis;
+        axis.setAxis(BackupAxis(mixedTask(), {}), QString());
+        axis.resize(width, BackupAxisWt::totalHeight);
+        axis.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&axis));
+        QTRY_VERIFY(axis.findChild<QLabel*>(QStringLiteral("timeLabel25")));
+        QTRY_VERIFY(axis.findChild<QLabel*>(QStringLiteral("timeLabel25"))->isVisible());
+        for (int hour = 0; hour < 24; ++hour) {
+            const auto* label = axis.findChild<QLabel*>(QStringLiteral("timeLabel%1").arg(hour + 1));
+            QVERIFY(label && label->isVisible());
+            QCOMPARE(label->text(), QString::number(hour));
+            const int x = axis.xOf(QDateTime(mixedTask().date, QTime(hour, 0)).toMSecsSinceEpoch());
+            QVERIFY(qAbs(label->geometry().center().x() - x) <= 1);
+        }
+    }
 
     void paintsWhatATimeIs_data()
     {

@@ -16,14 +16,34 @@ constexpr int tickGap = 2;
 constexpr int tick = 4;
 constexpr int hoursADay = 24;
 
-QFont labelFont(const QFont& font)
+int ticksTop(const QRect& axis)
+{
+    return axis.bottom() + 1 + tickGap;
+}
+
+double hourX(const QRect& axis, int hour, double ratio)
+{
+    return AxisPainter::snapped(axis.x() + double(hour) / hoursADay * axis.width(), ratio);
+}
+
+} // namespace
+
+QFont AxisPainter::labelFont(const QFont& font)
 {
     QFont small = font;
     small.setPixelSize(labelPixels);
     return small;
 }
 
-} // namespace
+QRectF AxisPainter::labelRect(const QRect& axis, int hour, double ratio)
+{
+    return {hourX(axis, hour, ratio) - 2 * halfLabel, double(ticksTop(axis) + tick), 4 * halfLabel, labelHeight};
+}
+
+bool AxisPainter::hasLabel(const QRect& axis, int hour)
+{
+    return hour % DayAxis::labelStep(double(axis.width()) / hoursADay) == 0;
+}
 
 double AxisPainter::snapped(double value, double ratio)
 {
@@ -66,21 +86,23 @@ void AxisPainter::now(QPainter* painter, const DayAxis& day, const QRect& axis, 
     painter->restore();
 }
 
-void AxisPainter::hours(QPainter* painter, const QRect& axis, const QFont& font, ThemeMode around)
+void AxisPainter::ticks(QPainter* painter, const QRect& axis, ThemeMode around)
 {
     const double ratio = painter->device()->devicePixelRatioF();
-    const int top = axis.bottom() + 1 + tickGap;
-    const int labelEvery = DayAxis::labelStep(double(axis.width()) / hoursADay);
+    for (int hour = 0; hour <= hoursADay; ++hour)
+        painter->fillRect(QRectF(hourX(axis, hour, ratio), ticksTop(axis), 1, tick),
+                          themeColor(around, Token::Control));
+}
+
+void AxisPainter::hours(QPainter* painter, const QRect& axis, const QFont& font, ThemeMode around)
+{
+    ticks(painter, axis, around);
     painter->setFont(labelFont(font));
     painter->setPen(themeColor(around, Token::Text2));
-    const QColor tickColor = themeColor(around, Token::Control);
     for (int hour = 0; hour <= hoursADay; ++hour) {
-        const double x = snapped(axis.x() + double(hour) / hoursADay * axis.width(), ratio);
-        painter->fillRect(QRectF(x, top, 1, tick), tickColor);
-        if (hour % labelEvery != 0)
-            continue;
-        painter->drawText(QRectF(x - 2 * halfLabel, top + tick, 4 * halfLabel, labelHeight), Qt::AlignCenter,
-                          QString::number(hour));
+        if (hasLabel(axis, hour))
+            painter->drawText(labelRect(axis, hour, painter->device()->devicePixelRatioF()), Qt::AlignCenter,
+                              QString::number(hour));
     }
 }
 

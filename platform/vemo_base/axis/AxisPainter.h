@@ -33,8 +33,15 @@ public:
     static void clockChanges(QPainter* painter, const DayAxis& day, const QRect& axis, const QFont& font);
     /// The line of now and its caret; nothing when now is another day.
     static void now(QPainter* painter, const DayAxis& day, const QRect& axis, qint64 nowMs, ThemeMode around);
-    /// A tick an hour and the labels "0" to "24" centred on their hours, fewer where they would touch.
+    /// A tick an hour.
+    static void ticks(QPainter* painter, const QRect& axis, ThemeMode around);
+    /// Ticks, and the labels "0" to "24" centred on their hours, fewer where they would touch.
     static void hours(QPainter* painter, const QRect& axis, const QFont& font, ThemeMode around);
+
+    static QFont labelFont(const QFont& font);
+    /// The room of an hour's label, and whether it has any.
+    static QRectF labelRect(const QRect& axis, int hour, double ratio);
+    static bool hasLabel(const QRect& axis, int hour);
 };
 
 } // namespace vemo_base
