@@ -15,7 +15,6 @@
 #include <SystemMsg.h>
 #include <SystemWorker.h>
 
-#include <QCoreApplication>
 #include <QFileInfo>
 #include <QJsonDocument>
 
@@ -120,7 +119,7 @@ void BackupRun::logIn()
 
 void BackupRun::begin()
 {
-    if (m_begun || m_left)
+    if (m_begun || m_exit.isOver())
         return;
     m_begun = true;
     emit BackupAccess::instance().signalRun(m_taskIds, m_command.backup.tries);
@@ -195,14 +194,10 @@ void BackupRun::interrupt()
 
 void BackupRun::leave(ExitCode code, const QString& sentence)
 {
-    if (m_left)
+    if (!m_exit.leave(code, sentence))
         return;
-    m_left = true;
-    if (!sentence.isEmpty())
-        Terminal::error(sentence);
     emit vemo_contact::SystemMsg::instance().signalPrepareQuitSystem();
     BackupTaskData::instance().flush();
-    QCoreApplication::exit(static_cast<int>(code));
 }
 
 } // namespace vemo_client

@@ -2,6 +2,7 @@
 
 #include "BackupStop.h"
 #include "CliCommand.h"
+#include "VerbExit.h"
 
 #include <QObject>
 #include <QStringList>
@@ -38,7 +39,7 @@ private:
     bool m_begun = false;
     int m_failed = 0;
     int m_stopped = 0;
-    bool m_left = false;
+    VerbExit m_exit;
 };
 
 } // namespace vemo_client

@@ -8,7 +8,6 @@
 #include <BaseTools.h>
 #include <Database.h>
 
-#include <QCoreApplication>
 #include <QJsonDocument>
 #include <QUuid>
 
@@ -140,12 +139,7 @@ void BackupVerb::add()
 
 void BackupVerb::leave(ExitCode code, const QString& sentence)
 {
-    if (m_left)
-        return;
-    m_left = true;
-    if (!sentence.isEmpty())
-        Terminal::error(sentence);
-    QCoreApplication::exit(static_cast<int>(code));
+    m_exit.leave(code, sentence);
 }
 
 } // namespace vemo_client

@@ -2,6 +2,7 @@
 
 #include "CliCommand.h"
 #include "StoredRecorder.h"
+#include "VerbExit.h"
 
 #include <QObject>
 
@@ -29,7 +30,7 @@ private:
 
     const CliCommand m_command;
     StoredRecorder m_recorder;
-    bool m_left = false;
+    VerbExit m_exit;
 };
 
 } // namespace vemo_client

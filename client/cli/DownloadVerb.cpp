@@ -8,7 +8,6 @@
 #include <SystemMsg.h>
 #include <vms_sdk.h>
 
-#include <QCoreApplication>
 
 #include <algorithm>
 
@@ -133,7 +132,7 @@ void DownloadVerb::finished(ChannelDownload& download)
 
 void DownloadVerb::interrupt()
 {
-    if (m_left)
+    if (m_exit.isOver())
         return;
     m_pollTimer.stop();
     m_printer.clear();
@@ -149,11 +148,8 @@ void DownloadVerb::interrupt()
 
 void DownloadVerb::leave(ExitCode code)
 {
-    if (m_left)
-        return;
-    m_left = true;
     m_pollTimer.stop();
-    QCoreApplication::exit(static_cast<int>(code));
+    m_exit.leave(code);
 }
 
 } // namespace vemo_client

@@ -5,6 +5,7 @@
 #include "DownloadPrinter.h"
 #include "OutPath.h"
 #include "RecorderSession.h"
+#include "VerbExit.h"
 
 #include <QMap>
 #include <QTimer>
@@ -45,7 +46,7 @@ private:
     QMap<quint64, ChannelDownload*> m_downloadByStream;
     QTimer m_pollTimer;
     ExitCode m_code = ExitCode::Done;
-    bool m_left = false;
+    VerbExit m_exit;
 };
 
 } // namespace vemo_client

@@ -14,7 +14,6 @@
 #include <SystemConfig.h>
 #include <VCopyLocalFiles.h>
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QJsonDocument>
@@ -320,12 +319,7 @@ void LocalVerb::fail(const QString& sentence)
 
 void LocalVerb::leave(ExitCode code, const QString& sentence)
 {
-    if (m_left)
-        return;
-    m_left = true;
-    if (!sentence.isEmpty())
-        Terminal::error(sentence);
-    QCoreApplication::exit(static_cast<int>(code == ExitCode::Done && m_anyFailed ? ExitCode::Incomplete : code));
+    m_exit.leave(code == ExitCode::Done && m_anyFailed ? ExitCode::Incomplete : code, sentence);
 }
 
 } // namespace vemo_client

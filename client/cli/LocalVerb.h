@@ -2,6 +2,7 @@
 
 #include "CliCommand.h"
 #include "LocalListing.h"
+#include "VerbExit.h"
 
 #include <QHash>
 #include <QObject>
@@ -46,7 +47,7 @@ private:
     const CliCommand m_command;
     QList<LocalFile> m_files; ///< those chosen
     bool m_anyFailed = false;
-    bool m_left = false;
+    VerbExit m_exit;
 };
 
 } // namespace vemo_client

@@ -12,6 +12,7 @@ class VerbExit final
 public:
     /// The sentence, if any, goes to the standard error stream. False when the verb is over already.
     bool leave(ExitCode code, const QString& sentence = {});
+    bool isOver() const { return m_left; }
 
 private:
     bool m_left = false;
