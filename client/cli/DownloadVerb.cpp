@@ -8,7 +8,6 @@
 #include <SystemMsg.h>
 #include <vms_sdk.h>
 
-
 #include <algorithm>
 
 namespace vemo_client {
