@@ -15,9 +15,6 @@
 #include <QLabel>
 #include <QLocale>
 #include <QPainter>
-#include <QPointer>
-#include <QStorageInfo>
-#include <QThreadPool>
 #include <QUrl>
 
 namespace vemo_client {
@@ -208,22 +205,11 @@ void StatusBar::askDisk()
     if (m_askingDisk)
         return;
     m_askingDisk = true;
-    const QString path = vemo_worker::SystemConfig::instance().getDownloadPath();
-    const QPointer<StatusBar> self(this);
-    vemo_worker::DiskManager& disks = vemo_worker::DiskManager::instance();
-    QThreadPool::globalInstance()->start([path, self, &disks] {
-        const QStorageInfo storage(vemo_worker::DiskManager::existingFolderOf(path));
-        const QString name = disks.getDiskName(path);
-        const qint64 freeBytes = storage.bytesAvailable();
-        const qint64 totalBytes = storage.bytesTotal();
-        QMetaObject::invokeMethod(
-            qApp,
-            [self, name, freeBytes, totalBytes] {
-                if (self)
-                    self->showDisk(name, freeBytes, totalBytes);
-            },
-            Qt::QueuedConnection);
-    });
+    vemo_worker::DiskManager::instance().askFigures(vemo_worker::SystemConfig::instance().getDownloadPath(), this,
+                                                    [this](const vemo_worker::DiskManager::Figures& figures) {
+                                                        showDisk(figures.diskName, figures.freeBytes,
+                                                                 figures.totalBytes);
+                                                    });
 }
 
 void StatusBar::showDisk(const QString& name, qint64 freeBytes, qint64 totalBytes)

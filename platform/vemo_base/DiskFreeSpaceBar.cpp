@@ -6,12 +6,8 @@
 
 #include <DiskManager.h>
 
-#include <QCoreApplication>
 #include <QLocale>
 #include <QPainter>
-#include <QPointer>
-#include <QStorageInfo>
-#include <QThreadPool>
 
 namespace vemo_base {
 
@@ -82,26 +78,14 @@ void DiskFreeSpaceBar::ask()
         return;
     m_isAsking = true;
     const QString path = m_path;
-    const QPointer<DiskFreeSpaceBar> self(this);
-    vemo_worker::DiskManager& disks = vemo_worker::DiskManager::instance();
-    QThreadPool::globalInstance()->start([path, self, &disks] {
-        const QStorageInfo storage(vemo_worker::DiskManager::existingFolderOf(path));
-        const QString name = disks.getDiskName(path);
-        const qint64 freeBytes = storage.bytesAvailable();
-        const qint64 totalBytes = storage.bytesTotal();
-        QMetaObject::invokeMethod(
-            qApp,
-            [self, path, name, freeBytes, totalBytes] {
-                if (!self)
-                    return;
-                self->m_isAsking = false;
-                if (self->m_path == path)
-                    self->setFigures(name, freeBytes, totalBytes);
-                else
-                    self->ask();
-            },
-            Qt::QueuedConnection);
-    });
+    vemo_worker::DiskManager::instance().askFigures(
+        path, this, [this, path](const vemo_worker::DiskManager::Figures& figures) {
+            m_isAsking = false;
+            if (m_path == path)
+                setFigures(figures.diskName, figures.freeBytes, figures.totalBytes);
+            else
+                ask();
+        });
 }
 
 void DiskFreeSpaceBar::setFigures(const QString& diskName, qint64 freeBytes, qint64 totalBytes)

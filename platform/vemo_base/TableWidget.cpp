@@ -25,8 +25,7 @@ constexpr int frameLine = 1;
 constexpr int leastRows = 3;
 constexpr int tallestHint = 10000;
 constexpr double focusRadius = 4;
-/// The box and a little around it take the click.
-constexpr int checkBoxReach = 10;
+constexpr int checkBoxReach = 10; ///< the box and so much around it take the click
 
 } // namespace
 

@@ -1,8 +1,11 @@
 #include "DiskManager.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
+#include <QPointer>
 #include <QStorageInfo>
 #include <QTemporaryFile>
+#include <QThreadPool>
 
 namespace vemo_worker {
 
@@ -46,6 +49,22 @@ bool DiskManager::isPathAvailable(const QString& path, bool forWriting) const
     // Access rights alone say too much on network and read-only disks.
     QTemporaryFile probe(path + QStringLiteral("/.vemo-XXXXXX"));
     return probe.open();
+}
+
+void DiskManager::askFigures(const QString& path, QObject* context,
+                             const std::function<void(const Figures&)>& answer) const
+{
+    QThreadPool::globalInstance()->start([this, path, guard = QPointer<QObject>(context), answer] {
+        const QStorageInfo storage(existingFolderOf(path));
+        const Figures figures{getDiskName(path), storage.bytesAvailable(), storage.bytesTotal()};
+        QMetaObject::invokeMethod(
+            qApp,
+            [guard, answer, figures] {
+                if (guard)
+                    answer(figures);
+            },
+            Qt::QueuedConnection);
+    });
 }
 
 } // namespace vemo_worker

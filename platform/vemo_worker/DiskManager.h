@@ -5,6 +5,8 @@
 #include <QObject>
 #include <QString>
 
+#include <functional>
+
 namespace vemo_worker {
 
 /// Questions about the disks of this computer. One object a process, without state.
@@ -20,6 +22,16 @@ public:
     QString getDiskName(const QString& path) const;
     /// The folder is there, and with `forWriting` a file can be made in it.
     bool isPathAvailable(const QString& path, bool forWriting) const;
+
+    struct Figures
+    {
+        QString diskName;
+        qint64 freeBytes = -1; ///< -1: can't be told
+        qint64 totalBytes = -1;
+    };
+    /// Asks the disk that holds the path, or would hold it, on a thread of its own, since a disk may take its time. GUI
+    /// thread; `answer` is called there later, and never once `context` has gone.
+    void askFigures(const QString& path, QObject* context, const std::function<void(const Figures&)>& answer) const;
 
     /// The path itself when it is a folder, else the nearest folder above it that is there.
     static QString existingFolderOf(const QString& path);
