@@ -9,8 +9,14 @@ namespace vemo_worker {
 
 /// What a user may do; bits of one mask.
 enum Power : int {
+    PowerLive = 1,
+    PowerPlayback = 2,
     PowerLocalSnapshots = 4,
     PowerLocalRecordings = 8,
+    PowerDevices = 16,  ///< adding, editing and removing recorders
+    PowerUsers = 32,    ///< administrators: other users and their powers
+    PowerSettings = 64, ///< settings that concern everybody on this computer
+    PowerLogs = 128,
     PowerDownload = 8388608, ///< downloads and backups
 };
 
