@@ -6,14 +6,14 @@ VEMO_PACKAGES=(
     build-essential cmake ninja-build ccache pkg-config python3 ca-certificates
     qtbase5-dev libqt5sql5-sqlite libqt5svg5-dev qttools5-dev qttools5-dev-tools
     libavformat-dev libavcodec-dev libavutil-dev libswresample-dev libswscale-dev
-    libmpv-dev libkdsoap-dev qtkeychain-qt5-dev libssl-dev zlib1g-dev nlohmann-json3-dev
+    libmpv-dev libexif-dev libkdsoap-dev qtkeychain-qt5-dev libssl-dev zlib1g-dev nlohmann-json3-dev
     libgtest-dev libgmock-dev libbenchmark-dev
     ffmpeg fonts-dejavu-core
 )
 
 # What the tests need beside them.
 VEMO_TEST_PACKAGES=(
-    git clang-format clang libclang-rt-dev g++-mingw-w64-x86-64-posix openssl mediainfo time
+    git clang-format clang libclang-rt-dev libimage-exiftool-perl exiv2 g++-mingw-w64-x86-64-posix openssl mediainfo time
     xvfb xauth xdotool x11-utils openbox dbus at-spi2-core gir1.2-atspi-2.0 python3-gi
     gstreamer1.0-tools gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-plugins-bad gstreamer1.0-libav
     libgstreamer1.0-dev libgstreamer-plugins-base1.0-dev libgstrtspserver-1.0-dev

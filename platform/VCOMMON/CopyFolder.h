@@ -40,8 +40,9 @@ public:
     Id rootId() const;
     qint64 freeBytes() const;
 
-    /// Makes and opens a new file with a temporary name, for reading and writing, with the permissions of `like`.
-    bool createTemporary(QFile& file, const QFile& like);
+    /// Makes and opens a new file with a temporary name, for reading and writing, with the permissions of the open file
+    /// `like`; without one, with those that the system gives new files.
+    bool createTemporary(QFile& file, const QFile* like = nullptr);
     /// Gives a temporary file its name; never over anything else.
     Published publish(QFile& file, const QString& name);
     /// Whether the file stands under this name when one comes by the folder's path.

@@ -116,10 +116,11 @@ qint64 CopyFolder::freeBytes() const
     return static_cast<qint64>(disk.f_bavail) * static_cast<qint64>(disk.f_frsize);
 }
 
-bool CopyFolder::createTemporary(QFile& file, const QFile& like)
+bool CopyFolder::createTemporary(QFile& file, const QFile* like)
 {
     struct stat source = {};
-    if (::fstat(like.handle(), &source) != 0)
+    source.st_mode = 0666;
+    if (like && ::fstat(like->handle(), &source) != 0)
         return false;
     for (;;) {
         m_name = temporaryName();

@@ -105,7 +105,7 @@ qint64 CopyFolder::freeBytes() const
                : -1;
 }
 
-bool CopyFolder::createTemporary(QFile& file, const QFile&)
+bool CopyFolder::createTemporary(QFile& file, const QFile*)
 {
     m_name = temporaryName();
     file.setFileName(m_path + QLatin1Char('/') + m_name);

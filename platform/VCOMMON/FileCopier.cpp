@@ -163,7 +163,7 @@ bool FileCopier::fill(Job& job)
                              .arg(job.target)
                              .arg(job.stamp.sizeBytes / bytesOfMb + 1)
                              .arg(freeBytes / bytesOfMb));
-    if (!job.folder.createTemporary(job.to, job.from))
+    if (!job.folder.createTemporary(job.to, &job.from))
         return failWriting(job);
     job.hasTemporary = true;
     hintSequential(job.from);
