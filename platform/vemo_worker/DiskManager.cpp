@@ -1,13 +1,18 @@
 #include "DiskManager.h"
 
-#include <QCoreApplication>
+#include "DiskCall.h"
+
 #include <QFileInfo>
-#include <QPointer>
 #include <QStorageInfo>
 #include <QTemporaryFile>
-#include <QThreadPool>
 
 namespace vemo_worker {
+
+namespace {
+
+constexpr int giveUpMs = 5000;
+
+} // namespace
 
 DiskManager::DiskManager() = default;
 
@@ -54,17 +59,12 @@ bool DiskManager::isPathAvailable(const QString& path, bool forWriting) const
 void DiskManager::askFigures(const QString& path, QObject* context,
                              const std::function<void(const Figures&)>& answer) const
 {
-    QThreadPool::globalInstance()->start([this, path, guard = QPointer<QObject>(context), answer] {
+    const auto ask = [this, path, answer](const std::atomic<bool>&) -> DiskCall::Answer {
         const QStorageInfo storage(existingFolderOf(path));
         const Figures figures{getDiskName(path), storage.bytesAvailable(), storage.bytesTotal()};
-        QMetaObject::invokeMethod(
-            qApp,
-            [guard, answer, figures] {
-                if (guard)
-                    answer(figures);
-            },
-            Qt::QueuedConnection);
-    });
+        return [answer, figures] { answer(figures); };
+    };
+    DiskCall::start(context, giveUpMs, ask, [answer] { answer(Figures()); });
 }
 
 } // namespace vemo_worker

@@ -29,8 +29,9 @@ public:
         qint64 freeBytes = -1; ///< -1: can't be told
         qint64 totalBytes = -1;
     };
-    /// Asks the disk that holds the path, or would hold it, on a thread of its own, since a disk may take its time. GUI
-    /// thread; `answer` is called there later, and never once `context` has gone.
+    /// Asks the disk that holds the path, or would hold it, on a thread of its own, since a disk may take its time; one
+    /// that doesn't answer within 5 s has no name and no figures. GUI thread; `answer` is called there later, and never
+    /// once `context` has gone.
     void askFigures(const QString& path, QObject* context, const std::function<void(const Figures&)>& answer) const;
 
     /// The path itself when it is a folder, else the nearest folder above it that is there.

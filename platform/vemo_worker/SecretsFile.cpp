@@ -1,77 +1,42 @@
 #include "SecretsFile.h"
 
-#include "ClientSecretKey.h"
-#include "SecretBox.h"
+#include "SealedFile.h"
 #include "SysPaths.h"
 
-#include <DataFolder.h>
-
-#include <QDateTime>
-#include <QDebug>
-#include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QSaveFile>
+#include <QMap>
 
 namespace vemo_worker {
 
 namespace {
 
-constexpr qint64 fileLimitBytes = 4 * 1024 * 1024;
+using State = SealedFile::State;
 
-QByteArray magic()
+SealedFile file()
 {
-    return QByteArrayLiteral("vemo secrets 1\n");
+    return {SysPaths::configDir() + QStringLiteral("/secrets"), QByteArrayLiteral("vemo secrets 1\n")};
 }
 
-QString path()
+State load(QMap<QString, QString>* texts)
 {
-    return SysPaths::configDir() + QStringLiteral("/secrets");
-}
-
-QByteArray key()
-{
-    QString error;
-    const QByteArray result = ClientSecretKey::instance().key(&error);
-    if (result.isEmpty())
-        qWarning().noquote() << "stored passwords:" << error;
-    return result;
-}
-
-} // namespace
-
-SecretsFile::State SecretsFile::load(QMap<QString, QString>* texts)
-{
-    QFile file(path());
-    if (!file.exists() || file.size() == 0)
-        return State::Absent;
-    if (!file.open(QIODevice::ReadOnly) || file.size() > fileLimitBytes || file.read(magic().size()) != magic())
-        return State::Damaged;
-    const QByteArray secretKey = key();
-    if (secretKey.isEmpty())
-        return State::NoKey;
-    const auto plain = SecretBox::open(secretKey, file.readAll(), magic());
-    if (!plain)
-        return State::Damaged;
-    const QJsonObject object = QJsonDocument::fromJson(*plain).object();
+    QByteArray plain;
+    const State state = file().read(&plain);
+    const QJsonObject object = QJsonDocument::fromJson(plain).object();
     for (auto each = object.begin(); each != object.end(); ++each)
         texts->insert(each.key(), each.value().toString());
-    return State::Good;
+    return state;
 }
 
-bool SecretsFile::save(const QMap<QString, QString>& texts)
+bool save(const QMap<QString, QString>& texts)
 {
     QJsonObject object;
     for (auto each = texts.begin(); each != texts.end(); ++each)
         object.insert(each.key(), each.value());
-    const QByteArray sealed = SecretBox::seal(key(), QJsonDocument(object).toJson(QJsonDocument::Compact), magic());
-    if (sealed.isEmpty() || !vemo_data::DataFolder::makePrivateFile(path()))
-        return false;
-    // The existing target gives the new file its permissions before anything is written to it.
-    QSaveFile file(path());
-    return file.open(QIODevice::WriteOnly) && file.write(magic() + sealed) == magic().size() + sealed.size() &&
-           file.commit();
+    return file().write(QJsonDocument(object).toJson(QJsonDocument::Compact));
 }
+
+} // namespace
 
 std::optional<QString> SecretsFile::read(const QString& name)
 {
@@ -86,13 +51,8 @@ bool SecretsFile::write(const QString& name, const QString& text)
     const State state = load(&texts);
     if (state == State::NoKey)
         return false;
-    if (state == State::Damaged) {
-        const QString aside = path() + QStringLiteral(".damaged-") +
-                              QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-hhmmsszzz"));
-        if (!QFile::rename(path(), aside))
-            return false;
-        qWarning().noquote() << "stored passwords can't be opened; set aside as" << aside;
-    }
+    if (state == State::Damaged && !file().setAside())
+        return false;
     texts.insert(name, text);
     return save(texts);
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QMap>
 #include <QString>
 
 #include <optional>
@@ -19,12 +18,6 @@ public:
     static bool write(const QString& name, const QString& text);
     /// True as well when there was nothing.
     static bool remove(const QString& name);
-
-private:
-    enum class State { Good, Absent, NoKey, Damaged };
-
-    static State load(QMap<QString, QString>* texts);
-    static bool save(const QMap<QString, QString>& texts);
 };
 
 } // namespace vemo_worker
