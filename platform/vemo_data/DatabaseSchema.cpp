@@ -194,6 +194,24 @@ const std::vector<Step>& steps()
                 channel_name TEXT NOT NULL
             ))",
         },
+        {
+            "ALTER TABLE devices ADD COLUMN group_name TEXT NOT NULL DEFAULT ''",
+            "ALTER TABLE devices ADD COLUMN enabled INTEGER NOT NULL DEFAULT 1 CHECK (enabled IN (0, 1))",
+            // 1 recorder, 2 source for live view alone
+            "ALTER TABLE devices ADD COLUMN kind INTEGER NOT NULL DEFAULT 1 CHECK (kind IN (1, 2))",
+            "ALTER TABLE devices ADD COLUMN channel_count INTEGER NOT NULL DEFAULT 0 "
+            "CHECK (channel_count BETWEEN 0 AND 1024)",
+            "ALTER TABLE devices ADD COLUMN endpoint TEXT NOT NULL DEFAULT ''",
+            // Since 1970.
+            "ALTER TABLE devices ADD COLUMN last_seen_utc_ms INTEGER",
+            // The names that a person gave; what the device calls its channels comes and goes with device_channels.
+            R"(CREATE TABLE device_channel_names (
+                dev_id TEXT NOT NULL REFERENCES devices (dev_id) ON DELETE CASCADE,
+                channel_no INTEGER NOT NULL,
+                name TEXT NOT NULL CHECK (name != ''),
+                PRIMARY KEY (dev_id, channel_no)
+            ) WITHOUT ROWID)",
+        },
     };
     return all;
 }

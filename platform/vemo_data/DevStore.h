@@ -4,8 +4,9 @@
 
 #include <VmsTypes.h>
 
+#include <QDateTime>
 #include <QList>
-#include <QPair>
+#include <QMap>
 
 class QSqlDatabase;
 
@@ -17,11 +18,20 @@ class DevStore final
 public:
     DevStore() = delete;
 
-    using Stored = QPair<DevRecord, vms_sdk::DevInfo>;
+    struct Stored
+    {
+        DevRecord record;
+        vms_sdk::DevInfo info;           ///< as last told by the device
+        QMap<int, QString> channelNames; ///< that a person gave, by channel number
+        QDateTime lastSeen;              ///< UTC; invalid: never
+    };
 
     static bool all(QSqlDatabase& db, QList<Stored>* devs);
     static bool put(QSqlDatabase& db, const DevRecord& record);
     static bool putInfo(QSqlDatabase& db, const vms_sdk::DevInfo& info); ///< replaces the channels
+    static bool putLastSeen(QSqlDatabase& db, const QString& devId, const QDateTime& utc);
+    /// An empty name takes it away.
+    static bool putChannelName(QSqlDatabase& db, const QString& devId, int channelNo, const QString& name);
     static bool remove(QSqlDatabase& db, const QString& devId);
 };
 

@@ -9,7 +9,15 @@
 
 #include <QUuid>
 
+#include <algorithm>
+
 namespace vemo_data {
+
+namespace {
+
+constexpr qint64 keepSeenAfterMs = 1'800'000;
+
+} // namespace
 
 DevsMgrData::DevsMgrData()
 {
@@ -17,6 +25,7 @@ DevsMgrData::DevsMgrData()
     connect(&client, &vms_sdk::ClientSignals::signalDevInfoPush, this, &DevsMgrData::storeInfo);
     connect(&client, &vms_sdk::ClientSignals::signalDevStatusPush, &DataSignals::instance(),
             &DataSignals::signalDevStatusChanged);
+    connect(&client, &vms_sdk::ClientSignals::signalDevStatusPush, this, &DevsMgrData::takeStatus);
 }
 
 DevsMgrData& DevsMgrData::instance()
@@ -31,11 +40,17 @@ void DevsMgrData::load()
     if (!Database::instance().run([&stored](QSqlDatabase& db) { return DevStore::all(db, &stored); }))
         return;
     for (const DevStore::Stored& dev : qAsConst(stored)) {
-        const QString& devId = dev.first.devId;
+        const QString& devId = dev.record.devId;
         if (m_devs.contains(devId))
             continue;
         m_order.append(devId);
-        m_devs.insert(devId, Entry{dev.first, dev.second, false, {}});
+        Entry& entry = m_devs[devId];
+        entry.record = dev.record;
+        entry.info = dev.info;
+        entry.channelNames = dev.channelNames;
+        entry.lastSeen = dev.lastSeen;
+        entry.lastSeenStored = dev.lastSeen;
+        makeChannels(&entry);
         emit DataSignals::instance().signalDevInfoChanged(devId);
     }
 }
@@ -49,13 +64,17 @@ QString DevsMgrData::insert(const DevRecord& given, bool session)
 
     const bool isNew = !m_devs.contains(record.devId);
     Entry& entry = m_devs[record.devId];
+    const bool loggedOut = entry.record.enabled && !record.enabled;
     entry.record = record;
     entry.info.devId = record.devId;
     entry.session = session;
+    makeChannels(&entry);
     if (isNew)
         m_order.append(record.devId);
     if (!session)
         Database::instance().post([record](QSqlDatabase& db) { return DevStore::put(db, record); });
+    if (loggedOut && !isNew)
+        vms_sdk::logout_dev_req(record.devId);
     emit DataSignals::instance().signalDevInfoChanged(record.devId);
     return record.devId;
 }
@@ -84,6 +103,71 @@ void DevsMgrData::removeDev(const QString& devId)
     emit DataSignals::instance().signalDevRemoved(devId);
 }
 
+void DevsMgrData::setEnabled(const QString& devId, bool enabled)
+{
+    const auto found = m_devs.constFind(devId);
+    if (found == m_devs.constEnd() || found->record.enabled == enabled)
+        return;
+    DevRecord record = found->record;
+    record.enabled = enabled;
+    insert(record, found->session);
+}
+
+void DevsMgrData::setGroup(const QString& devId, const QString& group)
+{
+    const auto found = m_devs.constFind(devId);
+    if (found == m_devs.constEnd() || found->record.group == group.simplified())
+        return;
+    DevRecord record = found->record;
+    record.group = group.simplified();
+    insert(record, found->session);
+}
+
+void DevsMgrData::renameGroup(const QString& from, const QString& to)
+{
+    for (const QString& devId : qAsConst(m_order)) {
+        if (devRecord(devId).group == from)
+            setGroup(devId, to);
+    }
+}
+
+QStringList DevsMgrData::groups() const
+{
+    QStringList names;
+    for (const Entry& entry : m_devs) {
+        if (!entry.record.group.isEmpty() && !names.contains(entry.record.group))
+            names.append(entry.record.group);
+    }
+    names.sort(Qt::CaseInsensitive);
+    return names;
+}
+
+void DevsMgrData::setChannelName(const QString& devId, int channelNo, const QString& given)
+{
+    const auto found = m_devs.find(devId);
+    const QString name = given.simplified();
+    if (found == m_devs.end() || found->channelNames.value(channelNo) == name)
+        return;
+    if (name.isEmpty())
+        found->channelNames.remove(channelNo);
+    else
+        found->channelNames.insert(channelNo, name);
+    makeChannels(&*found);
+    if (!found->session)
+        Database::instance().post(
+            [=](QSqlDatabase& db) { return DevStore::putChannelName(db, devId, channelNo, name); });
+    emit DataSignals::instance().signalDevInfoChanged(devId);
+}
+
+QString DevsMgrData::deviceChannelName(const QString& devId, int channelNo) const
+{
+    const QList<vms_sdk::ChannelInfo> told = m_devs.value(devId).info.channels;
+    const auto channel = std::find_if(told.cbegin(), told.cend(), [channelNo](const vms_sdk::ChannelInfo& each) {
+        return each.channelNo == channelNo;
+    });
+    return channel == told.cend() ? QString() : channel->name;
+}
+
 QStringList DevsMgrData::devIds() const
 {
     return m_order;
@@ -108,6 +192,9 @@ vms_sdk::DevInfo DevsMgrData::getDevInfoById(const QString& devId) const
     if (!found->record.name.isEmpty())
         info.name = found->record.name;
     info.address = found->record.address;
+    info.channels = found->channels;
+    if (found->record.kind == DevKind::RtspSource)
+        info.supportsBackup = false;
     return info;
 }
 
@@ -118,7 +205,13 @@ vms_sdk::DevStatus DevsMgrData::getDevStatus(const QString& devId) const
 
 QList<vms_sdk::ChannelInfo> DevsMgrData::channels(const QString& devId) const
 {
-    return m_devs.value(devId).info.channels;
+    const auto found = m_devs.constFind(devId);
+    return found == m_devs.constEnd() ? QList<vms_sdk::ChannelInfo>() : found->channels;
+}
+
+QDateTime DevsMgrData::lastSeen(const QString& devId) const
+{
+    return m_devs.value(devId).lastSeen;
 }
 
 bool DevsMgrData::isSaasDev(const QString& devId) const
@@ -156,9 +249,40 @@ void DevsMgrData::storeInfo(const vms_sdk::DevInfo& info)
     if (found == m_devs.end())
         return;
     found->info = info;
+    makeChannels(&*found);
     if (!found->session)
         Database::instance().post([info](QSqlDatabase& db) { return DevStore::putInfo(db, info); });
     emit DataSignals::instance().signalDevInfoChanged(info.devId);
+}
+
+void DevsMgrData::makeChannels(Entry* entry)
+{
+    entry->channels = entry->info.channels;
+    if (entry->channels.isEmpty()) {
+        for (int number = 1; number <= entry->record.channelCount; ++number) {
+            vms_sdk::ChannelInfo channel;
+            channel.channelNo = number;
+            entry->channels.append(channel);
+        }
+    }
+    if (entry->channelNames.isEmpty())
+        return;
+    for (vms_sdk::ChannelInfo& channel : entry->channels)
+        channel.name = entry->channelNames.value(channel.channelNo, channel.name);
+}
+
+void DevsMgrData::takeStatus(const QString& devId, vms_sdk::DevStatus status)
+{
+    const auto found = m_devs.find(devId);
+    if (found == m_devs.end() || status != vms_sdk::DevStatus::Online)
+        return;
+    const QDateTime now = QDateTime::currentDateTimeUtc();
+    found->lastSeen = now;
+    const bool isDue = !found->lastSeenStored.isValid() || found->lastSeenStored.msecsTo(now) >= keepSeenAfterMs;
+    if (found->session || !isDue)
+        return;
+    found->lastSeenStored = now;
+    Database::instance().post([devId, now](QSqlDatabase& db) { return DevStore::putLastSeen(db, devId, now); });
 }
 
 } // namespace vemo_data

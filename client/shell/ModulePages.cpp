@@ -1,0 +1,54 @@
+#include "ModulePages.h"
+
+#include "ShellWt.h"
+
+#include "playback/PlaybackPage.h"
+
+#include <SystemWorker.h>
+
+#include <QCoreApplication>
+
+namespace vemo_client {
+
+namespace {
+
+class PagesText final
+{
+    Q_DECLARE_TR_FUNCTIONS(vemo_client::ModulePages)
+};
+
+ModulePage playback(ShellWt* shell, RecorderLogins* logins)
+{
+    return {ModulePages::playbackKey(), PagesText::tr("Playback"), QStringLiteral("playback"),
+            vemo_worker::PowerPlayback, [shell, logins](QWidget* parent) -> QWidget* {
+                auto* page = new PlaybackPage(logins, parent);
+                QObject::connect(page, &PlaybackPage::signalQueued, shell, &ShellWt::tellQueued);
+                QObject::connect(shell, &ShellWt::signalRecorderAsked, page, &PlaybackPage::showRecorder);
+                QObject::connect(shell, &ShellWt::signalAboutToClose, page, &PlaybackPage::remember);
+                return page;
+            }};
+}
+
+ModulePage filesCenter()
+{
+    return {ModulePages::filesCenterKey(), PagesText::tr("Files Center"), QStringLiteral("files"), 0, {}};
+}
+
+} // namespace
+
+QVector<ModulePage> ModulePages::of(ShellWt* shell, RecorderLogins* logins)
+{
+    return {playback(shell, logins), filesCenter()};
+}
+
+QString ModulePages::playbackKey()
+{
+    return QStringLiteral("playback");
+}
+
+QString ModulePages::filesCenterKey()
+{
+    return QStringLiteral("files_center");
+}
+
+} // namespace vemo_client
