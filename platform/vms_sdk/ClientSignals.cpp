@@ -13,6 +13,7 @@ ClientSignals::ClientSignals(QObject* parent)
     qRegisterMetaType<vms_sdk::DevInfo>();
     qRegisterMetaType<vms_sdk::VideoRecording>();
     qRegisterMetaType<QList<vms_sdk::VideoRecording>>();
+    qRegisterMetaType<vms_sdk::DiscoveredDev>();
     qRegisterMetaType<vms_sdk::StreamEvent>();
     if (QCoreApplication::instance() != nullptr)
         moveToThread(QCoreApplication::instance()->thread());

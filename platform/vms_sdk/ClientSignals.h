@@ -31,6 +31,11 @@ signals:
                                         const QList<vms_sdk::VideoRecording>& recordings);
     void signalRequestTimeout(const QString& requestId);
 
+    /// Once a device, and again with more addresses when it answers with others.
+    void signalDevDiscovered(const QString& requestId, const vms_sdk::DiscoveredDev& dev);
+    /// The time is up, the request was cancelled, or no network could be asked.
+    void signalDiscoveryFinished(const QString& requestId, const vms_sdk::Error& error);
+
     void signalDevLoginRes(const QString& devId, const vms_sdk::Error& error);
     void signalDevStatusPush(const QString& devId, vms_sdk::DevStatus status);
     void signalDevInfoPush(const vms_sdk::DevInfo& info);

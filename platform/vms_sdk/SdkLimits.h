@@ -13,6 +13,7 @@ struct SdkLimits
     int requestTimeoutMs = 30'000; ///< a search without renewal
     int silenceTimeoutMs = 10'000; ///< a playing stream without a byte
     qint64 streamCreditBytes = 12 * 1024 * 1024;
+    qint64 liveCreditBytes = 4 * 1024 * 1024;
     int searchEvents = 100'000;    ///< events that one search keeps
     int searchRecordings = 20'000; ///< recordings that one search answers
 };

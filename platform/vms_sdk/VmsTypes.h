@@ -51,7 +51,8 @@ struct ChannelInfo
     int channelNo = 0; ///< from 1, in the order of the device's recordings or video sources
     QString name;
     QString recordingToken;
-    QString profileToken;
+    QString profileToken;    ///< media profile of its main live stream
+    QString subProfileToken; ///< the next smaller one, empty when there is none
 };
 
 struct DevInfo
@@ -62,6 +63,7 @@ struct DevInfo
     QString model;
     QString firmware;
     QString serialNumber;
+    QString endpoint; ///< the device's own UUID, the same wherever it answers; empty when it does not tell
     QUrl address;
     int type = 0;
     bool supportsBackup = false; ///< it offers replay
@@ -94,8 +96,9 @@ struct PlaybackByFileCondition
     int channelNo = 0;
     QString fileName;
     int location = 0;
-    int downloadedMs = 0; ///< play from here on, ms from the recording's begin
-    int downloadFlag = 0; ///< 1: as fast as the network goes, flow-controlled by stream_data_consumed
+    int downloadedMs = 0;     ///< play from here on, ms from the recording's begin
+    int downloadFlag = 0;     ///< 1: as fast as the network goes, flow-controlled by stream_data_consumed
+    bool flowControl = false; ///< without the download flag: stream_data_consumed counts all the same
 };
 
 struct PlaybackByTimeCondition
@@ -106,6 +109,29 @@ struct PlaybackByTimeCondition
     QDateTime endTime; ///< invalid: open, the listener stops when it has enough
     int location = 0;
     int downloadFlag = 0;
+    bool flowControl = false; ///< as above
+};
+
+enum class LiveProfile : int {
+    Main = 0,
+    Sub = 1, ///< the next smaller stream of the channel; the main one where there is none
+};
+
+struct LiveCondition
+{
+    QString devId;
+    int channelNo = 0;
+    LiveProfile profile = LiveProfile::Main;
+    bool flowControl = false; ///< as above; what nobody consumes in time is dropped, in whole groups of pictures
+};
+
+/// A device that answered a discovery. All texts come from the network: plain, one line, bounded.
+struct DiscoveredDev
+{
+    QString endpoint; ///< the device's own UUID (or URI), the same wherever it answers
+    QString name;
+    QString model;
+    QList<QUrl> addresses; ///< of its device service, what it answered from first; at most 8
 };
 
 enum PlaybackCtrl : int { PlaybackResume = 0, PlaybackPause = 1 };
@@ -127,5 +153,6 @@ enum StreamEvent : int {
 Q_DECLARE_METATYPE(vms_sdk::DevStatus)
 Q_DECLARE_METATYPE(vms_sdk::DevInfo)
 Q_DECLARE_METATYPE(vms_sdk::VideoRecording)
+Q_DECLARE_METATYPE(vms_sdk::DiscoveredDev)
 Q_DECLARE_METATYPE(QList<vms_sdk::VideoRecording>)
 Q_DECLARE_METATYPE(vms_sdk::StreamEvent)

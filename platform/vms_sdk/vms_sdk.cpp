@@ -98,7 +98,12 @@ void renewal_request_id(const QString& requestId)
 
 void cancel_request(const QString& requestId)
 {
-    core().cancelSearch(requestId);
+    core().cancelRequest(requestId);
+}
+
+void discover_devs_req(const QString& requestId, int timeoutMs)
+{
+    core().discover(requestId, timeoutMs);
 }
 
 quint64 playback_by_file_req(const PlaybackByFileCondition& condition)
@@ -109,6 +114,16 @@ quint64 playback_by_file_req(const PlaybackByFileCondition& condition)
 quint64 playback_by_time_req(const PlaybackByTimeCondition& condition)
 {
     return core().streams().openByTime(condition);
+}
+
+quint64 live_play_req(const LiveCondition& condition)
+{
+    return core().streams().openLive(condition);
+}
+
+void playback_seek_req(quint64 streamId, const QDateTime& time)
+{
+    core().streams().seek(streamId, time);
 }
 
 void playback_ctrl_req(quint64 streamId, PlaybackCtrl ctrl)

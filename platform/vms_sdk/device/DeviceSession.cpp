@@ -1,5 +1,7 @@
 #include "DeviceSession.h"
 
+#include <utility>
+
 namespace vms_sdk {
 
 using namespace onvif;
@@ -257,30 +259,32 @@ void DeviceSession::noteFailure(const Error& error)
     }
 }
 
-void DeviceSession::findReplay(int channelNo, const QString& recordingToken, ReplayDone done)
+void DeviceSession::withChannel(int channelNo, const StreamDone& done, std::function<void(const ChannelInfo&)> found)
 {
-    ensureLogin([this, channelNo, recordingToken, done = std::move(done)](const Error& error) {
-        if (error) {
+    ensureLogin([this, channelNo, done, found = std::move(found)](const Error& error) {
+        const std::optional<ChannelInfo> known = channel(channelNo);
+        if (error)
             done(error, {});
-            return;
-        }
-        const std::optional<ChannelInfo> found = channel(channelNo);
-        if (!found) {
+        else if (!known)
             done({ErrorKind::NotFound, tr("The device has no channel %1.").arg(channelNo), {}}, {});
-            return;
-        }
-        if (isDirect()) {
+        else if (isDirect())
             done({}, directUrl(channelNo));
-            return;
-        }
-        const QString token = recordingToken.isEmpty() ? found->recordingToken : recordingToken;
+        else
+            found(*known);
+    });
+}
+
+void DeviceSession::findReplay(int channelNo, const QString& recordingToken, StreamDone done)
+{
+    withChannel(channelNo, done, [this, recordingToken, done](const ChannelInfo& found) {
+        const QString token = recordingToken.isEmpty() ? found.recordingToken : recordingToken;
         const QUrl known = m_replayUrls.value(token);
         if (!known.isEmpty()) {
             done({}, known);
         } else if (token.isEmpty() || !offers(Service::Replay)) {
-            done({ErrorKind::NoReplay, tr("The device offers no replay of channel %1.").arg(channelNo), {}}, {});
+            done({ErrorKind::NoReplay, tr("The device offers no replay of channel %1.").arg(found.channelNo), {}}, {});
         } else {
-            std::vector<ReplayDone>& waiters = m_replayWaiters[token];
+            std::vector<StreamDone>& waiters = m_replayWaiters[token];
             waiters.push_back(done);
             if (waiters.size() == 1)
                 askReplayUri(token);
@@ -291,24 +295,60 @@ void DeviceSession::findReplay(int channelNo, const QString& recordingToken, Rep
 void DeviceSession::askReplayUri(const QString& recordingToken)
 {
     call(Service::Replay, requests::getReplayUri(recordingToken), [this, recordingToken](const SoapAnswer& answer) {
-        QUrl url = answers::replayUri(answer.payload()).adjusted(QUrl::RemoveUserInfo);
-        Error error = answer.error();
-        const bool isRefusal = answer.isFault() && error.kind != ErrorKind::LoginRefused &&
-                               error.kind != ErrorKind::AccountLocked && error.kind != ErrorKind::LimitReached;
-        if (isRefusal || error.kind == ErrorKind::NotFound || (!error && url.isEmpty()))
-            error = {ErrorKind::NoReplay, tr("The device gives no replay address for the recording."), error.context};
-        if (!error) {
-            // The login goes to the host that the person named, whatever the device calls itself.
-            url.setHost(m_login.address.host());
+        QUrl url = answers::replayUri(answer.payload());
+        const Error error = takeUri(
+            answer, {ErrorKind::NoReplay, tr("The device gives no replay address for the recording."), {}}, url);
+        if (!error)
             m_replayUrls.insert(recordingToken, url);
-        }
         answerReplay(recordingToken, error, url);
     });
 }
 
+void DeviceSession::findLive(int channelNo, LiveProfile profile, StreamDone done)
+{
+    withChannel(channelNo, done, [this, profile, done](const ChannelInfo& found) {
+        const bool isSub = profile == LiveProfile::Sub && !found.subProfileToken.isEmpty();
+        const QString token = isSub ? found.subProfileToken : found.profileToken;
+        const Error missing{
+            ErrorKind::NotFound, tr("The device offers no live video of channel %1.").arg(found.channelNo), {}};
+        if (token.isEmpty() || !offers(Service::Media)) {
+            done(missing, {});
+            return;
+        }
+        // Asked for each time: a device may hand out addresses that are good for one connection.
+        const quint64 wish = ++m_lastLiveWish;
+        m_liveWaiters[wish] = done;
+        call(Service::Media, requests::getStreamUri(token), [this, wish, missing](const SoapAnswer& answer) {
+            const auto waiter = m_liveWaiters.find(wish);
+            if (waiter == m_liveWaiters.end())
+                return;
+            const StreamDone waiting = std::move(waiter->second);
+            m_liveWaiters.erase(waiter);
+            QUrl url = answers::streamUri(answer.payload());
+            const Error error = takeUri(answer, missing, url);
+            waiting(error, url);
+        });
+    });
+}
+
+Error DeviceSession::takeUri(const SoapAnswer& answer, const Error& missing, QUrl& url) const
+{
+    const Error& error = answer.error();
+    const bool isRefusal = answer.isFault() && error.kind != ErrorKind::LoginRefused &&
+                           error.kind != ErrorKind::AccountLocked && error.kind != ErrorKind::LimitReached;
+    if (isRefusal || error.kind == ErrorKind::NotFound || (!error && url.isEmpty()))
+        return {missing.kind, missing.message, error.context};
+    if (error)
+        return error;
+    // The login goes to the host that the person named, whatever the device calls itself.
+    url = url.adjusted(QUrl::RemoveUserInfo);
+    url.setHost(m_login.address.host());
+    return {};
+}
+
 void DeviceSession::answerReplay(const QString& recordingToken, const Error& error, const QUrl& url)
 {
-    for (const ReplayDone& done : m_replayWaiters.take(recordingToken))
+    for (const StreamDone& done : m_replayWaiters.take(recordingToken))
         done(error, url);
 }
 
@@ -329,6 +369,8 @@ void DeviceSession::shutDown()
     const QStringList tokens = m_replayWaiters.keys();
     for (const QString& token : tokens)
         answerReplay(token, cancelled, {});
+    for (const auto& [wish, done] : std::exchange(m_liveWaiters, {}))
+        done(cancelled, {});
 }
 
 } // namespace vms_sdk

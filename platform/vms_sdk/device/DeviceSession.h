@@ -9,15 +9,16 @@
 #include <QTimer>
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <vector>
 
 namespace vms_sdk {
 
-/// The session with one device: logs in, logs in again when a call finds it lost, calls its services and keeps the
-/// replay addresses. Lives on the SOAP thread; owned by SoapWorker, which destroys it from its event loop only. Every
-/// function with a callback answers exactly once, later; shutDown() answers what is left with Cancelled. A device
+/// The session with one device: logs in, logs in again when a call finds it lost, calls its services and asks for the
+/// addresses of streams. Lives on the SOAP thread; owned by SoapWorker, which destroys it from its event loop only.
+/// Every function with a callback answers exactly once, later; shutDown() answers what is left with Cancelled. A device
 /// behind an rtsp address has no services: it is known as soon as its port answers.
 class DeviceSession final : public QObject
 {
@@ -26,7 +27,7 @@ class DeviceSession final : public QObject
 
 public:
     using Done = std::function<void(const Error&)>;
-    using ReplayDone = std::function<void(const Error&, const QUrl&)>;
+    using StreamDone = std::function<void(const Error&, const QUrl&)>;
 
     DeviceSession(DevLogin login, const SdkLimits& limits, onvif::SoapClient::Clock clock, QObject* parent = nullptr);
     ~DeviceSession() override;
@@ -49,7 +50,9 @@ public:
     void cancel(quint64 callId);
     /// Where a channel is replayed from: NotFound for an unknown channel, NoReplay when the device gives no address. An
     /// empty token means the channel's own recording.
-    void findReplay(int channelNo, const QString& recordingToken, ReplayDone done);
+    void findReplay(int channelNo, const QString& recordingToken, StreamDone done);
+    /// Where a channel is shown live from: NotFound for an unknown channel and where the device gives no address.
+    void findLive(int channelNo, LiveProfile profile, StreamDone done);
     void shutDown();
 
 signals:
@@ -69,8 +72,12 @@ private:
     void loginDone(const LoginResult& result);
     void answerLogin(const Error& error);
     void noteFailure(const Error& error);
+    /// Logs in and hands out the channel. Where there is none, and for direct sources, `done` is answered instead.
+    void withChannel(int channelNo, const StreamDone& done, std::function<void(const ChannelInfo&)> found);
     void askReplayUri(const QString& recordingToken);
     void answerReplay(const QString& recordingToken, const Error& error, const QUrl& url);
+    /// The address as this client may use it; without one, `missing` is the reason.
+    Error takeUri(const onvif::SoapAnswer& answer, const Error& missing, QUrl& url) const;
     QUrl directUrl(int channelNo) const;
 
     const DevLogin m_login;
@@ -84,7 +91,9 @@ private:
     std::unique_ptr<LoginFlow> m_flow;
     std::vector<Done> m_loginWaiters;
     QHash<QString, QUrl> m_replayUrls;
-    QHash<QString, std::vector<ReplayDone>> m_replayWaiters; ///< by recording token
+    QHash<QString, std::vector<StreamDone>> m_replayWaiters; ///< by recording token
+    std::map<quint64, StreamDone> m_liveWaiters;             ///< by number of the wish
+    quint64 m_lastLiveWish = 0;
     QTcpSocket m_portCheck;
     QTimer m_portTimer;
 };

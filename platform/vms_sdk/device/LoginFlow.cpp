@@ -155,6 +155,17 @@ void LoginFlow::askIdentity()
                       m_result.info.model = identity.model;
                       m_result.info.firmware = identity.firmware;
                       m_result.info.serialNumber = identity.serialNumber;
+                      askEndpoint();
+                  });
+}
+
+void LoginFlow::askEndpoint()
+{
+    // Few devices know it, and it is not worth a login.
+    m_client.call(m_deviceService, requests::getEndpointReference(), SoapClient::Auth::Login,
+                  [this](const SoapAnswer& answer) {
+                      if (!answer.error())
+                          m_result.info.endpoint = answers::endpointReference(answer.payload());
                       askProfiles();
                   });
 }
@@ -226,6 +237,24 @@ void LoginFlow::takeRecordings(const QVector<RecordingEntry>& recordings)
     }
 }
 
+/// The first profile of a source is its main stream; the sub stream is the largest of those that are smaller.
+void LoginFlow::takeProfiles(ChannelInfo& channel, const QString& source) const
+{
+    const auto main = std::find_if(m_profiles.cbegin(), m_profiles.cend(), [&](const VideoProfile& profile) {
+        return profile.token == source || profile.sourceToken == source;
+    });
+    if (source.isEmpty() || main == m_profiles.cend())
+        return;
+    channel.profileToken = main->token;
+    int subPixels = 0;
+    for (const VideoProfile& profile : m_profiles) {
+        if (profile.sourceToken == main->sourceToken && profile.pixels < main->pixels && profile.pixels > subPixels) {
+            channel.subProfileToken = profile.token;
+            subPixels = profile.pixels;
+        }
+    }
+}
+
 void LoginFlow::buildChannels()
 {
     QList<ChannelInfo>& channels = m_result.info.channels;
@@ -234,13 +263,16 @@ void LoginFlow::buildChannels()
         channel.channelNo = channels.size() + 1;
         channel.name = recording.sourceName.isEmpty() ? tr("Channel %1").arg(channel.channelNo) : recording.sourceName;
         channel.recordingToken = recording.token;
-        const auto profile = std::find_if(m_profiles.cbegin(), m_profiles.cend(), [&](const VideoProfile& candidate) {
-            return candidate.token == recording.sourceId || candidate.sourceToken == recording.sourceId;
-        });
-        if (profile != m_profiles.cend())
-            channel.profileToken = profile->token;
+        takeProfiles(channel, recording.sourceId);
         channels.append(channel);
         m_result.videoTracks.insert(recording.token, recording.videoTracks);
+    }
+    // Recordings may name their sources by addresses that no profile knows; then they are in the order of the sources.
+    const bool isAnyKnown = std::any_of(channels.cbegin(), channels.cend(),
+                                        [](const ChannelInfo& channel) { return !channel.profileToken.isEmpty(); });
+    if (!isAnyKnown && channels.size() == m_videoSources.size()) {
+        for (int i = 0; i < channels.size(); ++i)
+            takeProfiles(channels[i], m_videoSources.at(i));
     }
     if (!channels.isEmpty())
         return;
@@ -250,11 +282,7 @@ void LoginFlow::buildChannels()
         ChannelInfo channel;
         channel.channelNo = channels.size() + 1;
         channel.name = tr("Channel %1").arg(channel.channelNo);
-        const auto profile = std::find_if(m_profiles.cbegin(), m_profiles.cend(), [&](const VideoProfile& candidate) {
-            return candidate.sourceToken == sourceToken;
-        });
-        if (profile != m_profiles.cend())
-            channel.profileToken = profile->token;
+        takeProfiles(channel, sourceToken);
         channels.append(channel);
     }
 }

@@ -48,6 +48,7 @@ private:
     void askServices();
     void askCapabilities();
     void askIdentity();
+    void askEndpoint();
     void askProfiles();
     void askVideoSources();
     void askRecordings();
@@ -56,6 +57,7 @@ private:
     void takeRecordings(const QVector<onvif::RecordingEntry>& recordings);
     void finish(const Error& error = {});
     void buildChannels();
+    void takeProfiles(ChannelInfo& channel, const QString& source) const;
     void takeServices(const QMap<onvif::Service, QUrl>& services);
     /// The device's address for a service, on the host that was reached.
     QUrl reachable(const QUrl& told) const;

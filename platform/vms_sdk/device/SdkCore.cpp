@@ -1,5 +1,7 @@
 #include "SdkCore.h"
 
+#include "ClientSignals.h"
+
 namespace vms_sdk {
 
 SdkCore::SdkCore(const SdkLimits& limits, std::shared_ptr<StreamFlowTable> flows)
@@ -18,15 +20,19 @@ SdkCore::SdkCore(const SdkLimits& limits, std::shared_ptr<StreamFlowTable> flows
             delivery(m_mailbox, m_devices, &DeviceRegistry::takeCertificate), Qt::DirectConnection);
     connect(soap, &SoapWorker::searchDone, soap, delivery(m_mailbox, m_searches, &SearchRequests::answer),
             Qt::DirectConnection);
-    connect(soap, &SoapWorker::replayFound, soap, delivery(m_mailbox, m_streams, &StreamRegistry::takeReplay),
+    connect(soap, &SoapWorker::sourceFound, soap, delivery(m_mailbox, m_streams, &StreamRegistry::takeSource),
+            Qt::DirectConnection);
+    connect(soap, &SoapWorker::devDiscovered, soap,
+            delivery(m_mailbox, ClientSignals::instance(), &ClientSignals::signalDevDiscovered), Qt::DirectConnection);
+    connect(soap, &SoapWorker::discoveryDone, soap,
+            delivery(m_mailbox, ClientSignals::instance(), &ClientSignals::signalDiscoveryFinished),
             Qt::DirectConnection);
     connect(&m_searches, &SearchRequests::timedOut, this, [this](const QString& requestId) {
-        m_soap.post([requestId](SoapWorker& worker) { worker.cancelSearch(requestId); });
+        m_soap.post([requestId](SoapWorker& worker) { worker.cancel(requestId); });
     });
-    connect(&m_streams, &StreamRegistry::replayWanted, this,
-            [this](quint64 streamId, const QString& devId, int channelNo, const QString& recordingToken) {
-                m_soap.post([=](SoapWorker& worker) { worker.findReplay(streamId, devId, channelNo, recordingToken); });
-            });
+    connect(&m_streams, &StreamRegistry::sourceWanted, this, [this](quint64 streamId, const StreamWish& wish) {
+        m_soap.post([streamId, wish](SoapWorker& worker) { worker.findSource(streamId, wish); });
+    });
     m_soap.start();
 }
 
@@ -59,10 +65,14 @@ void SdkCore::search(const RecsSearchCondition& condition)
     m_soap.post([condition](SoapWorker& worker) { worker.search(condition); });
 }
 
-void SdkCore::cancelSearch(const QString& requestId)
+void SdkCore::discover(const QString& requestId, int timeoutMs)
 {
-    if (m_searches.isWaiting(requestId))
-        m_soap.post([requestId](SoapWorker& worker) { worker.cancelSearch(requestId); });
+    m_soap.post([requestId, timeoutMs](SoapWorker& worker) { worker.discover(requestId, timeoutMs); });
+}
+
+void SdkCore::cancelRequest(const QString& requestId)
+{
+    m_soap.post([requestId](SoapWorker& worker) { worker.cancel(requestId); });
 }
 
 } // namespace vms_sdk

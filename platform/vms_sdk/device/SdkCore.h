@@ -26,7 +26,8 @@ public:
     void logIn(const DevLogin& login);
     void logOut(const QString& devId);
     void search(const RecsSearchCondition& condition);
-    void cancelSearch(const QString& requestId);
+    void discover(const QString& requestId, int timeoutMs);
+    void cancelRequest(const QString& requestId);
 
     const DeviceRegistry& devices() const { return m_devices; }
     SearchRequests& searches() { return m_searches; }

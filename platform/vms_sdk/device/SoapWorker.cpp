@@ -1,5 +1,6 @@
 #include "SoapWorker.h"
 
+#include "DiscoveryJob.h"
 #include "SearchJob.h"
 
 namespace vms_sdk {
@@ -23,6 +24,8 @@ SoapWorker::~SoapWorker()
     // Jobs before sessions, and both before the members that their last words would reach.
     qDeleteAll(m_searches);
     m_searches.clear();
+    qDeleteAll(m_discoveries);
+    m_discoveries.clear();
     for (DeviceSession* session : qAsConst(m_sessions))
         session->disconnect(this);
     qDeleteAll(m_sessions);
@@ -102,29 +105,50 @@ void SoapWorker::search(const RecsSearchCondition& condition)
     job->start();
 }
 
-void SoapWorker::cancelSearch(const QString& requestId)
+void SoapWorker::discover(const QString& requestId, int timeoutMs)
+{
+    if (m_discoveries.contains(requestId))
+        return;
+    auto* job = new DiscoveryJob(requestId, timeoutMs, this);
+    m_discoveries.insert(requestId, job);
+    connect(job, &DiscoveryJob::found, this, &SoapWorker::devDiscovered);
+    connect(job, &DiscoveryJob::finished, this, [this, job](const QString& id, const Error& error) {
+        m_discoveries.remove(id);
+        job->deleteLater();
+        emit discoveryDone(id, error);
+    });
+    job->start();
+}
+
+void SoapWorker::cancel(const QString& requestId)
 {
     if (SearchJob* job = m_searches.value(requestId))
         job->cancel();
+    if (DiscoveryJob* job = m_discoveries.value(requestId))
+        job->cancel();
 }
 
-void SoapWorker::findReplay(quint64 streamId, const QString& devId, int channelNo, const QString& recordingToken)
+void SoapWorker::findSource(quint64 streamId, const StreamWish& wish)
 {
-    DeviceSession* session = m_sessions.value(devId);
+    DeviceSession* session = m_sessions.value(wish.devId);
     if (session == nullptr) {
-        emit replayFound(streamId, unknownDevice(), {});
+        emit sourceFound(streamId, unknownDevice(), {});
         return;
     }
-    session->findReplay(channelNo, recordingToken,
-                        [this, session, streamId, channelNo](const Error& error, const QUrl& url) {
-                            ReplaySource source;
-                            source.url = url;
-                            source.login = session->login();
-                            const std::optional<ChannelInfo> channel = session->channel(channelNo);
-                            source.channelName = channel ? channel->name : QString();
-                            source.deviceName = session->info().name;
-                            emit replayFound(streamId, error, source);
-                        });
+    const auto answer = [this, session, streamId, channelNo = wish.channelNo](const Error& error, const QUrl& url) {
+        StreamSource source;
+        source.url = url;
+        source.login = session->login();
+        const std::optional<ChannelInfo> channel = session->channel(channelNo);
+        source.channelName = channel ? channel->name : QString();
+        source.deviceName = session->info().name;
+        source.clockSkewMs = session->info().clockSkewMs;
+        emit sourceFound(streamId, error, source);
+    };
+    if (wish.isLive)
+        session->findLive(wish.channelNo, wish.profile, answer);
+    else
+        session->findReplay(wish.channelNo, wish.recordingToken, answer);
 }
 
 } // namespace vms_sdk

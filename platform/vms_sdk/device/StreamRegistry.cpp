@@ -14,6 +14,8 @@ constexpr int streamsANetworkThread = 8;
 constexpr qint64 nsAMs = 1'000'000;
 // From this speed on the device sends as fast as it can.
 constexpr double unthrottledSpeed = 100;
+// A seek leaves at least that much to play.
+constexpr qint64 shortestSpanMs = 1000;
 
 } // namespace
 
@@ -35,13 +37,14 @@ StreamRegistry::~StreamRegistry()
 quint64 StreamRegistry::openByFile(const PlaybackByFileCondition& condition)
 {
     Stream stream;
-    stream.devId = condition.devId;
-    stream.channelNo = condition.channelNo;
+    stream.wish.devId = condition.devId;
+    stream.wish.channelNo = condition.channelNo;
     stream.isDownload = condition.downloadFlag == 1;
+    stream.isConsumedByDelivery = !stream.isDownload && !condition.flowControl;
     const auto name = onvif::RecordingFileName::decode(condition.fileName);
     if (!name)
         return open(stream, {ErrorKind::NotFound, tr("The recording's name is not one that a search gave."), {}});
-    stream.recordingToken = name->recordingToken;
+    stream.wish.recordingToken = name->recordingToken;
     stream.fileBeginMs = name->beginMs;
     stream.fileEndMs = name->endMs;
     stream.beginMs = name->beginMs + qMax(condition.downloadedMs, 0);
@@ -54,15 +57,27 @@ quint64 StreamRegistry::openByFile(const PlaybackByFileCondition& condition)
 quint64 StreamRegistry::openByTime(const PlaybackByTimeCondition& condition)
 {
     Stream stream;
-    stream.devId = condition.devId;
-    stream.channelNo = condition.channelNo;
+    stream.wish.devId = condition.devId;
+    stream.wish.channelNo = condition.channelNo;
     stream.isDownload = condition.downloadFlag == 1;
+    stream.isConsumedByDelivery = !stream.isDownload && !condition.flowControl;
     if (!condition.beginTime.isValid())
         return open(stream, {ErrorKind::NotFound, tr("The time to play from is not a time."), {}});
     stream.beginMs = condition.beginTime.toMSecsSinceEpoch();
     stream.endMs = condition.endTime.isValid() ? condition.endTime.toMSecsSinceEpoch() : 0;
     if (stream.endMs != 0 && stream.endMs <= stream.beginMs)
         return open(stream, {ErrorKind::NotFound, tr("The end of the time span lies before its begin."), {}});
+    return open(stream, {});
+}
+
+quint64 StreamRegistry::openLive(const LiveCondition& condition)
+{
+    Stream stream;
+    stream.wish.devId = condition.devId;
+    stream.wish.channelNo = condition.channelNo;
+    stream.wish.isLive = true;
+    stream.wish.profile = condition.profile;
+    stream.isConsumedByDelivery = !condition.flowControl;
     return open(stream, {});
 }
 
@@ -79,8 +94,7 @@ quint64 StreamRegistry::open(const Stream& stream, const Error& error)
             if (error)
                 endStream(streamId, eventOf(error.kind), error);
             else if (m_streams.contains(streamId))
-                emit replayWanted(streamId, m_streams[streamId].devId, m_streams[streamId].channelNo,
-                                  m_streams[streamId].recordingToken);
+                emit sourceWanted(streamId, m_streams[streamId].wish);
         },
         Qt::QueuedConnection);
     return streamId;
@@ -107,7 +121,34 @@ StreamEvent StreamRegistry::eventOf(ErrorKind kind)
     }
 }
 
-void StreamRegistry::takeReplay(quint64 streamId, const Error& error, const ReplaySource& source)
+rtsp::ReplayRequest StreamRegistry::requestFor(const Stream& stream, const StreamSource& source) const
+{
+    rtsp::ReplayRequest request;
+    request.url = source.url;
+    request.user = source.login.user;
+    request.password = source.login.password;
+    request.tls = source.login.tls;
+    request.channelName = source.channelName;
+    request.deviceName = source.deviceName;
+    request.rateControl = !stream.isDownload;
+    request.creditBytes = m_limits.streamCreditBytes;
+    request.connectTimeoutMs = m_limits.connectTimeoutMs;
+    request.answerTimeoutMs = m_limits.answerTimeoutMs;
+    request.silenceTimeoutMs = m_limits.silenceTimeoutMs;
+    if (stream.wish.isLive) {
+        request.replay = false;
+        request.clockSkewNs = source.clockSkewMs * nsAMs;
+        request.creditBytes = m_limits.liveCreditBytes;
+        return request;
+    }
+    request.beginNs = stream.beginMs * nsAMs;
+    request.endNs = stream.endMs * nsAMs;
+    request.recordingBeginNs = stream.fileBeginMs * nsAMs;
+    request.recordingEndNs = stream.fileEndMs * nsAMs;
+    return request;
+}
+
+void StreamRegistry::takeSource(quint64 streamId, const Error& error, const StreamSource& source)
 {
     const auto found = m_streams.find(streamId);
     if (found == m_streams.end() || found->hasEnded)
@@ -116,28 +157,16 @@ void StreamRegistry::takeReplay(quint64 streamId, const Error& error, const Repl
         endStream(streamId, eventOf(error.kind), error);
         return;
     }
-    rtsp::ReplayRequest request;
-    request.url = source.url;
-    request.user = source.login.user;
-    request.password = source.login.password;
-    request.tls = source.login.tls;
-    request.beginNs = found->beginMs * nsAMs;
-    request.endNs = found->endMs * nsAMs;
-    request.recordingBeginNs = found->fileBeginMs * nsAMs;
-    request.recordingEndNs = found->fileEndMs * nsAMs;
-    request.channelName = source.channelName;
-    request.deviceName = source.deviceName;
-    request.rateControl = !found->isDownload;
-    request.creditBytes = m_limits.streamCreditBytes;
-    request.connectTimeoutMs = m_limits.connectTimeoutMs;
-    request.answerTimeoutMs = m_limits.answerTimeoutMs;
-    request.silenceTimeoutMs = m_limits.silenceTimeoutMs;
+    const rtsp::ReplayRequest request = requestFor(*found, source);
     Network& network = networkForNewStream();
     found->network = &network;
     const StreamFlowTable::Counter counter = m_flows->add(streamId, [&network, streamId] {
         network.post([streamId](StreamWorker& worker) { worker.takeConsumed(streamId); });
     });
-    network.post([streamId, request, counter](StreamWorker& worker) { worker.start(streamId, request, counter); });
+    const bool isLimited = found->isDownload;
+    network.post([streamId, request, isLimited, counter](StreamWorker& worker) {
+        worker.start(streamId, request, isLimited, counter);
+    });
     if (found->isPaused)
         control(streamId, PlaybackPause);
     if (found->scale >= 0) {
@@ -160,6 +189,8 @@ StreamRegistry::Network& StreamRegistry::networkForNewStream()
     StreamWorker* worker = m_networks.back()->worker();
     connect(worker, &StreamWorker::playing, worker, delivery(m_mailbox, *this, &StreamRegistry::onPlaying),
             Qt::DirectConnection);
+    connect(worker, &StreamWorker::sought, worker, delivery(m_mailbox, *this, &StreamRegistry::onSought),
+            Qt::DirectConnection);
     connect(worker, &StreamWorker::packets, worker, delivery(m_mailbox, *this, &StreamRegistry::onPackets),
             Qt::DirectConnection);
     connect(worker, &StreamWorker::progress, worker, delivery(m_mailbox, *this, &StreamRegistry::onProgress),
@@ -178,21 +209,30 @@ void StreamRegistry::onPlaying(quint64 streamId)
         emit ClientSignals::instance().signalStreamEventPush(streamId, StreamPlaying);
 }
 
+void StreamRegistry::onSought(quint64 streamId)
+{
+    const auto found = m_streams.find(streamId);
+    if (found != m_streams.end() && found->seeks > 0)
+        --found->seeks;
+}
+
 void StreamRegistry::onPackets(quint64 streamId, const QByteArray& batch)
 {
     const auto found = m_streams.constFind(streamId);
     if (found == m_streams.constEnd())
         return;
-    const bool isConsumedByDelivery = !found->isDownload;
-    emit ClientSignals::instance().signalStreamData(streamId, batch);
-    if (isConsumedByDelivery)
+    const bool isFromBeforeSeek = found->seeks > 0;
+    const bool isConsumed = found->isConsumedByDelivery || isFromBeforeSeek;
+    if (!isFromBeforeSeek)
+        emit ClientSignals::instance().signalStreamData(streamId, batch);
+    if (isConsumed)
         m_flows->consumed(streamId, batch.size());
 }
 
 void StreamRegistry::onProgress(quint64 streamId, qint64 lastTimeNs)
 {
     const auto found = m_streams.constFind(streamId);
-    if (found == m_streams.constEnd() || lastTimeNs <= 0)
+    if (found == m_streams.constEnd() || lastTimeNs <= 0 || found->wish.isLive || found->seeks > 0)
         return;
     const qint64 lastMs = lastTimeNs / nsAMs;
     if (found->fileEndMs == 0) {
@@ -229,7 +269,7 @@ void StreamRegistry::onCertificate(quint64 streamId, const QSslCertificate& cert
 {
     const auto found = m_streams.constFind(streamId);
     if (found != m_streams.constEnd())
-        emit ClientSignals::instance().signalDevCertificate(found->devId, certificate, keySha256, reason);
+        emit ClientSignals::instance().signalDevCertificate(found->wish.devId, certificate, keySha256, reason);
 }
 
 void StreamRegistry::endStream(quint64 streamId, StreamEvent event, const Error& error)
@@ -256,7 +296,7 @@ void StreamRegistry::control(quint64 streamId, PlaybackCtrl ctrl)
 void StreamRegistry::setSpeed(quint64 streamId, const QString& speed)
 {
     const auto found = m_streams.find(streamId);
-    if (found == m_streams.end())
+    if (found == m_streams.end() || found->wish.isLive)
         return;
     QString number = speed.trimmed();
     if (number.endsWith(QLatin1Char('X'), Qt::CaseInsensitive))
@@ -269,6 +309,24 @@ void StreamRegistry::setSpeed(quint64 streamId, const QString& speed)
     found->scale = scale;
     if (found->network != nullptr)
         found->network->post([streamId, scale](StreamWorker& worker) { worker.setScale(streamId, scale); });
+}
+
+void StreamRegistry::seek(quint64 streamId, const QDateTime& time)
+{
+    const auto found = m_streams.find(streamId);
+    if (found == m_streams.end() || found->hasEnded || found->wish.isLive || !time.isValid())
+        return;
+    found->beginMs = time.toMSecsSinceEpoch();
+    if (found->fileEndMs != 0)
+        found->beginMs = qMax(found->beginMs, found->fileBeginMs);
+    if (found->endMs != 0)
+        found->beginMs = qMin(found->beginMs, found->endMs - shortestSpanMs);
+    found->isPaused = false;
+    if (found->network == nullptr)
+        return; // it will begin there
+    ++found->seeks;
+    const qint64 beginNs = found->beginMs * nsAMs;
+    found->network->post([streamId, beginNs](StreamWorker& worker) { worker.seek(streamId, beginNs); });
 }
 
 void StreamRegistry::close(quint64 streamId)
@@ -287,7 +345,7 @@ void StreamRegistry::closeDevice(const QString& devId)
 {
     QList<quint64> ids;
     for (auto stream = m_streams.cbegin(); stream != m_streams.cend(); ++stream) {
-        if (stream->devId == devId && !stream->hasEnded)
+        if (stream->wish.devId == devId && !stream->hasEnded)
             ids.append(stream.key());
     }
     for (const quint64 streamId : qAsConst(ids)) {

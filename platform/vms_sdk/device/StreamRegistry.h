@@ -33,30 +33,32 @@ public:
 
     quint64 openByFile(const PlaybackByFileCondition& condition);
     quint64 openByTime(const PlaybackByTimeCondition& condition);
+    quint64 openLive(const LiveCondition& condition);
     void control(quint64 streamId, PlaybackCtrl ctrl);
     void setSpeed(quint64 streamId, const QString& speed);
+    void seek(quint64 streamId, const QDateTime& time);
     void close(quint64 streamId);
     Error errorOf(quint64 streamId) const;
     /// Ends what plays on a device, as a failed connection.
     void closeDevice(const QString& devId);
-    void takeReplay(quint64 streamId, const Error& error, const ReplaySource& source);
+    void takeSource(quint64 streamId, const Error& error, const StreamSource& source);
     void setBandwidthLimit(qint64 bytesPerSecond);
 
 signals:
-    void replayWanted(quint64 streamId, const QString& devId, int channelNo, const QString& recordingToken);
+    void sourceWanted(quint64 streamId, const vms_sdk::StreamWish& wish);
 
 private:
     using Network = WorkerThread<StreamWorker>;
     struct Stream
     {
-        QString devId;
-        int channelNo = 0;
-        QString recordingToken;
+        StreamWish wish;
         qint64 beginMs = 0; ///< what is asked for, since 1970 UTC
         qint64 endMs = 0;   ///< 0: open
         qint64 fileBeginMs = 0;
         qint64 fileEndMs = 0; ///< 0 when played by time
         bool isDownload = false;
+        bool isConsumedByDelivery = true;
+        int seeks = 0;         ///< under way: what comes is from before them
         bool isPaused = false; ///< asked for before it had a network thread
         double scale = -1;     ///< the same; -1: never set
         bool hasEnded = false;
@@ -69,11 +71,13 @@ private:
     void endStream(quint64 streamId, StreamEvent event, const Error& error);
     Network& networkForNewStream();
     void onPlaying(quint64 streamId);
+    void onSought(quint64 streamId);
     void onPackets(quint64 streamId, const QByteArray& batch);
     void onProgress(quint64 streamId, qint64 lastTimeNs);
     void onEnded(quint64 streamId, rtsp::ReplayEnd end, const Error& error);
     void onCertificate(quint64 streamId, const QSslCertificate& certificate, const QByteArray& keySha256,
                        const QString& reason);
+    rtsp::ReplayRequest requestFor(const Stream& stream, const StreamSource& source) const;
     static StreamEvent eventOf(ErrorKind kind);
 
     Mailbox& m_mailbox; ///< of the GUI thread; outlives the registry

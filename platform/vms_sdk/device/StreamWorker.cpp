@@ -45,12 +45,14 @@ StreamWorker::Stream* StreamWorker::find(quint64 streamId)
     return found == m_streams.end() ? nullptr : &found->second;
 }
 
-void StreamWorker::start(quint64 streamId, rtsp::ReplayRequest request, StreamFlowTable::Counter consumedBytes)
+void StreamWorker::start(quint64 streamId, rtsp::ReplayRequest request, bool isLimited,
+                         StreamFlowTable::Counter consumedBytes)
 {
     Stream stream;
     stream.consumedBytes = std::move(consumedBytes);
     stream.isUnthrottled = !request.rateControl;
-    if (m_limiter->isActive()) {
+    stream.isLimited = isLimited;
+    if (isLimited && m_limiter->isActive()) {
         // The rest of the credit is held and given as the limit allows.
         const qint64 paced = qBound(minPacedCreditBytes, m_limiter->limit() / 10, request.creditBytes);
         stream.heldBytes = request.creditBytes - paced;
@@ -106,6 +108,14 @@ void StreamWorker::setScale(quint64 streamId, double scale)
     stream->client->setScale(scale);
 }
 
+void StreamWorker::seek(quint64 streamId, qint64 beginNs)
+{
+    if (Stream* stream = find(streamId)) {
+        stream->client->seek(beginNs);
+        emit sought(streamId);
+    }
+}
+
 void StreamWorker::stop(quint64 streamId)
 {
     if (Stream* stream = find(streamId)) {
@@ -135,7 +145,7 @@ void StreamWorker::giveBack(Stream& stream)
     const qint64 wanted = qMin(stream.heldBytes, stream.receivedBytes - stream.returnedBytes);
     if (wanted <= 0)
         return;
-    const qint64 granted = m_limiter->take(wanted);
+    const qint64 granted = stream.isLimited ? m_limiter->take(wanted) : wanted;
     if (granted < wanted && !m_paceTimer.isActive())
         m_paceTimer.start();
     if (granted <= 0)

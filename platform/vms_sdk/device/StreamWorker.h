@@ -25,16 +25,20 @@ public:
     explicit StreamWorker(std::shared_ptr<BandwidthLimiter> limiter);
     ~StreamWorker() override;
 
-    void start(quint64 streamId, rtsp::ReplayRequest request, StreamFlowTable::Counter consumedBytes);
+    /// `isLimited`: under the bandwidth limit.
+    void start(quint64 streamId, rtsp::ReplayRequest request, bool isLimited, StreamFlowTable::Counter consumedBytes);
     void control(quint64 streamId, PlaybackCtrl ctrl);
     /// 0: no rate control.
     void setScale(quint64 streamId, double scale);
+    /// Answered by sought(), before the first batch from there.
+    void seek(quint64 streamId, qint64 beginNs);
     /// Says goodbye to the device without waiting for it.
     void stop(quint64 streamId);
     void takeConsumed(quint64 streamId);
 
 signals:
     void playing(quint64 streamId);
+    void sought(quint64 streamId);
     void packets(quint64 streamId, const QByteArray& batch);
     void progress(quint64 streamId, qint64 lastTimeNs);
     void ended(quint64 streamId, vms_sdk::rtsp::ReplayEnd end, const vms_sdk::Error& error);
@@ -49,6 +53,7 @@ private:
         qint64 receivedBytes = 0;
         qint64 returnedBytes = 0;
         qint64 heldBytes = 0; ///< consumed, but not yet given back
+        bool isLimited = false;
         bool isPlaying = false;
         bool isUnthrottled = false;
         qint64 shownTimeNs = 0;

@@ -5,12 +5,15 @@
 
 #include <QDateTime>
 
+#include <algorithm>
+
 namespace vms_sdk::onvif {
 
 namespace {
 
 // Longest token kept; ONVIF's ReferenceToken has 64 characters.
 constexpr int maxTokenLength = 128;
+constexpr int maxPictureSide = 32'768;
 
 QString tokenText(const QString& text)
 {
@@ -46,6 +49,15 @@ QString plainTopic(const QString& topic)
     for (const QString& step : topic.left(256).trimmed().split(QLatin1Char('/'), Qt::SkipEmptyParts))
         steps.append(step.mid(step.lastIndexOf(QLatin1Char(':')) + 1));
     return steps.join(QLatin1Char('/'));
+}
+
+/// Only RTSP, and with a host.
+QUrl rtspUri(const QString& text)
+{
+    const QUrl uri(text, QUrl::StrictMode);
+    const QString scheme = uri.scheme().toLower();
+    const bool isRtsp = scheme == QLatin1String("rtsp") || scheme == QLatin1String("rtsps");
+    return isRtsp && uri.isValid() && !uri.host().isEmpty() ? uri : QUrl();
 }
 
 bool searchCompleted(const SoapElement& list)
@@ -129,9 +141,12 @@ QVector<VideoProfile> profiles(const SoapElement& payload)
 {
     QVector<VideoProfile> found;
     for (const SoapElement* element : payload.all(QLatin1String("Profiles"))) {
-        found.append({tokenText(element->attribute(QLatin1String("token"))),
-                      shownText(element->textAt(QLatin1String("Name"))),
-                      tokenText(element->textAt(QLatin1String("VideoSourceConfiguration/SourceToken")))});
+        const SoapElement& size = element->at(QLatin1String("VideoEncoderConfiguration/Resolution"));
+        const int width = qBound(0, size.textAt(QLatin1String("Width")).toInt(), maxPictureSide);
+        const int height = qBound(0, size.textAt(QLatin1String("Height")).toInt(), maxPictureSide);
+        found.append(
+            {tokenText(element->attribute(QLatin1String("token"))), shownText(element->textAt(QLatin1String("Name"))),
+             tokenText(element->textAt(QLatin1String("VideoSourceConfiguration/SourceToken"))), width * height});
     }
     return found;
 }
@@ -211,14 +226,33 @@ SearchResults<EventEntry> eventSearchResults(const SoapElement& payload)
     return results;
 }
 
+QString endpointReference(const SoapElement& payload)
+{
+    return endpointId(payload.textAt(QLatin1String("GUID")));
+}
+
 QUrl replayUri(const SoapElement& payload)
 {
-    const QUrl uri(payload.textAt(QLatin1String("Uri")), QUrl::StrictMode);
-    const QString scheme = uri.scheme().toLower();
-    const bool isRtsp = scheme == QLatin1String("rtsp") || scheme == QLatin1String("rtsps");
-    return isRtsp && uri.isValid() && !uri.host().isEmpty() ? uri : QUrl();
+    return rtspUri(payload.textAt(QLatin1String("Uri")));
+}
+
+QUrl streamUri(const SoapElement& payload)
+{
+    return rtspUri(payload.textAt(QLatin1String("MediaUri/Uri")));
 }
 
 } // namespace answers
+
+QString endpointId(const QString& reference)
+{
+    if (reference.size() > maxTokenLength)
+        return {};
+    QString id = shownText(reference).toLower();
+    for (const QLatin1String prefix : {QLatin1String("urn:"), QLatin1String("uuid:")}) {
+        if (id.startsWith(prefix))
+            id.remove(0, prefix.size());
+    }
+    return id;
+}
 
 } // namespace vms_sdk::onvif

@@ -24,6 +24,7 @@ struct VideoProfile
     QString token;
     QString name;
     QString sourceToken;
+    int pixels = 0; ///< of its pictures; 0 when it tells no size
 };
 
 /// A recording as the recording control or the search service describes it. Times are ms since 1970 UTC.
@@ -74,8 +75,14 @@ QVector<RecordingEntry> recordings(const SoapElement& payload);
 QString searchToken(const SoapElement& payload);
 SearchResults<RecordingEntry> recordingSearchResults(const SoapElement& payload);
 SearchResults<EventEntry> eventSearchResults(const SoapElement& payload);
+/// The device's own UUID, as endpointId() writes it.
+QString endpointReference(const SoapElement& payload);
 QUrl replayUri(const SoapElement& payload);
+QUrl streamUri(const SoapElement& payload);
 
 } // namespace answers
+
+/// An endpoint reference (WS-Addressing) made comparable: lower case, without "urn:uuid:"; empty when it is none.
+QString endpointId(const QString& reference);
 
 } // namespace vms_sdk::onvif

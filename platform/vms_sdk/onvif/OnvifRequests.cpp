@@ -96,6 +96,15 @@ KDSoapValue scopeOf(const Payload& payload, const QString& recordingToken)
                      : QList<KDSoapValue>{Payload::leaf(text(schemaNamespace), "IncludedRecordings", recordingToken)});
 }
 
+/// The set-up of a stream that comes with its RTSP connection.
+KDSoapValue overRtsp(const Payload& payload)
+{
+    const QString schema = text(schemaNamespace);
+    const KDSoapValue transport =
+        Payload::branch(schema, "Transport", {Payload::leaf(schema, "Protocol", QStringLiteral("RTSP"))});
+    return payload.group("StreamSetup", {Payload::leaf(schema, "Stream", QStringLiteral("RTP-Unicast")), transport});
+}
+
 } // namespace
 
 QString namespaceOf(Service service)
@@ -146,6 +155,11 @@ OnvifRequest getCapabilities()
 OnvifRequest getDeviceInformation()
 {
     return Payload(Service::Device, "GetDeviceInformation").take();
+}
+
+OnvifRequest getEndpointReference()
+{
+    return Payload(Service::Device, "GetEndpointReference").take();
 }
 
 OnvifRequest getProfiles()
@@ -215,14 +229,14 @@ OnvifRequest endSearch(const QString& searchToken)
 
 OnvifRequest getReplayUri(const QString& recordingToken)
 {
-    const QString schema = text(schemaNamespace);
     Payload payload(Service::Replay, "GetReplayUri");
-    const KDSoapValue transport =
-        Payload::branch(schema, "Transport", {Payload::leaf(schema, "Protocol", QStringLiteral("RTSP"))});
-    return payload
-        .add(payload.group("StreamSetup", {Payload::leaf(schema, "Stream", QStringLiteral("RTP-Unicast")), transport}))
-        .add("RecordingToken", recordingToken)
-        .take();
+    return payload.add(overRtsp(payload)).add("RecordingToken", recordingToken).take();
+}
+
+OnvifRequest getStreamUri(const QString& profileToken)
+{
+    Payload payload(Service::Media, "GetStreamUri");
+    return payload.add(overRtsp(payload)).add("ProfileToken", profileToken).take();
 }
 
 } // namespace requests

@@ -33,6 +33,7 @@ OnvifRequest getSystemDateAndTime();
 OnvifRequest getServices();
 OnvifRequest getCapabilities();
 OnvifRequest getDeviceInformation();
+OnvifRequest getEndpointReference();
 OnvifRequest getProfiles();
 OnvifRequest getVideoSources();
 OnvifRequest getRecordings();
@@ -50,6 +51,7 @@ OnvifRequest findEvents(const EventSearch& search);
 OnvifRequest getEventSearchResults(const QString& searchToken, int maxResults);
 OnvifRequest endSearch(const QString& searchToken);
 OnvifRequest getReplayUri(const QString& recordingToken);
+OnvifRequest getStreamUri(const QString& profileToken);
 
 } // namespace requests
 

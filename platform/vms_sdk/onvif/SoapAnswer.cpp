@@ -116,6 +116,7 @@ SoapAnswer SoapAnswer::parse(const QByteArray& document, const XmlLimits& limits
     if (body.children.isEmpty())
         return SoapAnswer(corrupt(QStringLiteral("no body")));
     SoapAnswer answer;
+    answer.m_header = envelope.at(QLatin1String("Header"));
     answer.m_payload = body.children.first();
     if (answer.m_payload.name == QLatin1String("Fault"))
         answer.readFault(answer.m_payload);

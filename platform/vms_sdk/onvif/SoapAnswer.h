@@ -36,6 +36,8 @@ public:
     const SoapFault& fault() const { return m_fault; }
     /// The first element of the envelope's body.
     const SoapElement& payload() const { return m_payload; }
+    /// The envelope's header; a null element when there is none.
+    const SoapElement& header() const { return m_header; }
 
 private:
     void readFault(const SoapElement& element);
@@ -43,6 +45,7 @@ private:
 
     Error m_error;
     SoapFault m_fault;
+    SoapElement m_header;
     SoapElement m_payload;
 };
 

@@ -15,6 +15,7 @@ public:
     {}
 
     bool isClosed() const { return m_outstandingBytes >= m_limitBytes; }
+    bool isHalfOpen() const { return m_outstandingBytes <= m_limitBytes / 2; }
     void spend(std::int64_t bytes) { m_outstandingBytes += bytes; }
     /// More than was spent is not saved up.
     void giveBack(std::int64_t bytes)

@@ -46,6 +46,8 @@ void MediaReceiver::addTrack(const MediaFormat& format, std::uint8_t payloadType
     auto track = std::make_unique<Track>(numbered, rtpClockRate, numbered.track.track, m_batcher, m_description);
     track->payloadType = payloadType;
     track->channel = channel;
+    if (m_arrivalClock)
+        track->timeline.setLive();
     m_tracks.push_back(std::move(track));
     m_description.setTrack(numbered.track, numbered.isComplete());
 }
@@ -74,6 +76,37 @@ void MediaReceiver::resumed(bool fromLastTime)
             track->timeline.restart(m_newestNs);
         }
     }
+}
+
+void MediaReceiver::seek(std::int64_t beginNs)
+{
+    for (const auto& track : m_tracks) {
+        track->sequence.reset();
+        track->early.clear();
+        track->bye = false;
+        track->depacketizer->interrupt();
+        track->output.sought();
+        track->timeline.restart(beginNs);
+    }
+    m_newestNs = 0;
+    m_batcher.discard();
+}
+
+void MediaReceiver::setArrivalClock(ArrivalClock clock)
+{
+    m_arrivalClock = std::move(clock);
+}
+
+void MediaReceiver::setKeyFramesOnly(bool keyFramesOnly)
+{
+    for (const auto& track : m_tracks)
+        track->output.setKeyFramesOnly(keyFramesOnly, track->isVideo);
+}
+
+void MediaReceiver::setDropping(bool dropping)
+{
+    for (const auto& track : m_tracks)
+        track->output.setDropping(dropping, track->isVideo);
 }
 
 MediaLimit MediaReceiver::packet(std::uint8_t channel, const std::uint8_t* data, std::size_t bytes)
@@ -121,7 +154,8 @@ MediaLimit MediaReceiver::takeOrdered(Track& track, const RtpPacket& packet)
     case SequenceTracker::Verdict::Drop:
         return MediaLimit::None;
     }
-    const std::int64_t timeNs = track.timeline.packetTime(packet, m_newestNs);
+    const bool isByArrival = m_arrivalClock && !track.timeline.isAnchored();
+    const std::int64_t timeNs = track.timeline.packetTime(packet, isByArrival ? m_arrivalClock() : m_newestNs);
     const MediaLimit limit = track.depacketizer->push({packet, timeNs, loss});
     m_newestNs = std::max(m_newestNs, track.output.lastTimeNs());
     return limit;

@@ -8,6 +8,7 @@
 #include "TrackOutput.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -33,6 +34,15 @@ public:
     void setRtpInfo(std::size_t track, std::uint32_t rtpTime);
     /// PLAY was sent again. With `fromLastTime` the recorder was asked to begin at the last frame, else to go on.
     void resumed(bool fromLastTime);
+
+    /// The stream goes on at another place, from which packets come next: what was gathered of the old one is gone.
+    void seek(std::int64_t beginNs);
+    /// Of a live stream: what its frames are timed by until the device has told its time.
+    using ArrivalClock = std::function<std::int64_t()>;
+    void setArrivalClock(ArrivalClock clock);
+    void setKeyFramesOnly(bool keyFramesOnly);
+    /// While dropping nothing is delivered; afterwards it goes on with a key frame, marked as a discontinuity.
+    void setDropping(bool dropping);
 
     MediaLimit packet(std::uint8_t channel, const std::uint8_t* data, std::size_t bytes);
     /// Packets that came too early wait no longer for those that are missing.
@@ -73,6 +83,7 @@ private:
     StreamBatcher m_batcher;
     StreamDescription m_description;
     std::vector<std::unique_ptr<Track>> m_tracks;
+    ArrivalClock m_arrivalClock;
     std::int64_t m_newestNs = 0; ///< over all tracks
     std::uint64_t m_packets = 0;
 };

@@ -48,6 +48,11 @@ void ReplayClient::setScale(double speed)
     d->session.setScale(speed);
 }
 
+void ReplayClient::seek(qint64 beginNs)
+{
+    d->session.seek(beginNs);
+}
+
 void ReplayClient::stop()
 {
     d->session.stop();

@@ -25,6 +25,7 @@ struct ReplayRequest
     QString deviceName;
     bool replay = true;                   ///< Require: onvif-replay and Range; false: live
     bool rateControl = true;              ///< false: Rate-Control: no, as fast as the network goes
+    qint64 clockSkewNs = 0;               ///< the device's clock minus ours, for live frames before it told its time
     qint64 creditBytes = 8 * 1024 * 1024; ///< signalled and not yet returned, at most
     bool audio = true;
     int connectTimeoutMs = 10'000;
@@ -58,7 +59,9 @@ public:
     void pause();
     void resume();
     void setScale(double speed); ///< 0: no rate control
-    void stop();                 ///< TEARDOWN without waiting for its answer
+    /// Plays on from there, and is not paused any more. Packets after this call are from the new place.
+    void seek(qint64 beginNs);
+    void stop(); ///< TEARDOWN without waiting for its answer
     void returnCredit(qint64 bytes);
 
     qint64 bytesReceived() const;

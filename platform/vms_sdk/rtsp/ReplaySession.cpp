@@ -13,6 +13,9 @@ namespace vms_sdk::rtsp {
 namespace {
 
 constexpr qint64 nsPerSecond = 1'000'000'000;
+constexpr qint64 nsPerMs = 1'000'000;
+/// From this speed on key frames are enough for the eye, and all that a network can carry of many channels.
+constexpr double keyFramesOnlyScale = 8;
 /// A sender report before the first frame is believed when it is this near to the asked begin; live, to the present
 /// time.
 constexpr qint64 believableReplayNs = 60 * nsPerSecond;
@@ -91,9 +94,30 @@ void ReplaySession::setScale(double speed)
     followWishes();
 }
 
+void ReplaySession::seek(qint64 beginNs)
+{
+    if (!m_request.replay || m_phase == Phase::Ended)
+        return;
+    m_request.beginNs = beginNs;
+    m_wantPaused = false;
+    if (m_phase < Phase::Play)
+        return; // PLAY will ask for it
+    m_receiver->seek(beginNs);
+    m_seekWanted = true;
+    followWishes();
+    // What is on its way from the old place is read and dropped, whoever holds credit.
+    if (m_connection)
+        m_connection->readMore();
+}
+
 void ReplaySession::followWishes()
 {
-    if (m_phase == Phase::Playing && (m_wantPaused || m_scaleChanged)) {
+    if (m_seekWanted && m_phase == Phase::Playing && m_pausesToSeek) {
+        sendPause();
+    } else if (m_seekWanted && (m_phase == Phase::Playing || m_phase == Phase::Paused)) {
+        m_heldBack = false;
+        sendPlay(PlayFrom::Seek);
+    } else if (m_phase == Phase::Playing && (m_wantPaused || m_scaleChanged)) {
         sendPause();
     } else if (m_phase == Phase::Paused && !m_wantPaused) {
         if (m_heldBack) {
@@ -102,8 +126,8 @@ void ReplaySession::followWishes()
             m_sinceProgress.restart();
             m_connection->readMore();
         } else {
-            m_resumeWithRange = false;
-            sendPlay(true);
+            // With other frames than before it has to begin at a key frame.
+            sendPlay(wantsKeyFramesOnly() != m_keyFramesOnly ? PlayFrom::LastFrame : PlayFrom::Pause);
         }
     }
 }
@@ -118,6 +142,8 @@ void ReplaySession::returnCredit(qint64 bytes)
 {
     const bool wasClosed = m_gate.isClosed();
     m_gate.giveBack(bytes);
+    if (!m_request.replay && m_receiver && m_gate.isHalfOpen())
+        m_receiver->setDropping(false);
     if (wasClosed && !m_gate.isClosed() && m_connection)
         m_connection->readMore();
 }
@@ -167,37 +193,73 @@ void ReplaySession::sendSetup()
     request("SETUP", m_media[m_nextMedium].uri, headers);
 }
 
-void ReplaySession::sendPlay(bool resuming)
+bool ReplaySession::wantsKeyFramesOnly() const
 {
-    m_phase = resuming ? Phase::Resuming : Phase::Play;
+    return m_request.replay && m_request.rateControl && m_scale >= keyFramesOnlyScale;
+}
+
+RtspHeaderList ReplaySession::playHeaders(PlayFrom from, qint64 beginNs) const
+{
     RtspHeaderList headers;
-    const qint64 beginNs =
-        resuming ? m_receiver->lastTimeNs() : (m_request.beginNs != 0 ? m_request.beginNs : m_request.recordingBeginNs);
-    if (m_request.replay && beginNs != 0 && (!resuming || m_resumeWithRange)) {
+    if (m_request.replay && beginNs != 0) {
         QByteArray range = "clock=" + formatClock(beginNs, Rounding::Down) + '-';
         if (m_request.endNs != 0)
             range += formatClock(m_request.endNs, Rounding::Up);
         headers.append(RtspHeader("Range", range));
     }
-    if (m_requireReplay)
+    if (m_requireReplay) {
         headers.append(RtspHeader("Require", "onvif-replay"));
-    if (m_requireReplay && !m_request.rateControl)
-        headers.append(RtspHeader("Rate-Control", "no"));
-    else if (m_request.rateControl && (m_scaleChanged || !qFuzzyCompare(m_scale, 1.0)))
-        headers.append(RtspHeader("Scale", QByteArray::number(m_scale, 'f', 3)));
-    m_scaleChanged = false;
-
-    if (resuming) {
-        m_receiver->resumed(m_resumeWithRange);
-    } else if (m_request.replay && beginNs != 0) {
-        m_receiver->setRangeBegin(beginNs, believableReplayNs);
-    } else {
-        m_receiver->setRangeBegin(QDateTime::currentMSecsSinceEpoch() * 1'000'000, believableLiveNs);
+        if (!m_request.rateControl)
+            headers.append(RtspHeader("Rate-Control", "no"));
+        if (m_keyFramesOnly)
+            headers.append(RtspHeader("Frames", "intra"));
+        if (from == PlayFrom::Seek)
+            headers.append(RtspHeader("Immediate", "yes"));
     }
+    if (m_request.rateControl && (m_scaleChanged || !qFuzzyCompare(m_scale, 1.0)))
+        headers.append(RtspHeader("Scale", QByteArray::number(m_scale, 'f', 3)));
+    return headers;
+}
+
+void ReplaySession::sendPlay(PlayFrom from)
+{
+    m_phase = from == PlayFrom::Begin ? Phase::Play : Phase::Resuming;
+    m_playFrom = from;
+    m_keyFramesOnly = wantsKeyFramesOnly();
+    m_receiver->setKeyFramesOnly(m_keyFramesOnly);
+    qint64 beginNs = 0;
+    switch (from) {
+    case PlayFrom::Begin:
+        beginNs = m_request.beginNs != 0 ? m_request.beginNs : m_request.recordingBeginNs;
+        if (m_request.replay && beginNs != 0)
+            m_receiver->setRangeBegin(beginNs, believableReplayNs);
+        else
+            m_receiver->setRangeBegin(arrivalTimeNs(), believableLiveNs);
+        break;
+    case PlayFrom::Pause:
+        m_receiver->resumed(false);
+        break;
+    case PlayFrom::LastFrame:
+        beginNs = m_receiver->lastTimeNs();
+        m_receiver->resumed(true);
+        break;
+    case PlayFrom::Seek:
+        beginNs = m_request.beginNs;
+        m_seekWanted = false;
+        m_seekUnderWay = true;
+        break;
+    }
+    const RtspHeaderList headers = playHeaders(from, beginNs);
+    m_scaleChanged = false;
     m_sinceProgress.start();
     m_sincePacket.start();
     m_tickTimer.start(std::clamp(m_request.silenceTimeoutMs / 8, 20, 250));
     request("PLAY", m_aggregateUri, headers);
+}
+
+qint64 ReplaySession::arrivalTimeNs() const
+{
+    return QDateTime::currentMSecsSinceEpoch() * nsPerMs + m_request.clockSkewNs;
 }
 
 void ReplaySession::sendPause()
@@ -227,7 +289,7 @@ void ReplaySession::messageReceived(const RtspMessage& message)
 
 void ReplaySession::packetReceived(std::uint8_t channel, const std::uint8_t* data, std::size_t bytes)
 {
-    if (!m_receiver || m_phase < Phase::Play)
+    if (!m_receiver || m_phase < Phase::Play || isSeeking())
         return;
     const MediaLimit limit = m_receiver->packet(channel, data, bytes);
     if (limit != MediaLimit::None) {
@@ -250,7 +312,9 @@ void ReplaySession::socketDrained()
 
 bool ReplaySession::mayRead() const
 {
-    return m_phase != Phase::Ended && !m_heldBack && !m_gate.isClosed();
+    // Live pictures cannot wait at the device: what finds no room is dropped here.
+    const bool hasRoom = !m_gate.isClosed() || !m_request.replay || isSeeking();
+    return m_phase != Phase::Ended && !m_heldBack && hasRoom;
 }
 
 void ReplaySession::certificateRefused(const QSslCertificate& certificate, const QByteArray& keySha256,
@@ -282,6 +346,8 @@ void ReplaySession::emitBatch(const QByteArray& batch)
     }
     m_gate.spend(batch.size());
     m_batchEmitted = true;
+    if (!m_request.replay && m_gate.isClosed())
+        m_receiver->setDropping(true);
     emit packets(batch);
 }
 
@@ -298,8 +364,13 @@ EndPosition ReplaySession::position() const
 
 void ReplaySession::checkEnd()
 {
-    if (!isStreaming() || !m_request.replay)
+    if (!isStreaming() || isSeeking())
         return;
+    if (!m_request.replay) {
+        if (m_receiver->allBye())
+            endBy(EndCause::TornDown);
+        return;
+    }
     const qint64 endNs = m_request.endNs;
     if (endNs != 0 && (m_receiver->allReached(endNs) || m_receiver->leadReached(endNs + trailingFootageNs)))
         endBy(EndCause::ReachedEnd);
@@ -382,9 +453,9 @@ void ReplaySession::endBy(EndCause cause, const Error& error)
     } else if (cause == EndCause::Closed || cause == EndCause::Silence) {
         finish(ReplayEnd::Failed, error);
     } else {
-        finish(ReplayEnd::EndByDevice,
-               {ErrorKind::NotFound, ReplayClient::tr("%1 has nothing recorded for the requested time.").arg(host()),
-                QStringLiteral("end without a frame")});
+        const QString text = m_request.replay ? ReplayClient::tr("%1 has nothing recorded for the requested time.")
+                                              : ReplayClient::tr("%1 has ended the live video.");
+        finish(ReplayEnd::EndByDevice, {ErrorKind::NotFound, text.arg(host()), QStringLiteral("end without a frame")});
     }
 }
 

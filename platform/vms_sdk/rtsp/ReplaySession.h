@@ -31,6 +31,7 @@ public:
     void pause();
     void resume();
     void setScale(double speed);
+    void seek(qint64 beginNs);
     void stop();
     void returnCredit(qint64 bytes);
     qint64 bytesReceived() const;
@@ -43,6 +44,8 @@ signals:
     void certificateJudged(const QSslCertificate& certificate, const QByteArray& keySha256, const QString& reason);
 
 private:
+    /// Where PLAY is to begin.
+    enum class PlayFrom : std::uint8_t { Begin, Pause, LastFrame, Seek };
     enum class Phase : std::uint8_t {
         Idle,
         Connecting,
@@ -72,7 +75,8 @@ private:
     void sendOptions();
     void sendDescribe();
     void sendSetup();
-    void sendPlay(bool resuming);
+    void sendPlay(PlayFrom from);
+    RtspHeaderList playHeaders(PlayFrom from, qint64 beginNs) const;
     void sendPause();
     void sendKeepAlive();
 
@@ -89,6 +93,8 @@ private:
     void readPlayAnswer(const RtspMessage& answer);
 
     bool isStreaming() const;
+    bool isSeeking() const { return m_seekWanted || m_seekUnderWay; }
+    bool wantsKeyFramesOnly() const;
     void followWishes();
     void emitBatch(const QByteArray& batch);
     void checkEnd();
@@ -97,6 +103,8 @@ private:
     void mediaLimitPassed(MediaLimit limit);
     QString host() const { return m_url.host(); }
     EndPosition position() const;
+    /// The device's time now, as far as it is known.
+    qint64 arrivalTimeNs() const;
     void endBy(EndCause cause, const Error& error = Error());
     void fail(const Error& error);
     void finish(ReplayEnd end, const Error& error);
@@ -126,9 +134,13 @@ private:
     qint64 m_bytesBefore = 0; ///< over earlier connections
 
     bool m_wantPaused = false;
-    bool m_resumeWithRange = false;
-    bool m_heldBack = false; ///< paused by not reading, because the recorder knows no PAUSE
+    PlayFrom m_playFrom = PlayFrom::Begin; ///< as asked for last
+    bool m_heldBack = false;               ///< paused by not reading, because the recorder knows no PAUSE
     bool m_scaleChanged = false;
+    bool m_keyFramesOnly = false; ///< as asked for last
+    bool m_seekWanted = false;    ///< not yet asked for
+    bool m_pausesToSeek = false;  ///< the recorder takes no PLAY while it plays
+    bool m_seekUnderWay = false;  ///< asked for: what comes before the answer is from the old place
     double m_scale = 1.0;
     bool m_playingTold = false;
     bool m_batchEmitted = false;

@@ -69,7 +69,7 @@ void ReplaySession::answered(const RtspMessage& answer, const RtspRequest& reque
         if (refused && (m_receiver->hasTracks() || m_media.size() > 1) && !m_media[m_nextMedium].format.isVideo() &&
             !isLimit(answer.status)) {
             m_media.erase(m_media.begin() + static_cast<std::ptrdiff_t>(m_nextMedium));
-            sendPlay(false);
+            sendPlay(PlayFrom::Begin);
         } else if (refused) {
             fail(refusalError(answer, request, host()));
         } else {
@@ -137,19 +137,30 @@ bool ReplaySession::retryPlain(const RtspMessage& answer, const RtspRequest& req
     m_requireReplay = false;
     RtspHeaderList headers;
     for (const auto& header : request.headers)
-        if (header.first != "Require" && header.first != "Rate-Control")
+        if (header.first != "Require" && header.first != "Rate-Control" && header.first != "Frames" &&
+            header.first != "Immediate")
             headers.append(header);
     this->request(request.method, request.uri, headers);
     return true;
 }
 
-/// PLAY after PAUSE goes on where it was; a recorder that cannot is asked for the range from the last frame on.
+/// PLAY after PAUSE goes on where it was; a recorder that cannot is asked for the range from the last frame on. One
+/// that takes no other range while it plays is paused before.
 bool ReplaySession::resumeOtherwise(const RtspRequest& request)
 {
-    if (m_phase != Phase::Resuming || request.method != "PLAY" || m_resumeWithRange || !m_request.replay)
+    if (m_phase != Phase::Resuming || request.method != "PLAY" || !m_request.replay)
         return false;
-    m_resumeWithRange = true;
-    sendPlay(true);
+    if (m_playFrom == PlayFrom::Pause) {
+        sendPlay(PlayFrom::LastFrame);
+        return true;
+    }
+    if (m_playFrom != PlayFrom::Seek || m_pausesToSeek)
+        return false;
+    m_pausesToSeek = true;
+    m_seekUnderWay = false;
+    m_seekWanted = true;
+    m_phase = Phase::Playing;
+    followWishes();
     return true;
 }
 
@@ -182,6 +193,8 @@ void ReplaySession::describeAnswered(const RtspMessage& answer)
     names.channelName = m_request.channelName.left(256).toStdString();
     names.deviceName = m_request.deviceName.left(256).toStdString();
     m_receiver = std::make_unique<MediaReceiver>([this](const QByteArray& batch) { emitBatch(batch); }, names);
+    if (!m_request.replay)
+        m_receiver->setArrivalClock([this] { return arrivalTimeNs(); });
     m_nextMedium = 0;
     sendSetup();
 }
@@ -205,13 +218,14 @@ void ReplaySession::setupAnswered(const RtspMessage& answer)
     if (++m_nextMedium < m_media.size())
         sendSetup();
     else
-        sendPlay(false);
+        sendPlay(PlayFrom::Begin);
 }
 
 void ReplaySession::playAnswered(const RtspMessage& answer)
 {
     readPlayAnswer(answer);
     m_phase = Phase::Playing;
+    m_seekUnderWay = false;
     m_sinceProgress.restart();
     m_keepAliveTimer.start(m_sessionTimeoutS * 1000 / 2);
     if (!m_playingTold) {

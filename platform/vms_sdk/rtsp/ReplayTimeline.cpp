@@ -68,6 +68,13 @@ void ReplayTimeline::senderReport(std::uint64_t ntpTime, std::uint32_t rtpTime)
     if (isFarFromAnchor(rtp))
         return;
     const std::int64_t offset = reportNs - predicted(rtp);
+    if (m_isLive) {
+        if (std::llabs(offset) > maxDriftNs && std::llabs(offset) <= maxReportCorrectionNs) {
+            anchor(Source::SenderReport, rtp, reportNs);
+            m_slewNs = -offset;
+        }
+        return;
+    }
     if (m_source == Source::FirstPacket && std::llabs(offset) <= maxReportCorrectionNs) {
         // The first report puts the tracks in step.
         anchor(Source::SenderReport, rtp, reportNs);
@@ -109,12 +116,22 @@ void ReplayTimeline::anchor(Source source, std::int64_t rtp, std::int64_t timeNs
     m_source = source;
     m_anchorRtp = rtp;
     m_anchorNs = std::clamp<std::int64_t>(timeNs, 0, maxAnchorNs);
+    m_slewNs = 0;
     m_cached = false;
 }
 
 std::int64_t ReplayTimeline::predicted(std::int64_t rtp) const
 {
-    return m_anchorNs + ticksToNs(rtp - m_anchorRtp, m_clockRate);
+    const std::int64_t sinceAnchorNs = ticksToNs(rtp - m_anchorRtp, m_clockRate);
+    return m_anchorNs + sinceAnchorNs + slewNs(sinceAnchorNs);
+}
+
+/// What is left of the correction: it shrinks by a quarter of the time that passes, which keeps the frames' order.
+std::int64_t ReplayTimeline::slewNs(std::int64_t sinceAnchorNs) const
+{
+    const std::int64_t restNs =
+        std::max<std::int64_t>(std::llabs(m_slewNs) - std::max<std::int64_t>(sinceAnchorNs, 0) / 4, 0);
+    return m_slewNs < 0 ? -restNs : restNs;
 }
 
 bool ReplayTimeline::isFarFromAnchor(std::int64_t rtp) const

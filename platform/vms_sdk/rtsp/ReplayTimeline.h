@@ -26,6 +26,9 @@ public:
     /// Begin of what PLAY answered or was asked for, ns since 1970. Reports farther than `believableNs` off it are a
     /// server's wall clock and are not believed.
     void setRangeBegin(std::int64_t beginNs, std::int64_t believableNs);
+    /// A live stream: times are those of arrival until a report tells the device's own. Corrections are then spread
+    /// over the frames that follow, so that no frame is timed before one that was captured earlier.
+    void setLive() { m_isLive = true; }
     void setRtpInfo(std::uint32_t rtpTime);
     /// A new PLAY: RTP time may start anywhere. `resumeNs` is where the footage goes on when the packets don't tell.
     void restart(std::int64_t resumeNs);
@@ -42,6 +45,7 @@ private:
 
     void anchor(Source source, std::int64_t rtp, std::int64_t timeNs);
     std::int64_t predicted(std::int64_t rtp) const;
+    std::int64_t slewNs(std::int64_t sinceAnchorNs) const;
     bool isFarFromAnchor(std::int64_t rtp) const;
     bool isBelievable(std::int64_t timeNs) const;
 
@@ -50,6 +54,8 @@ private:
     Source m_source = Source::None;
     std::int64_t m_anchorRtp = 0;
     std::int64_t m_anchorNs = 0;
+    bool m_isLive = false;
+    std::int64_t m_slewNs = 0; ///< what the anchor was corrected by, live
 
     std::int64_t m_rangeBeginNs = 0;
     std::int64_t m_believableNs = 0;

@@ -107,6 +107,16 @@ void StreamBatcher::appendFrame(vav::FrameHeader header, const std::uint8_t* dat
         flush();
 }
 
+void StreamBatcher::discard()
+{
+    m_used = 0;
+    m_unitBegin = 0;
+    m_canReopen = false;
+    m_behindUnit.clear();
+    m_held.clear();
+    m_infoPending = m_hasInfo;
+}
+
 void StreamBatcher::flush()
 {
     if (!m_unitOpen && m_hasInfo && m_infoPending && !m_held.isEmpty())

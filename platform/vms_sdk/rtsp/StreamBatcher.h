@@ -53,6 +53,8 @@ public:
     /// A whole small frame.
     void appendFrame(vav::FrameHeader header, const std::uint8_t* data);
 
+    /// Forgets what was not emitted; no unit is open. The stream info goes before what comes next.
+    void discard();
     /// Emits what is complete; an open unit stays.
     void flush();
     bool hasFrames() const { return (m_unitOpen ? m_unitBegin : m_used) > 0 || !m_behindUnit.isEmpty(); }

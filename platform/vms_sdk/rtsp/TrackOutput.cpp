@@ -35,7 +35,7 @@ void TrackOutput::closeUnit(std::int64_t timeNs, bool key, std::uint32_t duratio
         m_batcher.closeUnit(m_lastHeader);
         return;
     }
-    if (!m_batcher.hasStreamInfo() || skips(timeNs)) {
+    if (!m_batcher.hasStreamInfo() || skips(timeNs) || !isWanted(key)) {
         keepFlags();
         m_batcher.dropUnit();
         return;
@@ -67,7 +67,7 @@ bool TrackOutput::reopenUnit()
 
 void TrackOutput::frame(std::int64_t timeNs, std::uint32_t durationUs, const std::uint8_t* data, std::size_t bytes)
 {
-    if (!skips(timeNs)) {
+    if (!skips(timeNs) && isWanted(true)) {
         vav::FrameHeader header = makeHeader(timeNs, true, durationUs);
         header.payloadBytes = static_cast<std::uint32_t>(bytes);
         m_batcher.appendFrame(header, data);
@@ -81,6 +81,40 @@ void TrackOutput::resumed(bool fromLastTime)
 {
     m_firstAfterPlay = true;
     m_skipping = fromLastTime && m_frames > 0;
+}
+
+void TrackOutput::sought()
+{
+    m_flags = Flags();
+    m_newestNs = 0;
+    m_recentCount = 0;
+    m_lost = 0;
+    m_pendingDiscontinuity = false;
+    m_sectionEnded = false;
+    m_terminal = false;
+    m_firstAfterPlay = true;
+    m_skipping = false;
+    m_startsAnew = true;
+}
+
+void TrackOutput::setDropping(bool dropping, bool isVideo)
+{
+    m_awaitsKey = isVideo && (m_awaitsKey || m_dropping) && !dropping;
+    m_dropping = dropping;
+}
+
+bool TrackOutput::isWanted(bool key)
+{
+    if (m_keyFramesOnly && !(m_isVideo && key))
+        return false;
+    if (!m_dropping && (!m_awaitsKey || key)) {
+        m_awaitsKey = false;
+        return true;
+    }
+    noteLost(1);
+    m_flags.discontinuity = true;
+    m_firstAfterPlay = false;
+    return false;
 }
 
 /// After a resume the recorder begins at the key frame before the asked time. The frames come in the same order as
@@ -112,8 +146,10 @@ vav::FrameHeader TrackOutput::makeHeader(std::int64_t timeNs, bool key, std::uin
         m_totalLost += m_lost;
         m_lost = 0;
     }
-    if (m_frames > 0)
+    if (!m_startsAnew)
         judgeGap(header);
+    else if (m_frames > 0)
+        header.flags |= vav::Discontinuity;
     else
         m_firstTimeNs = timeNs;
     if (m_flags.terminal) {
@@ -124,6 +160,7 @@ vav::FrameHeader TrackOutput::makeHeader(std::int64_t timeNs, bool key, std::uin
     m_pendingDiscontinuity = false;
     m_firstAfterPlay = false;
     learnInterval(timeNs);
+    m_startsAnew = false;
     m_recentNs[m_recentCount++ % m_recentNs.size()] = timeNs;
     m_lastDecodedNs = timeNs;
     ++m_frames;
@@ -132,6 +169,8 @@ vav::FrameHeader TrackOutput::makeHeader(std::int64_t timeNs, bool key, std::uin
 
 void TrackOutput::judgeGap(vav::FrameHeader& header)
 {
+    if (m_keyFramesOnly)
+        return;
     const std::int64_t jumpNs = header.timeNs - m_newestNs;
     const std::int64_t told = m_intervalNs * 2;
     const bool silentGap = jumpNs > std::max(minSilentGapNs, m_intervalNs * silentGapFrames) && m_intervalNs > 0;
@@ -158,7 +197,7 @@ std::int64_t TrackOutput::widestStepNs() const
 
 void TrackOutput::learnInterval(std::int64_t timeNs)
 {
-    if (m_frames == 0) {
+    if (m_startsAnew) {
         m_newestNs = timeNs;
         return;
     }

@@ -41,6 +41,17 @@ public:
     /// that the recorder sets on the first of them is no gap.
     void resumed(bool fromLastTime);
 
+    /// The stream goes on at another place: the next frame is marked as a discontinuity.
+    void sought();
+    /// Only key frames of video are delivered, and what lies between them is no gap.
+    void setKeyFramesOnly(bool keyFramesOnly, bool isVideo)
+    {
+        m_keyFramesOnly = keyFramesOnly;
+        m_isVideo = isVideo;
+    }
+    /// What is dropped counts as lost; video goes on with a key frame.
+    void setDropping(bool dropping, bool isVideo);
+
     std::int64_t firstTimeNs() const { return m_firstTimeNs; }
     std::int64_t lastTimeNs() const
     {
@@ -63,6 +74,7 @@ private:
     };
 
     void keepFlags();
+    bool isWanted(bool key);
     bool skips(std::int64_t timeNs);
     vav::FrameHeader makeHeader(std::int64_t timeNs, bool key, std::uint32_t durationUs);
     void judgeGap(vav::FrameHeader& header);
@@ -89,6 +101,11 @@ private:
     bool m_terminal = false;
     bool m_firstAfterPlay = true;
     bool m_skipping = false;
+    bool m_startsAnew = true; ///< nothing was delivered since the begin or a seek
+    bool m_keyFramesOnly = false;
+    bool m_dropping = false;
+    bool m_awaitsKey = false;
+    bool m_isVideo = false;
     vav::FrameHeader m_lastHeader;
     bool m_reopened = false;
 };
