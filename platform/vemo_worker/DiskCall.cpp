@@ -34,9 +34,9 @@ DiskCall::DiskCall(QObject* context, int giveUpMs, const Answer& givenUp)
 
 DiskCall::~DiskCall()
 {
+    m_shared->isGivenUp = true;
     const QMutexLocker lock(&m_shared->mutex);
     m_shared->call = nullptr;
-    m_shared->isGivenUp = true;
 }
 
 void DiskCall::start(QObject* context, int giveUpMs, const Work& work, const Answer& givenUp)
