@@ -11,20 +11,53 @@ using Kind = AxisRow::Kind;
 
 constexpr double rounding = 1e-6;
 
-void lay(QVector<Kind>* line, const DayAxis& axis, const vms_sdk::VideoRecording& recording, Kind kind, int least)
+/// The pixels of a part of the day, and what is laid on them.
+class Line final
 {
-    const int pixels = line->size();
-    const QVector<DayAxis::Piece> pieces =
-        axis.pieces(recording.begin.toMSecsSinceEpoch(), recording.end.toMSecsSinceEpoch());
-    for (const DayAxis::Piece& piece : pieces) {
-        int from = int(std::floor(piece.from * pixels + rounding));
-        int to = qMax(int(std::ceil(piece.to * pixels - rounding)), from + least);
-        to = qMin(to, pixels);
-        from = qMax(0, qMin(from, to - least));
-        for (int pixel = from; pixel < to; ++pixel)
-            (*line)[pixel] = qMax(line->at(pixel), kind);
+public:
+    Line(const DayAxis& axis, int pixels, const DayAxis::Piece& view)
+        : m_axis(axis)
+        , m_kinds(qMax(0, pixels), Kind::Nothing)
+        , m_view(view)
+        , m_beginMs(axis.timeAt(view.from, DayAxis::Pass::First))
+        , m_endMs(axis.timeAt(view.to, DayAxis::Pass::Last))
+    {}
+
+    void lay(const TimeSpan& span, Kind kind, int least)
+    {
+        // Most of a day lies outside of a part that was zoomed to.
+        if (span.endMs <= m_beginMs || span.beginMs > m_endMs)
+            return;
+        const int pixels = m_kinds.size();
+        const double scale = pixels / (m_view.to - m_view.from);
+        const QVector<DayAxis::Piece> pieces = m_axis.pieces(span.beginMs, span.endMs);
+        for (const DayAxis::Piece& piece : pieces) {
+            const double begin = qMax(0.0, (piece.from - m_view.from) * scale);
+            const double end = qMin(double(pixels), (piece.to - m_view.from) * scale);
+            if (end <= 0 || begin >= pixels)
+                continue;
+            int from = int(std::floor(begin + rounding));
+            int to = qMax(int(std::ceil(end - rounding)), from + least);
+            to = qMin(to, pixels);
+            from = qMax(0, qMin(from, to - least));
+            for (int pixel = from; pixel < to; ++pixel)
+                m_kinds[pixel] = qMax(m_kinds.at(pixel), kind);
+        }
     }
-}
+    void lay(const vms_sdk::VideoRecording& recording, Kind kind, int least)
+    {
+        lay({recording.begin.toMSecsSinceEpoch(), recording.end.toMSecsSinceEpoch()}, kind, least);
+    }
+
+    const QVector<Kind>& kinds() const { return m_kinds; }
+
+private:
+    const DayAxis& m_axis;
+    QVector<Kind> m_kinds;
+    DayAxis::Piece m_view;
+    qint64 m_beginMs;
+    qint64 m_endMs;
+};
 
 QVector<AxisRow::Run> runsOf(const QVector<Kind>& line)
 {
@@ -43,25 +76,34 @@ QVector<AxisRow::Run> runsOf(const QVector<Kind>& line)
 } // namespace
 
 QVector<AxisRow::Run> AxisRow::runs(const DayAxis& axis, const QList<vms_sdk::VideoRecording>& recordings, int pixels,
-                                    int leastAlarm)
+                                    int leastAlarm, const DayAxis::Piece& view)
 {
-    QVector<Kind> line(qMax(0, pixels), Kind::Nothing);
+    Line line(axis, pixels, view);
     for (const vms_sdk::VideoRecording& recording : recordings) {
         const bool isAlarm = recording.type != 0;
-        lay(&line, axis, recording, isAlarm ? Kind::Alarm : Kind::Recording, isAlarm ? leastAlarm : 1);
+        line.lay(recording, isAlarm ? Kind::Alarm : Kind::Recording, isAlarm ? leastAlarm : 1);
     }
-    return runsOf(line);
+    return runsOf(line.kinds());
 }
 
 QVector<AxisRow::Run> AxisRow::chosenRuns(const DayAxis& axis, const QList<vms_sdk::VideoRecording>& recordings,
-                                          const QSet<int>& chosen, int pixels)
+                                          const QSet<int>& chosen, int pixels, const DayAxis::Piece& view)
 {
-    QVector<Kind> line(qMax(0, pixels), Kind::Nothing);
+    Line line(axis, pixels, view);
     for (const int index : chosen) {
         if (index >= 0 && index < recordings.size())
-            lay(&line, axis, recordings.at(index), Kind::Recording, 1);
+            line.lay(recordings.at(index), Kind::Recording, 1);
     }
-    return runsOf(line);
+    return runsOf(line.kinds());
+}
+
+QVector<AxisRow::Run> AxisRow::spanRuns(const DayAxis& axis, const QVector<TimeSpan>& spans, int pixels,
+                                        const DayAxis::Piece& view)
+{
+    Line line(axis, pixels, view);
+    for (const TimeSpan& span : spans)
+        line.lay(span, Kind::Recording, 1);
+    return runsOf(line.kinds());
 }
 
 int AxisRow::recordingAt(const QList<vms_sdk::VideoRecording>& recordings, qint64 ms)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "DayAxis.h"
+#include "TimeSpan.h"
 
 #include <VmsTypes.h>
 
@@ -24,12 +25,18 @@ public:
         Kind kind = Kind::Nothing;
     };
 
+    /// The part of the day that the pixels show.
+    static constexpr DayAxis::Piece wholeDay() { return {0, 1}; }
+
     /// The kinds' runs without those of Nothing; an alarm wins, and no alarm is narrower than `leastAlarm` pixels.
     static QVector<Run> runs(const DayAxis& axis, const QList<vms_sdk::VideoRecording>& recordings, int pixels,
-                             int leastAlarm);
+                             int leastAlarm, const DayAxis::Piece& view = wholeDay());
     /// The chosen ones alone, by their indices, as runs of Recording.
     static QVector<Run> chosenRuns(const DayAxis& axis, const QList<vms_sdk::VideoRecording>& recordings,
-                                   const QSet<int>& chosen, int pixels);
+                                   const QSet<int>& chosen, int pixels, const DayAxis::Piece& view = wholeDay());
+    /// Spans of any kind, as runs of Recording.
+    static QVector<Run> spanRuns(const DayAxis& axis, const QVector<TimeSpan>& spans, int pixels,
+                                 const DayAxis::Piece& view = wholeDay());
 
     /// The recording at a time, -1: none. An alarm wins over the recording that it lies in.
     static int recordingAt(const QList<vms_sdk::VideoRecording>& recordings, qint64 ms);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "vemo_base_global.h"
+
 #include <QObject>
 #include <QTimer>
 
@@ -11,7 +13,7 @@ namespace vemo_base {
 
 /// Lets a bar over a full-screen picture fade when the pointer rests for 3 s, together with the pointer, and brings
 /// both back when it moves or a key is pressed. Does nothing while it is not active. Owned by the bar's window.
-class FadingBar final : public QObject
+class VEMO_BASE_EXPORT FadingBar final : public QObject
 {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(FadingBar)

@@ -39,7 +39,7 @@ void TransportButton::setFace(const QString& iconName, const QString& tip)
 
 QSize TransportButton::sizeHint() const
 {
-    const int size = m_kind == Kind::Round ? roundSize : quietSize;
+    const int size = m_kind == Kind::Quiet ? quietSize : roundSize;
     return {size, size};
 }
 
@@ -70,6 +70,14 @@ void TransportButton::paintEvent(QPaintEvent*)
                            : hovered    ? Token::AccentHover
                                         : Token::Accent;
         StylePainter::box(&painter, face, face.width() / 2, color(fill), Qt::transparent, 0);
+    } else if (m_kind == Kind::SoftRound) {
+        ink = color(isEnabled() ? Token::AccentText : Token::Text3);
+        const Token fill = !isEnabled() ? Token::Border : isDown() || hovered ? Token::Press : Token::Select;
+        StylePainter::box(&painter, face, face.width() / 2, color(fill), Qt::transparent, 0);
+    } else if (isEnabled() && isChecked()) {
+        StylePainter::box(&painter, face, radius, color(isDown() || hovered ? Token::Press : Token::Select),
+                          Qt::transparent, 0);
+        ink = color(Token::AccentText);
     } else if (isEnabled() && (isDown() || hovered)) {
         StylePainter::box(&painter, face, radius, color(isDown() ? Token::Press : Token::Hover), Qt::transparent, 0);
         ink = color(Token::Text);
@@ -80,7 +88,7 @@ void TransportButton::paintEvent(QPaintEvent*)
     painter.drawPixmap(QRect((width() - iconExtent) / 2, (height() - iconExtent) / 2, iconExtent, iconExtent),
                        Icons::pixmap(m_iconName, iconExtent, ink, ratio));
     if (m_ring)
-        StylePainter::focusRing(&painter, face, m_kind == Kind::Round ? face.width() / 2 : radius, mode);
+        StylePainter::focusRing(&painter, face, m_kind == Kind::Quiet ? radius : face.width() / 2, mode);
 }
 
 } // namespace vemo_base
