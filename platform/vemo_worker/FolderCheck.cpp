@@ -172,6 +172,10 @@ FolderCheck::Result FolderCheck::missing(const QString& path)
     if (existing.startsWith(QLatin1Char('/')) && holdsOtherDisks(existing))
         return problem(State::NotConnected,
                        tr("The disk of this folder is not connected. Choose another folder or connect the disk."));
+    for (QFileInfo above(QFileInfo(path).path()); above.absoluteFilePath() != existing; above.setFile(above.path())) {
+        if (above.exists())
+            return problem(State::NotAFolder, tr("%1 is a file. Choose a folder.").arg(above.absoluteFilePath()));
+    }
     return problem(State::Missing, tr("This folder is not there yet."));
 }
 
