@@ -4,6 +4,7 @@
 #include <array>
 #include <cctype>
 #include <cstdio>
+#include <cstdlib>
 #include <ctime>
 
 namespace vaws {
@@ -120,6 +121,21 @@ std::string localTimeOfDay(std::int64_t timeNs)
     const std::tm parts = localParts(floorSeconds(timeNs));
     std::array<char, 32> text{};
     std::strftime(text.data(), text.size(), "%H:%M:%S", &parts);
+    return text.data();
+}
+
+std::string localDateTimeText(std::int64_t timeNs)
+{
+    const std::time_t seconds = floorSeconds(timeNs);
+    const std::tm parts = localParts(seconds);
+    const std::int64_t local = daysFromCivil(parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday) * 86400 +
+                               parts.tm_hour * 3600 + parts.tm_min * 60 + parts.tm_sec;
+    const auto offset = static_cast<int>((local - std::int64_t{seconds}) / 60);
+    const int minutes = std::abs(offset);
+    std::array<char, 96> text{};
+    std::snprintf(text.data(), text.size(), "%04d-%02d-%02d %02d:%02d:%02d %c%02d:%02d", parts.tm_year + 1900,
+                  parts.tm_mon + 1, parts.tm_mday, parts.tm_hour, parts.tm_min, parts.tm_sec, offset < 0 ? '-' : '+',
+                  minutes / 60, minutes % 60);
     return text.data();
 }
 

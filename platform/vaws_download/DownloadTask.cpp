@@ -40,6 +40,7 @@ AssemblyRequest requestOf(const TaskSettings& settings)
     }
     request.keepGaps = settings.kind == TaskSettings::Kind::LocalCut;
     request.maxFileBytes = settings.maxFileBytes;
+    request.clockTrack = settings.clockTrack;
     return request;
 }
 
@@ -184,7 +185,7 @@ void DownloadTask::openOutput(std::shared_ptr<OutputPlan> plan)
     m_report.video = plan->videoCodec;
     m_report.audio = plan->audioCodec;
     for (const TrackFormat& format : plan->formats) {
-        if (format.video) {
+        if (format.isVideo()) {
             m_report.width = format.width;
             m_report.height = format.height;
         }

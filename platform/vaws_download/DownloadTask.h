@@ -35,6 +35,7 @@ struct TaskSettings
     std::filesystem::path journalFolder;
     std::uint64_t reserveBytes = 0; ///< free space below this is told, once
     std::uint64_t maxFileBytes = 0;
+    bool clockTrack = false;
     bool wholeSeconds = false; ///< ended early, the file shows whole seconds
     CutList cut;
     std::string problem; ///< the task can only tell this, as event 14

@@ -33,7 +33,7 @@ FragmentBuilder::FragmentBuilder(BufferPort& port, std::shared_ptr<OutputPlan> p
     , m_fragmentLimit(defaultFragmentLimit)
 {
     for (std::size_t i = 0; i < m_tracks.size(); ++i)
-        m_tracks[i].nominal = m_plan->formats[i].video ? defaultVideoTicks : 1024;
+        m_tracks[i].nominal = m_plan->formats[i].isVideo() ? defaultVideoTicks : 1024;
     m_tracks[m_leading].order = DecodeTimes(reorderDepth);
     m_headerBytes = headerBytes().size();
 }
@@ -56,7 +56,7 @@ std::vector<std::uint8_t> FragmentBuilder::headerBytes() const
 
 bool FragmentBuilder::fits(const Frame& frame) const
 {
-    const bool video = m_plan->formats[frame.track].video;
+    const bool video = m_plan->formats[frame.track].isVideo();
     return m_dataBytes + m_sideBytes + frame.bytes + paddingBytes <= m_buffer->capacity - m_buffer->used &&
            fragmentHeadBytes(m_tracks.size(), m_videoSamples + (video ? 1 : 0), m_otherSamples + (video ? 0 : 1)) <=
                blockBytes;
@@ -65,9 +65,9 @@ bool FragmentBuilder::fits(const Frame& frame) const
 void FragmentBuilder::append(const Frame& frame)
 {
     const std::size_t gathered = m_dataBytes + m_sideBytes;
-    if (m_open &&
-        (!fits(frame) || gathered >= m_fragmentLimit ||
-         (frame.key && frame.track == m_leading && gathered >= leastKeyFragment && m_plan->formats[m_leading].video)))
+    if (m_open && (!fits(frame) || gathered >= m_fragmentLimit ||
+                   (frame.key && frame.track == m_leading && gathered >= leastKeyFragment &&
+                    m_plan->formats[m_leading].isVideo())))
         closeFragment();
     if (!m_open)
         startFragment(frame.bytes);
@@ -79,7 +79,7 @@ void FragmentBuilder::append(const Frame& frame)
         track.side.insert(track.side.end(), frame.data, frame.data + frame.bytes);
         m_sideBytes += frame.bytes;
     }
-    if (m_plan->formats[frame.track].video) {
+    if (m_plan->formats[frame.track].isVideo()) {
         track.order.observe(frame.presentation);
         ++m_videoSamples;
     } else {
@@ -135,7 +135,7 @@ void FragmentBuilder::settleHeader()
         if (track.pending.empty())
             continue;
         std::int64_t first = track.pending.front().presentation;
-        if (m_plan->formats[i].video)
+        if (m_plan->formats[i].isVideo())
             first -= static_cast<std::int64_t>(track.order.depth()) * track.nominal;
         earliestNs = std::min(earliestNs, ticksToNs(first, m_plan->formats[i].timescale));
     }
@@ -160,7 +160,7 @@ TrackRun FragmentBuilder::runOf(std::size_t index, std::uint64_t offset)
         sample.decodeTime = track.order.assign(presentation, track.nominal);
         if (sample.decodeTime < 0)
             sample.decodeTime = 0;
-        sample.compositionOffset = format.video ? static_cast<std::int32_t>(presentation - sample.decodeTime) : 0;
+        sample.compositionOffset = format.isVideo() ? static_cast<std::int32_t>(presentation - sample.decodeTime) : 0;
         sample.bytes = pending.bytes;
         sample.duration = pending.duration != 0 ? pending.duration : track.nominal;
         sample.key = pending.key;

@@ -121,7 +121,7 @@ bool readTrackFragment(ByteReader in, std::uint64_t moofOffset, const std::vecto
             decodeTime = box.i64();
         } else if (type == fourcc("trun")) {
             if (!format || decodeTime < 0 || decodeTime > (std::int64_t{1} << 60) ||
-                !readTrackRun(box, decodeTime, format->video, moofOffset, run))
+                !readTrackRun(box, decodeTime, format->isVideo(), moofOffset, run))
                 return false;
         }
         if (!box.good())
@@ -228,7 +228,7 @@ void writeFragmentHead(std::uint8_t* block, FragmentInfo& info, std::uint32_t se
         out.end();
         for (const TrackRun& run : info.runs) {
             if (!run.samples.empty())
-                trackFragment(out, run, info.offset, tracks[run.trackId - 1].video);
+                trackFragment(out, run, info.offset, tracks[run.trackId - 1].isVideo());
         }
         out.end();
     });

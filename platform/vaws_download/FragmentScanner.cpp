@@ -28,7 +28,10 @@ bool readTrack(ByteReader in, TrackFormat& format)
             format.timescale = box.u32();
         } else if (type == fourcc("hdlr")) {
             box.skip(8);
-            format.video = box.u32() == fourcc("vide");
+            const std::uint32_t handler = box.u32();
+            format.kind = handler == fourcc("vide")   ? TrackKind::Video
+                          : handler == fourcc("sbtl") ? TrackKind::Text
+                                                      : TrackKind::Sound;
         } else if (type == fourcc("stsd")) {
             box.skip(8);
             format.sampleEntry.assign(box.at(), box.at() + box.left());

@@ -11,15 +11,19 @@ constexpr std::size_t blockBytes = 4096; ///< fragments and their `moof` blocks 
 constexpr std::uint32_t movieTimescale = 90000;
 constexpr std::uint32_t videoTimescale = 90000;
 
+enum class TrackKind : std::uint8_t { Unknown = 0, Video, Sound, Text };
+
 /// One track as its sample entry says it.
 struct TrackFormat
 {
     std::uint32_t trackId = 0; ///< 1 and up, in the order of the tracks
-    bool video = false;
+    TrackKind kind = TrackKind::Unknown;
     std::uint32_t timescale = 0;
     std::uint16_t width = 0;
     std::uint16_t height = 0;
     std::vector<std::uint8_t> sampleEntry; ///< the whole box
+
+    bool isVideo() const { return kind == TrackKind::Video; }
 };
 
 /// One sample in decode order; times in the track's timescale.

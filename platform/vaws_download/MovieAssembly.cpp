@@ -35,8 +35,8 @@ std::size_t MovieAssembly::leadingTrack() const
 {
     std::size_t best = m_formats.size();
     for (std::size_t i = 0; i < m_formats.size(); ++i) {
-        const bool usable = m_tables[i].sampleCount() > 0;
-        if (usable && (best == m_formats.size() || (m_formats[i].video && !m_formats[best].video)))
+        const bool usable = m_tables[i].sampleCount() > 0 && m_formats[i].kind != TrackKind::Text;
+        if (usable && (best == m_formats.size() || (m_formats[i].isVideo() && !m_formats[best].isVideo())))
             best = i;
     }
     return best;

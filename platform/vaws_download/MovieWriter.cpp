@@ -17,9 +17,9 @@ std::uint64_t secondsSince1904(std::int64_t utcNs)
     return utcNs <= 0 ? 0 : static_cast<std::uint64_t>(utcNs / nsPerSecond + from1904To1970);
 }
 
-void unityMatrix(BoxWriter& out)
+void matrix(BoxWriter& out, std::uint32_t downBy = 0)
 {
-    for (const std::uint32_t value : {0x10000u, 0u, 0u, 0u, 0x10000u, 0u, 0u, 0u, 0x40000000u})
+    for (const std::uint32_t value : {0x10000u, 0u, 0u, 0u, 0x10000u, 0u, 0u, downBy << 16, 0x40000000u})
         out.u32(value);
 }
 
@@ -33,14 +33,40 @@ void movieHeader(BoxWriter& out, const Movie& movie)
     out.u32(0x10000); // rate 1
     out.u16(0x100);   // volume 1
     out.zeros(10);
-    unityMatrix(out);
+    matrix(out);
     out.zeros(24);
     out.u32(static_cast<std::uint32_t>(movie.tracks.size() + 1));
     out.end();
 }
 
+/// Text stands at the bottom of the picture.
+std::uint32_t topOf(const Movie& movie, const TrackFormat& format)
+{
+    for (const MovieTrack& other : movie.tracks) {
+        if (format.kind == TrackKind::Text && other.format.isVideo() && other.format.height > format.height)
+            return other.format.height - format.height;
+    }
+    return 0;
+}
+
+struct KindTexts
+{
+    std::uint32_t handler;
+    const char* name;
+    std::uint16_t alternateGroup;
+};
+
+const KindTexts& textsOf(TrackKind kind)
+{
+    static const KindTexts video{fourcc("vide"), "VideoHandler", 0};
+    static const KindTexts sound{fourcc("soun"), "SoundHandler", 1};
+    static const KindTexts text{fourcc("sbtl"), "Wall clock", 2};
+    return kind == TrackKind::Video ? video : kind == TrackKind::Text ? text : sound;
+}
+
 void trackHeader(BoxWriter& out, const Movie& movie, const MovieTrack& track)
 {
+    const TrackKind kind = track.format.kind;
     out.beginFull("tkhd", 1, 3); // enabled, in the movie
     out.u64(secondsSince1904(movie.beginNs));
     out.u64(secondsSince1904(movie.beginNs));
@@ -48,11 +74,11 @@ void trackHeader(BoxWriter& out, const Movie& movie, const MovieTrack& track)
     out.u32(0);
     out.u64(track.length);
     out.zeros(8);
+    out.u16(kind == TrackKind::Text ? 0xffff : 0); // layer: text lies in front of the picture
+    out.u16(textsOf(kind).alternateGroup);
+    out.u16(kind == TrackKind::Sound ? 0x100 : 0);
     out.u16(0);
-    out.u16(track.format.video ? 0 : 1);
-    out.u16(track.format.video ? 0 : 0x100);
-    out.u16(0);
-    unityMatrix(out);
+    matrix(out, topOf(movie, track.format));
     out.u32(static_cast<std::uint32_t>(track.format.width) << 16);
     out.u32(static_cast<std::uint32_t>(track.format.height) << 16);
     out.end();
@@ -77,9 +103,11 @@ void editList(BoxWriter& out, const std::vector<Edit>& edits)
 void mediaInformation(BoxWriter& out, const MovieTrack& track)
 {
     out.begin("minf");
-    if (track.format.video) {
+    if (track.format.isVideo()) {
         out.beginFull("vmhd", 0, 1);
         out.zeros(8);
+    } else if (track.format.kind == TrackKind::Text) {
+        out.beginFull("nmhd", 0, 0);
     } else {
         out.beginFull("smhd", 0, 0);
         out.zeros(4);
@@ -119,9 +147,9 @@ void trackBox(BoxWriter& out, const Movie& movie, const MovieTrack& track)
     out.end();
     out.beginFull("hdlr", 0, 0);
     out.u32(0);
-    out.u32(track.format.video ? fourcc("vide") : fourcc("soun"));
+    out.u32(textsOf(track.format.kind).handler);
     out.zeros(12);
-    out.text(track.format.video ? "VideoHandler" : "SoundHandler");
+    out.text(textsOf(track.format.kind).name);
     out.u8(0);
     out.end();
     mediaInformation(out, track);

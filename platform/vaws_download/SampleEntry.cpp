@@ -136,7 +136,7 @@ void elementaryStreamDescriptor(BoxWriter& out, const vav::TrackInfo& track)
 bool makeVideoFormat(const vav::TrackInfo& track, TrackFormat& format, std::string& error)
 {
     VideoShape shape = videoShape(track);
-    format.video = true;
+    format.kind = TrackKind::Video;
     format.timescale = videoTimescale;
     format.width = shape.known ? static_cast<std::uint16_t>(shape.width) : track.width;
     format.height = shape.known ? static_cast<std::uint16_t>(shape.height) : track.height;
@@ -224,7 +224,7 @@ bool makeTrackFormat(const vav::TrackInfo& track, std::uint32_t trackId, TrackFo
     if (track.codec == vav::Codec::H264 || track.codec == vav::Codec::H265)
         return makeVideoFormat(track, format, error);
     if (track.codec == vav::Codec::Mjpeg) {
-        format.video = true;
+        format.kind = TrackKind::Video;
         format.timescale = videoTimescale;
         format.width = track.width;
         format.height = track.height;
@@ -237,6 +237,7 @@ bool makeTrackFormat(const vav::TrackInfo& track, std::uint32_t trackId, TrackFo
     }
     if (track.codec == vav::Codec::Aac) {
         const AacShape shape = parseAudioSpecificConfig(track.parameterSets.data(), track.parameterSets.size());
+        format.kind = TrackKind::Sound;
         format.timescale = shape.known ? shape.samplingRate : track.clockRate;
         if (!shape.known || format.timescale == 0) {
             error = "The stream's AAC configuration is missing or damaged.";

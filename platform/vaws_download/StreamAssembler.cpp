@@ -154,7 +154,7 @@ StreamAssembler::Outcome StreamAssembler::leadingFrame(const vav::FrameHeader& h
             m_tail.push_back({header, std::vector<std::uint8_t>(payload, payload + header.payloadBytes)});
         const bool passed = m_order.frontier() >= m_request.endNs || (key && isIndependent(header, payload));
         m_leadComplete = m_leadComplete || passed || m_tail.size() == maxTailFrames;
-        const bool soundOver = header.timeNs >= m_request.endNs + soundAfterEndNs || m_plan->formats.size() == 1;
+        const bool soundOver = header.timeNs >= m_request.endNs + soundAfterEndNs || !hasSoundBeside();
         releaseHeld(false);
         return m_leadComplete && (m_soundComplete || soundOver) ? Outcome::RangeComplete : Outcome::Going;
     }
@@ -194,6 +194,11 @@ StreamAssembler::Outcome StreamAssembler::playPreroll()
     return Outcome::Going;
 }
 
+bool StreamAssembler::hasSoundBeside() const
+{
+    return m_plan->formats.size() > (m_clock ? 2u : 1u);
+}
+
 /// Whether nothing that is presented before this key frame can come behind it.
 bool StreamAssembler::isIndependent(const vav::FrameHeader& header, const std::uint8_t* payload) const
 {
@@ -226,6 +231,8 @@ void StreamAssembler::noteGap(const vav::FrameHeader& header)
     gap.collapsed = !m_request.keepGaps || length > longestKeptGapNs;
     takeTranscoded();
     releaseHeld(false);
+    if (m_clock)
+        m_clock->beginGap(*m_builder, m_timeline, gap);
     m_builder->beginGap(gap);
     m_timeline.addGap(gap);
 }
@@ -242,18 +249,20 @@ void StreamAssembler::write(const vav::FrameHeader& header, const std::uint8_t* 
     Slot& slot = m_slots[header.track];
     const std::int64_t mediaNs = m_timeline.toMediaNs(header.timeNs);
     m_builder->addLost(std::exchange(m_lostAhead, 0));
-    if (!vav::isVideo(slot.info->codec)) {
+    if (vav::isVideo(slot.info->codec)) {
+        FragmentBuilder::Frame frame;
+        frame.track = slot.format;
+        frame.presentation = nsToTicks(mediaNs, videoTimescale);
+        frame.duration = durationTicks(header.durationUs, videoTimescale);
+        frame.key = (header.flags & vav::KeyFrame) != 0;
+        frame.data = payload;
+        frame.bytes = header.payloadBytes;
+        m_builder->append(frame);
+    } else {
         writeSound(slot, mediaNs, payload, header.payloadBytes);
-        return;
     }
-    FragmentBuilder::Frame frame;
-    frame.track = slot.format;
-    frame.presentation = nsToTicks(mediaNs, videoTimescale);
-    frame.duration = durationTicks(header.durationUs, videoTimescale);
-    frame.key = (header.flags & vav::KeyFrame) != 0;
-    frame.data = payload;
-    frame.bytes = header.payloadBytes;
-    m_builder->append(frame);
+    if (m_clock && header.track == m_leading)
+        m_clock->advance(*m_builder, m_timeline, header.timeNs);
 }
 
 void StreamAssembler::writeSound(Slot& slot, std::int64_t mediaNs, const std::uint8_t* payload, std::size_t bytes)
@@ -378,7 +387,7 @@ bool StreamAssembler::openOutput(const vav::FrameHeader& header, const std::uint
             m_problem = error;
             return false;
         }
-        (format.video ? plan->videoCodec : plan->audioCodec) = codecName(track.codec);
+        (format.isVideo() ? plan->videoCodec : plan->audioCodec) = codecName(track.codec);
         slot.format = plan->formats.size();
         slot.written = true;
         slot.frameTicks =
@@ -388,6 +397,13 @@ bool StreamAssembler::openOutput(const vav::FrameHeader& header, const std::uint
         if (leading)
             depth = videoShape(track).reorderDepth;
         plan->formats.push_back(std::move(format));
+    }
+    m_clock.reset();
+    if (m_request.clockTrack) {
+        const TrackFormat& beside = plan->formats[m_slots[static_cast<std::size_t>(m_leading)].format];
+        m_clock.emplace(plan->formats.size(), std::max(plan->header.baseNs, plan->header.askedBeginNs));
+        plan->formats.push_back(ClockTrack::format(static_cast<std::uint32_t>(plan->formats.size() + 1),
+                                                   beside.isVideo() ? &beside : nullptr));
     }
     m_plan = plan;
     m_timeline = GapTimeline(plan->header.baseNs, 0);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "AudioTranscoder.h"
+#include "ClockTrack.h"
 #include "FragmentBuilder.h"
 #include "GapTimeline.h"
 #include "vav_frame.h"
@@ -8,6 +9,7 @@
 #include <cstdint>
 #include <deque>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,6 +21,7 @@ struct AssemblyRequest
     std::int64_t beginNs = 0;
     std::int64_t endNs = 0;
     bool keepGaps = false;          ///< gaps stay as time
+    bool clockTrack = false;        ///< files get the wall clock as a text track
     std::uint64_t maxFileBytes = 0; ///< a key frame beyond this starts a new file; 0: no limit
 };
 
@@ -89,6 +92,7 @@ private:
     Outcome otherFrame(const vav::FrameHeader& header, const std::uint8_t* payload);
     bool openOutput(const vav::FrameHeader& header, const std::uint8_t* payload);
     void closeOutput(bool switched, std::int64_t nextNs);
+    bool hasSoundBeside() const;
     bool isIndependent(const vav::FrameHeader& header, const std::uint8_t* payload) const;
     void noteGap(const vav::FrameHeader& header);
     void write(const vav::FrameHeader& header, const std::uint8_t* payload);
@@ -107,6 +111,7 @@ private:
     std::shared_ptr<OutputPlan> m_plan;
     std::unique_ptr<FragmentBuilder> m_builder;
     std::unique_ptr<AudioTranscoder> m_transcoder;
+    std::optional<ClockTrack> m_clock;
     GapTimeline m_timeline;
     DecodeTimes m_order;           ///< of the leading track in ns, to know when the end is reached
     std::int64_t m_lastLeadNs = 0; ///< latest presentation time of the leading track

@@ -85,6 +85,7 @@ int TaskRegistry::start(TaskSettings settings)
     std::uint64_t bytes = 0;
     settings.reserveBytes = reserveBytes();
     settings.maxFileBytes = m_fileLimit;
+    settings.clockTrack = m_clockTrack;
     settings.wholeSeconds = m_wholeSeconds && settings.kind == TaskSettings::Kind::TimeRange;
     const bool low = freeBytes(settings.path, bytes) && bytes < settings.reserveBytes;
     std::shared_ptr<DownloadTask> task;

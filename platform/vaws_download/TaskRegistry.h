@@ -28,6 +28,7 @@ public:
     std::shared_ptr<DownloadTask> find(const std::string& id) const;
     CallbackTable& callbacks() { return m_callbacks; }
     void setFileLimit(std::uint64_t bytes) { m_fileLimit = bytes; }
+    void setClockTrack(bool on) { m_clockTrack = on; }
     void setWholeSeconds(bool on) { m_wholeSeconds = on; }
 
     bool waitRepaired(int timeoutMs);
@@ -43,6 +44,7 @@ private:
     CallbackTable m_callbacks;
     BufferPool m_pool;
     std::atomic<std::uint64_t> m_fileLimit{0};
+    std::atomic<bool> m_clockTrack{false};
     std::atomic<bool> m_wholeSeconds{false};
 
     // Guarded by m_mutex.

@@ -101,6 +101,12 @@ int vaws_download_set_whole_seconds(int on)
     return VAWS_OK;
 }
 
+int vaws_download_set_clock_track(int on)
+{
+    TaskRegistry::instance().setClockTrack(on != 0);
+    return VAWS_OK;
+}
+
 int vaws_download_file(const char* source, int downloaded_ms, const char* save_path, const char* task_id)
 {
     if (!source || !usable(save_path, maxPathBytes) || !usable(task_id, maxIdBytes) || downloaded_ms < 0)

@@ -104,6 +104,10 @@ VAWS_DOWNLOAD_API int vaws_download_set_file_limit(int64_t bytes);
 /// frame is shown.
 VAWS_DOWNLOAD_API int vaws_download_set_whole_seconds(int on);
 
+/// Non-zero: files of tasks started from now on have a text track with the wall clock of the recording, which players
+/// show like subtitles: a line a second, "2026-01-10 08:12:47 +01:00" in the process' zone. 0, as at the start: none.
+VAWS_DOWNLOAD_API int vaws_download_set_clock_track(int on);
+
 /// Starts a task by recording file. `source` is "vavFrame". `downloaded_ms` is what an earlier part of this recording
 /// already holds: the new file at `save_path` gets the rest. Returns VAWS_OK, VAWS_REFUSED or another negative result.
 VAWS_DOWNLOAD_API int vaws_download_file(const char* source, int downloaded_ms, const char* save_path,

@@ -102,6 +102,7 @@ TEST_F(File, isScannedBackAsItWasWritten)
                  frames.end());
     AssemblyRequest request;
     request.beginNs = source.beginNs() + nsPerSecond;
+    request.clockTrack = true;
     GrowingFile growing(source, 16 * 1024, request);
     ScanResult scan = FragmentScanner(growing.file).scan(tags);
     ASSERT_EQ(scan.state, FileState::Growing);
