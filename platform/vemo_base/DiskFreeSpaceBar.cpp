@@ -102,7 +102,7 @@ void DiskFreeSpaceBar::setFigures(const QString& diskName, qint64 freeBytes, qin
         m_words = tr("%1, full").arg(m_words);
     else if (totalBytes > 0 && freeBytes < m_markBytes)
         m_words = tr("%1, low").arg(m_words);
-    setToolTip(m_path.isEmpty() ? QString() : tr("%1\nBackups go to %2").arg(m_words, m_path));
+    setToolTip(m_path.isEmpty() ? QString() : tr("%1\n%2").arg(m_words, m_path));
     setAccessibleName(m_words);
     update();
 }

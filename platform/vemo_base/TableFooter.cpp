@@ -1,6 +1,7 @@
 #include "TableFooter.h"
 
 #include "Icons.h"
+#include "KeyCap.h"
 #include "StylePainter.h"
 
 #include <QHBoxLayout>
@@ -13,43 +14,10 @@ namespace {
 
 constexpr int lineHeight = 24;
 constexpr int fontPixels = 12;
-constexpr int capPixels = 11;
-constexpr int capPadding = 6;
-constexpr int capHeight = 18;
-constexpr double capRadius = 4;
 constexpr int iconSize = 16;
 constexpr int iconGap = 8;
 constexpr int wordGap = 8;
 constexpr int keyGap = 24;
-
-class KeyCap final : public QWidget
-{
-public:
-    KeyCap(const QString& key, QWidget* parent)
-        : QWidget(parent)
-        , m_key(key)
-    {
-        QFont capFont = font();
-        capFont.setPixelSize(capPixels);
-        capFont.setWeight(QFont::DemiBold);
-        setFont(capFont);
-        setFixedSize(QFontMetrics(capFont).horizontalAdvance(key) + 2 * capPadding, capHeight);
-    }
-
-protected:
-    void paintEvent(QPaintEvent*) override
-    {
-        QPainter painter(this);
-        const ThemeMode mode = StylePainter::modeOf(palette());
-        StylePainter::box(&painter, rect(), capRadius, themeColor(mode, Token::Raised),
-                          themeColor(mode, Token::Border));
-        painter.setPen(themeColor(mode, Token::Text2));
-        painter.drawText(rect(), Qt::AlignCenter, m_key);
-    }
-
-private:
-    QString m_key;
-};
 
 } // namespace
 
