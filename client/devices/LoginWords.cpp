@@ -1,6 +1,11 @@
 #include "LoginWords.h"
 
+#include "CertificateWords.h"
+
+#include <PasswordStore.h>
+
 #include <QCoreApplication>
+#include <QDateTime>
 
 namespace vemo_client {
 
@@ -102,14 +107,24 @@ QString sentence(QString text)
 
 LoginWords::Failure certificateFailure(const RecorderLogins::Login& login)
 {
-    const QString shown = LoginWords::fingerprint(login.offeredKeySha256);
-    if (!login.trustedKeySha256.isEmpty())
-        return {tr("The recorder shows another key than the trusted one"),
-                tr("Its certificate was renewed, or something stands between you and it. Nothing was sent to it."),
-                tr("SHA-256 of the new key:") + QLatin1Char('\n') + shown, false};
-    return {tr("The recorder's key is not known yet"),
-            tr("Compare it with the one that the recorder shows. Nothing was sent to it so far."),
-            tr("SHA-256 of the key:") + QLatin1Char('\n') + shown, true};
+    QStringList cause = CertificateWords::problems(login.offeredCertificate, login.host, QDateTime::currentDateTime());
+    if (cause.isEmpty() && !login.certificateReason.isEmpty())
+        cause.append(sentence(login.certificateReason));
+    const bool hasChanged = !login.trustedKeySha256.isEmpty();
+    cause.prepend(
+        hasChanged ? tr("Its certificate was renewed, or something stands between you and it. Nothing was sent to it.")
+                   : tr("Compare the key with the one that the recorder shows. Nothing was sent to it so far."));
+    QStringList facts;
+    const QVector<CertificateWords::Fact> told = CertificateWords::facts(login.offeredCertificate);
+    for (const CertificateWords::Fact& fact : told)
+        facts.append(tr("%1: %2").arg(fact.first, fact.second));
+    if (hasChanged)
+        facts << tr("SHA-256 of the trusted key:") << CertificateWords::fingerprint(login.trustedKeySha256);
+    facts << (hasChanged ? tr("SHA-256 of the new key:") : tr("SHA-256 of the key:"))
+          << CertificateWords::fingerprint(login.offeredKeySha256);
+    return {hasChanged ? tr("The recorder shows another key than the trusted one")
+                       : tr("The recorder's key is not known yet"),
+            cause.join(QLatin1Char(' ')), facts.join(QLatin1Char('\n')), !hasChanged};
 }
 
 } // namespace
@@ -124,6 +139,8 @@ LoginWords::State LoginWords::stateOf(const RecorderLogins::Login& login)
         return {QStringLiteral("lock"), Token::Warning, tr("Password wanted")};
     case Phase::CertificateUnknown:
         return {QStringLiteral("lock"), Token::Warning, tr("Certificate")};
+    case Phase::Disabled:
+        return {QStringLiteral("minus"), Token::Text2, tr("Disabled")};
     case Phase::Failed:
         break;
     case Phase::Unknown:
@@ -141,6 +158,11 @@ LoginWords::Failure LoginWords::failureOf(const RecorderLogins::Login& login)
 {
     switch (login.phase) {
     case Phase::PasswordWanted:
+        if (vemo_worker::PasswordStore::instance().isKeyringClosed())
+            return {
+                tr("The keyring is closed"), tr("The password lies in the desktop's keyring, which does not open it."),
+                tr("Unlock the keyring and log in again, or type the password: it is then kept in an encrypted file."),
+                true};
         return {tr("The password is wanted"), tr("It is not kept on this computer, or can't be read."),
                 tr("Type it once more."), true};
     case Phase::CertificateUnknown:
@@ -151,18 +173,10 @@ LoginWords::Failure LoginWords::failureOf(const RecorderLogins::Login& login)
     case Phase::Unknown:
     case Phase::Connecting:
     case Phase::Online:
+    case Phase::Disabled:
         break;
     }
     return {};
-}
-
-QString LoginWords::fingerprint(const QByteArray& sha256)
-{
-    constexpr int bytesALine = 16;
-    QStringList lines;
-    for (int at = 0; at < sha256.size(); at += bytesALine)
-        lines.append(QString::fromLatin1(sha256.mid(at, bytesALine).toHex(':').toUpper()));
-    return lines.join(QLatin1Char('\n'));
 }
 
 } // namespace vemo_client

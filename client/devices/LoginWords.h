@@ -32,9 +32,6 @@ public:
     };
     /// For Failed, PasswordWanted and CertificateUnknown; empty texts otherwise.
     static Failure failureOf(const RecorderLogins::Login& login);
-
-    /// "AA:BB:..." in two lines of 16 bytes.
-    static QString fingerprint(const QByteArray& sha256);
 };
 
 } // namespace vemo_client

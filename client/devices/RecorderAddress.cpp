@@ -21,13 +21,31 @@ RecorderAddress wrong(const QString& problem)
     return {QUrl(), problem};
 }
 
+int authorityBegin(const QString& text)
+{
+    const int slashes = text.indexOf(QLatin1String("://"));
+    return slashes < 0 ? 0 : slashes + 3;
+}
+
 /// Host and port between "://" and the path, as typed.
 QString authorityOf(const QString& text)
 {
-    const int begin = text.indexOf(QLatin1String("://")) + 3;
+    const int begin = authorityBegin(text);
     static const QRegularExpression ends(QStringLiteral("[/?#]"));
     const int end = text.indexOf(ends, begin);
     return text.mid(begin, end < 0 ? -1 : end - begin);
+}
+
+/// What stands behind the host is stored readable.
+QString problemOfPath(const QString& path)
+{
+    static const QRegularExpression password(QStringLiteral("[/?&;](?:password|passwd|passwort|pass|pwd|psw)=[^&;/]"),
+                                             QRegularExpression::CaseInsensitiveOption);
+    if (password.match(path).hasMatch())
+        return tr("The address carries a password, which would be stored readable. Put it into its own field.");
+    if (path.contains(QLatin1Char('@')))
+        return tr("There is an @ behind the host. Put user and password into their own fields, or write it as %40.");
+    return QString();
 }
 
 QString problemOfAuthority(const QString& authority)
@@ -76,7 +94,10 @@ RecorderAddress RecorderAddress::parse(const QString& typed)
                                      QStringLiteral("rtsps")};
     if (!schemes.contains(text.section(QLatin1Char(':'), 0, 0).toLower()))
         return wrong(tr("The address must begin with http, https, rtsp or rtsps."));
-    const QString problem = problemOfAuthority(authorityOf(text));
+    const QString authority = authorityOf(text);
+    QString problem = problemOfAuthority(authority);
+    if (problem.isEmpty())
+        problem = problemOfPath(text.mid(authorityBegin(text) + authority.size()));
     if (!problem.isEmpty())
         return wrong(problem);
 
@@ -94,6 +115,27 @@ RecorderAddress RecorderAddress::parse(const QString& typed)
 bool RecorderAddress::isDirect(const QUrl& url)
 {
     return url.scheme().startsWith(QLatin1String("rtsp"));
+}
+
+std::optional<RecorderAddress::WithLogin> RecorderAddress::splitLogin(const QString& typed)
+{
+    const QString text = typed.trimmed();
+    const int begin = authorityBegin(text);
+    const QString authority = authorityOf(text);
+    const int at = authority.lastIndexOf(QLatin1Char('@'));
+    if (at < 0 || text.size() > longestAddress)
+        return std::nullopt;
+    const QString login = authority.left(at);
+    const auto decoded = [](const QString& part) { return QUrl::fromPercentEncoding(part.toUtf8()); };
+    const int colon = login.indexOf(QLatin1Char(':'));
+    return WithLogin{text.left(begin) + text.mid(begin + at + 1), decoded(login.left(colon)),
+                     colon < 0 ? QString() : decoded(login.mid(colon + 1))};
+}
+
+bool RecorderAddress::hasChannelNumber(const QUrl& url)
+{
+    return url.toString().contains(QLatin1String("{channel}")) ||
+           url.toString(QUrl::FullyEncoded).contains(QLatin1String("%7Bchannel%7D"));
 }
 
 QString RecorderAddress::text(const QUrl& url)

@@ -3,14 +3,18 @@
 #include "LoginWords.h"
 #include "NoticeCard.h"
 #include "RecorderAddress.h"
+#include "RecorderTree.h"
 
 #include <DevsMgrData.h>
 #include <Icons.h>
 #include <Theme.h>
 
 #include <QAction>
+#include <QComboBox>
+#include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QSpinBox>
 #include <QStyle>
 #include <QVariant>
 #include <QVBoxLayout>
@@ -33,6 +37,17 @@ void markInvalid(QLineEdit* field, bool invalid)
     field->update();
 }
 
+QLabel* labelFor(QWidget* field, const QString& text, QWidget* parent)
+{
+    auto* words = new QLabel(text, parent);
+    QFont strong = words->font();
+    strong.setWeight(QFont::DemiBold);
+    words->setFont(strong);
+    words->setBuddy(field);
+    field->setAccessibleName(text);
+    return words;
+}
+
 void tint(QLabel* label, vemo_base::Token token)
 {
     QPalette palette = label->palette();
@@ -51,6 +66,8 @@ RecorderForm::RecorderForm(RecorderLogins* logins, QWidget* parent)
     layout->setSpacing(6);
     m_address = addField(tr("Address"), tr("192.168.1.20 or https://nvr.example/onvif/device_service"));
     m_addressWords = addWords();
+    m_direct = makeDirectFields();
+    layout->addWidget(m_direct);
     m_user = addField(tr("User name"), QString());
     layout->addSpacing(8);
     m_password = addField(tr("Password"), QString());
@@ -73,6 +90,7 @@ RecorderForm::RecorderForm(RecorderLogins* logins, QWidget* parent)
     m_settleTimer.setInterval(settleMs);
     connect(&m_settleTimer, &QTimer::timeout, this, [this] { checkAddress(true); });
     connect(m_address, &QLineEdit::textEdited, this, [this] {
+        m_loginTaken = false;
         checkAddress(false);
         m_settleTimer.start();
         emit signalStageChanged();
@@ -92,18 +110,51 @@ RecorderForm::RecorderForm(RecorderLogins* logins, QWidget* parent)
 
 QLineEdit* RecorderForm::addField(const QString& label, const QString& hint)
 {
-    auto* words = new QLabel(label, this);
-    QFont strong = words->font();
-    strong.setWeight(QFont::DemiBold);
-    words->setFont(strong);
     auto* field = new QLineEdit(this);
     field->setPlaceholderText(hint);
-    field->setAccessibleName(label);
-    words->setBuddy(field);
     connect(field, &QLineEdit::returnPressed, this, &RecorderForm::submit);
-    layout()->addWidget(words);
+    layout()->addWidget(labelFor(field, label, this));
     layout()->addWidget(field);
     return field;
+}
+
+QWidget* RecorderForm::makeDirectFields()
+{
+    auto* fields = new QWidget(this);
+    m_kind = new QComboBox(fields);
+    m_kind->addItem(tr("Live view alone"), int(vemo_data::DevKind::RtspSource));
+    m_kind->addItem(tr("Recordings by time"), int(vemo_data::DevKind::Recorder));
+    m_channels = new QSpinBox(fields);
+    m_channels->setRange(1, vemo_data::DevRecord::mostChannels);
+    auto* grid = new QGridLayout(fields);
+    grid->setContentsMargins(0, 0, 0, 8);
+    grid->setHorizontalSpacing(12);
+    grid->setVerticalSpacing(6);
+    grid->addWidget(labelFor(m_kind, tr("Used for"), fields), 0, 0);
+    grid->addWidget(m_kind, 1, 0);
+    grid->addWidget(labelFor(m_channels, tr("Channels"), fields), 0, 1);
+    grid->addWidget(m_channels, 1, 1);
+    grid->setColumnStretch(0, 2);
+    grid->setColumnStretch(1, 1);
+    fields->hide();
+    connect(m_kind, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this] { checkAddress(true); });
+    return fields;
+}
+
+void RecorderForm::offerGroup()
+{
+    m_group = new QComboBox(this);
+    m_group->setEditable(true);
+    m_group->addItem(QString());
+    m_group->addItems(vemo_data::DevsMgrData::instance().groups());
+    m_group->setCurrentText(vemo_data::DevsMgrData::instance().devRecord(m_devId).group);
+    m_group->lineEdit()->setMaxLength(longestText);
+    m_group->lineEdit()->setPlaceholderText(tr("none"));
+    auto* below = qobject_cast<QVBoxLayout*>(layout());
+    const int place = below->indexOf(m_name) + 1;
+    below->insertWidget(place, m_group);
+    below->insertWidget(place, labelFor(m_group, tr("Group"), this));
+    below->insertSpacing(place, 8);
 }
 
 QLabel* RecorderForm::addWords()
@@ -128,6 +179,8 @@ void RecorderForm::edit(const QString& devId)
     m_user->setText(record.user);
     m_password->setPlaceholderText(tr("unchanged"));
     m_name->setText(record.name);
+    m_kind->setCurrentIndex(m_kind->findData(int(record.kind)));
+    m_channels->setValue(record.channelCount > 0 ? record.channelCount : RecorderTree::mostChannels);
     checkAddress(true);
     setStage(Stage::Filling);
     m_notice->setVisible(tellFailure());
@@ -150,14 +203,21 @@ bool RecorderForm::mayBeKept() const
 
 void RecorderForm::checkAddress(bool isSettled)
 {
+    if (isSettled)
+        takeLoginOutOfAddress();
     const RecorderAddress address = RecorderAddress::parse(m_address->text());
+    showDirectFields(address.url);
     const bool isEmpty = m_address->text().trimmed().isEmpty();
     const bool isWrong = isSettled && !isEmpty && !address.problem.isEmpty();
     QString words = address.problem;
     if (isEmpty)
         words = tr("IP address or name, with a port where it needs one.");
+    else if (address.problem.isEmpty() && m_loginTaken)
+        words = tr("User and password of the address were put into their own fields.");
     else if (address.problem.isEmpty() && RecorderAddress::isDirect(address.url))
-        words = tr("Replay address: it has no list of recordings, spans of time can be fetched.");
+        words = m_kind->currentData().toInt() == int(vemo_data::DevKind::RtspSource)
+                    ? tr("A stream to watch: it can't be played back, downloaded or backed up.")
+                    : tr("Replay address: it has no list of recordings, spans of time can be fetched.");
     else if (address.problem.isEmpty())
         words = tr("ONVIF over %1 at %2")
                     .arg(address.url.scheme() == QLatin1String("https") ? tr("TLS") : tr("HTTP"),
@@ -167,10 +227,38 @@ void RecorderForm::checkAddress(bool isSettled)
     markInvalid(m_address, isWrong);
 }
 
+/// What is stored and shown of an address holds no login.
+void RecorderForm::takeLoginOutOfAddress()
+{
+    const std::optional<RecorderAddress::WithLogin> split = RecorderAddress::splitLogin(m_address->text());
+    if (!split)
+        return;
+    m_address->setText(split->address);
+    m_user->setText(split->user);
+    if (!split->password.isEmpty())
+        m_password->setText(split->password);
+    m_loginTaken = true;
+    emit signalStageChanged();
+}
+
+void RecorderForm::showDirectFields(const QUrl& address)
+{
+    const bool isDirect = RecorderAddress::isDirect(address);
+    m_channels->setEnabled(RecorderAddress::hasChannelNumber(address));
+    m_channels->setToolTip(m_channels->isEnabled()
+                               ? QString()
+                               : tr("Write {channel} in the address where the number of the channel goes."));
+    if (m_direct->isHidden() != isDirect)
+        return;
+    m_direct->setVisible(isDirect);
+    emit signalStageChanged();
+}
+
 void RecorderForm::submit()
 {
     if (m_stage == Stage::Connecting)
         return;
+    takeLoginOutOfAddress();
     const RecorderAddress address = RecorderAddress::parse(m_address->text());
     if (!address.problem.isEmpty()) {
         checkAddress(true);
@@ -185,6 +273,11 @@ void RecorderForm::submit()
     record.address = address.url;
     record.user = m_user->text().trimmed();
     record.name = m_name->text().simplified();
+    const bool isDirect = RecorderAddress::isDirect(address.url);
+    record.kind = isDirect ? vemo_data::DevKind(m_kind->currentData().toInt()) : vemo_data::DevKind::Recorder;
+    record.channelCount = !isDirect ? 0 : RecorderAddress::hasChannelNumber(address.url) ? m_channels->value() : 1;
+    if (m_group)
+        record.group = m_group->currentText().simplified();
     setStage(Stage::Connecting);
     if (m_devId.isEmpty())
         m_devId = m_logins->add(record, m_password->text());
@@ -227,8 +320,10 @@ void RecorderForm::setStage(Stage stage)
     m_stage = stage;
     m_notice->setVisible(stage == Stage::Failed);
     const bool isRefused = m_logins->login(m_devId).error.kind == vms_sdk::ErrorKind::LoginRefused;
-    for (QLineEdit* field : {m_address, m_user, m_password, m_name})
+    for (QWidget* field : QList<QWidget*>{m_address, m_user, m_password, m_name, m_direct})
         field->setEnabled(stage != Stage::Connecting);
+    if (m_group)
+        m_group->setEnabled(stage != Stage::Connecting);
     // Disabled fields have lost the focus; it comes back where the mistake is likely.
     if (wasConnecting && stage == Stage::Failed)
         (isRefused ? m_password : m_address)->setFocus(Qt::TabFocusReason);

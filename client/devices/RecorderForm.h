@@ -5,16 +5,19 @@
 #include <QTimer>
 #include <QWidget>
 
+class QComboBox;
 class QLabel;
 class QLineEdit;
+class QSpinBox;
 
 namespace vemo_client {
 
 class NoticeCard;
 
-/// The fields by which a recorder is added or changed: address, user, password, name. What is typed is checked as it is
-/// typed; submitting logs in, and the form tells how that goes, including the key of an unknown certificate, until the
-/// recorder is online. GUI thread; the logins outlive it.
+/// The fields by which a recorder is added or changed: address, user, password, name, and for an rtsp address what it
+/// is for and how many channels it has. What is typed is checked as it is typed; a login in a pasted address goes into
+/// its own fields. Submitting logs in, and the form tells how that goes, including the key of an unknown certificate,
+/// until the recorder is online. GUI thread; the logins outlive it.
 ///
 /// A recorder that was added and did not come online stays in the list only when the person says so (keep()); otherwise
 /// discard() takes it away again.
@@ -30,6 +33,8 @@ public:
 
     /// Fills the fields from a stored recorder, which submit() then changes.
     void edit(const QString& devId);
+    /// Shows the field for the group that the recorder is listed in.
+    void offerGroup();
     void submit();
     /// Takes an added recorder that is not online out of the list again.
     void discard();
@@ -47,6 +52,9 @@ signals:
 private:
     QLineEdit* addField(const QString& label, const QString& hint);
     QLabel* addWords();
+    QWidget* makeDirectFields();
+    void takeLoginOutOfAddress();
+    void showDirectFields(const QUrl& address);
     void checkAddress(bool isSettled);
     void takeLogin();
     /// False: there is no failure to tell of.
@@ -63,6 +71,11 @@ private:
     QLineEdit* m_user = nullptr;
     QLineEdit* m_password = nullptr;
     QLineEdit* m_name = nullptr;
+    QWidget* m_direct = nullptr; ///< the fields of an rtsp address
+    QComboBox* m_kind = nullptr;
+    QSpinBox* m_channels = nullptr;
+    QComboBox* m_group = nullptr; ///< only where it is offered
+    bool m_loginTaken = false;    ///< out of the address
     NoticeCard* m_notice = nullptr;
     QTimer m_settleTimer; ///< a half-typed address is not yet a wrong one
 };

@@ -23,15 +23,20 @@ RecorderLogins::RecorderLogins(QObject* parent)
     const vms_sdk::ClientSignals& client = vms_sdk::ClientSignals::instance();
     connect(&client, &vms_sdk::ClientSignals::signalDevLoginRes, this, &RecorderLogins::takeLogin);
     connect(&client, &vms_sdk::ClientSignals::signalDevStatusPush, this, &RecorderLogins::takeStatus);
-    connect(&client, &vms_sdk::ClientSignals::signalDevCertificate, this,
-            [this](const QString& devId, const QSslCertificate&, const QByteArray& keySha256) {
-                takeCertificate(devId, keySha256);
-            });
+    connect(&client, &vms_sdk::ClientSignals::signalDevCertificate, this, &RecorderLogins::takeCertificate);
     connect(&vemo_worker::DeviceLogins::instance(), &vemo_worker::DeviceLogins::signalPasswordMissing, this,
             [this](const QString& devId) {
                 if (m_logins.contains(devId))
                     setPhase(devId, Phase::PasswordWanted);
             });
+    // A keyring that waited to be unlocked.
+    connect(&vemo_worker::PasswordStore::instance(), &vemo_worker::PasswordStore::signalKeyringOpened, this, [this] {
+        const QStringList devIds = m_logins.keys();
+        for (const QString& devId : devIds) {
+            if (login(devId).phase == Phase::PasswordWanted)
+                retry(devId);
+        }
+    });
     connect(&m_lookTimer, &QTimer::timeout, this, &RecorderLogins::look);
 }
 
@@ -56,7 +61,9 @@ void RecorderLogins::start()
     const QStringList devIds = devices.devIds();
     for (const QString& devId : devIds) {
         const bool isOnline = devices.getDevStatus(devId) == vms_sdk::DevStatus::Online;
-        setPhase(devId, isOnline ? Phase::Online : Phase::Connecting);
+        setPhase(devId, !devices.devRecord(devId).enabled ? Phase::Disabled
+                        : isOnline                        ? Phase::Online
+                                                          : Phase::Connecting);
     }
     vemo_worker::DeviceLogins::instance().start();
     m_lookTimer.start(lookMs);
@@ -78,6 +85,12 @@ void RecorderLogins::change(const vemo_data::DevRecord& record, const std::optio
         return;
     DevsMgrData& devices = DevsMgrData::instance();
     devices.addDev(record);
+    if (!record.enabled) {
+        if (password)
+            keepPassword(record.devId, *password);
+        emit signalChanged(record.devId);
+        return;
+    }
     setPhase(record.devId, Phase::Connecting);
     if (password) {
         keepPassword(record.devId, *password);
@@ -98,7 +111,7 @@ void RecorderLogins::remove(const QString& devId)
 
 void RecorderLogins::retry(const QString& devId)
 {
-    if (!m_logins.contains(devId))
+    if (!m_logins.contains(devId) || login(devId).phase == Phase::Disabled)
         return;
     setPhase(devId, Phase::Connecting);
     logIn(devId);
@@ -111,6 +124,27 @@ void RecorderLogins::trust(const QString& devId)
         return;
     vemo_data::DevRecord record = DevsMgrData::instance().devRecord(devId);
     record.pinnedKeySha256 = login.offeredKeySha256;
+    change(record, std::nullopt);
+}
+
+void RecorderLogins::setEnabled(const QString& devId, bool enabled)
+{
+    const bool isEnabled = login(devId).phase != Phase::Disabled;
+    if (!m_logins.contains(devId) || isEnabled == enabled)
+        return;
+    // First the phase: what the logging out is answered by is nothing new.
+    m_logins[devId] = Login();
+    m_logins[devId].phase = enabled ? Phase::Connecting : Phase::Disabled;
+    DevsMgrData::instance().setEnabled(devId, enabled);
+    emit signalChanged(devId);
+    if (enabled)
+        logIn(devId);
+}
+
+void RecorderLogins::moveTo(const QString& devId, const QUrl& address)
+{
+    vemo_data::DevRecord record = DevsMgrData::instance().devRecord(devId);
+    record.address = address;
     change(record, std::nullopt);
 }
 
@@ -134,7 +168,7 @@ void RecorderLogins::logIn(const QString& devId)
         return;
     }
     vemo_worker::PasswordStore::instance().get(devId, this, [this, devId](const QString& password, bool found) {
-        if (!m_logins.contains(devId))
+        if (!m_logins.contains(devId) || login(devId).phase == Phase::Disabled)
             return;
         if (found)
             DevsMgrData::instance().login(devId, password);
@@ -169,11 +203,13 @@ void RecorderLogins::setPhase(const QString& devId, Phase phase)
 void RecorderLogins::takeLogin(const QString& devId, const vms_sdk::Error& error)
 {
     const auto login = m_logins.find(devId);
-    if (login == m_logins.end() || error.kind == ErrorKind::Cancelled)
+    if (login == m_logins.end() || error.kind == ErrorKind::Cancelled || login->phase == Phase::Disabled)
         return;
     // The certificate itself tells more than the failure that it causes.
-    if (error.kind == ErrorKind::CertificateRefused && login->phase == Phase::CertificateUnknown)
+    if (error.kind == ErrorKind::CertificateRefused && !login->offeredKeySha256.isEmpty()) {
+        setPhase(devId, Phase::CertificateUnknown);
         return;
+    }
     *login = Login();
     login->error = error;
     setPhase(devId, error ? Phase::Failed : Phase::Online);
@@ -193,14 +229,21 @@ void RecorderLogins::takeStatus(const QString& devId, vms_sdk::DevStatus status)
     });
 }
 
-void RecorderLogins::takeCertificate(const QString& devId, const QByteArray& keySha256)
+/// A recorder that is online stays so until its own login is refused: a stream may come from elsewhere.
+void RecorderLogins::takeCertificate(const QString& devId, const QSslCertificate& certificate,
+                                     const QByteArray& keySha256, const QString& reason)
 {
     const auto login = m_logins.find(devId);
-    if (login == m_logins.end() || login->phase == Phase::Online)
+    if (login == m_logins.end() || login->phase == Phase::Disabled)
         return;
     login->offeredKeySha256 = keySha256;
-    login->trustedKeySha256 = DevsMgrData::instance().devRecord(devId).pinnedKeySha256;
-    setPhase(devId, Phase::CertificateUnknown);
+    login->offeredCertificate = certificate;
+    login->certificateReason = reason;
+    const vemo_data::DevRecord record = DevsMgrData::instance().devRecord(devId);
+    login->trustedKeySha256 = record.pinnedKeySha256;
+    login->host = record.address.host();
+    if (login->phase != Phase::Online)
+        setPhase(devId, Phase::CertificateUnknown);
 }
 
 } // namespace vemo_client

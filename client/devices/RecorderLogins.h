@@ -5,6 +5,7 @@
 
 #include <QHash>
 #include <QObject>
+#include <QSslCertificate>
 #include <QStringList>
 #include <QTimer>
 
@@ -18,21 +19,25 @@ namespace vemo_client {
 /// start() has vemo_worker::DeviceLogins log in every stored recorder and try again those that can't be reached. One
 /// that refused the login waits for retry() or change(), since many tries would lock the account. One that is online is
 /// asked again now and then, so that its loss shows. A certificate that is neither verified nor pinned waits for
-/// trust(); until then nothing is sent to the recorder.
+/// trust(); until then nothing is sent to the recorder. A disabled recorder is logged out and left alone.
 class RecorderLogins final : public QObject
 {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(RecorderLogins)
 
 public:
-    enum class Phase : int { Unknown = 0, Connecting, Online, Failed, PasswordWanted, CertificateUnknown };
+    enum class Phase : int { Unknown = 0, Connecting, Online, Failed, PasswordWanted, CertificateUnknown, Disabled };
 
     struct Login
     {
         Phase phase = Phase::Unknown;
-        vms_sdk::Error error;        ///< with Failed
-        QByteArray offeredKeySha256; ///< with CertificateUnknown
-        QByteArray trustedKeySha256; ///< with CertificateUnknown: the pin that it does not match, empty: none
+        vms_sdk::Error error; ///< with Failed
+        // With CertificateUnknown:
+        QByteArray offeredKeySha256;
+        QSslCertificate offeredCertificate;
+        QString host;                ///< whom it should be issued for
+        QString certificateReason;   ///< why it is not trusted
+        QByteArray trustedKeySha256; ///< the pin that it does not match, empty: none
     };
 
     explicit RecorderLogins(QObject* parent = nullptr);
@@ -47,6 +52,9 @@ public:
     /// Forgets the recorder, its channels and its password. Tasks and files of it stay.
     void remove(const QString& devId);
     void retry(const QString& devId);
+    void setEnabled(const QString& devId, bool enabled);
+    /// Takes the recorder at another address with the login and the pin that it has.
+    void moveTo(const QString& devId, const QUrl& address);
     /// Pins the key that the recorder showed, and logs in.
     void trust(const QString& devId);
 
@@ -71,7 +79,8 @@ private:
     void setPhase(const QString& devId, Phase phase);
     void takeLogin(const QString& devId, const vms_sdk::Error& error);
     void takeStatus(const QString& devId, vms_sdk::DevStatus status);
-    void takeCertificate(const QString& devId, const QByteArray& keySha256);
+    void takeCertificate(const QString& devId, const QSslCertificate& certificate, const QByteArray& keySha256,
+                         const QString& reason);
 
     QHash<QString, Login> m_logins;
     QTimer m_lookTimer;

@@ -27,7 +27,23 @@ constexpr int wordPixels = 12;
 
 bool isChannel(const QModelIndex& index)
 {
-    return index.parent().isValid();
+    return index.data(RecorderTreeDelegate::ChannelNoRole).isValid();
+}
+
+bool isRecorder(const QModelIndex& index)
+{
+    return index.data(RecorderTreeDelegate::DevIdRole).isValid();
+}
+
+bool hasBox(const QModelIndex& index)
+{
+    return index.flags() & Qt::ItemIsUserCheckable;
+}
+
+void paintName(QPainter* painter, const QStyleOptionViewItem& option, const QRect& rect)
+{
+    painter->drawText(rect, int(QStyle::visualAlignment(option.direction, Qt::AlignLeft) | Qt::AlignVCenter),
+                      painter->fontMetrics().elidedText(option.text, Qt::ElideRight, rect.width()));
 }
 
 void toggle(QAbstractItemModel* model, const QModelIndex& index)
@@ -61,11 +77,24 @@ void RecorderTreeDelegate::paint(QPainter* painter, const QStyleOptionViewItem& 
     QApplication::style()->drawPrimitive(QStyle::PE_PanelItemViewItem, &row, painter, row.widget);
     if (isChannel(index))
         paintChannel(painter, row, index);
-    else
+    else if (isRecorder(index))
         paintRecorder(painter, row, index);
+    else
+        paintGroup(painter, row);
     if (row.state & QStyle::State_HasFocus && row.state & QStyle::State_KeyboardFocusChange)
         vemo_base::StylePainter::focusRingInside(painter, QRectF(row.rect).adjusted(1, 1, -1, -1), 4);
     painter->restore();
+}
+
+void RecorderTreeDelegate::paintGroup(QPainter* painter, const QStyleOptionViewItem& option) const
+{
+    QFont strong = option.font;
+    strong.setPixelSize(wordPixels);
+    strong.setWeight(QFont::DemiBold);
+    painter->setFont(strong);
+    painter->setPen(Theme::instance().color(Token::Text2));
+    paintName(painter, option,
+              QStyle::visualRect(option.direction, option.rect, option.rect.adjusted(edge / 2, 0, -edge, 0)));
 }
 
 void RecorderTreeDelegate::paintRecorder(QPainter* painter, const QStyleOptionViewItem& option,
@@ -100,9 +129,7 @@ void RecorderTreeDelegate::paintRecorder(QPainter* painter, const QStyleOptionVi
     strong.setWeight(QFont::DemiBold);
     painter->setFont(strong);
     painter->setPen(theme.color(Token::Text));
-    painter->drawText(mirrored(nameRect),
-                      int(QStyle::visualAlignment(option.direction, Qt::AlignLeft) | Qt::AlignVCenter),
-                      QFontMetrics(strong).elidedText(option.text, Qt::ElideRight, nameRect.width()));
+    paintName(painter, option, mirrored(nameRect));
 }
 
 void RecorderTreeDelegate::paintChannel(QPainter* painter, const QStyleOptionViewItem& option,
@@ -112,28 +139,37 @@ void RecorderTreeDelegate::paintChannel(QPainter* painter, const QStyleOptionVie
     const QRect row = option.rect;
     const auto mirrored = [&](const QRect& logical) { return QStyle::visualRect(option.direction, row, logical); };
 
-    const bool isChecked = index.data(Qt::CheckStateRole).toInt() == Qt::Checked;
-    QStyle::State state = QStyle::State_Enabled | (isChecked ? QStyle::State_On : QStyle::State_Off);
-    vemo_base::StylePainter::checkBox(painter, boxRect(row, option.direction), state, theme.mode());
-
-    const int iconX = row.x() + boxInset + boxExtent + gap;
-    const Token iconColor = isChecked ? Token::AccentText : Token::Text2;
-    painter->drawPixmap(mirrored(QRect(iconX, row.y() + (row.height() - iconExtent) / 2, iconExtent, iconExtent)),
-                        vemo_base::Icons::pixmap(QStringLiteral("camera"), iconExtent, theme.color(iconColor),
-                                                 painter->device()->devicePixelRatioF()));
-    const int nameX = iconX + iconExtent + gap;
-    const QRect nameRect(nameX, row.y(), row.right() + 1 - edge - nameX, row.height());
+    const double ratio = painter->device()->devicePixelRatioF();
+    const bool isUsable = index.flags() & Qt::ItemIsEnabled;
+    const bool isChecked = hasBox(index) && index.data(Qt::CheckStateRole).toInt() == Qt::Checked;
+    const bool isActive = index.data(ActiveRole).toBool();
+    int x = row.x() + boxInset;
+    if (hasBox(index)) {
+        const QStyle::State state = QStyle::State_Enabled | (isChecked ? QStyle::State_On : QStyle::State_Off);
+        vemo_base::StylePainter::checkBox(painter, boxRect(row, option.direction), state, theme.mode());
+        x += boxExtent + gap;
+    }
+    const auto icon = [&](const QString& name, int iconX, int extent, Token color) {
+        painter->drawPixmap(mirrored(QRect(iconX, row.y() + (row.height() - extent) / 2, extent, extent)),
+                            vemo_base::Icons::pixmap(name, extent, theme.color(color), ratio));
+    };
+    icon(QStringLiteral("camera"), x, iconExtent, isChecked || isActive ? Token::AccentText : Token::Text2);
+    x += iconExtent + gap;
+    int end = row.right() + 1 - edge;
+    if (isActive) {
+        end -= stateIconExtent;
+        icon(QStringLiteral("start"), end, stateIconExtent, Token::AccentText);
+        end -= gap;
+    }
     painter->setFont(option.font);
-    painter->setPen(theme.color(Token::Text));
-    painter->drawText(mirrored(nameRect),
-                      int(QStyle::visualAlignment(option.direction, Qt::AlignLeft) | Qt::AlignVCenter),
-                      QFontMetrics(option.font).elidedText(option.text, Qt::ElideRight, nameRect.width()));
+    painter->setPen(theme.color(isUsable ? Token::Text : Token::Text2));
+    paintName(painter, option, mirrored(QRect(x, row.y(), end - x, row.height())));
 }
 
 bool RecorderTreeDelegate::editorEvent(QEvent* event, QAbstractItemModel* model, const QStyleOptionViewItem& option,
                                        const QModelIndex& index)
 {
-    if (!isChannel(index))
+    if (!isChannel(index) || !hasBox(index))
         return false;
     if (event->type() == QEvent::KeyPress && static_cast<const QKeyEvent*>(event)->key() == Qt::Key_Space) {
         toggle(model, index);

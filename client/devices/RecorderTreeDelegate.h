@@ -4,8 +4,8 @@
 
 namespace vemo_client {
 
-/// Draws the rows of the RecorderTree: a recorder with the icon and the word of its state at the trailing edge, a
-/// channel with its check box. Names elide, words don't.
+/// Draws the rows of the RecorderTree: a group, a recorder with the icon and the word of its state at the trailing
+/// edge, a channel with its check box, when it has one, and a mark when it is being played. Names elide, words don't.
 class RecorderTreeDelegate final : public QStyledItemDelegate
 {
     Q_OBJECT
@@ -18,6 +18,7 @@ public:
         StateIconRole,
         StateColorRole, ///< a Token
         StateWordRole,
+        ActiveRole, ///< the channel is being played
     };
 
     explicit RecorderTreeDelegate(QObject* parent = nullptr);
@@ -33,6 +34,7 @@ protected:
                      const QModelIndex& index) override;
 
 private:
+    void paintGroup(QPainter* painter, const QStyleOptionViewItem& option) const;
     void paintRecorder(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
     void paintChannel(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
 };

@@ -8,6 +8,8 @@
 
 #include <QTimer>
 
+#include <algorithm>
+
 namespace vemo_worker {
 
 namespace {
@@ -54,7 +56,11 @@ int DeviceLogins::retryAfterMs(int failures)
 
 void DeviceLogins::start()
 {
-    const QStringList devIds = vemo_data::DevsMgrData::instance().devIds();
+    const vemo_data::DevsMgrData& devices = vemo_data::DevsMgrData::instance();
+    QStringList devIds = devices.devIds();
+    devIds.erase(std::remove_if(devIds.begin(), devIds.end(),
+                                [&devices](const QString& devId) { return !devices.devRecord(devId).enabled; }),
+                 devIds.end());
     m_starting = QSet<QString>(devIds.cbegin(), devIds.cend());
     for (const QString& devId : devIds)
         logIn(devId);
@@ -65,6 +71,11 @@ void DeviceLogins::start()
 void DeviceLogins::logIn(const QString& devId)
 {
     vemo_data::DevsMgrData& devices = vemo_data::DevsMgrData::instance();
+    if (!devices.devRecord(devId).enabled) {
+        forget(devId);
+        asked(devId);
+        return;
+    }
     // A device behind a login without user needs no password.
     if (devices.devRecord(devId).user.isEmpty()) {
         devices.login(devId, QString());
@@ -74,7 +85,8 @@ void DeviceLogins::logIn(const QString& devId)
     PasswordStore::instance().get(devId, this, [this, devId](const QString& password, bool found) {
         vemo_data::DevsMgrData& known = vemo_data::DevsMgrData::instance();
         // A person may have logged it in meanwhile, or removed it.
-        if (found && known.contains(devId) && known.getDevStatus(devId) != vms_sdk::DevStatus::Online)
+        if (found && known.devRecord(devId).enabled && known.contains(devId) &&
+            known.getDevStatus(devId) != vms_sdk::DevStatus::Online)
             known.login(devId, password);
         else if (!found)
             emit signalPasswordMissing(devId);
@@ -90,9 +102,10 @@ void DeviceLogins::asked(const QString& devId)
 
 void DeviceLogins::answered(const QString& devId, const vms_sdk::Error& error)
 {
-    if (!vemo_data::DevsMgrData::instance().contains(devId))
+    const vemo_data::DevsMgrData& devices = vemo_data::DevsMgrData::instance();
+    if (!devices.contains(devId))
         return;
-    if (!isWorthAnotherTry(error.kind)) {
+    if (!devices.devRecord(devId).enabled || !isWorthAnotherTry(error.kind)) {
         forget(devId);
         return;
     }

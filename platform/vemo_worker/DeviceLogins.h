@@ -15,8 +15,8 @@ namespace vemo_worker {
 
 /// Logs the stored devices in with their stored passwords and keeps at it: a device that can't be reached is tried
 /// again after 15 s, then after twice as long each time, up to 5 minutes. A refused login, a certificate that needs a
-/// person, and a missing password are not tried again by themselves. One object a process, on the GUI thread; start()
-/// once the devices are loaded.
+/// person, and a missing password are not tried again by themselves; a disabled device is left alone. One object a
+/// process, on the GUI thread; start() once the devices are loaded.
 class VEMO_WORKER_EXPORT DeviceLogins final : public QObject
 {
     Q_OBJECT

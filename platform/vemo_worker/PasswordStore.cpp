@@ -37,9 +37,12 @@ public:
     void onFile(std::function<Result()> work, std::function<void(const Result&)> done);
     void findKeyring();
     void endThread();
+    void takeLateAnswer();
 
     std::unique_ptr<Keyring> keyring;
+    std::unique_ptr<Keyring> lateKeyring; ///< that did not answer, but still may
     bool keyringSought = false;
+    bool isRefused = false; ///< the keyring's last answer was that it can't be read
 
 private:
     std::shared_ptr<QObject> m_here{new QObject, [](QObject* here) { here->deleteLater(); }};
@@ -64,21 +67,36 @@ void PasswordStore::Private::ask(const KeyringCall& call, const Keyring::Answer&
         return;
     }
     auto* clock = new QTimer(m_here.get());
-    auto answerOnce = [clock = QPointer<QTimer>(clock), answer](Keyring::Result result, const QString& text) {
-        if (!clock)
+    auto answerOnce = [this, clock = QPointer<QTimer>(clock), answer](Keyring::Result result, const QString& text) {
+        if (!clock) {
+            if (result != Keyring::Result::Unavailable)
+                takeLateAnswer();
             return;
+        }
         delete clock;
         answer(result, text);
     };
     QObject::connect(clock, &QTimer::timeout, clock, [this, answerOnce] {
-        qWarning("the keyring does not answer; passwords go to the encrypted file");
-        keyringHung = true;
-        keyring.reset();
+        if (keyring) {
+            qWarning("the keyring does not answer; passwords go to the encrypted file");
+            keyringHung = true;
+            lateKeyring = std::move(keyring);
+        }
         answerOnce(Keyring::Result::Unavailable, QString());
     });
     clock->setSingleShot(true);
     clock->start(keyringAnswersWithinMs);
     call(*keyring, answerOnce);
+}
+
+/// It was unlocked, or has come to itself.
+void PasswordStore::Private::takeLateAnswer()
+{
+    if (!lateKeyring)
+        return;
+    keyring = std::move(lateKeyring);
+    keyringHung = false;
+    emit PasswordStore::instance().signalKeyringOpened();
 }
 
 template <typename Result>
@@ -107,6 +125,7 @@ void PasswordStore::Private::onFile(std::function<Result()> work, std::function<
 void PasswordStore::Private::endThread()
 {
     keyring.reset();
+    lateKeyring.reset();
     keyringSought = false;
     if (!m_thread)
         return;
@@ -131,6 +150,11 @@ PasswordStore& PasswordStore::instance()
     return store;
 }
 
+bool PasswordStore::isKeyringClosed() const
+{
+    return d->lateKeyring || d->isRefused;
+}
+
 bool PasswordStore::hasHungKeyring()
 {
     return keyringHung;
@@ -139,6 +163,8 @@ bool PasswordStore::hasHungKeyring()
 void PasswordStore::setKeyring(std::unique_ptr<Keyring> keyring)
 {
     d->keyring = std::move(keyring);
+    d->lateKeyring.reset();
+    d->isRefused = false;
     d->keyringSought = true;
 }
 
@@ -176,7 +202,8 @@ void PasswordStore::get(const QString& devId, QObject* context, Found found)
                 return;
             }
             d->ask([devId](Keyring& keyring, Keyring::Answer answer) { keyring.read(devId, std::move(answer)); },
-                   [guard, found](Keyring::Result result, const QString& text) {
+                   [this, guard, found](Keyring::Result result, const QString& text) {
+                       d->isRefused = d->keyring && result == Keyring::Result::Unavailable;
                        if (guard)
                            found(text, result == Keyring::Result::Done);
                    });

@@ -15,7 +15,7 @@ class Keyring;
 /// Passwords of devices by device id: in the desktop's keyring when one answers, else in the file "secrets" of the
 /// config folder, encrypted (see SecretsFile). Never in the database, the settings or a log. One object a process, on
 /// the GUI thread. Every function returns at once and answers later by the event loop; a keyring that does not answer
-/// within seconds counts as not there for the rest of the run. `context` gone: no answer.
+/// within seconds, as when it waits to be unlocked, counts as not there until it does. `context` gone: no answer.
 class VEMO_WORKER_EXPORT PasswordStore final : public QObject
 {
     Q_OBJECT
@@ -33,12 +33,19 @@ public:
     void get(const QString& devId, QObject* context, Found found);
     void remove(const QString& devId);
 
-    /// A keyring did not answer in this run. Its libraries may then wait for it in their own clean-up, so the program
+    /// A keyring is there and can't be read: it is locked, or does not answer.
+    bool isKeyringClosed() const;
+
+    /// A keyring does not answer. Its libraries may then wait for it in their own clean-up, so the program
     /// ends without that.
     static bool hasHungKeyring();
 
     /// Takes another keyring than the desktop's; null: none, passwords go to the file.
     void setKeyring(std::unique_ptr<Keyring> keyring);
+
+signals:
+    /// The keyring answers again: what was not found may be found now.
+    void signalKeyringOpened();
 
 private:
     PasswordStore();
