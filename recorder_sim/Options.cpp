@@ -61,6 +61,8 @@ bool Options::parse(const QStringList& arguments, Options& options, int& exitCod
         {text("session-timeout"), text("Seconds without a request after which an RTSP session ends."), text("N"),
          text("60")},
         {text("max-sessions"), text("RTSP sessions at a time; one more gets 453."), text("N"), text("64")},
+        {text("serial"), text("Serial number; a recorder with the same one is the same device, wherever it answers."),
+         text("TEXT")},
         {text("discovery"), text("Answer WS-Discovery probes on UDP port 3702.")},
         {text("clips-dir"),
          text("Folder of the clips, made at first use by the ffmpeg program; default the user's cache."),
@@ -94,6 +96,7 @@ bool Options::parse(const QStringList& arguments, Options& options, int& exitCod
     options.bind = parser.value(text("bind")).toStdString();
     options.user = parser.value(text("user")).toStdString();
     options.clipsFolder = parser.value(text("clips-dir"));
+    options.serial = parser.value(text("serial")).toStdString();
     options.discovery = parser.isSet(text("discovery"));
     options.tlsCertificate = parser.value(text("tls-cert")).toStdString();
     options.tlsKey = parser.value(text("tls-key")).toStdString();

@@ -33,6 +33,7 @@ struct Options
     DigestAuth::Scheme auth = DigestAuth::Scheme::DigestMd5;
     int sessionTimeoutSeconds = 60;
     int maxSessions = 64;
+    std::string serial; ///< serial number; makes the endpoint reference the same at every start
     bool discovery = false;
     std::vector<std::string> faults;
 

@@ -1,5 +1,7 @@
 #include "RecorderState.h"
 
+#include <QUuid>
+
 #include <chrono>
 #include <cstdio>
 
@@ -20,12 +22,21 @@ std::optional<DayMoment> momentOf(const FaultPlan& faults, const char* name, int
     return DayMoment{false, faults.number(name, channel).value_or(0)};
 }
 
+std::string makeEndpoint(const std::string& serial)
+{
+    const QUuid space(QStringLiteral("{6f0d1f4e-5a0b-4c3e-9d0b-0d5a2f3c7b11}"));
+    const QUuid uuid =
+        serial.empty() ? QUuid::createUuid() : QUuid::createUuidV5(space, QString::fromStdString(serial));
+    return "urn:uuid:" + uuid.toString(QUuid::WithoutBraces).toStdString();
+}
+
 } // namespace
 
 RecorderState::RecorderState(const Options& given)
     : options(given)
     , rtspAuth(given.user, given.password, given.auth, false)
     , httpAuth(given.user, given.password, given.auth, true)
+    , endpoint(makeEndpoint(given.serial))
 {}
 
 const ChannelFootage* RecorderState::channel(int number) const

@@ -42,6 +42,7 @@ struct RecorderState
     const Options options;
     const DigestAuth rtspAuth;
     const DigestAuth httpAuth;
+    const std::string endpoint;           ///< "urn:uuid:...", what discovery and GetEndpointReference tell
     std::vector<ChannelFootage> channels; ///< channel N at index N - 1
     std::int64_t liveOriginNs = 0;        ///< when the loops of live streams began
     ServerPorts ports;

@@ -64,6 +64,12 @@ struct ChannelFootage
     RecordingCalendar calendar;
     QTimeZone zone;
 
+    /// The loop of a smaller second live stream; null for channels that have none.
+    std::shared_ptr<const MediaLoop> subLoop() const
+    {
+        return changedLoop->video().width < loop->video().width ? changedLoop : nullptr;
+    }
+
     /// Begins at the key frame at or before the asked time; in a gap, with the next segment. Empty when nothing was
     /// recorded.
     ReplaySchedule schedule(const ReplayRange& range) const;

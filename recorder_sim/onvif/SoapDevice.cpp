@@ -70,9 +70,18 @@ SoapFault getDeviceInformation(SoapContext& context, const XmlNode&, QXmlStreamW
     writeText(xml, tds, "Manufacturer", QStringLiteral("Vemo"));
     writeText(xml, tds, "Model", QStringLiteral("Simulated recorder"));
     writeText(xml, tds, "FirmwareVersion", QStringLiteral("1.0"));
+    const Options& options = context.recorder.options;
     writeText(xml, tds, "SerialNumber",
-              QStringLiteral("SIM%1").arg(context.recorder.options.channels, 6, 10, QLatin1Char('0')));
+              options.serial.empty() ? QStringLiteral("SIM%1").arg(options.channels, 6, 10, QLatin1Char('0'))
+                                     : QString::fromStdString(options.serial));
     writeText(xml, tds, "HardwareId", QStringLiteral("SIM-1"));
+    return {};
+}
+
+SoapFault getEndpointReference(SoapContext& context, const XmlNode&, QXmlStreamWriter& xml)
+{
+    const XmlElement response(xml, tds, "GetEndpointReferenceResponse");
+    writeText(xml, tds, "GUID", QString::fromStdString(context.recorder.endpoint));
     return {};
 }
 
@@ -173,6 +182,7 @@ const std::vector<SoapOperationEntry>& deviceOperations()
         {"GetCapabilities", getCapabilities, false},
         {"GetServiceCapabilities", getServiceCapabilities, false},
         {"GetDeviceInformation", getDeviceInformation, true},
+        {"GetEndpointReference", getEndpointReference, true},
         {"GetHostname", getHostname, true},
         {"GetScopes", getScopes, true},
     };

@@ -25,12 +25,32 @@ SoapFault getVideoSources(SoapContext& context, const XmlNode&, QXmlStreamWriter
     return {};
 }
 
-void writeProfile(SoapContext& context, QXmlStreamWriter& xml, const char* element, int channel)
+/// A media profile: the main stream of a channel, or its smaller second one.
+struct Profile
 {
-    const MediaLoop& loop = *context.recorder.channel(channel)->loop;
+    int channel = 0; ///< 0: none
+    bool isSub = false;
+
+    const char* kind() const { return isSub ? "sub_profile" : "profile"; }
+};
+
+Profile profileOf(SoapContext& context, const XmlNode& request)
+{
+    const QString token = request.textAt("ProfileToken");
+    Profile profile{channelOf(context.recorder, "sub_profile", token), true};
+    if (profile.channel != 0 && context.recorder.channel(profile.channel)->subLoop())
+        return profile;
+    return {channelOf(context.recorder, "profile", token), false};
+}
+
+void writeProfile(SoapContext& context, QXmlStreamWriter& xml, const char* element, const Profile& of)
+{
+    const int channel = of.channel;
+    const ChannelFootage& footage = *context.recorder.channel(channel);
+    const MediaLoop& loop = of.isSub ? *footage.subLoop() : *footage.loop;
     const VideoClip& video = loop.video();
     XmlElement profile(xml, trt, element);
-    profile.attribute("token", tokenOf("profile", channel)).attribute("fixed", QStringLiteral("true"));
+    profile.attribute("token", tokenOf(of.kind(), channel)).attribute("fixed", QStringLiteral("true"));
     writeText(xml, tt, "Name", channelName(channel));
     {
         XmlElement source(xml, tt, "VideoSourceConfiguration");
@@ -46,7 +66,7 @@ void writeProfile(SoapContext& context, QXmlStreamWriter& xml, const char* eleme
     }
     {
         XmlElement encoder(xml, tt, "VideoEncoderConfiguration");
-        encoder.attribute("token", tokenOf("video_encoder", channel));
+        encoder.attribute("token", tokenOf(of.isSub ? "sub_video_encoder" : "video_encoder", channel));
         writeText(xml, tt, "Name", channelName(channel));
         writeText(xml, tt, "UseCount", QStringLiteral("1"));
         writeText(xml, tt, "Encoding", video.codec == Codec::H265 ? QStringLiteral("H265") : QStringLiteral("H264"));
@@ -73,28 +93,34 @@ SoapFault getProfiles(SoapContext& context, const XmlNode&, QXmlStreamWriter& xm
 {
     const XmlElement response(xml, trt, "GetProfilesResponse");
     for (int channel = 1; channel <= context.recorder.options.channels; ++channel)
-        writeProfile(context, xml, "Profiles", channel);
+        writeProfile(context, xml, "Profiles", {channel, false});
+    for (int channel = 1; channel <= context.recorder.options.channels; ++channel) {
+        if (context.recorder.channel(channel)->subLoop())
+            writeProfile(context, xml, "Profiles", {channel, true});
+    }
     return {};
 }
 
 SoapFault getProfile(SoapContext& context, const XmlNode& request, QXmlStreamWriter& xml)
 {
-    const int channel = channelOf(context.recorder, "profile", request.textAt("ProfileToken"));
-    if (channel == 0)
+    const Profile profile = profileOf(context, request);
+    if (profile.channel == 0)
         return SoapFault::sender("ter:InvalidArgVal", "ter:NoProfile", QStringLiteral("There is no such profile"));
     const XmlElement response(xml, trt, "GetProfileResponse");
-    writeProfile(context, xml, "Profile", channel);
+    writeProfile(context, xml, "Profile", profile);
     return {};
 }
 
 SoapFault getStreamUri(SoapContext& context, const XmlNode& request, QXmlStreamWriter& xml)
 {
-    const int channel = channelOf(context.recorder, "profile", request.textAt("ProfileToken"));
-    if (channel == 0)
+    const Profile profile = profileOf(context, request);
+    if (profile.channel == 0)
         return SoapFault::sender("ter:InvalidArgVal", "ter:NoProfile", QStringLiteral("There is no such profile"));
     const XmlElement response(xml, trt, "GetStreamUriResponse");
     const XmlElement uri(xml, trt, "MediaUri");
-    writeText(xml, tt, "Uri", context.rtspUrl(QStringLiteral("/live/%1").arg(channel)));
+    writeText(xml, tt, "Uri",
+              context.rtspUrl(
+                  (profile.isSub ? QStringLiteral("/live/%1/sub") : QStringLiteral("/live/%1")).arg(profile.channel)));
     writeText(xml, tt, "InvalidAfterConnect", QStringLiteral("false"));
     writeText(xml, tt, "InvalidAfterReboot", QStringLiteral("false"));
     writeText(xml, tt, "Timeout", QStringLiteral("PT0S"));

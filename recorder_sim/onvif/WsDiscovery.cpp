@@ -65,7 +65,7 @@ bool WsDiscovery::start(QString& error)
         QUdpSocket socket;
         const bool good = open(socket, error);
         promise.set_value(good);
-        const QString endpoint = QStringLiteral("urn:uuid:") + QUuid::createUuid().toString(QUuid::WithoutBraces);
+        const QString endpoint = QString::fromStdString(m_recorder.endpoint);
         while (good && !m_stopping) {
             if (!socket.waitForReadyRead(waitMs))
                 continue;

@@ -164,6 +164,13 @@ ReplaySender::Step ReplaySender::next(std::string_view& data, int& waitMs)
     return Step::Data;
 }
 
+/// Whether the item at the current position is.
+bool ReplaySender::isSent(const ReplayRun& run) const
+{
+    const MediaItem& item = run.loop->itemAt(m_position);
+    return run.isSent(m_position) && (!m_keyFramesOnly || (item.track == videoTrack && item.key));
+}
+
 void ReplaySender::skipUnsent()
 {
     while (hasMore()) {
@@ -181,7 +188,7 @@ void ReplaySender::skipUnsent()
             }
             if (following.followsGap)
                 m_discontinuity.fill(true);
-        } else if (!run.isSent(m_position)) {
+        } else if (!isSent(run)) {
             ++m_position;
         } else {
             return;
@@ -203,7 +210,7 @@ std::string_view ReplaySender::gather(const ReplayRun& run, PatchedPlan& patched
     const std::int64_t loopSendNs = run.originNs + plan.loop().loopOf(m_position) * MediaLoop::loopNs;
     std::size_t end = begin;
     for (std::size_t index = firstItem; index < items.size() && end - begin < chunkBytes; ++index) {
-        if (m_position >= run.endPosition || loopSendNs + items[index].sendNs > dueNs || !run.isSent(m_position))
+        if (m_position >= run.endPosition || loopSendNs + items[index].sendNs > dueNs || !isSent(run))
             break;
         patchItem(run, patched, items[index], index);
         const std::size_t next = plan.firstPacketOf(index + 1);

@@ -58,6 +58,8 @@ public:
     bool isPlaying() const { return m_playing; }
     bool hasMore() const { return m_run < m_schedule.size(); }
 
+    /// Only key frames of video are sent (ONVIF Streaming 6.4, "Frames: intra").
+    void setKeyFramesOnly(bool only) { m_keyFramesOnly = only; }
     void setByeWanted(bool wanted) { m_byeWanted = wanted; } ///< whether RTCP BYE follows the last packet
     void setPacketFaults(const PacketFaults& faults) { m_faults = faults; }
 
@@ -84,6 +86,7 @@ private:
     std::uint8_t flagsOf(const ReplayRun& run, const MediaItem& item);
     void patchReport(char* packet, std::uint8_t track, std::uint32_t rtp, quint64 ntp);
     void anchorPace(std::int64_t mediaNs);
+    bool isSent(const ReplayRun& run) const;
     void skipUnsent();
     std::string makeBye() const;
 
@@ -102,6 +105,7 @@ private:
     bool m_playing = false;
     bool m_endSent = true;
     bool m_byeWanted = true;
+    bool m_keyFramesOnly = false;
     bool m_hasBase = false;
     std::int64_t m_baseNs = 0; ///< UTC time that timeStart stands for
     std::int64_t m_rangeBeginNs = 0;

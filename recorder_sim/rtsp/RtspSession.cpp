@@ -180,7 +180,8 @@ RtspResponse RtspSession::handle(const TextRequest& request)
 RtspResponse RtspSession::describe(const TextRequest& request, const RtspUrl& url)
 {
     const ChannelFootage* footage = m_recorder.channel(url.channel);
-    const bool known = footage && (url.kind == RtspUrl::Kind::Live || url.kind == RtspUrl::Kind::Replay);
+    const bool known = footage && (url.kind == RtspUrl::Kind::Live || url.kind == RtspUrl::Kind::Replay) &&
+                       (!url.isSub || footage->subLoop());
     if (!known || m_recorder.faults.strike("not-found", url.channel))
         return refuse(404);
     if (m_recorder.faults.strike("busy", url.channel))
@@ -194,7 +195,7 @@ RtspResponse RtspSession::describe(const TextRequest& request, const RtspUrl& ur
     RtspResponse response;
     response.add("Content-Type", "application/sdp");
     response.add("Content-Base", url.query.empty() ? url.base + "/" : request.target);
-    response.body = writeSdp(*footage->loop, context);
+    response.body = writeSdp(url.isSub ? *footage->subLoop() : *footage->loop, context);
     return response;
 }
 
@@ -280,6 +281,7 @@ RtspResponse RtspSession::play(const TextRequest& request, const RtspUrl& url)
     if (live)
         speed = 1;
     const auto cseq = static_cast<std::uint8_t>(std::atoi(std::string(request.header("CSeq")).c_str()));
+    m_sender->setKeyFramesOnly(!live && request.header("Frames").substr(0, 5) == "intra");
     if (!startPlaying(request, asked, speed, cseq))
         return refuse(457);
     m_started = true;
@@ -306,7 +308,8 @@ bool RtspSession::startPlaying(const TextRequest& request, const RtspUrl& url, d
 {
     const ChannelFootage& footage = *m_recorder.channel(m_url.channel);
     if (m_url.kind == RtspUrl::Kind::Live) {
-        m_sender->play(liveSchedule(footage.loop, m_recorder.liveOriginNs, wallNs()), speed, cseq);
+        m_sender->play(liveSchedule(m_url.isSub ? footage.subLoop() : footage.loop, m_recorder.liveOriginNs, wallNs()),
+                       speed, cseq);
         return true;
     }
     std::string text(trimmed(request.header("Range")));

@@ -77,6 +77,10 @@ RtspUrl RtspUrl::parse(std::string_view target)
     if (rest.substr(0, 6) == "/live/") {
         url.kind = Kind::Live;
         rest.remove_prefix(6);
+        constexpr std::string_view subStream = "/sub";
+        url.isSub = rest.size() > subStream.size() && rest.substr(rest.size() - subStream.size()) == subStream;
+        if (url.isSub)
+            rest.remove_suffix(subStream.size());
     } else if (rest.substr(0, 8) == "/replay/") {
         url.kind = Kind::Replay;
         rest.remove_prefix(8);

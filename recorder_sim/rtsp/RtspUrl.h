@@ -15,9 +15,10 @@ struct RtspUrl
 
     Kind kind = Kind::Unknown;
     int channel = 0;
-    int track = -1;    ///< -1: the presentation
-    std::string base;  ///< scheme, host, port and path without track and query
-    std::string query; ///< without '?'
+    bool isSub = false; ///< the smaller second stream of a channel, live
+    int track = -1;     ///< -1: the presentation
+    std::string base;   ///< scheme, host, port and path without track and query
+    std::string query;  ///< without '?'
 
     std::string queryValue(std::string_view key) const;
 

@@ -1,27 +1,20 @@
-#include "SdkLife.h"
+#include "SimulatedRecorder.h"
 
 #include "vav_frame.h"
 
 #include <QElapsedTimer>
-#include <QEventLoop>
 #include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QNetworkAccessManager>
-#include <QNetworkReply>
-#include <QProcess>
-#include <QTemporaryFile>
 
 using namespace vms_sdk;
 
 namespace {
 
 const QString devId = QStringLiteral("dev-1");
-const QString password = QStringLiteral("secret42");
+const QString password = SimulatedRecorder::password();
 
 QDateTime at(const char* utcTime)
 {
-    return QDateTime::fromString(QStringLiteral("2026-01-10T%1Z").arg(QString::fromLatin1(utcTime)), Qt::ISODate);
+    return SimulatedRecorder::at(utcTime);
 }
 
 /// What one stream delivered, taken apart.
@@ -63,7 +56,6 @@ class RecorderTest final : public QObject
 
 private slots:
     void initTestCase();
-    void cleanupTestCase();
     void cleanup();
     void findsWhatTheRecorderRecorded_data();
     void findsWhatTheRecorderRecorded();
@@ -82,68 +74,25 @@ private slots:
     void endsWithFiveDownloadsAtFullSpeed();
 
 private:
-    QByteArray control(const QString& target, bool isPost = false);
-    void fault(const QString& query) { control(QStringLiteral("/fault?") + query, true); }
-    DevLogin login() const;
+    QByteArray control(const QString& target) { return m_recorder.control(target); }
+    void fault(const QString& query) { m_recorder.fault(query); }
+    DevLogin login() const { return m_recorder.login(); }
     PlaybackByTimeCondition span(const char* begin, const char* end) const;
     int framesSent(const char* begin, const char* end);
     /// Consumes everything that comes on any stream.
     void consumeAll(QObject* context, Delivered& delivered);
 
-    QTemporaryFile m_passwordFile;
-    QProcess m_recorder;
-    QUrl m_onvif;
-    QString m_control;
+    SimulatedRecorder m_recorder;
 };
 
 void RecorderTest::initTestCase()
 {
-    QVERIFY(m_passwordFile.open());
-    m_passwordFile.write(password.toUtf8());
-    m_passwordFile.close();
-    m_recorder.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    m_recorder.start(QStringLiteral(RECORDER_SIM),
-                     {QStringLiteral("--port"), QStringLiteral("0"), QStringLiteral("--channels"), QStringLiteral("2"),
-                      QStringLiteral("--user"), QStringLiteral("admin"), QStringLiteral("--password-file"),
-                      m_passwordFile.fileName(), QStringLiteral("--first-day"), QStringLiteral("2026-01-10"),
-                      QStringLiteral("--days"), QStringLiteral("1"), QStringLiteral("--time-zone"),
-                      QStringLiteral("UTC")});
-    // It makes its clips at the first run on a machine.
-    QVERIFY(m_recorder.waitForReadyRead(300000));
-    const QJsonObject addresses = QJsonDocument::fromJson(m_recorder.readLine()).object();
-    m_onvif = QUrl(addresses.value(QStringLiteral("onvif")).toString());
-    m_control = addresses.value(QStringLiteral("control")).toString();
-    QVERIFY(m_onvif.isValid() && !m_control.isEmpty());
-}
-
-void RecorderTest::cleanupTestCase()
-{
-    m_recorder.terminate();
-    m_recorder.waitForFinished(5000);
+    QVERIFY(m_recorder.start());
 }
 
 void RecorderTest::cleanup()
 {
-    control(QStringLiteral("/reset"), true);
-}
-
-QByteArray RecorderTest::control(const QString& target, bool isPost)
-{
-    QNetworkAccessManager network;
-    QNetworkRequest request{QUrl(m_control + target)};
-    request.setHeader(QNetworkRequest::ContentTypeHeader, QStringLiteral("text/plain"));
-    QNetworkReply* reply = isPost ? network.post(request, QByteArray()) : network.get(request);
-    QEventLoop loop;
-    connect(reply, &QNetworkReply::finished, &loop, &QEventLoop::quit);
-    loop.exec();
-    return reply->readAll();
-}
-
-DevLogin RecorderTest::login() const
-{
-    DevLogin login = SdkLife::loginTo(m_onvif);
-    login.password = password;
-    return login;
+    m_recorder.reset();
 }
 
 PlaybackByTimeCondition RecorderTest::span(const char* begin, const char* end) const
