@@ -28,7 +28,7 @@ QByteArray encode(const QImage& picture, const SnapImageFacts& facts, SnapImageW
     if (!buffer.open(QIODevice::WriteOnly) || !writer.write(picture))
         return {};
     QByteArray bytes = buffer.buffer();
-    if (isJpeg && !ExifPart::insert(bytes, ExifPart::make(facts)))
+    if (isJpeg && !ExifPart::insert(bytes, ExifPart::make(facts, picture.size())))
         return {};
     return bytes;
 }

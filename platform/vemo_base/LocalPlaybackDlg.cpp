@@ -10,6 +10,7 @@
 #include "player/TransportBar.h"
 #include "StylePainter.h"
 
+#include <LocalSnapImageIndexes.h>
 #include <SystemConfig.h>
 #include <ToolsCollection.h>
 
@@ -61,6 +62,7 @@ public:
     void skip(int seconds);
     void step(int frames);
     void takeSnapshot();
+    void addToIndex(const QString& snapshot) const;
     bool takeKey(const QKeyEvent& event);
 
     LocalPlaybackDlg* const q;
@@ -76,6 +78,8 @@ public:
     RecordingClock clock;
     int factsVersion = 0;
     QString path;
+    VCOMMON::ChannelInfo channel;
+    VCOMMON::SnapImageFacts snapshotFacts; ///< of the one asked for last
     QString channelName;
     QString dateFormat;
     QRect geometryBefore; ///< full screen
@@ -150,6 +154,7 @@ void LocalPlaybackDlg::Private::play()
     connect(player.get(), &MpvPlayer::signalStateChanged, q, [this] { showState(); });
     connect(player.get(), &MpvPlayer::signalPictureChanged, q, [this] { picture->setPicture(player->picture()); });
     connect(player.get(), &MpvPlayer::signalSnapshotTaken, q, [this](const QString& file) {
+        addToIndex(file);
         picture->showNote(tr("Snapshot saved as %1").arg(QDir::toNativeSeparators(file)));
     });
     connect(player.get(), &MpvPlayer::signalSnapshotFailed, q,
@@ -237,8 +242,31 @@ void LocalPlaybackDlg::Private::takeSnapshot()
 {
     if (!player || player->state().phase != PlayerState::Phase::Ready)
         return;
+    using VCOMMON::SnapImageWriter;
+    const bool isBmp = vemo_worker::SystemConfig::instance().snapshotFormat() == QLatin1String("BMP");
+    const auto format = isBmp ? SnapImageWriter::Format::Bmp : SnapImageWriter::Format::Jpeg;
     const qint64 clockMs = clock.toClockMs(player->state().positionS);
-    player->takeSnapshot(PlaybackTexts::snapshotFolder(), PlaybackTexts::snapshotName(channelName, clock, clockMs));
+    snapshotFacts = {{}, channelName, channel.channelNo, channel.devLabel, channel.devId};
+    if (clock.isKnown())
+        snapshotFacts.captureTime = QDateTime::fromMSecsSinceEpoch(clockMs);
+    player->takeSnapshot(PlaybackTexts::snapshotFolder() + QLatin1Char('/') +
+                             PlaybackTexts::snapshotName(channelName, clock, clockMs, format),
+                         snapshotFacts, format);
+}
+
+/// A snapshot of a channel or a time that nobody knows is found by the next rescan.
+void LocalPlaybackDlg::Private::addToIndex(const QString& snapshot) const
+{
+    if (snapshotFacts.devId.isEmpty() || !snapshotFacts.captureTime.isValid())
+        return;
+    VCOMMON::LocalSnapImageIndexInfo info;
+    info.devId = snapshotFacts.devId;
+    info.channelNo = snapshotFacts.channelNo;
+    info.channelName = snapshotFacts.channelName;
+    info.devName = snapshotFacts.devName;
+    info.captureTime = snapshotFacts.captureTime;
+    info.filePath = snapshot;
+    VCOMMON::LocalSnapImageIndexes::instance().addLocalSnapImageIndex(info);
 }
 
 bool LocalPlaybackDlg::Private::takeKey(const QKeyEvent& event)
@@ -352,6 +380,7 @@ void LocalPlaybackDlg::setLocalVideoRecordingPath(const QString& path, const VCO
                                                   const QString& title)
 {
     d->path = path;
+    d->channel = channel;
     d->channelName = channel.channelName.isEmpty() ? title.section(QLatin1Char('@'), 0, -2) : channel.channelName;
     setWindowTitle(title);
     d->titleBar->setTitle(title);

@@ -7,6 +7,7 @@
 
 #include <libexif/exif-data.h>
 
+#include <array>
 #include <cstring>
 #include <memory>
 
@@ -44,6 +45,18 @@ public:
         const QByteArray bytes = shortened.toUtf8();
         if (!bytes.isEmpty())
             add(directory, tag, EXIF_FORMAT_ASCII, bytes.constData(), bytes.size() + 1, bytes.size() + 1);
+    }
+
+    void addNumber(ExifIfd directory, ExifTag tag, quint16 value)
+    {
+        const quint16 bytes = qToLittleEndian(value);
+        add(directory, tag, EXIF_FORMAT_SHORT, &bytes, sizeof bytes, 1);
+    }
+
+    void addRatio(ExifIfd directory, ExifTag tag, quint32 numerator)
+    {
+        const std::array<quint32, 2> bytes{qToLittleEndian(numerator), qToLittleEndian<quint32>(1)};
+        add(directory, tag, EXIF_FORMAT_RATIONAL, bytes.data(), sizeof bytes, 1);
     }
 
     void add(ExifIfd directory, ExifTag tag, ExifFormat format, const void* value, int bytes, int components)
@@ -91,12 +104,26 @@ QString offsetText(int seconds)
 
 } // namespace
 
-QByteArray ExifPart::make(const SnapImageFacts& facts)
+QByteArray ExifPart::make(const SnapImageFacts& facts, const QSize& pictureSize)
 {
     Part part;
+    constexpr quint16 inch = 2;
+    constexpr quint16 centred = 1;
+    constexpr quint16 sRgb = 1;
+    part.addRatio(EXIF_IFD_0, EXIF_TAG_X_RESOLUTION, 96);
+    part.addRatio(EXIF_IFD_0, EXIF_TAG_Y_RESOLUTION, 96);
+    part.addNumber(EXIF_IFD_0, EXIF_TAG_RESOLUTION_UNIT, inch);
+    part.addNumber(EXIF_IFD_0, EXIF_TAG_YCBCR_POSITIONING, centred);
+    part.addNumber(EXIF_IFD_EXIF, EXIF_TAG_COLOR_SPACE, sRgb);
+    part.addNumber(EXIF_IFD_EXIF, EXIF_TAG_PIXEL_X_DIMENSION, static_cast<quint16>(pictureSize.width()));
+    part.addNumber(EXIF_IFD_EXIF, EXIF_TAG_PIXEL_Y_DIMENSION, static_cast<quint16>(pictureSize.height()));
+    part.add(EXIF_IFD_EXIF, EXIF_TAG_COMPONENTS_CONFIGURATION, EXIF_FORMAT_UNDEFINED, "\1\2\3\0", 4, 4); // Y, Cb, Cr
+    part.add(EXIF_IFD_EXIF, EXIF_TAG_FLASH_PIX_VERSION, EXIF_FORMAT_UNDEFINED, "0100", 4, 4);
+    // ImageFacts knows our pictures by the first word of the software's name.
     part.addText(EXIF_IFD_0, EXIF_TAG_IMAGE_DESCRIPTION, facts.channelName);
     part.addText(EXIF_IFD_0, EXIF_TAG_MODEL, facts.devName);
-    part.addText(EXIF_IFD_0, EXIF_TAG_SOFTWARE, QStringLiteral("Vemo ") + QCoreApplication::applicationVersion());
+    part.addText(EXIF_IFD_0, EXIF_TAG_SOFTWARE,
+                 QString(QStringLiteral("Vemo ") + QCoreApplication::applicationVersion()).trimmed());
     part.add(EXIF_IFD_EXIF, EXIF_TAG_EXIF_VERSION, EXIF_FORMAT_UNDEFINED, "0232", 4, 4);
     if (facts.captureTime.isValid()) {
         const QString time = facts.captureTime.toString(QStringLiteral("yyyy:MM:dd hh:mm:ss"));

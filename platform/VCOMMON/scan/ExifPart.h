@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QSize>
 
 namespace VCOMMON {
 
@@ -14,7 +15,7 @@ public:
     ExifPart() = delete;
 
     /// Empty when there is no memory for it.
-    static QByteArray make(const SnapImageFacts& facts);
+    static QByteArray make(const SnapImageFacts& facts, const QSize& pictureSize);
     /// Puts the part into a JPEG, behind its first marker and the JFIF segment if one follows; false when it is none.
     static bool insert(QByteArray& jpeg, const QByteArray& part);
 };

@@ -10,9 +10,13 @@ namespace {
 constexpr qint64 headBytes = 128 * 1024;
 constexpr qint64 tailBytes = 1024;
 constexpr quint32 maxEntries = 512;
+constexpr quint32 maxTextBytes = 1024;
 constexpr int dateBytes = 19; // "2026:01:10 08:00:00"
 
 enum Tag : quint16 {
+    ImageDescription = 0x010e,
+    Model = 0x0110,
+    Software = 0x0131,
     DateTime = 0x0132,
     ExifPart = 0x8769,
     DateTimeOriginal = 0x9003,
@@ -60,7 +64,6 @@ public:
     QByteArray text(quint32 directory, Tag tag) const
     {
         const qint64 at = entry(directory, tag);
-        constexpr quint32 maxTextBytes = 64;
         const quint32 length = at == 0 ? 0 : qMin(number(at + 4, 4), maxTextBytes);
         const qint64 place = length <= 4 ? at + 8 : number(at + 8, 4);
         if (length == 0 || place + length > m_bytes.size())
@@ -103,8 +106,19 @@ QDateTime timeOf(const Tiff& tiff)
     return time;
 }
 
+void takeExif(const Tiff& tiff, ImageFacts& facts)
+{
+    facts.captureTime = timeOf(tiff);
+    const quint32 first = tiff.number(4, 4);
+    // Other programs put other things there.
+    if (!tiff.text(first, Software).startsWith("Vemo"))
+        return;
+    facts.channelName = QString::fromUtf8(tiff.text(first, ImageDescription));
+    facts.devName = QString::fromUtf8(tiff.text(first, Model));
+}
+
 /// Looks for the EXIF part among the segments in front of the picture.
-QDateTime jpegTime(const QByteArray& head)
+void readJpeg(const QByteArray& head, ImageFacts& facts)
 {
     qint64 at = 2;
     while (at + 4 <= head.size() && static_cast<quint8>(head.at(static_cast<int>(at))) == 0xff) {
@@ -115,10 +129,9 @@ QDateTime jpegTime(const QByteArray& head)
         const QByteArray part = head.mid(static_cast<int>(at) + 4, length - 2);
         const QByteArray name("Exif\0\0", 6);
         if (marker == 0xe1 && part.startsWith(name))
-            return timeOf(Tiff(part.mid(name.size())));
+            return takeExif(Tiff(part.mid(name.size())), facts);
         at += 2 + length;
     }
-    return {};
 }
 
 } // namespace
@@ -132,7 +145,7 @@ ImageFacts ImageFacts::read(QIODevice& device)
     if (head.startsWith("\xff\xd8\xff")) {
         facts.kind = Kind::Jpeg;
         facts.isWhole = tail.contains("\xff\xd9");
-        facts.captureTime = jpegTime(head);
+        readJpeg(head, facts);
     } else if (head.startsWith("\x89PNG\r\n\x1a\n")) {
         facts.kind = Kind::Png;
         facts.isWhole = tail.contains("IEND");

@@ -220,7 +220,10 @@ void LocalFolderScan::readSnapshots(const QStringList& paths)
             break;
         const SnapImageFile file = SnapImageFile::read(path);
         LocalSnapImageIndexInfo record;
+        record.devId = m_devices.idByName.value(file.devName);
+        record.channelNo = m_devices.channelsByDevId.value(record.devId).value(file.channelName);
         record.channelName = file.channelName;
+        record.devName = file.devName;
         record.captureTime = file.captureTime;
         record.filePath = path;
         record.bytes = file.bytes;

@@ -31,6 +31,8 @@ SnapImageFile SnapImageFile::read(const QString& path)
     if (openRegularFile(file)) {
         const ImageFacts facts = ImageFacts::read(file);
         found.captureTime = facts.captureTime;
+        found.channelName = facts.channelName;
+        found.devName = facts.devName;
         if (file.size() == 0)
             found.problem = tr("The file is empty.");
         else if (facts.kind == ImageFacts::Kind::Unknown)
@@ -41,7 +43,8 @@ SnapImageFile SnapImageFile::read(const QString& path)
         found.problem = tr("The file can't be read.");
     }
     const Named named = fromName(info.fileName());
-    found.channelName = named.channelName;
+    if (found.channelName.isEmpty())
+        found.channelName = named.channelName;
     if (!found.captureTime.isValid())
         found.captureTime = named.time.isValid() ? named.time : info.lastModified();
     return found;

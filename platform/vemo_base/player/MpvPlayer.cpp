@@ -94,9 +94,10 @@ void MpvPlayer::setPictureSize(const QSize& size)
     post([size](MpvWorker& worker) { worker.setPictureSize(size); });
 }
 
-void MpvPlayer::takeSnapshot(const QString& folder, const QString& fileName)
+void MpvPlayer::takeSnapshot(const QString& path, const VCOMMON::SnapImageFacts& facts,
+                             VCOMMON::SnapImageWriter::Format format)
 {
-    post([folder, fileName](MpvWorker& worker) { worker.takeSnapshot(folder, fileName); });
+    post([path, facts, format](MpvWorker& worker) { worker.takeSnapshot({path, facts, format}); });
 }
 
 void MpvPlayer::receive()

@@ -2,6 +2,8 @@
 
 #include "PlayerState.h"
 
+#include <SnapImageWriter.h>
+
 #include <QImage>
 #include <QObject>
 
@@ -42,9 +44,10 @@ public:
     void setMuted(bool muted);
     /// Size of the pictures in device pixels, in the proportions of shownSize; empty: none are made.
     void setPictureSize(const QSize& size);
-    /// Writes the shown picture in its full size to `fileName` in `folder`, which is made when missing. Another file of
-    /// that name stays, the new one gets a name with " (2)". Ends in signalSnapshotTaken or signalSnapshotFailed.
-    void takeSnapshot(const QString& folder, const QString& fileName);
+    /// Writes the shown picture in its full size, as VCOMMON::SnapImageWriter does. Ends in signalSnapshotTaken or
+    /// signalSnapshotFailed.
+    void takeSnapshot(const QString& path, const VCOMMON::SnapImageFacts& facts,
+                      VCOMMON::SnapImageWriter::Format format);
 
     const PlayerState& state() const { return m_state; }
     const QImage& picture() const { return m_picture; }

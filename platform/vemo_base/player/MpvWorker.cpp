@@ -3,12 +3,11 @@
 #include "MpvLibrary.h"
 #include "PlayerMailbox.h"
 
-#include <ToolsCollection.h>
-
-#include <QDir>
 #include <QFileInfo>
+#include <QThreadPool>
 
 #include <cstring>
+#include <utility>
 
 namespace vemo_base {
 
@@ -40,6 +39,29 @@ QString textOf(const mpv_node& map, const char* key)
 {
     const mpv_node* entry = entryOf(map, key);
     return entry && entry->format == MPV_FORMAT_STRING ? text(entry->u.string) : QString();
+}
+
+qint64 numberOf(const mpv_node& map, const char* key)
+{
+    const mpv_node* entry = entryOf(map, key);
+    return entry && entry->format == MPV_FORMAT_INT64 ? entry->u.int64 : 0;
+}
+
+/// A copy of what "screenshot-raw" gives; null when it is nothing of the kind.
+QImage pictureOf(const mpv_node& map)
+{
+    constexpr qint64 widest = 32767;
+    const mpv_node* data = entryOf(map, "data");
+    const qint64 width = numberOf(map, "w");
+    const qint64 height = numberOf(map, "h");
+    const qint64 stride = numberOf(map, "stride");
+    if (!data || data->format != MPV_FORMAT_BYTE_ARRAY || width <= 0 || height <= 0 || width > widest ||
+        height > widest || stride < width * 4 || data->u.ba->size < static_cast<size_t>(stride * height) ||
+        textOf(map, "format") != QLatin1String("bgr0"))
+        return {};
+    return QImage(static_cast<const uchar*>(data->u.ba->data), static_cast<int>(width), static_cast<int>(height),
+                  static_cast<int>(stride), QImage::Format_RGB32)
+        .copy();
 }
 
 QVector<PlayerChapter> chaptersOf(const mpv_node& list)
@@ -88,6 +110,7 @@ void MpvWorker::setOptions()
         {"load-auto-profiles", "no"},
         {"ytdl", "no"},
         {"sub-auto", "no"},
+        {"sid", "no"}, // a text track with the clock would say what the dialog says already
         {"audio-file-auto", "no"},
         {"cover-art-auto", "no"},
         {"audio-fallback-to-null", "yes"},
@@ -99,8 +122,6 @@ void MpvWorker::setOptions()
         {"demuxer-lavf-o", "protocol_whitelist=file"},
         {"demuxer-max-bytes", "16MiB"},
         {"demuxer-max-back-bytes", "4MiB"},
-        {"screenshot-jpeg-quality", "95"},
-        {"screenshot-tag-colorspace", "no"},
         {"sws-fast", "yes"},
     };
     for (const auto& [name, value] : options)
@@ -256,16 +277,12 @@ void MpvWorker::setPictureSize(const QSize& size)
         renderPicture();
 }
 
-void MpvWorker::takeSnapshot(const QString& folder, const QString& fileName)
+void MpvWorker::takeSnapshot(const Snapshot& snapshot)
 {
-    if (m_state.phase != PlayerState::Phase::Ready || m_state.shownSize.isEmpty() || !m_snapshotPath.isEmpty())
+    if (m_state.phase != PlayerState::Phase::Ready || m_state.shownSize.isEmpty() || !m_snapshot.path.isEmpty())
         return;
-    if (!QDir().mkpath(folder)) {
-        m_mailbox->tellSnapshot({}, tr("The folder %1 can't be made.").arg(QDir::toNativeSeparators(folder)));
-        return;
-    }
-    m_snapshotPath = VCOMMON::ToolsCollection::freeFileName(folder + QLatin1Char('/') + fileName);
-    command({"screenshot-to-file", m_snapshotPath.toUtf8(), "video"}, snapshotReply);
+    m_snapshot = snapshot;
+    command({"screenshot-raw", "video"}, snapshotReply);
 }
 
 void MpvWorker::onWakeup(void* self)
@@ -308,7 +325,10 @@ void MpvWorker::drainEvents()
             takeProperty(*static_cast<const mpv_event_property*>(event->data));
             break;
         case MPV_EVENT_COMMAND_REPLY:
-            takeReply(event->reply_userdata, event->error);
+            if (event->reply_userdata == snapshotReply)
+                takeSnapshotPicture(*static_cast<const mpv_event_command*>(event->data), event->error);
+            else
+                takeReply(event->reply_userdata, event->error);
             break;
         default:
             break;
@@ -410,14 +430,22 @@ void MpvWorker::takeReply(quint64 id, int error)
     if (id == seekReply && error < 0) {
         m_seeking = false;
         sendSeek();
-    } else if (id == snapshotReply) {
-        const QString path = m_snapshotPath;
-        m_snapshotPath.clear();
-        m_mailbox->tellSnapshot(
-            path, error < 0 ? tr("%1 can't be written: %2.")
-                                  .arg(QDir::toNativeSeparators(path), text(m_library->errorString(error)))
-                            : QString());
     }
+}
+
+void MpvWorker::takeSnapshotPicture(const mpv_event_command& reply, int error)
+{
+    const Snapshot snapshot = std::exchange(m_snapshot, {});
+    const QImage picture = error < 0 ? QImage() : pictureOf(reply.result);
+    if (picture.isNull()) {
+        m_mailbox->tellSnapshot({}, tr("The player gives no picture: %1.").arg(text(m_library->errorString(error))));
+        return;
+    }
+    // Encoding would hold up the pictures that this thread makes.
+    QThreadPool::globalInstance()->start([mailbox = m_mailbox, picture, snapshot] {
+        const auto written = VCOMMON::SnapImageWriter::write(snapshot.path, picture, snapshot.facts, snapshot.format);
+        mailbox->tellSnapshot(written.path, written.error);
+    });
 }
 
 void MpvWorker::render()

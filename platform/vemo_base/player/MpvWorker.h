@@ -2,6 +2,8 @@
 
 #include "PlayerState.h"
 
+#include <SnapImageWriter.h>
+
 #include <QImage>
 #include <QObject>
 #include <QVector>
@@ -9,6 +11,7 @@
 #include <atomic>
 #include <memory>
 
+struct mpv_event_command;
 struct mpv_event_end_file;
 struct mpv_event_log_message;
 struct mpv_event_property;
@@ -41,7 +44,13 @@ public:
     void setVolume(int percent);
     void setMuted(bool muted);
     void setPictureSize(const QSize& size);
-    void takeSnapshot(const QString& folder, const QString& fileName);
+    struct Snapshot
+    {
+        QString path;
+        VCOMMON::SnapImageFacts facts;
+        VCOMMON::SnapImageWriter::Format format = VCOMMON::SnapImageWriter::Format::Jpeg;
+    };
+    void takeSnapshot(const Snapshot& snapshot);
 
 private:
     bool start();
@@ -57,6 +66,7 @@ private:
     void takeFacts(const QByteArray& name, const mpv_event_property& property);
     void takeEndOfFile(const mpv_event_end_file& end);
     void takeReply(quint64 id, int error);
+    void takeSnapshotPicture(const mpv_event_command& reply, int error);
 
     void render();
     void renderPicture();
@@ -80,7 +90,7 @@ private:
     QVector<QImage> m_pictures; ///< buffers; one is free when nobody else holds it
     bool m_seeking = false;
     double m_nextSeekS = -1; ///< below 0: none
-    QString m_snapshotPath;  ///< being written; empty: none
+    Snapshot m_snapshot;     ///< asked for; without a path: none
 };
 
 } // namespace vemo_base

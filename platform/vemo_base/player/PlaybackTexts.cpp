@@ -4,7 +4,6 @@
 #include "RecordingClock.h"
 
 #include <SystemConfig.h>
-#include <ToolsCollection.h>
 
 #include <QHash>
 #include <QStringList>
@@ -50,15 +49,12 @@ QString PlaybackTexts::clock(const RecordingClock& clock, qint64 clockMs, const 
     return QDateTime::fromMSecsSinceEpoch(clockMs).date().toString(dateFormat) + QLatin1Char(' ') + time;
 }
 
-QString PlaybackTexts::snapshotName(const QString& channelName, const RecordingClock& clock, qint64 clockMs)
+QString PlaybackTexts::snapshotName(const QString& channelName, const RecordingClock& clock, qint64 clockMs,
+                                    VCOMMON::SnapImageWriter::Format format)
 {
     QString time = PlaybackTexts::clock(clock, clockMs, QStringLiteral("yyyy-MM-dd"), true);
     time.replace(QLatin1Char(':'), QLatin1Char('_')).replace(QLatin1Char('.'), QLatin1Char('_'));
-    QString channel = channelName;
-    constexpr int timeAndSuffixBytes = 64;
-    VCOMMON::ToolsCollection::cutToBytes(channel, VCOMMON::ToolsCollection::maxFileNameBytes - timeAndSuffixBytes);
-    QString name = channel + QLatin1Char('@') + time + QStringLiteral(".jpg");
-    return VCOMMON::ToolsCollection::formatLegalFileName(name, QStringLiteral("_"));
+    return VCOMMON::SnapImageWriter::fileName(channelName, time, format);
 }
 
 QString PlaybackTexts::snapshotFolder()
