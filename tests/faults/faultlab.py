@@ -39,6 +39,7 @@ def parse(description, **extra):
     parser = argparse.ArgumentParser(description=description)
     parser.add_argument("--build", required=True, help="the build tree with bin/ and lib/")
     parser.add_argument("--full", action="store_true", help="the whole matrix instead of a sample")
+    parser.add_argument("--clock", action="store_true", help="files with a clock track")
     parser.add_argument("--seed", type=int, default=None)
     parser.add_argument("--only", type=int, default=None, help="this one case of the matrix")
     for name, options in extra.items():
@@ -75,6 +76,7 @@ class Lab:
         self.preload = os.path.join(self.build, "lib", "libvemo_faults.so")
         self.clip = make_clip(os.path.join(self.build, "clips"), clip_name, **clip_options)
         self.name = clip_name
+        self.clock = arguments.clock
         # Video, and audio that is not transcoded, is judged against the clip as ffmpeg reads it.
         self.truth = media.samples(self.clip)
         self.transcodes = clip_name.endswith("g711")
@@ -96,6 +98,8 @@ class Lab:
 
     def learn(self, whole):
         """Takes over from a whole file what cannot be known from the clip."""
+        if self.clock:
+            self.truth[2] = whole[2]
         if self.transcodes:
             self.truth[1] = whole[1]
         else:
@@ -115,7 +119,7 @@ class Lab:
         if repair:
             command.append("--repair")
         else:
-            command += ["--clip", self.clip, "--log", box.log]
+            command += ["--clip", self.clip, "--log", box.log] + ["--clock"] * self.clock
             for output in outputs or [box.out]:
                 command += ["--out", output]
         command += options

@@ -22,7 +22,7 @@ def samples(path):
 
 def timed_samples(path):
     """As samples(), with the presentation time in seconds from the file's begin before each sum."""
-    done = run(["ffmpeg", "-v", "error", "-i", path, "-map", "0:v?", "-map", "0:a?", "-c", "copy", "-f", "framemd5", "-"])
+    done = run(["ffmpeg", "-v", "error", "-i", path, "-map", "0:v?", "-map", "0:a?", "-map", "0:s?", "-c", "copy", "-f", "framemd5", "-"])
     if done.returncode != 0 or done.stderr.strip():
         raise NotReadable(f"ffmpeg on {path}: exit {done.returncode}: {done.stderr.strip()[:600]}")
     streams, bases = {}, {}

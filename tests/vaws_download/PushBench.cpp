@@ -1,6 +1,6 @@
 // Pushes synthetic frames into a task as fast as the library takes them and tells the rate, the CPU time and the time
 // to finish.
-//   vaws_push_bench TARGET.mp4 [MiB] [--kbit N] [--batch KiB] [--stop]
+//   vaws_push_bench TARGET.mp4 [MiB] [--kbit N] [--batch KiB] [--clock] [--stop]
 #include "vav_frame.h"
 #include "vaws_download.h"
 
@@ -129,7 +129,7 @@ void onEvent(const char*, int event, int)
 int main(int argc, char** argv)
 {
     if (argc < 2) {
-        std::fprintf(stderr, "usage: %s TARGET.mp4 [MiB] [--kbit N] [--batch KiB] [--stop]\n", argv[0]);
+        std::fprintf(stderr, "usage: %s TARGET.mp4 [MiB] [--kbit N] [--batch KiB] [--clock] [--stop]\n", argv[0]);
         return 2;
     }
     std::int64_t total = 1024;
@@ -141,6 +141,8 @@ int main(int argc, char** argv)
             kbit = std::strtoul(argv[++i], nullptr, 10);
         else if (argument == "--batch" && i + 1 < argc)
             batchBytes = std::strtoul(argv[++i], nullptr, 10) * 1024;
+        else if (argument == "--clock")
+            vaws_download_set_clock_track(1);
         else if (argument == "--stop")
             stop = true;
         else

@@ -60,6 +60,10 @@ Options optionsFrom(int count, char** arguments)
             options.repair = true;
             continue;
         }
+        if (name == "--clock") {
+            vaws_download_set_clock_track(1);
+            continue;
+        }
         if (index + 1 == count) {
             fail(name + " needs a value");
         }
