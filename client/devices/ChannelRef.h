@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QMetaType>
 #include <QString>
 
 namespace vemo_client {
@@ -14,3 +15,5 @@ struct ChannelRef
 };
 
 } // namespace vemo_client
+
+Q_DECLARE_METATYPE(vemo_client::ChannelRef)

@@ -5,6 +5,7 @@
 #include <QObject>
 #include <QPointer>
 
+#include <atomic>
 #include <memory>
 
 namespace vemo_client {
@@ -65,15 +66,20 @@ signals:
     void signalProblem(const QString& sentence);
     /// The image is null when there is no picture.
     void signalFullPicture(const QImage& image, qint64 utcNs);
+    /// Of the decoding thread: something lies in the mailbox.
+    void signalTold(QPrivateSignal);
 
 private:
-    std::unique_ptr<DecodeThread> m_thread; ///< made with the first packet
+    void takeResults();
+    void takeDuePictures();
+
     std::shared_ptr<DecodeMailbox> m_mailbox;
+    std::atomic_bool m_isTold{false};
     QPointer<PlaybackClock> m_clock;
     Output m_output = Output::Newest;
     VideoPicture m_picture;
     VideoFormat m_format;
-    QString m_problem;
+    std::unique_ptr<DecodeThread> m_thread; ///< made with the first packet; ends before what it uses
 };
 
 } // namespace vemo_client
