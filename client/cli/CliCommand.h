@@ -62,6 +62,18 @@ struct BackupOptions
     QString to;    ///< Export
 };
 
+/// What `user` is to do, and with whom.
+struct UserOptions
+{
+    enum class Action : int { Unknown = 0, Add, List, Password, Remove };
+
+    Action action = Action::Unknown;
+    QString name;
+    QString password;   ///< Add, Password
+    int powers = 0;     ///< Add
+    bool stays = false; ///< Add, Password: the window opens for this user
+};
+
 /// What the person asked for, checked as far as it can be without asking the recorder or the disk.
 struct CliCommand
 {
@@ -73,6 +85,7 @@ struct CliCommand
         Queue,
         Backup,
         Local,
+        User,
         Tell, ///< nothing to be done: help, version, or what is wrong with the command
     };
 
@@ -88,6 +101,7 @@ struct CliCommand
     QueueOptions queue;   ///< with Verb::Queue
     BackupOptions backup; ///< with Verb::Backup
     LocalOptions local;   ///< with Verb::Local; begin and end may be invalid, for every time
+    UserOptions user;     ///< with Verb::User
     bool json = false;
     bool verbose = false;
 

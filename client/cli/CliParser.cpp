@@ -5,6 +5,7 @@
 #include "CliOptions.h"
 #include "CliQueueParser.h"
 #include "CliTell.h"
+#include "CliUserParser.h"
 #include "OptionReader.h"
 #include "TimeText.h"
 
@@ -87,6 +88,7 @@ CliCommand CliParser::parse(const QStringList& arguments, const std::optional<QS
            "  queue     works on the stored downloads while no window is open\n"
            "  backup    plans backups of whole days, and works them off while no window is open\n"
            "  local     lists, saves and deletes the recordings and snapshots on this computer\n"
+           "  user      adds and lists those who may log in to the window, and sets their passwords\n"
            "Their options: vemo_client <verb> --help\n") %
         QLatin1Char('\n') % CliTell::exitCodes());
     parser.addOptions({options.help, options.version, options.data, options.theme});
@@ -121,6 +123,8 @@ CliCommand CliParser::parse(const QStringList& arguments, const std::optional<QS
         return CliBackupParser::parse(rest, command, environmentPassword);
     if (name == QLatin1String("local"))
         return CliLocalParser::parse(rest, command);
+    if (name == QLatin1String("user"))
+        return CliUserParser::parse(rest, command, environmentPassword);
     return CliTell::misuse(tr("\"%1\" is not a verb.").arg(name.left(64)) % again);
 }
 

@@ -9,6 +9,7 @@
 #include "QueueVerb.h"
 #include "SearchVerb.h"
 #include "Terminal.h"
+#include "UserVerb.h"
 #include "VerbFolder.h"
 #include "WindowLock.h"
 
@@ -87,6 +88,18 @@ int runBackup(const CliCommand& command)
     }
 }
 
+int runUser(const CliCommand& command)
+{
+    WindowLock lock;
+    Outcome outcome;
+    if (UserVerb::changesStore(command))
+        outcome = lock.take();
+    if (outcome.code == ExitCode::Done)
+        outcome = UserVerb::run(command);
+    tells(outcome);
+    return static_cast<int>(outcome.code);
+}
+
 /// Nobody looks at the pages, and there may be no display.
 void chooseWindowSystem()
 {
@@ -104,6 +117,8 @@ int runVerb(const CliCommand& command)
         qInstallMessageHandler(dropMessage);
     if (command.verb == CliCommand::Verb::Local)
         return LocalVerb::changesStore(command) ? runOnDataFolder<LocalVerb>(command) : run<LocalVerb>(command);
+    if (command.verb == CliCommand::Verb::User)
+        return runUser(command);
     if (command.verb == CliCommand::Verb::Backup)
         return runBackup(command);
     return command.verb == CliCommand::Verb::Queue ? runOnDataFolder<QueueVerb>(command) : runOnFolderOfItsOwn(command);

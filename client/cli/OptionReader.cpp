@@ -5,6 +5,8 @@
 #include <QCommandLineParser>
 #include <QFile>
 
+#include <cstdio>
+
 namespace vemo_client {
 
 namespace {
@@ -72,7 +74,9 @@ std::optional<QString> OptionReader::password(const std::optional<QString>& from
     if (path.isEmpty())
         return fromEnvironment;
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
+    const bool isOpen =
+        path == QLatin1String("-") ? file.open(stdin, QIODevice::ReadOnly) : file.open(QIODevice::ReadOnly);
+    if (!isOpen) {
         fail(tr("The password file %1 can't be read: %2.").arg(path, file.errorString()));
         return QString();
     }
