@@ -56,6 +56,16 @@ QList<DownloadTaskInfo> DownloadTaskData::getOpenDownloadTasks()
     return tasks;
 }
 
+void DownloadTaskData::countWaiting(QObject* context, const std::function<void(int)>& answer)
+{
+    const auto count = std::make_shared<int>(0);
+    Database::instance().post([count](QSqlDatabase& db) { return DownloadTaskStore::countWaiting(db, count.get()); },
+                              [count, guard = QPointer<QObject>(context), answer](bool isRead) {
+                                  if (isRead && guard)
+                                      answer(*count);
+                              });
+}
+
 void DownloadTaskData::getAllDownloadTasks(QObject* context,
                                            const std::function<void(const QList<DownloadTaskInfo>&)>& answer)
 {

@@ -27,6 +27,9 @@ public:
     /// The same without a long wait: `answer` is called on the GUI thread, before this returns when few are stored,
     /// else by the event loop, behind the announcements of everything that the list holds; not once `context` is gone.
     void getAllDownloadTasks(QObject* context, const std::function<void(const QList<DownloadTaskInfo>&)>& answer);
+    /// How many wait and would go on by themselves; `answer` is called later on the GUI thread, not once `context` is
+    /// gone.
+    void countWaiting(QObject* context, const std::function<void(int count)>& answer);
     /// Those that wait, run or are paused. Waits for the database.
     QList<DownloadTaskInfo> getOpenDownloadTasks();
 

@@ -166,6 +166,16 @@ bool DownloadTaskStore::count(QSqlDatabase& db, int* tasks)
     return true;
 }
 
+bool DownloadTaskStore::countWaiting(QSqlDatabase& db, int* tasks)
+{
+    QSqlQuery query(db);
+    query.prepare(QStringLiteral("SELECT count(*) FROM download_tasks WHERE state = %1").arg(TaskWaiting));
+    if (!carryOut(query) || !query.next())
+        return false;
+    *tasks = query.value(0).toInt();
+    return true;
+}
+
 bool DownloadTaskStore::open(QSqlDatabase& db, QList<DownloadTaskInfo>* tasks)
 {
     return select(db, QStringLiteral("WHERE state BETWEEN %1 AND %2 ").arg(TaskWaiting).arg(TaskPaused), tasks);

@@ -22,6 +22,7 @@ public:
     /// In the order of their adding.
     static bool all(QSqlDatabase& db, QList<DownloadTaskInfo>* tasks);
     static bool count(QSqlDatabase& db, int* tasks);
+    static bool countWaiting(QSqlDatabase& db, int* tasks);
     /// Those that wait, run or are paused, in the same order.
     static bool open(QSqlDatabase& db, QList<DownloadTaskInfo>* tasks);
     /// `added` receives what was stored; a task whose id is stored already is left out.
