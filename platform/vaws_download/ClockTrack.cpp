@@ -16,6 +16,8 @@ constexpr std::uint16_t soundOnlyWidth = 640;
 constexpr std::uint16_t soundOnlyHeight = 360;
 constexpr std::uint32_t white = 0xffffffff;
 constexpr std::uint32_t halfBlack = 0x00000080;
+constexpr std::uint32_t shownUnasked =
+    0xc0000000; ///< all samples are forced: some players show no other text by themselves
 constexpr std::int64_t nearlySecondNs = nsPerMs;            ///< a text that would last less is left out
 constexpr std::int64_t longestStillNs = 3600 * nsPerSecond; ///< one picture that stands longer has no clock
 
@@ -32,7 +34,7 @@ void sampleEntry(BoxWriter& out, const TrackFormat& format, std::uint8_t fontSiz
     out.begin("tx3g");
     out.zeros(6);
     out.u16(1); // data_reference_index
-    out.u32(0);
+    out.u32(shownUnasked);
     out.u8(1);    // centred
     out.u8(0xff); // at the bottom
     out.u32(halfBlack);
