@@ -97,6 +97,9 @@ private slots:
     void saysNothingAfterStop();
     void mayBeStoppedFromItsOwnSignal();
     void changesItsSpeed();
+    void jumps_data();
+    void jumps();
+    void skimsKeyFrames();
     void endsWhenTheSessionIsForgotten();
     void tellsWhyThereIsNoConnection_data();
     void tellsWhyThereIsNoConnection();
@@ -447,6 +450,63 @@ void ReplayClientTest::changesItsSpeed()
     QCOMPARE(replay.recorder.last("PLAY").header("Rate-Control"), QByteArray("no"));
     QVERIFY(replay.ends());
     compareWithSent(replay.recorder, replay.log, 200);
+}
+
+void ReplayClientTest::jumps_data()
+{
+    QTest::addColumn<Script>("script");
+    QTest::addColumn<int>("plays");
+    Script script;
+    QTest::newRow("while it plays") << script << 2;
+    script.playNeedsPause = true;
+    QTest::newRow("after a pause, where PLAY needs one") << script << 3;
+    script.knowsReplay = false;
+    QTest::newRow("without knowing of replay") << script << 3;
+}
+
+void ReplayClientTest::jumps()
+{
+    QFETCH(Script, script);
+    QFETCH(int, plays);
+    constexpr int target = 110;
+    script.pictures = 200;
+    script.picturesAtOnce = 2;
+    Replay replay(script, 200, [](ReplayRequest* request) { request->rateControl = true; });
+    replay.client.start();
+    QTRY_VERIFY_WITH_TIMEOUT(replay.log.batches.frames.size() > 10, waitMs);
+    const std::size_t before = replay.log.batches.frames.size();
+    replay.client.seek(ScriptedRecorder::beginNs + target * ScriptedRecorder::frameNs);
+    QVERIFY(replay.ends());
+    QCOMPARE(static_cast<int>(replay.log.end), static_cast<int>(ReplayEnd::EndOfRecording));
+    const auto& frames = replay.log.batches.frames;
+    QCOMPARE(frames.size(), before + 100);
+    for (std::size_t i = before; i < frames.size(); ++i)
+        QCOMPARE(frames[i].header.timeNs,
+                 ScriptedRecorder::beginNs + static_cast<int>(100 + i - before) * ScriptedRecorder::frameNs);
+    QCOMPARE(static_cast<int>(frames[before].header.flags), vav::KeyFrame | vav::Discontinuity);
+    QCOMPARE(replay.recorder.count("PLAY"), plays);
+    const RtspMessage play = replay.recorder.last("PLAY");
+    QVERIFY(play.header("Range").startsWith("clock=20231114T221324.400Z-"));
+    QCOMPARE(play.header("Immediate"), script.knowsReplay ? QByteArray("yes") : QByteArray());
+}
+
+void ReplayClientTest::skimsKeyFrames()
+{
+    Script script;
+    script.pictures = 300;
+    script.picturesAtOnce = 2;
+    Replay replay(script, 300, [](ReplayRequest* request) { request->rateControl = true; });
+    replay.client.start();
+    QTRY_VERIFY_WITH_TIMEOUT(replay.log.batches.frames.size() > 10, waitMs);
+    replay.client.setScale(8);
+    QTRY_COMPARE_WITH_TIMEOUT(replay.recorder.last("PLAY").header("Frames"), QByteArray("intra"), waitMs);
+    const std::size_t before = replay.log.batches.frames.size();
+    QVERIFY(replay.ends());
+    // This recorder sends every picture all the same; the key frames pass, and are no gaps.
+    const auto& frames = replay.log.batches.frames;
+    QVERIFY(frames.size() > before && frames.size() <= before + 12);
+    for (std::size_t i = before; i < frames.size(); ++i)
+        QCOMPARE(static_cast<int>(frames[i].header.flags & ~vav::EndOfRecording), static_cast<int>(vav::KeyFrame));
 }
 
 void ReplayClientTest::endsWhenTheSessionIsForgotten()

@@ -133,6 +133,38 @@ TEST(ReplayTimeline, goesOnAfterAPause)
     EXPECT_EQ(timeline.packetTime(packet(77), 0), baseNs + 5'000'000'000);
 }
 
+TEST(ReplayTimeline, takesOverTheClockOfALiveDeviceWithoutATurnBack)
+{
+    const struct
+    {
+        const char* what;
+        std::int64_t correctionMs;
+        std::int64_t endMs; ///< off the arrival times after a minute
+    } rows[] = {
+        {"the delay of the network", -300, -300},    {"a device that is ahead", 2'500, 2'500},
+        {"a device that is behind", -9'000, -9'000}, {"a clock of another hour", 3'600'000, 0},
+        {"no clock at all", -baseNs / 1'000'000, 0},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        ReplayTimeline timeline(90'000);
+        timeline.setLive();
+        timeline.setRangeBegin(baseNs, 24 * 60 * minuteNs);
+        std::int64_t last = timeline.packetTime(packet(0), baseNs);
+        EXPECT_EQ(last, baseNs);
+        for (std::uint32_t i = 1; i <= 25 * 60; ++i) {
+            const std::int64_t arrivalNs = baseNs + i * 40'000'000LL;
+            if (i % 50 == 25)
+                timeline.senderReport(rtptest::ntpOf(arrivalNs + row.correctionMs * 1'000'000), i * 3'600);
+            const std::int64_t timeNs = timeline.packetTime(packet(i * 3'600), arrivalNs);
+            ASSERT_GE(timeNs - last, 29'000'000) << i;
+            ASSERT_LE(timeNs - last, 51'000'000) << i;
+            last = timeNs;
+        }
+        EXPECT_LE(std::llabs(last - baseNs - minuteNs - row.endMs * 1'000'000), 16'000'000);
+    }
+}
+
 TEST(ReplayTimeline, survivesHostileTimes)
 {
     ReplayTimeline timeline(1'000);

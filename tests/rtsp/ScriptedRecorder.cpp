@@ -152,12 +152,16 @@ void ScriptedRecorder::answer(const RtspMessage& request)
             reply(request, 457);
             return;
         }
+        if (m_playing && m_script.playNeedsPause) {
+            reply(request, 455);
+            return;
+        }
         // Begins at the key frame before, as recorders do.
         if (hasRange && m_next > 0)
             m_next = static_cast<int>((fromNs - beginNs) / frameNs) / 25 * 25;
         reply(request, 200);
-        m_playing = true;
-        sendPictures();
+        if (!std::exchange(m_playing, true))
+            sendPictures();
     } else if (request.method == "PAUSE") {
         m_playing = false;
         reply(request, 200);

@@ -45,6 +45,7 @@ struct Script
     QByteArray redirectTo;           ///< Location of the answer to DESCRIBE
     bool knowsReplay = true;
     bool resumeNeedsRange = false;
+    bool playNeedsPause = false; ///< takes no PLAY while it plays
     int sessionTimeoutS = 60;
     bool withoutTimes = false; ///< no replay extension
 };

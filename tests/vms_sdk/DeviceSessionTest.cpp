@@ -51,6 +51,9 @@ void DeviceSessionTest::tellsWhoTheDeviceIsAndItsChannels()
     QCOMPARE(info.channels.at(1).name, QStringLiteral("Gate 2"));
     QCOMPARE(info.channels.at(1).recordingToken, QStringLiteral("rec-2"));
     QCOMPARE(info.channels.at(0).profileToken, QStringLiteral("prof-1"));
+    QCOMPARE(info.channels.at(0).subProfileToken, QStringLiteral("prof-1b"));
+    QCOMPARE(info.channels.at(1).profileToken, QString());
+    QCOMPARE(info.endpoint, QStringLiteral("abcd-42"));
     disconnect(&ClientSignals::instance(), nullptr, this, nullptr);
 }
 

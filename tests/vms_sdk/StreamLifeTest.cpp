@@ -73,6 +73,8 @@ private slots:
     void tellsAMissingReplayAddress();
     void tellsWhatCannotBePlayed_data();
     void tellsWhatCannotBePlayed();
+    void asksForTheLiveVideoOfAProfile_data();
+    void asksForTheLiveVideoOfAProfile();
     void saysNothingOfADisconnectedStream();
     void endsWithStreamsUnderWay();
     void takesReportsOfConsumedBytesFromAnyThread();
@@ -164,6 +166,39 @@ void StreamLifeTest::tellsWhatCannotBePlayed()
     QTRY_COMPARE_WITH_TIMEOUT(sdk.eventsOf(streamId), (QList<int>{StreamConnecting, StreamConnectFailed}), patienceMs);
     QCOMPARE(stream_error(streamId).kind, ErrorKind::NotFound);
     QVERIFY(!stream_error(streamId).message.isEmpty());
+}
+
+void StreamLifeTest::asksForTheLiveVideoOfAProfile_data()
+{
+    QTest::addColumn<int>("channelNo");
+    QTest::addColumn<int>("profile");
+    QTest::addColumn<QByteArray>("token");
+
+    QTest::newRow("main") << 1 << int(LiveProfile::Main) << QByteArray(">prof-1<");
+    QTest::newRow("sub, the largest of the smaller ones") << 1 << int(LiveProfile::Sub) << QByteArray(">prof-1b<");
+    QTest::newRow("a channel without profile") << 2 << int(LiveProfile::Main) << QByteArray();
+    QTest::newRow("no such channel") << 9 << int(LiveProfile::Main) << QByteArray();
+}
+
+void StreamLifeTest::asksForTheLiveVideoOfAProfile()
+{
+    QFETCH(int, channelNo);
+    QFETCH(int, profile);
+    QFETCH(QByteArray, token);
+    OnvifFake device;
+    SdkLife sdk;
+    QCOMPARE(sdk.logIn(SdkLife::loginTo(device.address())).kind, ErrorKind::None);
+    const quint64 streamId = live_play_req({devId, channelNo, static_cast<LiveProfile>(profile)});
+    QTRY_COMPARE_WITH_TIMEOUT(sdk.eventsOf(streamId), (QList<int>{StreamConnecting, StreamConnectFailed}), patienceMs);
+    QCOMPARE(device.count("GetStreamUri"), token.isEmpty() ? 0 : 1);
+    if (token.isEmpty()) {
+        QCOMPARE(stream_error(streamId).kind, ErrorKind::NotFound);
+        return;
+    }
+    QVERIFY(device.requests.last().contains(token) && device.requests.last().contains(">RTP-Unicast<"));
+    // The login stays with the host that was named, whatever the device calls itself.
+    QVERIFY2(stream_error(streamId).message.contains(QStringLiteral("127.0.0.1")),
+             qPrintable(stream_error(streamId).message));
 }
 
 void StreamLifeTest::saysNothingOfADisconnectedStream()
