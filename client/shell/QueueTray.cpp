@@ -2,12 +2,16 @@
 
 #include "DesktopNotification.h"
 
+#include <SystemConfig.h>
+
 #include <QGuiApplication>
 #include <QIcon>
 
 namespace vemo_client {
 
 namespace {
+
+using vemo_worker::SystemConfig;
 
 constexpr int leaveMs = 10'000;
 
@@ -62,6 +66,8 @@ void QueueTray::tellEmptied(int done, int failed)
 {
     // Who looks at the window has seen it there.
     if (done + failed == 0 || QGuiApplication::applicationState() == Qt::ApplicationActive)
+        return;
+    if (!SystemConfig::instance().isTold(SystemConfig::Telling::Desktop))
         return;
     const QString title = emptiedTitle(done, failed);
     const QString text = emptiedText(failed);

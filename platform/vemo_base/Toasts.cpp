@@ -3,6 +3,8 @@
 #include "Notices.h"
 #include "ToastWt.h"
 
+#include <SystemConfig.h>
+
 #include <QEvent>
 #include <QWidget>
 
@@ -14,6 +16,16 @@ namespace {
 
 constexpr int margin = 24;
 constexpr int gap = 8;
+
+/// Errors are always told.
+bool isTold(const Notice& notice)
+{
+    using vemo_worker::SystemConfig;
+    if (notice.kind == Notice::Kind::Error)
+        return true;
+    return SystemConfig::instance().isTold(notice.kind == Notice::Kind::Warning ? SystemConfig::Telling::Warnings
+                                                                                : SystemConfig::Telling::GoodNews);
+}
 
 } // namespace
 
@@ -39,6 +51,8 @@ bool Toasts::eventFilter(QObject* watched, QEvent* event)
 
 void Toasts::show(const Notice& notice)
 {
+    if (!isTold(notice))
+        return;
     m_toasts.removeAll(nullptr);
     for (const QPointer<ToastWt>& toast : qAsConst(m_toasts)) {
         if (toast->noticeId() == notice.id) {

@@ -1,6 +1,7 @@
 #include "PasswordStore.h"
 
 #include "DesktopKeyring.h"
+#include "SecretMask.h"
 #include "SecretsFile.h"
 
 #include <QCoreApplication>
@@ -170,6 +171,7 @@ void PasswordStore::setKeyring(std::unique_ptr<Keyring> keyring)
 
 void PasswordStore::put(const QString& devId, const QString& password, QObject* context, Kept kept)
 {
+    SecretMask::hide(password);
     const bool hasContext = context != nullptr;
     const QPointer<QObject> guard(context);
     const std::function<void(const bool&)> tell = [guard, hasContext, kept = std::move(kept)](const bool& ok) {
@@ -198,12 +200,15 @@ void PasswordStore::get(const QString& devId, QObject* context, Found found)
             if (!guard)
                 return;
             if (inFile) {
+                SecretMask::hide(*inFile);
                 found(*inFile, true);
                 return;
             }
             d->ask([devId](Keyring& keyring, Keyring::Answer answer) { keyring.read(devId, std::move(answer)); },
                    [this, guard, found](Keyring::Result result, const QString& text) {
                        d->isRefused = d->keyring && result == Keyring::Result::Unavailable;
+                       if (result == Keyring::Result::Done)
+                           SecretMask::hide(text);
                        if (guard)
                            found(text, result == Keyring::Result::Done);
                    });

@@ -1,5 +1,7 @@
 #include "SystemAssistant.h"
 
+#include "SystemConfig.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -29,11 +31,11 @@ void makeRoomForBin()
 }
 
 /// Deleting for good is what is left on disks without a bin.
-void discard(const QString& path)
+void discard(const QString& path, bool useBin)
 {
     const QFileInfo info(path);
     const bool isPlainFile = info.isSymLink() || info.isFile();
-    if (isPlainFile && !QFile::moveToTrash(path))
+    if (isPlainFile && !(useBin && QFile::moveToTrash(path)))
         QFile::remove(path);
 }
 
@@ -71,11 +73,13 @@ void SystemAssistant::messageAlert(const QString& title, const QString& text)
 
 void SystemAssistant::removeFiles(const QStringList& paths, QObject* context, const Removed& removed)
 {
-    m_disk->start([this, paths, removed, guard = QPointer<QObject>(context), hasContext = context != nullptr] {
+    const bool useBin = SystemConfig::instance().useRecycleBin();
+    m_disk->start([this, paths, removed, useBin, guard = QPointer<QObject>(context), hasContext = context != nullptr] {
         QStringList remaining;
-        makeRoomForBin();
+        if (useBin)
+            makeRoomForBin();
         for (const QString& path : paths) {
-            discard(path);
+            discard(path, useBin);
             if (isThere(path))
                 remaining.append(path);
         }

@@ -31,9 +31,9 @@ public:
     void messageAlert(const QString& title, const QString& text);
     void setPresenter(Presenter presenter); ///< an empty one: the standard error stream
 
-    /// Moves the files to the recycle bin where the disk has one, else removes them. A folder or a link's target is
-    /// never touched. `removed` is called on the GUI thread, unless `context` has gone, with the files that are still
-    /// there.
+    /// Moves the files to the recycle bin where the disk has one and the settings want it, else removes them. A folder
+    /// or a link's target is never touched. `removed` is called on the GUI thread, unless `context` has gone, with the
+    /// files that are still there.
     void removeFiles(const QStringList& paths, QObject* context = nullptr, const Removed& removed = {});
     /// Removes the index files that lie beside media files: the same name with ".vdx" instead of the suffix.
     void removeVdxFiles(const QStringList& mediaPaths);
