@@ -154,6 +154,23 @@ LoginWords::State LoginWords::stateOf(const RecorderLogins::Login& login)
             stateWord(kind)};
 }
 
+LoginWords::State LoginWords::stateOf(const RecorderLogins::Login& login, vms_sdk::DevStatus status)
+{
+    using vemo_base::Token;
+    if (login.phase == Phase::Disabled)
+        return stateOf(login);
+    switch (status) {
+    case vms_sdk::DevStatus::DefaultPassword:
+        return {QStringLiteral("warning"), Token::Warning, tr("Default password")};
+    case vms_sdk::DevStatus::LoginLimit:
+        return {QStringLiteral("offline"), Token::Warning, tr("Login limit")};
+    case vms_sdk::DevStatus::RelayBroken:
+        return {QStringLiteral("offline"), Token::Warning, tr("Relay broken")};
+    default:
+        return stateOf(login);
+    }
+}
+
 LoginWords::Failure LoginWords::failureOf(const RecorderLogins::Login& login)
 {
     switch (login.phase) {

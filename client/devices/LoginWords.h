@@ -22,6 +22,8 @@ public:
         QString word;
     };
     static State stateOf(const RecorderLogins::Login& login);
+    /// With what the device itself tells beside a login that succeeded, or in place of it.
+    static State stateOf(const RecorderLogins::Login& login, vms_sdk::DevStatus status);
 
     struct Failure
     {

@@ -1,16 +1,12 @@
 #pragma once
 
 #include "RecorderForm.h"
-
-#include <QDialog>
-
-class QPushButton;
+#include "TitledDialog.h"
 
 namespace vemo_client {
 
-/// Adds a recorder, or changes a stored one. Closes by itself once the recorder is online. Open it with open(); it
-/// deletes itself. GUI thread.
-class RecorderDialog final : public QDialog
+/// Adds a recorder, or changes a stored one. Closes by itself once the recorder is online. GUI thread.
+class RecorderDialog final : public TitledDialog
 {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(RecorderDialog)
@@ -20,9 +16,6 @@ public:
     RecorderDialog(RecorderLogins* logins, const QString& devId, QWidget* parent);
 
     void reject() override;
-
-protected:
-    void paintEvent(QPaintEvent* event) override;
 
 private:
     void showStage();

@@ -98,7 +98,7 @@ RecorderForm::RecorderForm(RecorderLogins* logins, QWidget* parent)
     connect(m_address, &QLineEdit::editingFinished, this, [this] { checkAddress(true); });
     connect(m_notice, &NoticeCard::signalDeed, this, [this] {
         setStage(Stage::Connecting);
-        m_logins->trust(m_devId);
+        m_logins->trust(m_devId, m_shownKey);
     });
     connect(m_logins, &RecorderLogins::signalChanged, this, [this](const QString& devId) {
         // What the logins do by themselves is no answer to somebody who is still typing.
@@ -308,6 +308,7 @@ bool RecorderForm::tellFailure()
     const LoginWords::Failure failure = LoginWords::failureOf(login);
     if (failure.title.isEmpty())
         return false;
+    m_shownKey = login.offeredKeySha256;
     m_notice->tell(failure.isWarning ? NoticeCard::Weight::Warning : NoticeCard::Weight::Error, failure.title,
                    failure.cause + QLatin1Char('\n') + failure.advice,
                    login.phase == RecorderLogins::Phase::CertificateUnknown ? tr("Trust this key") : QString());

@@ -76,6 +76,7 @@ private:
     QSpinBox* m_channels = nullptr;
     QComboBox* m_group = nullptr; ///< only where it is offered
     bool m_loginTaken = false;    ///< out of the address
+    QByteArray m_shownKey;        ///< that the notice asks about
     NoticeCard* m_notice = nullptr;
     QTimer m_settleTimer; ///< a half-typed address is not yet a wrong one
 };

@@ -119,11 +119,16 @@ void RecorderLogins::retry(const QString& devId)
 
 void RecorderLogins::trust(const QString& devId)
 {
+    trust(devId, login(devId).offeredKeySha256);
+}
+
+void RecorderLogins::trust(const QString& devId, const QByteArray& shownKeySha256)
+{
     const Login login = this->login(devId);
-    if (login.phase != Phase::CertificateUnknown)
+    if (login.phase != Phase::CertificateUnknown || login.offeredKeySha256 != shownKeySha256)
         return;
     vemo_data::DevRecord record = DevsMgrData::instance().devRecord(devId);
-    record.pinnedKeySha256 = login.offeredKeySha256;
+    record.pinnedKeySha256 = shownKeySha256;
     change(record, std::nullopt);
 }
 

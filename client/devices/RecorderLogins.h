@@ -57,6 +57,8 @@ public:
     void moveTo(const QString& devId, const QUrl& address);
     /// Pins the key that the recorder showed, and logs in.
     void trust(const QString& devId);
+    /// The same, unless the recorder has shown another key since: then the person is asked again.
+    void trust(const QString& devId, const QByteArray& shownKeySha256);
 
     Login login(const QString& devId) const { return m_logins.value(devId); }
     int recorders() const { return m_logins.size(); }
