@@ -1,5 +1,6 @@
 #include "AuthHeader.h"
 
+#include "LanguageButton.h"
 #include "ThemeButton.h"
 
 #include <QHBoxLayout>
@@ -20,8 +21,9 @@ constexpr int namePixels = 14;
 
 } // namespace
 
-AuthHeader::AuthHeader(QWidget* parent)
+AuthHeader::AuthHeader(const QStringList& languages, const QString& language, QWidget* parent)
     : QWidget(parent)
+    , m_language(new LanguageButton(languages, language, this))
 {
     setFixedHeight(barHeight);
     auto* layout = new QHBoxLayout(this);
@@ -34,7 +36,14 @@ AuthHeader::AuthHeader(QWidget* parent)
     name->setFont(font);
     layout->addWidget(name);
     layout->addStretch();
+    layout->addWidget(m_language);
     layout->addWidget(new ThemeButton(this));
+    connect(m_language, &LanguageButton::signalChosen, this, &AuthHeader::signalLanguageChosen);
+}
+
+void AuthHeader::offerLanguages(bool areOffered)
+{
+    m_language->setVisible(areOffered);
 }
 
 void AuthHeader::paintEvent(QPaintEvent*)

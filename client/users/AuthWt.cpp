@@ -32,8 +32,9 @@ constexpr int formShare = 11;
 
 } // namespace
 
-AuthWt::AuthWt(QWidget* parent)
+AuthWt::AuthWt(const QStringList& languages, const QString& language, QWidget* parent)
     : QWidget(parent)
+    , m_header(new AuthHeader(languages, language, this))
     , m_pages(new QStackedWidget)
 {
     // A notice makes a form taller than the smallest window.
@@ -53,7 +54,7 @@ AuthWt::AuthWt(QWidget* parent)
 
     auto* side = new QVBoxLayout;
     side->setSpacing(0);
-    side->addWidget(new AuthHeader(this));
+    side->addWidget(m_header);
     side->addWidget(scroll, 1);
     side->addWidget(version);
     auto* layout = new QHBoxLayout(this);
@@ -64,6 +65,7 @@ AuthWt::AuthWt(QWidget* parent)
                         tr("Live view, playback, downloads and planned backup of your network recorders."), this),
         pictureShare);
     layout->addLayout(side, formShare);
+    connect(m_header, &AuthHeader::signalLanguageChosen, this, &AuthWt::signalLanguageChosen);
     showStart();
 }
 
@@ -102,6 +104,7 @@ void AuthWt::showStart()
 
 void AuthWt::showFolders()
 {
+    m_header->offerLanguages(false);
     auto* page = new FoldersPage(this);
     connect(page, &AuthForm::signalDone, this, &AuthWt::showRecorders);
     show(page);

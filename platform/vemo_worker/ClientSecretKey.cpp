@@ -62,6 +62,13 @@ void ClientSecretKey::reset()
     m_passwordTaken = false;
 }
 
+void ClientSecretKey::giveBackPassword()
+{
+    const QMutexLocker lock(&m_mutex);
+    if (!password().isEmpty())
+        qputenv("VEMO_SECRETS_PASSWORD", m_password.toLocal8Bit());
+}
+
 QString ClientSecretKey::password()
 {
     if (!m_passwordTaken) {

@@ -27,6 +27,8 @@ public:
 
     /// 32 bytes; empty with `error` as a sentence when there is none to be had.
     QByteArray key(QString* error);
+    /// Puts the password back into the environment, for a program that takes the place of this one.
+    void giveBackPassword();
     /// Reads the key file anew at the next use, in the then current config folder.
     void reset();
 
