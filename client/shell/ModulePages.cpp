@@ -2,6 +2,8 @@
 
 #include "ShellWt.h"
 
+#include "devices/AddressWatch.h"
+#include "devices/DevicesPage.h"
 #include "playback/PlaybackPage.h"
 
 #include <SystemWorker.h>
@@ -16,6 +18,13 @@ class PagesText final
 {
     Q_DECLARE_TR_FUNCTIONS(vemo_client::ModulePages)
 };
+
+ModulePage devices(ShellWt* shell, RecorderLogins* logins)
+{
+    new AddressWatch(logins, shell);
+    return {ModulePages::devicesKey(), PagesText::tr("Devices"), QStringLiteral("devices"), vemo_worker::PowerDevices,
+            [logins](QWidget* parent) -> QWidget* { return new DevicesPage(logins, parent); }};
+}
 
 ModulePage playback(ShellWt* shell, RecorderLogins* logins)
 {
@@ -38,7 +47,12 @@ ModulePage filesCenter()
 
 QVector<ModulePage> ModulePages::of(ShellWt* shell, RecorderLogins* logins)
 {
-    return {playback(shell, logins), filesCenter()};
+    return {devices(shell, logins), playback(shell, logins), filesCenter()};
+}
+
+QString ModulePages::devicesKey()
+{
+    return QStringLiteral("devices");
 }
 
 QString ModulePages::playbackKey()

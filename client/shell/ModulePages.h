@@ -30,6 +30,7 @@ class ModulePages final
 public:
     static QVector<ModulePage> of(ShellWt* shell, RecorderLogins* logins);
 
+    static QString devicesKey();
     static QString playbackKey();
     static QString filesCenterKey();
 };
