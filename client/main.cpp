@@ -1,6 +1,8 @@
 #include "cli/CliParser.h"
 #include "cli/CliRun.h"
 #include "cli/Terminal.h"
+#include "shell/Language.h"
+#include "shell/Relaunch.h"
 #include "shell/WindowRun.h"
 
 #include <PasswordStore.h>
@@ -50,6 +52,7 @@ int run(int& argc, char* argv[])
     {
         // The verbs need no window system; a window needs an application of another class.
         QCoreApplication application(argc, argv);
+        const vemo_client::Language language(QStringLiteral("system"));
         command = parse(QCoreApplication::arguments(), password);
         if (command.verb == CliCommand::Verb::Tell) {
             if (command.exitCode == vemo_client::ExitCode::Done)
@@ -72,9 +75,12 @@ int run(int& argc, char* argv[])
 
 int main(int argc, char* argv[])
 {
+    vemo_client::Relaunch::prepare();
     nameTimeZone();
     const int code = run(argc, argv);
-    if (vemo_worker::PasswordStore::hasHungKeyring())
+    if (vemo_worker::PasswordStore::hasHungKeyring()) {
+        vemo_client::Relaunch::carryOut();
         std::_Exit(code); // everything is stored and closed by now
+    }
     return code;
 }

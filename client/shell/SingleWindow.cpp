@@ -1,6 +1,8 @@
 // platform file: which program may come to the front
 #include "SingleWindow.h"
 
+#include <DataFolder.h>
+
 #include <QCryptographicHash>
 #include <QDir>
 #include <QLocalSocket>
@@ -28,9 +30,9 @@ QString serverName(const QString& dataDir)
 SingleWindow::SingleWindow(const QString& dataDir, QObject* parent)
     : QObject(parent)
     , m_name(serverName(dataDir))
-    , m_lock(dataDir + QStringLiteral("/window.lock"))
+    , m_lockPath(dataDir + QStringLiteral("/window.lock"))
+    , m_lock(m_lockPath)
 {
-    m_lock.setStaleLockTime(0);
     m_server.setSocketOptions(QLocalServer::UserAccessOption);
     connect(&m_server, &QLocalServer::newConnection, this, [this] {
         while (QLocalSocket* peer = m_server.nextPendingConnection()) {
@@ -44,7 +46,7 @@ SingleWindow::~SingleWindow() = default;
 
 SingleWindow::Outcome SingleWindow::take()
 {
-    if (m_lock.tryLock()) {
+    if (vemo_data::DataFolder::tryLock(&m_lock, m_lockPath)) {
         // What a crashed window left under the name is nobody's any more.
         QLocalServer::removeServer(m_name);
         m_server.listen(m_name);

@@ -31,6 +31,7 @@ signals:
 
 private:
     QString m_name;
+    QString m_lockPath;
     QLockFile m_lock;
     QLocalServer m_server;
 };

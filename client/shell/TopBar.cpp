@@ -1,18 +1,20 @@
 #include "TopBar.h"
 
+#include "GuideWindow.h"
 #include "NoticeBell.h"
 #include "TopBarEntry.h"
+
+#include "users/ThemeButton.h"
+#include "users/UserMenu.h"
 
 #include <Icons.h>
 #include <StylePainter.h>
 #include <Theme.h>
 
-#include <QActionGroup>
 #include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QLabel>
-#include <QMenu>
 #include <QPainter>
 #include <QToolButton>
 
@@ -76,41 +78,27 @@ TopBar::TopBar(QWidget* parent)
     m_modules->setSpacing(0);
     layout->addLayout(m_modules);
     layout->addStretch();
+    layout->addWidget(makeHelpButton());
+    layout->addSpacing(4);
     layout->addWidget(new NoticeBell(this));
     layout->addSpacing(4);
-    layout->addWidget(makeThemeButton());
+    layout->addWidget(new ThemeButton(this));
+    layout->addSpacing(8);
+    auto* user = new UserMenu(this);
+    layout->addWidget(user);
+    connect(user, &UserMenu::signalLogOut, this, &TopBar::signalLogOut);
 }
 
-QToolButton* TopBar::makeThemeButton()
+QToolButton* TopBar::makeHelpButton()
 {
     auto* button = new QToolButton(this);
-    button->setIcon(vemo_base::Icons::icon(QStringLiteral("theme")));
+    button->setIcon(vemo_base::Icons::icon(QStringLiteral("help")));
     button->setIconSize(QSize(20, 20));
-    button->setToolTip(tr("Theme"));
-    button->setAccessibleName(tr("Theme"));
-    button->setPopupMode(QToolButton::InstantPopup);
+    button->setToolTip(tr("Guide"));
+    button->setAccessibleName(tr("Guide"));
+    button->setShortcut(QKeySequence(Qt::Key_F1));
     button->setAutoRaise(true);
-
-    auto* menu = new QMenu(button);
-    auto* group = new QActionGroup(menu);
-    const struct
-    {
-        QString text;
-        QString name;
-        vemo_base::Theme::Choice choice;
-    } choices[] = {{tr("Dark"), QStringLiteral("dark"), vemo_base::Theme::Choice::Dark},
-                   {tr("Light"), QStringLiteral("light"), vemo_base::Theme::Choice::Light},
-                   {tr("As the desktop"), QStringLiteral("system"), vemo_base::Theme::Choice::System}};
-    for (const auto& entry : choices) {
-        QAction* action = menu->addAction(entry.text);
-        action->setCheckable(true);
-        group->addAction(action);
-        connect(action, &QAction::triggered, this, [this, name = entry.name] { emit signalThemeChosen(name); });
-        connect(menu, &QMenu::aboutToShow, action, [action, choice = entry.choice] {
-            action->setChecked(vemo_base::Theme::instance().choice() == choice);
-        });
-    }
-    button->setMenu(menu);
+    connect(button, &QToolButton::clicked, this, [this] { GuideWindow::open(window()); });
     return button;
 }
 

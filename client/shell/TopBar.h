@@ -9,8 +9,8 @@ namespace vemo_client {
 
 class TopBarEntry;
 
-/// The bar above everything: the product's mark and name, the modules, and at the trailing end notices and theme. GUI
-/// thread.
+/// The bar above everything: the product's mark and name, the modules, and at the trailing end help, notices, theme
+/// and user. GUI thread.
 class TopBar final : public QWidget
 {
     Q_OBJECT
@@ -24,14 +24,14 @@ public:
 
 signals:
     void signalModule(const QString& key);
-    /// "dark", "light" or "system"
-    void signalThemeChosen(const QString& name);
+    /// The user is to be another one.
+    void signalLogOut();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QToolButton* makeThemeButton();
+    QToolButton* makeHelpButton();
 
     QHBoxLayout* m_modules = nullptr;
     QList<TopBarEntry*> m_entries;

@@ -68,11 +68,36 @@ QPalette Theme::palette(ThemeMode mode)
     return palette;
 }
 
+QString Theme::nameOf(Choice choice)
+{
+    switch (choice) {
+    case Choice::Dark:
+        return QStringLiteral("dark");
+    case Choice::Light:
+        return QStringLiteral("light");
+    case Choice::System:
+        break;
+    }
+    return QStringLiteral("system");
+}
+
+Theme::Choice Theme::choiceNamed(const QString& name)
+{
+    for (const Choice choice : {Choice::Dark, Choice::Light}) {
+        if (name == nameOf(choice))
+            return choice;
+    }
+    return Choice::System;
+}
+
 void Theme::setChoice(Choice choice)
 {
+    if (choice == m_choice)
+        return;
     const ThemeMode before = mode();
     m_choice = choice;
     refresh(before);
+    emit signalChoiceChanged();
 }
 
 void Theme::setDesktopMode(ThemeMode mode)

@@ -27,6 +27,11 @@ public:
 
     static QPalette palette(ThemeMode mode);
 
+    /// "dark", "light" or "system"; how a choice is kept.
+    static QString nameOf(Choice choice);
+    /// System for a name that isn't one.
+    static Choice choiceNamed(const QString& name);
+
     void setChoice(Choice choice);
     void setDesktopMode(ThemeMode mode);
     /// Puts style, palette and font of the client on the application; needs a QApplication.
@@ -34,6 +39,7 @@ public:
 
 signals:
     void signalChanged();
+    void signalChoiceChanged();
 
 private:
     explicit Theme(QObject* parent = nullptr);
