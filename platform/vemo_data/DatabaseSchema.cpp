@@ -212,6 +212,9 @@ const std::vector<Step>& steps()
                 PRIMARY KEY (dev_id, channel_no)
             ) WITHOUT ROWID)",
         },
+        {
+            "CREATE INDEX files_center_logs_channel ON files_center_logs (device, channel_no)",
+        },
     };
     return all;
 }
