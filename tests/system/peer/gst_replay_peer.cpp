@@ -1,5 +1,5 @@
 // A recorder that shares nothing with ours: GStreamer's RTSP server library serves a clip as a recording with ONVIF
-// replay.
+// replay, and a test picture live under /live.
 //
 //   gst_replay_peer --clip FILE --begin UTC-SECONDS --user NAME --password-file FILE [--password-in-clear]
 //
@@ -140,7 +140,20 @@ void onMediaConfigure(GstRTSPMediaFactory*, GstRTSPMedia* media, gpointer)
     gst_object_unref(pipeline);
 }
 
-void demandLogin(GstRTSPServer* server, GstRTSPMediaFactory* factory, const std::string& user,
+/// H.264 with a key frame a second and G.711, made while somebody looks.
+GstRTSPMediaFactory* makeLive()
+{
+    GstRTSPMediaFactory* factory = gst_rtsp_media_factory_new();
+    gst_rtsp_media_factory_set_launch(
+        factory,
+        "( videotestsrc is-live=true ! video/x-raw,width=640,height=360,framerate=25/1 ! openh264enc gop-size=25 "
+        "! rtph264pay config-interval=-1 pt=96 name=pay0 "
+        "audiotestsrc is-live=true ! audio/x-raw,rate=8000,channels=1 ! alawenc ! rtppcmapay pt=8 name=pay1 )");
+    gst_rtsp_media_factory_set_protocols(factory, GST_RTSP_LOWER_TRANS_TCP);
+    return factory;
+}
+
+void demandLogin(GstRTSPServer* server, const std::vector<GstRTSPMediaFactory*>& factories, const std::string& user,
                  const std::string& password, bool inClear)
 {
     GstRTSPAuth* auth = gst_rtsp_auth_new();
@@ -156,8 +169,10 @@ void demandLogin(GstRTSPServer* server, GstRTSPMediaFactory* factory, const std:
     gst_rtsp_token_unref(token);
     gst_rtsp_server_set_auth(server, auth);
     g_object_unref(auth);
-    gst_rtsp_media_factory_add_role(factory, "operator", GST_RTSP_PERM_MEDIA_FACTORY_ACCESS, G_TYPE_BOOLEAN, TRUE,
-                                    GST_RTSP_PERM_MEDIA_FACTORY_CONSTRUCT, G_TYPE_BOOLEAN, TRUE, nullptr);
+    for (GstRTSPMediaFactory* factory : factories) {
+        gst_rtsp_media_factory_add_role(factory, "operator", GST_RTSP_PERM_MEDIA_FACTORY_ACCESS, G_TYPE_BOOLEAN, TRUE,
+                                        GST_RTSP_PERM_MEDIA_FACTORY_CONSTRUCT, G_TYPE_BOOLEAN, TRUE, nullptr);
+    }
 }
 
 } // namespace
@@ -222,9 +237,11 @@ int main(int count, char** arguments)
     gst_rtsp_media_factory_set_launch(factory, launch.c_str());
     gst_rtsp_media_factory_set_protocols(factory, GST_RTSP_LOWER_TRANS_TCP);
     g_signal_connect(factory, "media-configure", G_CALLBACK(onMediaConfigure), nullptr);
-    demandLogin(server, factory, user, password, inClear);
+    GstRTSPMediaFactory* live = makeLive();
+    demandLogin(server, {factory, live}, user, password, inClear);
     GstRTSPMountPoints* mounts = gst_rtsp_server_get_mount_points(server);
     gst_rtsp_mount_points_add_factory(mounts, "/recording", factory);
+    gst_rtsp_mount_points_add_factory(mounts, "/live", live);
     g_object_unref(mounts);
     if (gst_rtsp_server_attach(server, nullptr) == 0) {
         fail("cannot listen");
