@@ -12,6 +12,11 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
 set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
+if(WIN32)
+    # Libraries are looked for beside the program, and by their plain names.
+    set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
+    set(CMAKE_SHARED_MODULE_PREFIX "")
+endif()
 
 option(VEMO_WERROR "Treat warnings as errors" ON)
 set(VEMO_SANITIZE "" CACHE STRING "Value for -fsanitize= (empty: none)")
@@ -28,7 +33,11 @@ if(VEMO_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
 endif()
 
 add_library(vemo_options INTERFACE)
-if(NOT MSVC)
+if(MSVC)
+    target_compile_options(vemo_options INTERFACE /W4 /utf-8 /permissive- /Zc:__cplusplus /guard:cf $<$<BOOL:${VEMO_WERROR}>:/WX>)
+    target_compile_definitions(vemo_options INTERFACE WIN32_LEAN_AND_MEAN NOMINMAX UNICODE _UNICODE)
+    target_link_options(vemo_options INTERFACE /guard:cf)
+else()
     target_compile_options(vemo_options INTERFACE
         -Wall -Wextra -Wshadow -Wconversion -Wno-sign-conversion -fno-omit-frame-pointer
         $<$<BOOL:${VEMO_WERROR}>:-Werror>)

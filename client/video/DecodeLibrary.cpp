@@ -1,7 +1,7 @@
 #include "DecodeLibrary.h"
 
-#include <QCoreApplication>
-#include <QLibrary>
+#include <OwnLibrary.h>
+
 #include <QLoggingCategory>
 
 namespace vemo_client {
@@ -17,19 +17,14 @@ void log(const char* line)
 
 const vemo_decode::DecodeEntry* load()
 {
-    const QString folder = QCoreApplication::applicationDirPath();
-    const QString name = QStringLiteral("vemo_decode");
     QString error;
-    for (const QString& place :
-         {QString(folder + QStringLiteral("/../lib/") + name), QString(folder + QLatin1Char('/') + name)}) {
-        QLibrary library(place);
-        using Entry = const vemo_decode::DecodeEntry* (*)();
-        if (const auto function = reinterpret_cast<Entry>(library.resolve(vemo_decode::decodeEntryName))) {
-            const vemo_decode::DecodeEntry* entry = function();
-            entry->setLog(log);
-            return entry;
-        }
-        error = library.errorString();
+    using Entry = const vemo_decode::DecodeEntry* (*)();
+    const QFunctionPointer found =
+        vemo_base::OwnLibrary::resolve(QStringLiteral("vemo_decode"), vemo_decode::decodeEntryName, error);
+    if (found) {
+        const vemo_decode::DecodeEntry* entry = reinterpret_cast<Entry>(found)();
+        entry->setLog(log);
+        return entry;
     }
     qCWarning(lcDecode).noquote() << "Video is not decoded:" << error;
     return nullptr;

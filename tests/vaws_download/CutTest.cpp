@@ -87,6 +87,20 @@ TEST_F(Cut, joinsFilesAndKeepsTheGapBetweenThemAsTime)
     EXPECT_THAT(TaskDriver::report("t"), HasSubstr("\"begin\":\"2026-01-10T08:00:08"));
 }
 
+TEST_F(Cut, isWhatTheExampleOfTheDocumentsShows)
+{
+    const std::string clip = TaskDriver::clip("h264_aac");
+    const std::string path = driver.path("example.mp4");
+    int code = 0;
+    const std::string said = shellOutput("cd '" + driver.folder().string() + "' && " VAWS_CUT_EXAMPLE " '" + clip +
+                                             "' 20260110080000Z 20260110080002Z 20260110080005Z '" + path + "' 2>&1",
+                                         &code);
+    EXPECT_EQ(code, 0) << said;
+    EXPECT_THAT(said, HasSubstr("\"verified\":true"));
+    EXPECT_EQ(probe(path, "-show_entries stream=codec_name"), "h264\naac\nmov_text");
+    EXPECT_NEAR(probeNumber(path, "-select_streams v -show_entries stream=duration"), 3.0, 0.001);
+}
+
 TEST_F(Cut, startsANewOutputForOtherParameterSets)
 {
     const std::string one = TaskDriver::clip("h264_aac");

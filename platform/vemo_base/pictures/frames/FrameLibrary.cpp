@@ -1,10 +1,10 @@
 #include "FrameLibrary.h"
 
 #include "FrameEntry.h"
+#include "OwnLibrary.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
-#include <QLibrary>
 #include <QLoggingCategory>
 
 namespace vemo_base {
@@ -15,17 +15,12 @@ constexpr int limitMs = 2000;
 
 const vemo_frames::FrameEntry* load()
 {
-    const QString folder = QCoreApplication::applicationDirPath();
-    const QString name = QStringLiteral("vemo_frames");
     QString error;
-    for (const QString& place :
-         {QString(folder + QStringLiteral("/../lib/") + name), QString(folder + QLatin1Char('/') + name)}) {
-        QLibrary library(place);
-        using Entry = const vemo_frames::FrameEntry* (*)();
-        if (const auto function = reinterpret_cast<Entry>(library.resolve(vemo_frames::frameEntryName)))
-            return function();
-        error = library.errorString();
-    }
+    using Entry = const vemo_frames::FrameEntry* (*)();
+    const QFunctionPointer found =
+        OwnLibrary::resolve(QStringLiteral("vemo_frames"), vemo_frames::frameEntryName, error);
+    if (found)
+        return reinterpret_cast<Entry>(found)();
     qWarning("Recordings have no pictures: %s", qUtf8Printable(error));
     return nullptr;
 }
