@@ -31,6 +31,8 @@ def fill(build, data, count):
     password = os.path.join(data, "password")
     with open(password, "w") as file:
         file.write(PASSWORD)
+    subprocess.run(client(build, data, "user", "add", "--name", "admin", "--password-file", password, "--administrator",
+                          "--stay-logged-in"), check=True)
     subprocess.run(client(build, data, "queue", "add", "--device", "http://127.0.0.1:9/onvif/device_service", "--user", "admin",
                           "--password-file", password, "--channel", "1", "--begin", "2026-01-10T08:00:00", "--end",
                           "2026-01-10T08:10:00"), check=True, stdout=subprocess.DEVNULL)

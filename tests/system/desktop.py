@@ -88,10 +88,12 @@ def xdotool(*arguments):
 
 
 class Window:
-    """One started client on the desktop; its main window is the one named Vemo."""
+    """One started client on the desktop; its main window is the one named Vemo. Somebody is logged in, unless `login` is to be seen."""
 
-    def __init__(self, client, *arguments, prefix=()):
+    def __init__(self, client, *arguments, prefix=(), login=False):
         self.client = client
+        if not login:
+            client.let_in()
         self.process = self.start(client, *arguments, prefix=prefix)
         self.id = wait_for(lambda: self.windows("Vemo"), lambda: f"no window came up: {self.process.poll()}")[0]
 

@@ -193,6 +193,13 @@ class Client:
     def __exit__(self, *_):
         shutil.rmtree(self.folder, ignore_errors=True)
 
+    def let_in(self):
+        """Makes an administrator who stays logged in, so that the window opens without asking; unless there are users."""
+        if not os.path.exists(os.path.join(self.folder, "data", "config", "users")):
+            run = self.run("user", "add", "--name", USER, "--administrator", "--stay-logged-in")
+            if run.code != DONE:
+                raise RuntimeError(f"no administrator could be made: {run}")
+
     def start(self, *arguments, password=PASSWORD, prefix=(), **changes):
         """`prefix` is a command that runs the client."""
         home = os.path.join(self.folder, "home")

@@ -31,6 +31,7 @@ class WindowTest(Test):
         self.client.changes["VEMO_KEYRING"] = "off"
         self.addCleanup(self.client.__exit__)
         self.data = os.path.join(self.client.folder, "data")
+        self.client.let_in()
 
     def open(self, client=None, **options):
         window = Window(client or self.client, **options)
