@@ -1,6 +1,7 @@
 #pragma once
 
 #include "DevRecord.h"
+#include "vemo_data_global.h"
 
 #include <VmsTypes.h>
 
@@ -13,7 +14,7 @@ class QSqlDatabase;
 namespace vemo_data {
 
 /// Devices and channels as rows of the database. Plain functions, called on the database's thread inside a transaction.
-class DevStore final
+class VEMO_DATA_EXPORT DevStore final
 {
 public:
     DevStore() = delete;

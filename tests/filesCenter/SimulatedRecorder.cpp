@@ -43,7 +43,10 @@ SimulatedRecorder::SimulatedRecorder(const QString& folder, const QStringList& o
         }
         line += m_process.readLine();
     }
-    m_address = QUrl(QJsonDocument::fromJson(line).object().value(QStringLiteral("onvif")).toString());
+    const QJsonObject told = QJsonDocument::fromJson(line).object();
+    m_addresses = told;
+    m_address = QUrl(told.value(QStringLiteral("onvif")).toString());
+    m_control = QUrl(told.value(QStringLiteral("control")).toString());
 }
 
 SimulatedRecorder::~SimulatedRecorder()

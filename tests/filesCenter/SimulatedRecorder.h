@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QJsonObject>
 #include <QProcess>
 #include <QString>
 #include <QUrl>
@@ -17,6 +18,10 @@ public:
 
     bool isReady() const { return m_address.isValid(); }
     QUrl address() const { return m_address; }
+    /// Another of the addresses that it prints: "onvifs", "rtsp", "control".
+    QUrl address(const QString& key) const { return QUrl(m_addresses.value(key).toString()); }
+    /// Where faults are switched on.
+    QUrl control() const { return m_control; }
     static QString user() { return QStringLiteral("admin"); }
     static QString password() { return QStringLiteral("s3cret word"); }
 
@@ -30,4 +35,6 @@ private:
 
     Process m_process;
     QUrl m_address;
+    QUrl m_control;
+    QJsonObject m_addresses;
 };

@@ -3,9 +3,14 @@
 #include <BaseTools.h>
 #include <ClientSignals.h>
 #include <DevsMgrData.h>
+#include <DevStore.h>
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
 #include <QSqlDatabase>
+#include <QSqlError>
 #include <QSqlQuery>
 #include <QtTest>
 
@@ -152,6 +157,73 @@ private slots:
         QCOMPARE(m_devs.channels(QStringLiteral("{a}")).value(0).name, QStringLiteral("Gate|North"));
         QCOMPARE(m_devs.channels(QStringLiteral("{a}")).value(1).recordingToken, QStringLiteral("rec2"));
         QVERIFY(m_devs.getDevInfoById(QStringLiteral("{a}")).supportsBackup);
+    }
+
+    void bringsAnOldDatabaseUpToDate()
+    {
+        {
+            QVERIFY(QDir().mkpath(QFileInfo(m_world->databaseFile()).path()));
+            QSqlDatabase old = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("old"));
+            old.setDatabaseName(m_world->databaseFile());
+            QVERIFY(old.open());
+            QFile fixture(QStringLiteral(SCHEMAS "/version5.sql"));
+            QVERIFY(fixture.open(QIODevice::ReadOnly));
+            // A statement begins at the begin of a line; what a trigger holds is indented.
+            const QStringList statements =
+                QString::fromUtf8(fixture.readAll()).split(QRegularExpression(QStringLiteral(";\n(?=[A-Z])")));
+            for (const QString& statement : statements) {
+                QSqlQuery query(old);
+                QVERIFY2(query.exec(statement), qPrintable(statement + query.lastError().text()));
+            }
+        }
+        QSqlDatabase::removeDatabase(QStringLiteral("old"));
+        m_devs.load();
+        QCOMPARE(Database::instance().notice(), QString());
+        QCOMPARE(m_devs.devIds(), (QStringList{QStringLiteral("{a}"), QStringLiteral("{b}")}));
+        const DevRecord record = m_devs.devRecord(QStringLiteral("{a}"));
+        QCOMPARE(record.pinnedKeySha256, QByteArray(32, '\x07'));
+        QVERIFY(record.enabled);
+        QCOMPARE(record.kind, vemo_data::DevKind::Recorder);
+        QCOMPARE(m_devs.channels(QStringLiteral("{a}")).value(1).recordingToken, QStringLiteral("rec2"));
+        QVERIFY(!m_devs.lastSeen(QStringLiteral("{a}")).isValid());
+    }
+
+    void keepsGroupsOwnNamesAndLiveSourcesOverARestart()
+    {
+        const QString a = m_devs.addDev(makeRecord(QStringLiteral("{a}")));
+        DevRecord source = makeRecord(QStringLiteral("{s}"));
+        source.address = QUrl(QStringLiteral("rtsp://10.0.0.5/live/%7Bchannel%7D"));
+        source.kind = vemo_data::DevKind::RtspSource;
+        source.channelCount = 3;
+        source.group = QStringLiteral("Yard");
+        m_devs.addDev(source);
+        emit vms_sdk::ClientSignals::instance().signalDevInfoPush(makeInfo(a));
+        emit vms_sdk::ClientSignals::instance().signalDevInfoPush(makeInfo(source.devId)); // says it can replay
+        m_devs.setGroup(a, QStringLiteral(" Gates "));
+        m_devs.renameGroup(QStringLiteral("Gates"), QStringLiteral("Yard"));
+        m_devs.setChannelName(a, 2, QStringLiteral("Ramp"));
+        m_devs.setChannelName(a, 1, QStringLiteral("gone"));
+        m_devs.setChannelName(a, 1, QString());
+        m_devs.setEnabled(a, false);
+        emit vms_sdk::ClientSignals::instance().signalDevStatusPush(a, vms_sdk::DevStatus::Online);
+        // What the device tells anew takes no name away.
+        emit vms_sdk::ClientSignals::instance().signalDevInfoPush(makeInfo(a));
+
+        QList<vemo_data::DevStore::Stored> stored;
+        QVERIFY(
+            Database::instance().run([&stored](QSqlDatabase& db) { return vemo_data::DevStore::all(db, &stored); }));
+        QCOMPARE(stored.size(), 2);
+        QCOMPARE(stored.at(0).record.group, QStringLiteral("Yard"));
+        QVERIFY(!stored.at(0).record.enabled);
+        QCOMPARE(stored.at(0).channelNames, (QMap<int, QString>{{2, QStringLiteral("Ramp")}}));
+        QVERIFY(qAbs(stored.at(0).lastSeen.secsTo(QDateTime::currentDateTimeUtc())) < 60);
+        QCOMPARE(stored.at(1).record.kind, vemo_data::DevKind::RtspSource);
+        QCOMPARE(stored.at(1).record.channelCount, 3);
+        QCOMPARE(m_devs.groups(), QStringList{QStringLiteral("Yard")});
+        QCOMPARE(BaseTools::instance().getChannelName(a, 2), QStringLiteral("Ramp"));
+        QCOMPARE(m_devs.deviceChannelName(a, 1), QStringLiteral("Gate|North"));
+        QCOMPARE(m_devs.channels(a).value(0).name, QStringLiteral("Gate|North"));
+        QVERIFY(!m_devs.getDevInfoById(source.devId).supportsBackup);
     }
 
 private:

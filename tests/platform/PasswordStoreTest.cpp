@@ -10,7 +10,9 @@
 #include <QElapsedTimer>
 #include <QtTest>
 
+#include <functional>
 #include <optional>
+#include <vector>
 
 using vemo_worker::ClientSecretKey;
 using vemo_worker::Keyring;
@@ -21,7 +23,7 @@ namespace {
 const QString device = QStringLiteral("{6b0f}");
 const QString password = QStringLiteral("gehe/im %2B+<&\"'>ä 7");
 
-/// A keyring in memory; `hangs`: it never answers.
+/// A keyring in memory; `hangs`: it answers only when it is unlocked.
 class FakeKeyring final : public Keyring
 {
 public:
@@ -47,13 +49,25 @@ public:
         reply(answer, Result::Done, {});
     }
 
-private:
-    void reply(const Answer& answer, Result result, const QString& text) const
+    void unlock()
     {
-        if (!m_hangs)
-            QMetaObject::invokeMethod(
-                qApp, [answer, result, text] { answer(result, text); }, Qt::QueuedConnection);
+        m_hangs = false;
+        for (const auto& each : m_waiting)
+            each();
+        m_waiting.clear();
     }
+
+private:
+    void reply(const Answer& answer, Result result, const QString& text)
+    {
+        const auto call = [answer, result, text] { answer(result, text); };
+        if (m_hangs)
+            m_waiting.push_back(call);
+        else
+            QMetaObject::invokeMethod(qApp, call, Qt::QueuedConnection);
+    }
+
+    std::vector<std::function<void()>> m_waiting;
 
     QMap<QString, QString>& m_texts;
     bool m_hangs;
@@ -171,6 +185,23 @@ private slots:
         clock.restart();
         QCOMPARE(get(), std::optional<QString>(password)); // nobody waits a second time
         QVERIFY(clock.elapsed() < 2000);
+    }
+
+    void takesAKeyringUpAgainThatIsUnlockedLate()
+    {
+        QMap<QString, QString> texts{{device, password}};
+        auto made = std::make_unique<FakeKeyring>(texts, true);
+        FakeKeyring* keyring = made.get();
+        m_store.setKeyring(std::move(made));
+        QSignalSpy opened(&m_store, &PasswordStore::signalKeyringOpened);
+        QCOMPARE(get(), std::nullopt); // after a wait, so that the person can be asked
+        QVERIFY(m_store.isKeyringClosed());
+        keyring->unlock();
+        QCOMPARE(opened.size(), 1);
+        QVERIFY(!m_store.isKeyringClosed());
+        QVERIFY(!PasswordStore::hasHungKeyring());
+        QCOMPARE(get(), std::optional<QString>(password));
+        m_store.setKeyring(nullptr);
     }
 
     void asksNoKeyringWithoutASessionBus()
