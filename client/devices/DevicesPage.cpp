@@ -77,6 +77,13 @@ DevicesPage::DevicesPage(RecorderLogins* logins, QWidget* parent)
     showChecked();
 }
 
+DevicesPage::~DevicesPage()
+{
+    // A page that is destroyed is hidden first; its tables would lay themselves out once more for that.
+    delete m_details;
+    delete m_table;
+}
+
 QPushButton* DevicesPage::addDeed(QWidget* bar, const QString& objectName, const QString& icon, const QString& text)
 {
     auto* button = new QPushButton(vemo_base::Icons::icon(icon), text, bar);

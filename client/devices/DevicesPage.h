@@ -26,6 +26,7 @@ class DevicesPage final : public QWidget
 
 public:
     explicit DevicesPage(RecorderLogins* logins, QWidget* parent = nullptr);
+    ~DevicesPage() override;
 
     void showRecorder(const QString& devId);
     void findOnNetwork();
