@@ -42,9 +42,9 @@ Outcome VerbFolder::take()
 bool VerbFolder::lock(const QString& folder)
 {
     vemo_data::DataFolder::makePrivateFolder(folder);
-    m_lock = std::make_unique<QLockFile>(folder + QStringLiteral("/lock"));
-    m_lock->setStaleLockTime(0);
-    if (!m_lock->tryLock())
+    const QString path = folder + QStringLiteral("/lock");
+    m_lock = std::make_unique<QLockFile>(path);
+    if (!vemo_data::DataFolder::tryLock(m_lock.get(), path))
         return false;
     vemo_worker::SysPaths::setRoot(folder);
     return true;

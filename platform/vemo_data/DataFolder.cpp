@@ -1,8 +1,10 @@
 #include "DataFolder.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLockFile>
 #include <QMutex>
 #include <QMutexLocker>
 #include <QStandardPaths>
@@ -84,6 +86,20 @@ bool DataFolder::makePrivateFile(const QString& path)
     if (!file.exists() && !file.open(QIODevice::ReadWrite | QIODevice::NewOnly))
         return false;
     return file.setPermissions(ownerFile);
+}
+
+bool DataFolder::tryLock(QLockFile* lock, const QString& path)
+{
+    constexpr qint64 madeWithinSeconds = 2;
+    lock->setStaleLockTime(0);
+    if (lock->tryLock())
+        return true;
+    qint64 pid = 0;
+    QString host;
+    QString program;
+    const bool namesNobody = lock->error() == QLockFile::LockFailedError && !lock->getLockInfo(&pid, &host, &program);
+    return namesNobody && QFileInfo(path).lastModified().secsTo(QDateTime::currentDateTime()) > madeWithinSeconds &&
+           QFile::remove(path) && lock->tryLock();
 }
 
 } // namespace vemo_data

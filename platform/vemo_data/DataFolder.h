@@ -4,6 +4,8 @@
 
 #include <QString>
 
+class QLockFile;
+
 namespace vemo_data {
 
 /// Where the client keeps settings and data. Default: the platform's config and data folders for "vemo". The
@@ -29,6 +31,9 @@ public:
     /// Makes an empty file accessible to its owner only, unless it is there already; in that case its permissions are
     /// set.
     static bool makePrivateFile(const QString& path);
+    /// As QLockFile::tryLock() for the lock at that path, held by a process that lives. Also taken is a lock file that
+    /// names nobody: a process that was killed while it made the lock left it, and Qt takes that for held for good.
+    static bool tryLock(QLockFile* lock, const QString& path);
 };
 
 } // namespace vemo_data
