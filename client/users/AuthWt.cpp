@@ -69,7 +69,7 @@ AuthWt::AuthWt(const QStringList& languages, const QString& language, QWidget* p
     showStart();
 }
 
-void AuthWt::show(QWidget* page)
+void AuthWt::showPage(QWidget* page)
 {
     m_pages->addWidget(page);
     m_pages->setCurrentWidget(page);
@@ -88,18 +88,18 @@ void AuthWt::showStart()
     using State = vemo_worker::UserStore::State;
     const UserAccounts& accounts = UserAccounts::instance();
     if (accounts.state() == State::Unreadable) {
-        show(new BlockedPage(accounts.problem(), this));
+        showPage(new BlockedPage(accounts.problem(), this));
         return;
     }
     if (accounts.state() == State::Empty) {
         auto* page = new AdministratorPage(this);
         connect(page, &AuthForm::signalDone, this, &AuthWt::showFolders);
-        show(page);
+        showPage(page);
         return;
     }
     auto* page = new LoginPage(this);
     connect(page, &AuthForm::signalDone, this, [this] { finish(false); });
-    show(page);
+    showPage(page);
 }
 
 void AuthWt::showFolders()
@@ -107,7 +107,7 @@ void AuthWt::showFolders()
     m_header->offerLanguages(false);
     auto* page = new FoldersPage(this);
     connect(page, &AuthForm::signalDone, this, &AuthWt::showRecorders);
-    show(page);
+    showPage(page);
 }
 
 void AuthWt::showRecorders()
@@ -115,7 +115,7 @@ void AuthWt::showRecorders()
     auto* page = new RecordersPage(this);
     connect(page, &AuthForm::signalDone, this, [this] { finish(true); });
     connect(page, &RecordersPage::signalLater, this, [this] { finish(false); });
-    show(page);
+    showPage(page);
 }
 
 void AuthWt::finish(bool wantsRecorders)

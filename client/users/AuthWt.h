@@ -35,7 +35,7 @@ private:
     void showStart();
     void showFolders();
     void showRecorders();
-    void show(QWidget* page);
+    void showPage(QWidget* page);
     void finish(bool wantsRecorders);
 
     AuthHeader* m_header;
