@@ -90,8 +90,9 @@ struct CliCommand
     };
 
     Verb verb = Verb::Unknown;
-    QString dataDir; ///< empty: the platform's folders
-    QString theme;   ///< "dark", "light" or empty
+    QString dataDir;                           ///< empty: the platform's folders
+    QString theme;                             ///< "dark", "light" or empty
+    QString logLevel = QStringLiteral("info"); ///< a name of ProgramLog's
 
     DeviceOptions device;
     QList<int> channels; ///< each once, in the order given

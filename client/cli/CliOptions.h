@@ -17,6 +17,11 @@ public:
     QCommandLineOption theme{QStringLiteral("theme"), tr("Starts the window in this theme: dark or light."),
                              tr("name")};
 
+    QCommandLineOption logLevel{QStringLiteral("log-level"),
+                                tr("Keeps what is at least this grave in the program's log: debug, info, warning or "
+                                   "error; info when left out."),
+                                tr("level")};
+
     QCommandLineOption device{
         QStringLiteral("device"),
         tr("Address of the recorder: its ONVIF device service (http, https; the path may be left out), or a "

@@ -9,6 +9,8 @@
 #include "OptionReader.h"
 #include "TimeText.h"
 
+#include <ProgramLog.h>
+
 #include <QCommandLineParser>
 #include <QCoreApplication>
 
@@ -91,7 +93,7 @@ CliCommand CliParser::parse(const QStringList& arguments, const std::optional<QS
            "  user      adds and lists those who may log in to the window, and sets their passwords\n"
            "Their options: vemo_client <verb> --help\n") %
         QLatin1Char('\n') % CliTell::exitCodes());
-    parser.addOptions({options.help, options.version, options.data, options.theme});
+    parser.addOptions({options.help, options.version, options.data, options.theme, options.logLevel});
     parser.addPositionalArgument(QStringLiteral("verb"), tr("What to do without a window."), QStringLiteral("[verb]"));
     const QString again = QLatin1String(" ") % tr("See vemo_client --help.");
     if (!parser.parse(arguments))
@@ -106,6 +108,10 @@ CliCommand CliParser::parse(const QStringList& arguments, const std::optional<QS
     command.theme = parser.value(options.theme);
     if (!command.theme.isEmpty() && command.theme != QLatin1String("dark") && command.theme != QLatin1String("light"))
         return CliTell::misuse(tr("--theme is dark or light.") % again);
+    if (parser.isSet(options.logLevel))
+        command.logLevel = parser.value(options.logLevel);
+    if (vemo_worker::ProgramLog::levelOf(command.logLevel) == vemo_worker::ProgramLog::Level::Unknown)
+        return CliTell::misuse(tr("--log-level is debug, info, warning or error.") % again);
     QStringList rest = parser.positionalArguments();
     if (rest.isEmpty()) {
         command.verb = CliCommand::Verb::Window;

@@ -13,6 +13,10 @@
 #include "VerbFolder.h"
 #include "WindowLock.h"
 
+#include "settings/TransferSettings.h"
+
+#include <ProgramLog.h>
+#include <SysPaths.h>
 #include <vaws_download.h>
 #include <vms_sdk.h>
 
@@ -21,6 +25,8 @@
 namespace vemo_client {
 
 namespace {
+
+using vemo_worker::ProgramLog;
 
 /// The standard error stream belongs to the sentences for the person; diagnostics go there only when they are asked
 /// for.
@@ -43,6 +49,19 @@ void letGo()
     vms_sdk::uninit_sdk();
     vaws_download_shutdown();
 }
+
+/// The program's log, while the lock on its folder is held.
+class LogOfRun final
+{
+public:
+    explicit LogOfRun(const CliCommand& command)
+    {
+        ProgramLog::instance().start(vemo_worker::SysPaths::logDir(), ProgramLog::levelOf(command.logLevel));
+    }
+    ~LogOfRun() { ProgramLog::instance().stop(); }
+    LogOfRun(const LogOfRun&) = delete;
+    LogOfRun& operator=(const LogOfRun&) = delete;
+};
 
 bool tells(const Outcome& outcome)
 {
@@ -70,6 +89,8 @@ int runOnDataFolder(const CliCommand& command)
     const Outcome taken = lock.take();
     if (tells(taken))
         return static_cast<int>(taken.code);
+    const LogOfRun log(command);
+    const TransferSettings transfer;
     const int code = run<Verb>(command);
     letGo();
     return code;

@@ -11,13 +11,17 @@ TransferSettings::TransferSettings(QObject* parent)
 {
     apply();
     connect(&vemo_worker::SystemConfig::instance(), &vemo_worker::SystemConfig::signalConfigChanged, this,
-            [] { apply(); });
+            &TransferSettings::apply);
 }
 
 void TransferSettings::apply()
 {
     const vemo_worker::SystemConfig& config = vemo_worker::SystemConfig::instance();
-    vms_sdk::set_bandwidth_limit(config.bandwidthLimit());
+    // The device SDK starts its threads when it is first spoken to.
+    if (config.bandwidthLimit() != m_bytesPerSecond) {
+        m_bytesPerSecond = config.bandwidthLimit();
+        vms_sdk::set_bandwidth_limit(m_bytesPerSecond);
+    }
     vaws_download_set_file_limit(config.largestFileBytes());
     vaws_download_set_clock_track(config.clockTrack() ? 1 : 0);
 }

@@ -15,7 +15,9 @@ public:
     explicit TransferSettings(QObject* parent = nullptr);
 
 private:
-    static void apply();
+    void apply();
+
+    qint64 m_bytesPerSecond = 0; ///< as it was handed over
 };
 
 } // namespace vemo_client

@@ -8,6 +8,7 @@
 #include "TopBar.h"
 
 #include "devices/RecorderLogins.h"
+#include "settings/TransferSettings.h"
 #include "users/AuthWt.h"
 #include "users/UserAccounts.h"
 
@@ -85,6 +86,9 @@ void ClientSession::begin(MainWindow* window, bool wantsRecorders)
     if (vemo_data::Database::instance().takeBegunAnew())
         vemo_data::DownloadTaskData::instance().adoptFinishedFiles(
             vemo_worker::SystemConfig::instance().getDownloadPath());
+    if (!vemo_worker::SystemConfig::instance().goOnWithDownloads())
+        vemo_data::DownloadTaskData::instance().pauseWaiting();
+    m_transfer = std::make_unique<TransferSettings>();
     vemo_filesCenter::FilesCenterInit& filesCenter = vemo_filesCenter::FilesCenterInit::instance();
     filesCenter.moduleInit();
     vemo_base::FormsMgr& forms = vemo_base::FormsMgr::instance();

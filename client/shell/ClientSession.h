@@ -12,6 +12,7 @@ class MainWindow;
 class QueueTray;
 class RecorderLogins;
 class ShellWt;
+class TransferSettings;
 
 /// What the program is at one time: first somebody logs in, unless one stays logged in, then the module, the recorders'
 /// logins and the shell stand until the window is closed. Made before any text is shown, since it brings the language;
@@ -40,6 +41,7 @@ private:
     std::unique_ptr<Language> m_language;
     std::unique_ptr<RecorderLogins> m_logins;
     QPointer<ShellWt> m_shell; ///< owned by the window
+    std::unique_ptr<TransferSettings> m_transfer;
     std::unique_ptr<QueueTray> m_tray;
     bool m_isHandedOut = false;
     bool m_isLoggedOut = false;

@@ -1,10 +1,12 @@
 #include "ModulePages.h"
 
+#include "Language.h"
 #include "ShellWt.h"
 
 #include "devices/AddressWatch.h"
 #include "devices/DevicesPage.h"
 #include "playback/PlaybackPage.h"
+#include "settings/SettingsPage.h"
 
 #include <SystemWorker.h>
 
@@ -43,11 +45,23 @@ ModulePage filesCenter()
     return {ModulePages::filesCenterKey(), PagesText::tr("Files Center"), QStringLiteral("files"), 0, {}};
 }
 
+ModulePage settings(ShellWt* shell)
+{
+    const QString key = QStringLiteral("settings");
+    return {key, PagesText::tr("Settings"), QStringLiteral("settings"), 0, [shell, key](QWidget* parent) -> QWidget* {
+                auto* page = new SettingsPage(Language::names(), parent);
+                shell->setLeaveCheck(key, [page] { return page->mayLeave(); });
+                QObject::connect(page, &SettingsPage::signalFilesCenterAsked, shell,
+                                 [shell] { shell->showModule(ModulePages::filesCenterKey()); });
+                return page;
+            }};
+}
+
 } // namespace
 
 QVector<ModulePage> ModulePages::of(ShellWt* shell, RecorderLogins* logins)
 {
-    return {devices(shell, logins), playback(shell, logins), filesCenter()};
+    return {devices(shell, logins), playback(shell, logins), filesCenter(), settings(shell)};
 }
 
 QString ModulePages::devicesKey()

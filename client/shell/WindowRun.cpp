@@ -11,8 +11,10 @@
 
 #include <ClientSecretKey.h>
 #include <DataSignals.h>
+#include <ProgramLog.h>
 #include <SysPaths.h>
 #include <SystemAssistant.h>
+#include <SystemWorker.h>
 #include <Theme.h>
 #include <UiSettings.h>
 #include <vaws_download.h>
@@ -22,15 +24,23 @@
 #include <QApplication>
 #include <QCoreApplication>
 #include <QIcon>
+#include <QSysInfo>
 
 namespace vemo_client {
 
 namespace {
 
+using vemo_worker::ProgramLog;
+
 class WindowText final
 {
     Q_DECLARE_TR_FUNCTIONS(vemo_client::WindowRun)
 };
+
+void logRun(const QString& text)
+{
+    ProgramLog::instance().write(ProgramLog::Level::Information, "vemo.run", text);
+}
 
 QString themeSetting()
 {
@@ -45,8 +55,15 @@ void takeTheme(const QString& asked)
     theme.setChoice(vemo_base::Theme::choiceNamed(asked.isEmpty() ? settings.value(themeSetting()).toString() : asked));
     theme.apply();
     QObject::connect(&theme, &vemo_base::Theme::signalChoiceChanged, &settings, [&theme, &settings] {
-        settings.setValue(themeSetting(), vemo_base::Theme::nameOf(theme.choice()));
+        settings.setPersonalValue(themeSetting(), vemo_base::Theme::nameOf(theme.choice()));
     });
+    if (!asked.isEmpty())
+        return;
+    QObject::connect(&vemo_worker::SystemWorker::instance(), &vemo_worker::SystemWorker::signalCurUserChanged,
+                     &settings, [&theme, &settings] {
+                         theme.setChoice(
+                             vemo_base::Theme::choiceNamed(settings.personalValue(themeSetting()).toString()));
+                     });
 }
 
 } // namespace
@@ -69,6 +86,10 @@ int runWindow(int& argc, char** argv, const CliCommand& command)
         return 0;
     }
 
+    if (outcome != SingleWindow::Outcome::Held)
+        ProgramLog::instance().start(vemo_worker::SysPaths::logDir(), ProgramLog::levelOf(command.logLevel));
+    logRun(QStringLiteral("Vemo %1 starts on %2")
+               .arg(QCoreApplication::applicationVersion(), QSysInfo::prettyProductName()));
     const DesktopTheme desktop;
     takeTheme(command.theme);
     if (outcome == SingleWindow::Outcome::Held) {
@@ -103,6 +124,8 @@ int runWindow(int& argc, char** argv, const CliCommand& command)
     }
     vms_sdk::uninit_sdk();
     vaws_download_shutdown();
+    logRun(QStringLiteral("ends with %1").arg(code));
+    ProgramLog::instance().stop();
     return code;
 }
 

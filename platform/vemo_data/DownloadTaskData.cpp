@@ -66,6 +66,11 @@ void DownloadTaskData::countWaiting(QObject* context, const std::function<void(i
                               });
 }
 
+void DownloadTaskData::pauseWaiting()
+{
+    Database::instance().post([](QSqlDatabase& db) { return DownloadTaskStore::pauseWaiting(db); });
+}
+
 void DownloadTaskData::getAllDownloadTasks(QObject* context,
                                            const std::function<void(const QList<DownloadTaskInfo>&)>& answer)
 {

@@ -30,6 +30,8 @@ public:
     /// How many wait and would go on by themselves; `answer` is called later on the GUI thread, not once `context` is
     /// gone.
     void countWaiting(QObject* context, const std::function<void(int count)>& answer);
+    /// Has those that wait come back paused. Announces nothing: for the start, before anyone has read the tasks.
+    void pauseWaiting();
     /// Those that wait, run or are paused. Waits for the database.
     QList<DownloadTaskInfo> getOpenDownloadTasks();
 

@@ -176,6 +176,14 @@ bool DownloadTaskStore::countWaiting(QSqlDatabase& db, int* tasks)
     return true;
 }
 
+bool DownloadTaskStore::pauseWaiting(QSqlDatabase& db)
+{
+    QSqlQuery query(db);
+    query.prepare(
+        QStringLiteral("UPDATE download_tasks SET state = %1 WHERE state = %2").arg(TaskPaused).arg(TaskWaiting));
+    return carryOut(query);
+}
+
 bool DownloadTaskStore::open(QSqlDatabase& db, QList<DownloadTaskInfo>* tasks)
 {
     return select(db, QStringLiteral("WHERE state BETWEEN %1 AND %2 ").arg(TaskWaiting).arg(TaskPaused), tasks);

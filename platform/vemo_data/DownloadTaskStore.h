@@ -23,6 +23,7 @@ public:
     static bool all(QSqlDatabase& db, QList<DownloadTaskInfo>* tasks);
     static bool count(QSqlDatabase& db, int* tasks);
     static bool countWaiting(QSqlDatabase& db, int* tasks);
+    static bool pauseWaiting(QSqlDatabase& db);
     /// Those that wait, run or are paused, in the same order.
     static bool open(QSqlDatabase& db, QList<DownloadTaskInfo>* tasks);
     /// `added` receives what was stored; a task whose id is stored already is left out.

@@ -1,6 +1,7 @@
 #include "UiSettings.h"
 
 #include "SysPaths.h"
+#include "SystemWorker.h"
 
 #include <QSettings>
 
@@ -11,6 +12,13 @@ namespace {
 QString grouped(const QString& key)
 {
     return QStringLiteral("ui/") + key;
+}
+
+/// A user may have any name.
+QString ofUser(const QString& key)
+{
+    const QByteArray name = SystemWorker::instance().curUserName().toUtf8().toHex();
+    return QStringLiteral("users/%1/%2").arg(QLatin1String(name), key);
 }
 
 } // namespace
@@ -33,6 +41,18 @@ void UiSettings::setValue(const QString& key, const QVariant& value)
 {
     QSettings settings(SysPaths::settingsFile(), QSettings::IniFormat);
     settings.setValue(grouped(key), value);
+}
+
+QVariant UiSettings::personalValue(const QString& key, const QVariant& defaultValue) const
+{
+    return value(ofUser(key), value(key, defaultValue));
+}
+
+void UiSettings::setPersonalValue(const QString& key, const QVariant& value)
+{
+    setValue(key, value);
+    if (!SystemWorker::instance().curUserName().isEmpty())
+        setValue(ofUser(key), value);
 }
 
 } // namespace vemo_worker

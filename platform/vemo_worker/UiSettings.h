@@ -19,6 +19,10 @@ public:
     QVariant value(const QString& key, const QVariant& defaultValue = {}) const;
     void setValue(const QString& key, const QVariant& value);
 
+    /// What the current user chose; else what was chosen last by whomever, so that a window without a user has it too.
+    QVariant personalValue(const QString& key, const QVariant& defaultValue = {}) const;
+    void setPersonalValue(const QString& key, const QVariant& value);
+
 private:
     UiSettings();
 };
