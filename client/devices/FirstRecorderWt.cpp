@@ -1,6 +1,10 @@
 #include "FirstRecorderWt.h"
 
+#include "DiscoveryDialog.h"
 #include "TimelinesWt.h"
+
+#include <Icons.h>
+#include <SystemWorker.h>
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -20,17 +24,22 @@ constexpr int titlePixels = 24;
 
 FirstRecorderWt::FirstRecorderWt(RecorderLogins* logins, QWidget* parent)
     : QWidget(parent)
+    , m_logins(logins)
     , m_form(new RecorderForm(logins, this))
     , m_submit(new QPushButton(this))
+    , m_find(new QPushButton(vemo_base::Icons::icon(QStringLiteral("search")), tr("Find on the network..."), this))
     , m_keep(new QPushButton(tr("Keep it offline"), this))
 {
-    auto* title = new QLabel(tr("Add your first recorder"), this);
+    const bool mayAdd = vemo_worker::SystemWorker::instance().isCurUserHasPower(vemo_worker::PowerDevices);
+    auto* title = new QLabel(mayAdd ? tr("Add your first recorder") : tr("No recorder is known yet"), this);
     QFont titleFont = title->font();
     titleFont.setPixelSize(titlePixels);
     titleFont.setWeight(QFont::DemiBold);
     title->setFont(titleFont);
     auto* sentence =
-        new QLabel(tr("Its recordings can be searched and fetched as soon as the client is logged in."), this);
+        new QLabel(mayAdd ? tr("Its recordings can be searched and fetched as soon as the client is logged in.")
+                          : tr("Somebody who may look after devices adds the first one; its recordings show here."),
+                   this);
     sentence->setForegroundRole(QPalette::PlaceholderText);
     sentence->setWordWrap(true);
     for (QLabel* label : {title, sentence})
@@ -52,6 +61,7 @@ FirstRecorderWt::FirstRecorderWt(RecorderLogins* logins, QWidget* parent)
     buttons->setContentsMargins(4, 0, 4, 0);
     buttons->setSpacing(8);
     buttons->addWidget(m_submit);
+    buttons->addWidget(m_find);
     buttons->addWidget(m_keep);
     columnLayout->addLayout(buttons);
     columnLayout->addStretch(2);
@@ -78,11 +88,26 @@ FirstRecorderWt::FirstRecorderWt(RecorderLogins* logins, QWidget* parent)
                       2);
     layout->addWidget(scroll, 3);
 
+    for (QWidget* part : QList<QWidget*>{m_form, m_submit, m_find})
+        part->setVisible(mayAdd);
     connect(m_submit, &QPushButton::clicked, m_form, &RecorderForm::submit);
+    connect(m_find, &QPushButton::clicked, this, &FirstRecorderWt::findOnNetwork);
+    // On another page somebody may add the first one while nothing is typed here.
+    connect(m_logins, &RecorderLogins::signalChanged, this, [this] {
+        if (m_logins->recorders() > 0 && m_form->stage() == RecorderForm::Stage::Filling)
+            emit signalAdded();
+    });
     connect(m_keep, &QPushButton::clicked, this, &FirstRecorderWt::signalAdded);
     connect(m_form, &RecorderForm::signalStageChanged, this, &FirstRecorderWt::showStage);
     showStage();
     m_form->focusFirst();
+}
+
+void FirstRecorderWt::findOnNetwork()
+{
+    auto* dialog = new DiscoveryDialog(m_logins, window());
+    connect(dialog, &DiscoveryDialog::signalAddByAddress, m_form, &RecorderForm::focusFirst);
+    dialog->open();
 }
 
 void FirstRecorderWt::showStage()
@@ -97,6 +122,7 @@ void FirstRecorderWt::showStage()
                       : stage == RecorderForm::Stage::Failed ? tr("Try again")
                                                              : tr("Add and log in"));
     m_submit->setEnabled(!isConnecting && m_form->isComplete());
+    m_find->setEnabled(!isConnecting);
     m_keep->setVisible(m_form->mayBeKept());
 }
 

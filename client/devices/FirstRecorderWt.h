@@ -9,7 +9,7 @@ class QPushButton;
 namespace vemo_client {
 
 /// The page of a client that knows no recorder yet: what the client is for, and the form by which the first recorder is
-/// added. GUI thread.
+/// added, or the way to find it on the network. Who may not add recorders is told so. GUI thread.
 class FirstRecorderWt final : public QWidget
 {
     Q_OBJECT
@@ -19,14 +19,17 @@ public:
     explicit FirstRecorderWt(RecorderLogins* logins, QWidget* parent = nullptr);
 
 signals:
-    /// The recorder is in the list, online or kept as it is.
+    /// The recorder is in the list, online or kept as it is; it may have been added elsewhere.
     void signalAdded();
 
 private:
+    void findOnNetwork();
     void showStage();
 
+    RecorderLogins* m_logins;
     RecorderForm* m_form;
     QPushButton* m_submit;
+    QPushButton* m_find;
     QPushButton* m_keep;
 };
 

@@ -9,6 +9,7 @@
 #include <DataSignals.h>
 #include <DevsMgrData.h>
 #include <NaturalOrder.h>
+#include <SystemWorker.h>
 
 #include <QContextMenuEvent>
 #include <QKeyEvent>
@@ -54,6 +55,11 @@ bool isChannel(const QTreeWidgetItem* item)
 bool isRecorder(const QTreeWidgetItem* item)
 {
     return item && item->data(0, Roles::DevIdRole).isValid();
+}
+
+bool mayChange()
+{
+    return vemo_worker::SystemWorker::instance().isCurUserHasPower(vemo_worker::PowerDevices);
 }
 
 bool isUsable(const QTreeWidgetItem* channel)
@@ -363,9 +369,9 @@ void RecorderTree::keyPressEvent(QKeyEvent* event)
         if (checkedChannels().isEmpty() || item->checkState(0) != Qt::Checked)
             checkOnly(item);
         emit signalSearchWanted();
-    } else if (isRecorder(item) && isEnter) {
+    } else if (isRecorder(item) && isEnter && mayChange()) {
         emit signalEdit(currentDevId());
-    } else if (isRecorder(item) && event->key() == Qt::Key_Delete) {
+    } else if (isRecorder(item) && event->key() == Qt::Key_Delete && mayChange()) {
         emit signalRemove(currentDevId());
     } else {
         QTreeWidget::keyPressEvent(event);
@@ -389,9 +395,12 @@ void RecorderTree::contextMenuEvent(QContextMenuEvent* event)
             emit signalSearchWanted();
         });
     connect(menu.addAction(tr("Log in again")), &QAction::triggered, this, [this, devId] { m_logins->retry(devId); });
-    connect(menu.addAction(tr("Change...")), &QAction::triggered, this, [this, devId] { emit signalEdit(devId); });
-    menu.addSeparator();
-    connect(menu.addAction(tr("Remove...")), &QAction::triggered, this, [this, devId] { emit signalRemove(devId); });
+    if (mayChange()) {
+        connect(menu.addAction(tr("Change...")), &QAction::triggered, this, [this, devId] { emit signalEdit(devId); });
+        menu.addSeparator();
+        connect(menu.addAction(tr("Remove...")), &QAction::triggered, this,
+                [this, devId] { emit signalRemove(devId); });
+    }
     menu.exec(byKeyboard ? viewport()->mapToGlobal(visualItemRect(item).center()) : event->globalPos());
 }
 

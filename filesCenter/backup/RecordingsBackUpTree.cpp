@@ -7,7 +7,15 @@ namespace vemo_filesCenter {
 
 RecordingsBackUpTree::RecordingsBackUpTree(QWidget* parent)
     : CheckableClientTree(
-          [](const vms_sdk::DevInfo& device) { return device.supportsBackup ? QString() : tr("no replay"); }, parent)
+          [](const vms_sdk::DevInfo& device) {
+              const vemo_data::DevRecord record = vemo_data::DevsMgrData::instance().devRecord(device.devId);
+              if (!record.enabled)
+                  return tr("disabled");
+              if (record.kind == vemo_data::DevKind::RtspSource)
+                  return tr("live view alone");
+              return device.supportsBackup ? QString() : tr("no replay");
+          },
+          parent)
 {}
 
 QList<QPair<QString, int>> RecordingsBackUpTree::getCheckedChannels() const
