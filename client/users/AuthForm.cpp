@@ -115,6 +115,7 @@ QPushButton* AuthForm::addPrimary(const QString& text)
     auto* button = new QPushButton(text, this);
     button->setProperty("kind", QStringLiteral("primary"));
     button->setMinimumHeight(buttonHeight);
+    button->setAutoDefault(true); // Enter means it when it has the focus
     m_column->addWidget(button);
     return button;
 }

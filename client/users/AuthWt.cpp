@@ -121,7 +121,7 @@ void AuthWt::showRecorders()
 void AuthWt::finish(bool wantsRecorders)
 {
     m_wantsRecorders = wantsRecorders;
-    emit signalLoggedIn(UserAccounts::instance().current());
+    emit signalLoggedIn();
 }
 
 } // namespace vemo_client

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <UserRecord.h>
-
 #include <QStringList>
 #include <QWidget>
 
@@ -27,7 +25,7 @@ public:
 
 signals:
     /// Once. The user is the current one already.
-    void signalLoggedIn(const vemo_worker::UserRecord& user);
+    void signalLoggedIn();
     /// The person reads another language: all of this is to be made anew.
     void signalLanguageChosen(const QString& name);
 

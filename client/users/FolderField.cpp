@@ -72,15 +72,14 @@ void FolderField::check()
 {
     const QString folder = QDir::fromNativeSeparators(m_path->text().trimmed());
     const int number = ++m_checks;
+    m_path->setToolTip(m_path->text());
     FolderCheck::start(folder, this, [this, folder, number](const FolderCheck::Result& result) {
         if (number != m_checks)
             return;
         m_isUsable = result.isUsable();
         m_path->setProperty("invalid", !m_isUsable);
         m_path->update();
-        const QString room =
-            tr("%1 free of %2")
-                .arg(QLocale().formattedDataSize(result.freeBytes), QLocale().formattedDataSize(result.totalBytes));
+        const QString room = tr("%1 free of %2").arg(words(result.freeBytes), words(result.totalBytes));
         if (!m_isUsable)
             m_message->tell(MessageLine::Tone::Error, result.sentence);
         else if (!result.sentence.isEmpty())

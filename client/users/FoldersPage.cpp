@@ -53,6 +53,9 @@ FoldersPage::FoldersPage(QWidget* parent)
         connect(field, &FolderField::signalChecked, next, [this, next] {
             next->setEnabled(std::all_of(m_fields.begin(), m_fields.end(),
                                          [](const FolderField* each) { return each->isUsable(); }));
+            // It could not take the focus before.
+            if (!focusWidget() || !focusWidget()->hasFocus())
+                next->setFocus(Qt::OtherFocusReason);
         });
         field->refresh();
     }

@@ -27,8 +27,8 @@ LanguageButton::LanguageButton(const QStringList& names, const QString& current,
                 shown = name;
         }
     }
-    setText(ownName(shown));
-    setAccessibleName(tr("Language: %1").arg(text()));
+    setText(QLatin1Char(' ') + ownName(shown)); // apart from the icon
+    setAccessibleName(tr("Language: %1").arg(ownName(shown)));
 
     auto* menu = new QMenu(this);
     auto* group = new QActionGroup(menu);

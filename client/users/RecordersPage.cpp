@@ -16,6 +16,7 @@ RecordersPage::RecordersPage(QWidget* parent)
     addGap(8);
     auto* later = new QPushButton(tr("Later"), this);
     later->setMinimumHeight(look->minimumHeight());
+    later->setAutoDefault(true);
     column()->addWidget(later);
     addRest();
     connect(look, &QPushButton::clicked, this, &RecordersPage::signalDone);

@@ -52,7 +52,7 @@ QString UserRules::nameProblem(const QString& name)
     if (tidy.size() > longestName)
         return tr("The user name is longer than %1 characters.").arg(longestName);
     const QVector<uint> characters = tidy.toUcs4();
-    if (std::any_of(characters.begin(), characters.end(), isUnseen))
+    if (!tidy.isValidUtf16() || std::any_of(characters.begin(), characters.end(), isUnseen))
         return tr("The user name has a character that can't be seen.");
     return {};
 }

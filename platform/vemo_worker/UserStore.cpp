@@ -116,22 +116,26 @@ UserStore::State UserStore::open(QString* problem)
 {
     m_accounts.clear();
     m_state = State::Empty;
+    problem->clear();
+    QByteArray taken;
     for (const SealedFile* file : {&m_file, &m_copy}) {
         QByteArray plain;
         QString words;
         const SealedFile::State found = file->read(&plain, &words);
-        if (found == SealedFile::State::Good && take(plain)) {
+        if (m_state == State::Ready) {
+            // The copy was lost, damaged, or is older after a crash.
+            if (plain != taken && !m_copy.write(taken))
+                qWarning("the copy of the users could not be mended");
+        } else if (found == SealedFile::State::Good && take(plain)) {
             problem->clear();
             m_state = State::Ready;
-            // The other one was lost or damaged.
-            if (file == &m_copy && !save())
+            taken = plain;
+            if (file == &m_copy && !m_file.write(taken))
                 qWarning("the file of the users could not be mended");
-            return m_state;
+        } else if (found != SealedFile::State::Absent) {
+            m_state = State::Unreadable;
+            *problem = words.isEmpty() ? tr("The file %1 is of another version.").arg(file->path()) : words;
         }
-        if (found == SealedFile::State::Absent)
-            continue;
-        m_state = State::Unreadable;
-        *problem = words.isEmpty() ? tr("The file %1 is of another version.").arg(file->path()) : words;
     }
     return m_state;
 }
