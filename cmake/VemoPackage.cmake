@@ -1,7 +1,7 @@
 # `cpack -G DEB` in a build tree makes two packages of Debian 12: the client, and the simulated recorder.
 set(CPACK_PACKAGE_NAME vemo)
 set(CPACK_PACKAGE_VENDOR "The Vemo developers")
-set(CPACK_PACKAGE_CONTACT "The Vemo developers <developers@vemo.local>")
+set(CPACK_PACKAGE_CONTACT "The Vemo developers <vemo@example.org>")
 set(CPACK_PACKAGE_VERSION "${PROJECT_VERSION}")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
