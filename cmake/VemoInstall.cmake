@@ -26,6 +26,7 @@ function(vemo_install)
     set_target_properties(vemo_client PROPERTIES INSTALL_RPATH "$ORIGIN/../${VEMO_LIBRARY_FOLDER}")
 
     install(DIRECTORY "${PROJECT_SOURCE_DIR}/docs/guide/" COMPONENT client DESTINATION share/vemo/guide OPTIONAL)
+    install(DIRECTORY "${PROJECT_SOURCE_DIR}/docs/images/" COMPONENT client DESTINATION share/vemo/images PATTERN "*@2x.png" EXCLUDE)
     if(UNIX AND NOT APPLE)
         vemo_install_desktop()
     endif()
