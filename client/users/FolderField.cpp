@@ -79,6 +79,9 @@ void FolderField::check()
         m_isUsable = result.isUsable();
         m_path->setProperty("invalid", !m_isUsable);
         m_path->update();
+        const auto words = [](qint64 bytes) {
+            return QLocale().formattedDataSize(bytes, 1, QLocale::DataSizeTraditionalFormat);
+        };
         const QString room = tr("%1 free of %2").arg(words(result.freeBytes), words(result.totalBytes));
         if (!m_isUsable)
             m_message->tell(MessageLine::Tone::Error, result.sentence);
