@@ -2,6 +2,7 @@
 
 #include <DataFolder.h>
 #include <LocalPlaybackDlg.h>
+#include <scan/SnapImageFile.h>
 #include <SystemConfig.h>
 
 #include <QAbstractButton>
@@ -188,13 +189,21 @@ void LocalPlaybackDlgTest::savesSnapshotsWithoutOverwriting()
     for (int count = 1; count <= 2; ++count) {
         QTest::keyClick(m_dialog.get(), Qt::Key_S);
         QTRY_COMPARE_WITH_TIMEOUT(folder.entryList(QDir::Files).size(), count, patienceMs);
-        QTest::qWait(200); // its bytes come after its name
     }
     const QStringList names = folder.entryList(QDir::Files, QDir::Name);
     QVERIFY2(names.first().startsWith(QStringLiteral("Tor Süd@2026-01-10 ")), qPrintable(names.first()));
     QVERIFY2(names.join(QLatin1Char('\n')).contains(QLatin1String(" (2).jpg")),
              "the second one needs a name of its own");
     QCOMPARE(QImage(folder.filePath(names.first())).size(), QSize(320, 180));
+    const VCOMMON::SnapImageFile facts = VCOMMON::SnapImageFile::read(folder.filePath(names.first()));
+    QCOMPARE(facts.captureTime.date(), QDate(2026, 1, 10));
+    QCOMPARE(facts.channelName, QStringLiteral("Tor Süd"));
+
+    vemo_worker::SystemConfig::instance().setSnapshotFormat(QStringLiteral("BMP"));
+    QTest::keyClick(m_dialog.get(), Qt::Key_S);
+    QTRY_COMPARE_WITH_TIMEOUT(folder.entryList({QStringLiteral("*.bmp")}, QDir::Files).size(), 1, patienceMs);
+    vemo_worker::SystemConfig::instance().setSnapshotFormat(QStringLiteral("JPG"));
+    QCOMPARE(QImage(folder.filePath(folder.entryList({QStringLiteral("*.bmp")}).first())).size(), QSize(320, 180));
 }
 
 void LocalPlaybackDlgTest::closesWhileTheFileIsBeingOpened()
