@@ -110,7 +110,7 @@ void benchTimeLine()
         days[i].recordings = segments();
     }
     axis.setChannels(days);
-    axis.resize(1400, 18 * 22 + 60);
+    axis.resize(2000, 18 * 22 + 60);
     axis.show();
     QApplication::processEvents();
     QImage target(4000, 600, QImage::Format_ARGB32_Premultiplied);
@@ -118,16 +118,15 @@ void benchTimeLine()
     Times zoom;
     Times pan;
     for (int i = 0; i < frames; ++i) {
-        // Another width lays every segment anew; the same one is drawn from what was laid.
-        axis.resize(1000 + i * 7, axis.height());
-        QApplication::processEvents();
+        // In to four minutes and out again, every segment laid anew; then along the day.
+        axis.zoom(i % 50 < 25 ? 1.25 : 1 / 1.25, 0.4);
         zoom.add(timed([&] { axis.viewport()->render(&target); }));
-        axis.verticalScrollBar()->setValue(i % 40);
+        axis.pan(i % 40 < 20 ? 0.1 : -0.1);
         pan.add(timed([&] { axis.viewport()->render(&target); }));
     }
     std::printf("ms: median, p99, p99 of CPU time\n");
-    std::printf("time line, 24 h, %d channels, %d segments, 1000 to %d px wide:\n", channels,
-                channels * segmentsAChannel, 1000 + (frames - 1) * 7);
+    std::printf("time line, 24 h, %d channels, %d segments, %d px wide:\n", channels, channels * segmentsAChannel,
+                axis.width());
     zoom.print("frame while zooming");
     pan.print("frame while panning");
 }

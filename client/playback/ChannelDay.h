@@ -2,10 +2,12 @@
 
 #include "devices/ChannelRef.h"
 
+#include <axis/TimeSpan.h>
 #include <VmsTypes.h>
 
 #include <QList>
 #include <QSet>
+#include <QVector>
 
 namespace vemo_client {
 
@@ -19,7 +21,8 @@ struct ChannelDay
     State state = State::Unknown;
     vms_sdk::Error error; ///< with Failed
     QList<vms_sdk::VideoRecording> recordings;
-    QSet<int> chosen; ///< indices of recordings to be fetched
+    QSet<int> chosen;                   ///< indices of recordings to be fetched
+    QVector<vemo_base::TimeSpan> owned; ///< what lies on this computer's disks
 };
 
 } // namespace vemo_client

@@ -12,6 +12,7 @@ namespace {
 constexpr qint64 nsAMs = 1'000'000;
 constexpr qint64 nsAUs = 1000;
 constexpr std::array<int, ChannelPlayer::mostAttempts> pausesMs{1000, 3000, 8000};
+constexpr int notYetMs = 250;
 /// A stream that played for so long begins to count its failures anew.
 constexpr qint64 steadyMs = 10'000;
 
@@ -23,7 +24,7 @@ ChannelPlayer::ChannelPlayer(const ChannelRef& channel, QObject* parent)
 {
     m_decoder.setOutput(StreamDecoder::Output::Clocked, &m_clock);
     m_retryTimer.setSingleShot(true);
-    connect(&m_retryTimer, &QTimer::timeout, this, [this] { start(m_clock.utcNs() / nsAMs); });
+    connect(&m_retryTimer, &QTimer::timeout, this, &ChannelPlayer::tryAgain);
     connect(&m_decoder, &StreamDecoder::signalConsumed, this, [this](qint64 bytes) {
         if (m_streamId != 0)
             vms_sdk::stream_data_consumed(m_streamId, bytes);
@@ -177,6 +178,15 @@ void ChannelPlayer::waitOrFail()
     m_retryTimer.start(pausesMs[size_t(m_attempts)]);
     ++m_attempts;
     setState(State::Waiting, cause);
+}
+
+void ChannelPlayer::tryAgain()
+{
+    const qint64 clockMs = m_clock.utcNs() / nsAMs;
+    if (isDecoding() || queuedUntilMs() > clockMs)
+        m_retryTimer.start(notYetMs);
+    else
+        start(clockMs);
 }
 
 void ChannelPlayer::setState(State state, const QString& problem)

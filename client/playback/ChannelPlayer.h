@@ -20,8 +20,8 @@ namespace vemo_client {
 /// The recorder is asked to send as fast as what arrives is used up, so that a picture is there as soon as the network
 /// allows, speeds need nothing of the recorder, and a standing clock stops the stream by itself: no more than the
 /// stream's credit is on its way. open() begins anew at a time, close() lets go and keeps the shown picture. A stream
-/// that breaks off, or can't be opened, is opened again at the clock's time after growing pauses, three times in a row;
-/// what the recorder refuses is not.
+/// that breaks off, or can't be opened, is opened again at the clock's time, when what has come is played, after
+/// growing pauses, three times in a row; what the recorder refuses is not.
 class ChannelPlayer final : public QObject
 {
     Q_OBJECT
@@ -53,6 +53,8 @@ public:
     qint64 openedMs() const { return m_openedMs; }
     /// Footage time up to which there are pictures; 0: none since it was opened.
     qint64 queuedUntilMs() const;
+    /// Whether data is still to be turned into pictures.
+    bool isDecoding() const { return m_decoder.waitingBytes() > 0; }
     /// Whether a picture was shown since it was opened.
     bool hasShown() const { return m_hasShown; }
 
@@ -69,6 +71,7 @@ private:
     void forget();
     void setState(State state, const QString& problem = QString());
     void waitOrFail();
+    void tryAgain();
 
     const ChannelRef m_channel;
     PlaybackClock m_clock; ///< ahead of the decoder, which follows it

@@ -2,10 +2,12 @@
 
 #include <axis/AxisPainter.h>
 #include <axis/SpanWords.h>
+#include <player/TransportButton.h>
 #include <StylePainter.h>
-#include <ThemeTokens.h>
+#include <Theme.h>
 
-#include <QDateTime>
+#include <QApplication>
+#include <QGestureEvent>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -22,6 +24,7 @@ using vemo_base::AxisRow;
 using vemo_base::DayAxis;
 using vemo_base::SpanWords;
 using vemo_base::TimeSpan;
+using vemo_base::TransportButton;
 
 namespace {
 
@@ -31,21 +34,20 @@ using vemo_base::Token;
 constexpr int nameWidth = 170;
 constexpr int edge = 16;
 constexpr int halfLabel = AxisPainter::halfLabel;
-constexpr int topRoom = 16;
-constexpr int hoursRoom = 26;
-constexpr int tallRow = 28;
-constexpr int lowRow = 18;
-constexpr int tallRows = 4; ///< up to here rows are tall
+constexpr int topRoom = TimeLinePainter::topRoom;
+constexpr int scaleRoom = TimeLinePainter::scaleRoom;
+constexpr int rowHeight = 18;
 constexpr int rowGap = 4;
 constexpr int shownRows = 8;
-constexpr int lineHeight = 4;
 constexpr int leastAlarm = 3;
-constexpr int handle = 12;
 constexpr int grip = 8;
-constexpr int captionPixels = 12;
+constexpr int flagReach = 28;
+constexpr int zoomButton = 24;
 constexpr int nowMs = 15'000;
-constexpr double markTint = 0.24;
 constexpr double radius = 8;
+constexpr double zoomStep = 1.25; ///< a notch of the wheel
+constexpr double buttonStep = 2;
+constexpr double notch = 120;
 
 QColor dark(Token token)
 {
@@ -61,10 +63,62 @@ DayAxisWt::DayAxisWt(QWidget* parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFocusPolicy(Qt::StrongFocus);
     viewport()->setMouseTracking(true);
+    viewport()->grabGesture(Qt::PinchGesture);
     setAccessibleName(tr("Recordings of the day"));
+    addZoomButtons();
     // Only the line of now moves by itself.
     connect(&m_nowTimer, &QTimer::timeout, viewport(), QOverload<>::of(&QWidget::update));
     m_nowTimer.start(nowMs);
+}
+
+void DayAxisWt::addZoomButtons()
+{
+    const auto add = [this](const QString& icon, const QString& tip, int place) {
+        auto* button = new TransportButton(TransportButton::Kind::Quiet, icon, tip, viewport());
+        button->setPalette(vemo_base::Theme::palette(ThemeMode::Dark));
+        button->setGeometry(edge - 4 + place * (zoomButton + 4), 4, zoomButton, zoomButton);
+        return button;
+    };
+    m_closer = add(QStringLiteral("zoom-in"), tr("Zoom in (plus)"), 0);
+    m_farther = add(QStringLiteral("zoom-out"), tr("Zoom out (minus)"), 1);
+    m_whole = add(QStringLiteral("fit"), tr("Show the whole day"), 2);
+    const auto middle = [this] {
+        const double place = m_view.placeOf(m_axis.positionOf(m_cursorMs));
+        return m_cursorMs > 0 && place >= 0 && place <= 1 ? place : 0.5;
+    };
+    connect(m_closer, &TransportButton::clicked, this, [this, middle] { zoom(buttonStep, middle()); });
+    connect(m_farther, &TransportButton::clicked, this, [this, middle] { zoom(1 / buttonStep, middle()); });
+    connect(m_whole, &TransportButton::clicked, this, &DayAxisWt::showAll);
+    changeView(m_view);
+}
+
+void DayAxisWt::changeView(const TimeView& view)
+{
+    m_view = view;
+    m_isLaid.fill(false);
+    m_closer->setEnabled(!m_view.isClosest());
+    m_farther->setEnabled(!m_view.isWhole());
+    m_whole->setEnabled(!m_view.isWhole());
+    viewport()->update();
+}
+
+void DayAxisWt::zoom(double factor, double place)
+{
+    TimeView view = m_view;
+    view.zoom(factor, place);
+    changeView(view);
+}
+
+void DayAxisWt::pan(double places)
+{
+    TimeView view = m_view;
+    view.pan(places);
+    changeView(view);
+}
+
+void DayAxisWt::showAll()
+{
+    changeView(TimeView());
 }
 
 void DayAxisWt::setDay(const DayAxis& axis)
@@ -72,19 +126,17 @@ void DayAxisWt::setDay(const DayAxis& axis)
     m_axis = axis;
     m_pick.setAxis(axis);
     m_currentMs = axis.beginMs();
-    m_lines.clear();
+    m_cursorMs = 0;
+    changeView(TimeView());
     describe();
-    viewport()->update();
 }
 
 void DayAxisWt::setChannels(const QVector<ChannelDay>& channels)
 {
-    const bool sameCount = channels.size() == m_channels.size();
     m_channels = channels;
-    m_lines.clear();
+    m_isLaid.fill(false);
     m_currentRow = qBound(0, m_currentRow, qMax(0, m_channels.size() - 1));
-    if (!sameCount)
-        updateGeometry();
+    updateGeometry();
     updateScroll();
     describe();
     viewport()->update();
@@ -96,6 +148,39 @@ void DayAxisWt::setSpan(const std::optional<TimeSpan>& span)
     viewport()->update();
 }
 
+void DayAxisWt::setSelectedChannel(const ChannelRef& channel)
+{
+    if (channel == m_selected)
+        return;
+    m_selected = channel;
+    viewport()->update();
+}
+
+void DayAxisWt::setCursorMs(qint64 ms)
+{
+    if (m_drag == Drag::Cursor)
+        return;
+    const double before = m_view.placeOf(m_axis.positionOf(m_cursorMs));
+    const double place = m_view.placeOf(m_axis.positionOf(ms));
+    // Nothing changes to the eye for most of the clock's ticks.
+    const double pixels = axisRect().width() * devicePixelRatioF();
+    const bool isSame = ms / 1000 == m_cursorMs / 1000 && std::lround(before * pixels) == std::lround(place * pixels);
+    const bool wasSeen = m_cursorMs > 0 && before >= 0 && before <= 1;
+    m_cursorMs = ms;
+    if (isSame)
+        return;
+    if (ms > 0 && wasSeen && place > 1 && m_drag == Drag::None)
+        reveal(ms);
+    viewport()->update();
+}
+
+void DayAxisWt::reveal(qint64 ms)
+{
+    TimeView view = m_view;
+    view.reveal(m_axis.positionOf(ms));
+    changeView(view);
+}
+
 void DayAxisWt::mark(const std::optional<TimeSpan>& span)
 {
     m_pick.setSpan(span);
@@ -103,15 +188,10 @@ void DayAxisWt::mark(const std::optional<TimeSpan>& span)
     emit signalSpanMarked(span);
 }
 
-int DayAxisWt::rowHeight() const
-{
-    return m_channels.size() <= tallRows ? tallRow : lowRow;
-}
-
 QSize DayAxisWt::sizeHint() const
 {
     const int rows = qBound(1, m_channels.size(), shownRows);
-    return QSize(600, topRoom + rows * (rowHeight() + rowGap) + hoursRoom);
+    return QSize(600, topRoom + rows * (rowHeight + rowGap) + scaleRoom);
 }
 
 QSize DayAxisWt::minimumSizeHint() const
@@ -121,15 +201,15 @@ QSize DayAxisWt::minimumSizeHint() const
 
 QRect DayAxisWt::axisRect() const
 {
-    const int height = viewport()->height() - topRoom - hoursRoom;
+    const int height = viewport()->height() - topRoom - scaleRoom;
     return QRect(nameWidth + halfLabel, topRoom, viewport()->width() - nameWidth - 2 * halfLabel - edge, height);
 }
 
 QRect DayAxisWt::rowRect(int row) const
 {
     const QRect axis = axisRect();
-    const int step = rowHeight() + rowGap;
-    return QRect(axis.x(), axis.y() + row * step - verticalScrollBar()->value(), axis.width(), rowHeight());
+    return QRect(axis.x(), axis.y() + row * (rowHeight + rowGap) - verticalScrollBar()->value(), axis.width(),
+                 rowHeight);
 }
 
 int DayAxisWt::rowAt(int y) const
@@ -137,28 +217,45 @@ int DayAxisWt::rowAt(int y) const
     const QRect axis = axisRect();
     if (y < axis.top() || y > axis.bottom())
         return -1;
-    const int row = (y - axis.y() + verticalScrollBar()->value()) / (rowHeight() + rowGap);
+    const int row = (y - axis.y() + verticalScrollBar()->value()) / (rowHeight + rowGap);
     return row < m_channels.size() ? row : -1;
 }
 
 double DayAxisWt::positionAt(int x) const
 {
     const QRect axis = axisRect();
-    return axis.width() > 0 ? qBound(0.0, double(x - axis.x()) / axis.width(), 1.0) : 0;
+    const double place = axis.width() > 0 ? qBound(0.0, double(x - axis.x()) / axis.width(), 1.0) : 0;
+    return m_view.positionAt(place);
+}
+
+qint64 DayAxisWt::timeAt(int x) const
+{
+    return m_axis.timeAt(positionAt(x), DayAxis::Pass::First);
+}
+
+double DayAxisWt::reach() const
+{
+    return double(grip) / qMax(1, axisRect().width()) * m_view.length();
 }
 
 int DayAxisWt::xOf(qint64 ms) const
 {
     const QRect axis = axisRect();
-    return axis.x() + int(std::lround(m_axis.positionOf(ms) * axis.width()));
+    return axis.x() + int(std::lround(m_view.placeOf(m_axis.positionOf(ms)) * axis.width()));
+}
+
+bool DayAxisWt::isOnFlag(const QPoint& position) const
+{
+    return m_cursorMs > 0 && position.y() < topRoom - TimeLinePainter::handle &&
+           qAbs(position.x() - xOf(m_cursorMs)) <= flagReach;
 }
 
 void DayAxisWt::updateScroll()
 {
-    const int all = m_channels.size() * (rowHeight() + rowGap) - rowGap;
+    const int all = m_channels.size() * (rowHeight + rowGap) - rowGap;
     verticalScrollBar()->setRange(0, qMax(0, all - axisRect().height()));
     verticalScrollBar()->setPageStep(qMax(1, axisRect().height()));
-    verticalScrollBar()->setSingleStep(rowHeight() + rowGap);
+    verticalScrollBar()->setSingleStep(rowHeight + rowGap);
 }
 
 void DayAxisWt::resizeEvent(QResizeEvent*)
@@ -166,17 +263,21 @@ void DayAxisWt::resizeEvent(QResizeEvent*)
     updateScroll();
 }
 
-const DayAxisWt::Line& DayAxisWt::line(int row, int pixels)
+const TimeLinePainter::Row& DayAxisWt::line(int row, int pixels)
 {
     if (m_lines.size() != m_channels.size() || m_linePixels != pixels) {
-        m_lines = QVector<Line>(m_channels.size());
+        m_lines = QVector<TimeLinePainter::Row>(m_channels.size());
+        m_isLaid.fill(false, m_channels.size());
         m_linePixels = pixels;
     }
-    Line& line = m_lines[row];
-    const ChannelDay& day = m_channels.at(row);
-    if (line.runs.isEmpty() && !day.recordings.isEmpty()) {
-        line.runs = AxisRow::runs(m_axis, day.recordings, pixels, leastAlarm);
-        line.chosen = AxisRow::chosenRuns(m_axis, day.recordings, day.chosen, pixels);
+    TimeLinePainter::Row& line = m_lines[row];
+    if (!m_isLaid.at(row)) {
+        const ChannelDay& day = m_channels.at(row);
+        const DayAxis::Piece view{m_view.from(), m_view.to()};
+        line.runs = AxisRow::runs(m_axis, day.recordings, pixels, leastAlarm, view);
+        line.chosen = AxisRow::chosenRuns(m_axis, day.recordings, day.chosen, pixels, view);
+        line.owned = AxisRow::spanRuns(m_axis, day.owned, pixels, view);
+        m_isLaid[row] = true;
     }
     return line;
 }
@@ -187,96 +288,58 @@ void DayAxisWt::paintEvent(QPaintEvent*)
     painter.setRenderHint(QPainter::Antialiasing);
     vemo_base::StylePainter::box(&painter, viewport()->rect(), radius, dark(Token::Surface), dark(Token::Border));
     painter.setRenderHint(QPainter::Antialiasing, false);
-    const double ratio = devicePixelRatioF();
     const QRect axis = axisRect();
     if (axis.width() <= 0)
         return;
-
+    TimeLinePainter line(&painter, m_axis, m_view, axis, font());
     painter.save();
     painter.setClipRect(QRect(0, topRoom, viewport()->width(), axis.height()));
-    for (int row = 0; row < m_channels.size(); ++row)
-        paintRow(&painter, row, ratio);
+    paintRows(line, int(std::lround(axis.width() * devicePixelRatioF())));
     if (m_channels.isEmpty())
-        painter.fillRect(QRect(axis.topLeft(), QSize(axis.width(), tallRow)), dark(Token::Axis));
-    AxisPainter::clockChanges(&painter, m_axis, axis, font());
+        painter.fillRect(QRect(axis.topLeft(), QSize(axis.width(), rowHeight)), dark(Token::Axis));
     painter.restore();
-
-    AxisPainter::now(&painter, m_axis, axis, QDateTime::currentMSecsSinceEpoch(), ThemeMode::Dark);
-    paintSpan(&painter);
-    if (m_pointerX >= 0 && !m_pick.isDragging()) {
-        QColor pointer = dark(Token::Text2);
-        painter.fillRect(QRectF(AxisPainter::snapped(m_pointerX, ratio), axis.top(), 1 / ratio, axis.height()),
-                         pointer);
+    if (m_axis.isValid()) {
+        line.clock();
+        if (m_pick.span())
+            line.span(*m_pick.span());
+        line.scale();
+        if (m_pointerX >= 0 && m_drag == Drag::None)
+            line.pointer(m_pointerX, SpanWords::clock(timeAt(m_pointerX), m_axis.day()));
+        if (m_cursorMs > 0)
+            line.cursor(m_cursorMs, SpanWords::clock(m_cursorMs, m_axis.day()));
     }
-    AxisPainter::hours(&painter, axis, font(), ThemeMode::Dark);
     if (m_keyboardFocus) {
         painter.setRenderHint(QPainter::Antialiasing);
         vemo_base::StylePainter::focusRing(&painter, viewport()->rect(), radius, ThemeMode::Dark);
     }
 }
 
-void DayAxisWt::paintRow(QPainter* painter, int row, double ratio)
+void DayAxisWt::paintRows(TimeLinePainter& painter, int pixels)
 {
-    const QRect rect = rowRect(row);
-    if (rect.bottom() < topRoom || rect.top() > viewport()->height() - hoursRoom)
-        return;
-    const ChannelDay& day = m_channels.at(row);
-    painter->fillRect(rect, dark(Token::Axis));
-    const int pixels = int(std::lround(rect.width() * ratio));
-    const Line& line = this->line(row, pixels);
-    for (const AxisRow::Run& run : line.chosen)
-        painter->fillRect(
-            QRectF(rect.x() + run.from / ratio, rect.y(), (run.to - run.from) / ratio, rect.height() - lineHeight),
-            dark(Token::AxisSegment));
-    for (const AxisRow::Run& run : line.runs)
-        painter->fillRect(QRectF(rect.x() + run.from / ratio, rect.bottom() + 1 - lineHeight,
-                                 (run.to - run.from) / ratio, lineHeight),
-                          dark(run.kind == AxisRow::Kind::Alarm ? Token::AxisAlarm : Token::AxisRecording));
-
-    QFont caption = font();
-    caption.setPixelSize(captionPixels);
-    if (hasFocus() && row == m_currentRow && m_channels.size() > 1)
-        caption.setWeight(QFont::DemiBold);
-    painter->setFont(caption);
-    painter->setPen(dark(Token::Text));
-    const QRect name(edge, rect.y(), nameWidth - edge - 8, rect.height());
-    painter->drawText(name, int(Qt::AlignLeading | Qt::AlignVCenter),
-                      painter->fontMetrics().elidedText(day.name, Qt::ElideRight, name.width()));
-    QString words;
-    if (day.state == ChannelDay::State::Searching)
-        words = tr("Searching...");
-    else if (day.state == ChannelDay::State::Failed)
-        words = day.error.message;
-    else if (day.state == ChannelDay::State::Found && day.recordings.isEmpty())
-        words = tr("No recording on this day");
-    if (words.isEmpty())
-        return;
-    painter->setPen(dark(day.state == ChannelDay::State::Failed ? Token::Error : Token::Text2));
-    const QRect room = rect.adjusted(8, 0, -8, 0);
-    painter->drawText(room, int(Qt::AlignLeading | Qt::AlignVCenter),
-                      painter->fontMetrics().elidedText(words, Qt::ElideRight, room.width()));
+    for (int row = 0; row < m_channels.size(); ++row) {
+        const QRect rect = rowRect(row);
+        if (rect.bottom() < topRoom || rect.top() > viewport()->height() - scaleRoom)
+            continue;
+        const ChannelDay& day = m_channels.at(row);
+        painter.row(rect, line(row, pixels));
+        const bool isCurrent = day.channel == m_selected || (m_keyboardFocus && row == m_currentRow);
+        painter.name(QRect(edge, rect.y(), nameWidth - edge - 8, rect.height()), day.name,
+                     isCurrent && m_channels.size() > 1);
+        const QString words = stateWords(day);
+        if (!words.isEmpty())
+            painter.words(rect.adjusted(8, 0, -8, 0), words, day.state == ChannelDay::State::Failed);
+    }
 }
 
-void DayAxisWt::paintSpan(QPainter* painter) const
+QString DayAxisWt::stateWords(const ChannelDay& day) const
 {
-    const std::optional<TimeSpan>& span = m_pick.span();
-    if (!span)
-        return;
-    const QRect axis = axisRect();
-    const int from = xOf(span->beginMs);
-    const int to = xOf(span->endMs);
-    const QColor color = dark(Token::AccentText);
-    QColor tint = color;
-    tint.setAlphaF(markTint);
-    painter->fillRect(QRect(QPoint(qMin(from, to), axis.top()), QSize(qMax(1, qAbs(to - from)), axis.height())), tint);
-    painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(Qt::NoPen);
-    painter->setBrush(color);
-    for (const int x : {from, to}) {
-        painter->fillRect(QRect(x - 1, axis.top() - 4, 2, axis.height() + 4), color);
-        painter->drawRoundedRect(QRectF(x - handle / 2.0, axis.top() - handle, handle, handle - 2), 3, 3);
-    }
-    painter->setRenderHint(QPainter::Antialiasing, false);
+    if (day.state == ChannelDay::State::Searching)
+        return tr("Searching...");
+    if (day.state == ChannelDay::State::Failed)
+        return day.error.message;
+    if (day.state == ChannelDay::State::Found && day.recordings.isEmpty())
+        return tr("No recording on this day");
+    return {};
 }
 
 QString DayAxisWt::tipOf(int row, qint64 ms) const
@@ -319,7 +382,7 @@ TimeSpan DayAxisWt::stretchAt(int row, qint64 ms) const
 void DayAxisWt::showTip(const QPoint& position, int row, qint64 ms)
 {
     // Below the axis: a card on the next channel would hide what it is compared with.
-    const QPoint below(position.x(), axisRect().bottom());
+    const QPoint below(position.x(), axisRect().bottom() + scaleRoom - 8);
     QToolTip::showText(viewport()->mapToGlobal(below), tipOf(row, ms), viewport());
 }
 
@@ -328,8 +391,8 @@ bool DayAxisWt::viewportEvent(QEvent* event)
     if (event->type() == QEvent::ToolTip && m_axis.isValid()) {
         const QPoint position = static_cast<const QHelpEvent*>(event)->pos();
         const int row = rowAt(position.y());
-        if (axisRect().adjusted(0, 0, 0, hoursRoom).contains(position))
-            showTip(position, row, m_axis.timeAt(positionAt(position.x()), DayAxis::Pass::First));
+        if (axisRect().adjusted(0, 0, 0, scaleRoom).contains(position))
+            showTip(position, row, timeAt(position.x()));
         else if (row >= 0)
             QToolTip::showText(viewport()->mapToGlobal(position), m_channels.at(row).name.toHtmlEscaped(), viewport());
         return true;
@@ -338,46 +401,103 @@ bool DayAxisWt::viewportEvent(QEvent* event)
         m_pointerX = -1;
         viewport()->update();
     }
+    if (event->type() == QEvent::Gesture) {
+        auto* pinch = static_cast<QPinchGesture*>(static_cast<QGestureEvent*>(event)->gesture(Qt::PinchGesture));
+        if (!pinch)
+            return false;
+        const int x = viewport()->mapFromGlobal(pinch->centerPoint().toPoint()).x();
+        zoom(pinch->scaleFactor(), m_view.placeOf(positionAt(x)));
+        return true;
+    }
     return QAbstractScrollArea::viewportEvent(event);
+}
+
+void DayAxisWt::wheelEvent(QWheelEvent* event)
+{
+    const QRect axis = axisRect();
+    const QPoint delta = event->angleDelta();
+    if (event->position().x() < axis.left() || !m_axis.isValid()) {
+        QAbstractScrollArea::wheelEvent(event);
+        return;
+    }
+    const bool pans = event->modifiers() & Qt::ShiftModifier || qAbs(delta.x()) > qAbs(delta.y());
+    if (pans) {
+        pan(-(delta.x() != 0 ? delta.x() : delta.y()) / notch / 8);
+    } else if (delta.y() != 0) {
+        zoom(std::pow(zoomStep, delta.y() / notch), m_view.placeOf(positionAt(int(event->position().x()))));
+    }
+    event->accept();
 }
 
 void DayAxisWt::mousePressEvent(QMouseEvent* event)
 {
-    const QRect reach = axisRect().adjusted(-grip, -topRoom, grip, 0);
-    if (event->button() != Qt::LeftButton || !m_axis.isValid() || !reach.contains(event->pos()))
+    const bool isMiddle = event->button() == Qt::MiddleButton;
+    if ((event->button() != Qt::LeftButton && !isMiddle) || !m_axis.isValid() ||
+        !axisRect().adjusted(-grip, -topRoom, grip, scaleRoom).contains(event->pos()))
         return;
-    m_pick.press(positionAt(event->pos().x()), double(grip) / qMax(1, axisRect().width()));
     QToolTip::hideText();
+    m_pressed = event->pos();
+    m_pressedView = m_view;
+    const double position = positionAt(event->pos().x());
+    if (isMiddle || isOnFlag(event->pos()))
+        m_drag = isMiddle ? Drag::View : Drag::Cursor;
+    else if (event->pos().y() <= axisRect().bottom() && m_pick.isOnEdge(position, reach())) {
+        m_pick.press(position, reach());
+        m_drag = Drag::Span;
+    } else
+        m_drag = Drag::Pressed;
 }
 
 void DayAxisWt::mouseMoveEvent(QMouseEvent* event)
 {
     const QRect axis = axisRect();
     const double position = positionAt(event->pos().x());
-    const bool isInside = axis.adjusted(0, -topRoom, 0, 0).contains(event->pos());
+    const bool isInside = axis.adjusted(0, -topRoom, 0, scaleRoom).contains(event->pos());
     m_pointerX = isInside ? event->pos().x() : -1;
-    if (m_pick.isDragging()) {
+    if (m_drag == Drag::Pressed && (event->pos() - m_pressed).manhattanLength() >= QApplication::startDragDistance()) {
+        const bool isOnClock = m_pressed.y() > axis.bottom();
+        m_drag = m_isMarking && !isOnClock ? Drag::Span : Drag::View;
+        if (m_drag == Drag::Span)
+            m_pick.press(positionAt(m_pressed.x()), 0);
+    }
+    if (m_drag == Drag::Span) {
         m_pick.move(position);
         if (const std::optional<TimeSpan>& span = m_pick.span())
-            QToolTip::showText(viewport()->mapToGlobal(QPoint(event->pos().x(), axis.bottom())),
+            QToolTip::showText(viewport()->mapToGlobal(QPoint(event->pos().x(), axis.bottom() + scaleRoom - 8)),
                                QString(SpanWords::span(*span, m_axis.day()) % QLatin1String(",  ") %
                                        SpanWords::length(span->lengthMs())),
                                viewport());
         emit signalSpanMarked(m_pick.span());
+    } else if (m_drag == Drag::View) {
+        TimeView view = m_pressedView;
+        view.pan(double(m_pressed.x() - event->pos().x()) / qMax(1, axis.width()));
+        changeView(view);
+        viewport()->setCursor(Qt::ClosedHandCursor);
+    } else if (m_drag == Drag::Cursor) {
+        m_cursorMs = timeAt(event->pos().x());
     } else {
-        const bool onEdge = isInside && m_pick.isOnEdge(position, double(grip) / qMax(1, axis.width()));
-        viewport()->setCursor(onEdge ? Qt::SizeHorCursor : isInside ? Qt::CrossCursor : Qt::ArrowCursor);
+        const bool onEdge = isInside && event->pos().y() <= axis.bottom() && m_pick.isOnEdge(position, reach());
+        viewport()->setCursor(onEdge                                                   ? Qt::SizeHorCursor
+                              : isOnFlag(event->pos())                                 ? Qt::PointingHandCursor
+                              : isInside && m_isMarking && axis.contains(event->pos()) ? Qt::CrossCursor
+                                                                                       : Qt::ArrowCursor);
     }
     viewport()->update();
 }
 
 void DayAxisWt::mouseReleaseEvent(QMouseEvent* event)
 {
-    if (event->button() != Qt::LeftButton || !m_pick.isDragging())
-        return;
-    m_pick.release();
+    const Drag drag = std::exchange(m_drag, Drag::None);
+    if (drag == Drag::Span) {
+        m_pick.release();
+        emit signalSpanMarked(m_pick.span());
+    } else if (drag == Drag::Cursor) {
+        emit signalSeekRequested(m_cursorMs);
+    } else if (drag == Drag::Pressed && axisRect().adjusted(0, 0, 0, scaleRoom).contains(m_pressed)) {
+        emit signalSeekRequested(timeAt(event->pos().x()));
+    }
+    viewport()->setCursor(Qt::ArrowCursor);
     viewport()->update();
-    emit signalSpanMarked(m_pick.span());
 }
 
 void DayAxisWt::mouseDoubleClickEvent(QMouseEvent* event)
@@ -385,7 +505,7 @@ void DayAxisWt::mouseDoubleClickEvent(QMouseEvent* event)
     const int row = rowAt(event->pos().y());
     if (event->button() != Qt::LeftButton || row < 0 || !axisRect().contains(event->pos()))
         return;
-    const qint64 ms = m_axis.timeAt(positionAt(event->pos().x()), DayAxis::Pass::First);
+    const qint64 ms = timeAt(event->pos().x());
     if (AxisRow::recordingAt(m_channels.at(row).recordings, ms) >= 0)
         mark(stretchAt(row, ms));
 }
@@ -399,6 +519,7 @@ void DayAxisWt::step(int direction)
     if (next >= m_axis.beginMs() && next < m_axis.endMs())
         m_currentMs = next;
     m_currentMs = stretchAt(m_currentRow, m_currentMs).beginMs;
+    reveal(m_currentMs);
     m_pointerX = xOf(m_currentMs);
     showTip(QPoint(m_pointerX, 0), m_currentRow, m_currentMs);
     describe();
@@ -425,8 +546,16 @@ void DayAxisWt::keyPressEvent(QKeyEvent* event)
         if (!m_channels.isEmpty() && m_axis.isValid())
             mark(stretchAt(m_currentRow, m_currentMs));
         break;
+    case Qt::Key_Plus:
+    case Qt::Key_Equal:
+        m_closer->click();
+        break;
+    case Qt::Key_Minus:
+        m_farther->click();
+        break;
     case Qt::Key_Escape:
         if (m_pick.isDragging()) {
+            m_drag = Drag::None;
             m_pick.cancel();
             mark(m_pick.span());
         } else if (m_pick.span()) {
@@ -436,7 +565,7 @@ void DayAxisWt::keyPressEvent(QKeyEvent* event)
         }
         break;
     default:
-        QAbstractScrollArea::keyPressEvent(event);
+        event->ignore(); // the player's
     }
 }
 

@@ -2,20 +2,29 @@
 
 #include "ChannelDay.h"
 #include "SpanPick.h"
+#include "TimeLinePainter.h"
+#include "TimeView.h"
 
-#include <axis/AxisRow.h>
 #include <axis/DayAxis.h>
 
 #include <QAbstractScrollArea>
 #include <QTimer>
 #include <QVector>
 
+namespace vemo_base {
+class TransportButton;
+}
+
 namespace vemo_client {
 
-/// The day of several channels on one time axis, a dark island: a line a channel with what its recorder has, the span
-/// that is marked, and the hours below. The mouse marks a span, or takes an edge of the marked one along; hovering
-/// tells what lies below the pointer. By keyboard: Left and Right step through the recordings and gaps of the current
-/// channel, Up and Down change the channel, Enter marks what is shown, Esc takes the mark away. GUI thread.
+/// The time line: the day of several channels on one axis, a dark island. A line a channel with what its recorder and
+/// this computer have, the time that is played, the span that is marked, and the clock below.
+///
+/// A click asks for that time; a drag marks a span, or moves the shown part while marking is off; handles of the marked
+/// span and the flag of the played time are dragged along. The wheel and a pinch come closer at the pointer, a drag of
+/// the clock moves along. Hovering tells what lies below the pointer. By keyboard: Left and Right step through the
+/// recordings and gaps of the current channel, Up and Down change the channel, Enter marks what is shown, Esc takes the
+/// mark away, plus and minus zoom. GUI thread.
 class DayAxisWt final : public QAbstractScrollArea
 {
     Q_OBJECT
@@ -27,16 +36,30 @@ public:
     void setDay(const vemo_base::DayAxis& axis);
     void setChannels(const QVector<ChannelDay>& channels);
     void setSpan(const std::optional<vemo_base::TimeSpan>& span);
+    /// The time that is played; 0: none. Stays in view when it was.
+    void setCursorMs(qint64 ms);
+    /// The channel that is named strongly.
+    void setSelectedChannel(const ChannelRef& channel);
+    /// What a drag does.
+    void setMarking(bool marking) { m_isMarking = marking; }
+
+    const TimeView& view() const { return m_view; }
+    /// Around a place of the shown width, 0 to 1.
+    void zoom(double factor, double place);
+    /// By so many of its widths.
+    void pan(double places);
+    void showAll();
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
-    /// Where a time lies in the viewport; for tests and for drawing beside the axis.
+    /// Where a time lies in the viewport, also when that is out of view; for tests and for drawing beside the axis.
     int xOf(qint64 ms) const;
 
 signals:
     /// The person marked a span or took the mark away.
     void signalSpanMarked(const std::optional<vemo_base::TimeSpan>& span);
+    void signalSeekRequested(qint64 ms);
 
 protected:
     bool viewportEvent(QEvent* event) override;
@@ -46,28 +69,31 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
-    struct Line
-    {
-        QVector<vemo_base::AxisRow::Run> runs;
-        QVector<vemo_base::AxisRow::Run> chosen;
-    };
+    /// What the pressed mouse moves.
+    enum class Drag : int { None = 0, Pressed, Span, View, Cursor };
 
-    int rowHeight() const;
     QRect axisRect() const; ///< of all rows, in the viewport
     QRect rowRect(int row) const;
     double positionAt(int x) const;
+    qint64 timeAt(int x) const;
+    double reach() const;
     int rowAt(int y) const;
-    const Line& line(int row, int pixels);
+    bool isOnFlag(const QPoint& position) const;
+    const TimeLinePainter::Row& line(int row, int pixels);
+    void addZoomButtons();
+    void changeView(const TimeView& view);
+    void reveal(qint64 ms);
     void updateScroll();
     void describe();
 
-    void paintRow(QPainter* painter, int row, double ratio);
-    void paintSpan(QPainter* painter) const;
+    void paintRows(TimeLinePainter& painter, int pixels);
+    QString stateWords(const ChannelDay& day) const;
 
     void showTip(const QPoint& position, int row, qint64 ms);
     QString tipOf(int row, qint64 ms) const;
@@ -76,15 +102,26 @@ private:
     void mark(const std::optional<vemo_base::TimeSpan>& span);
 
     vemo_base::DayAxis m_axis;
+    TimeView m_view;
     QVector<ChannelDay> m_channels;
-    QVector<Line> m_lines; ///< made when first painted
+    ChannelRef m_selected;
+    QVector<TimeLinePainter::Row> m_lines; ///< made when first painted
+    QVector<bool> m_isLaid;                ///< whether the line at the same place was made
     int m_linePixels = 0;
     SpanPick m_pick;
+    bool m_isMarking = true;
+    Drag m_drag = Drag::None;
+    QPoint m_pressed;
+    TimeView m_pressedView;
+    qint64 m_cursorMs = 0;
     int m_pointerX = -1;
     int m_currentRow = 0;
     qint64 m_currentMs = 0; ///< where the keyboard is
     bool m_keyboardFocus = false;
     QTimer m_nowTimer;
+    vemo_base::TransportButton* m_closer = nullptr;
+    vemo_base::TransportButton* m_farther = nullptr;
+    vemo_base::TransportButton* m_whole = nullptr;
 };
 
 } // namespace vemo_client

@@ -41,7 +41,6 @@ void FrameThinner::setKeep(Keep keep)
 void FrameThinner::reset()
 {
     m_waitsForKeyFrame = false;
-    m_codecs = {};
 }
 
 bool FrameThinner::isReference(const vav::FrameHeader& frame, const std::uint8_t* payload) const

@@ -19,7 +19,7 @@ public:
     /// From key frames to more, the change holds from the next key frame on.
     void setKeep(Keep keep);
     Keep keep() const { return m_keep; }
-    /// A new stream begins.
+    /// Another place of the stream, or another stream, which begins with its description.
     void reset();
 
     /// What is left of a batch of whole packets; the batch itself, not copied, when that is all.

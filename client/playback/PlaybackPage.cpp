@@ -1,10 +1,13 @@
 #include "PlaybackPage.h"
 
 #include "DayAxisWt.h"
+#include "MonthDays.h"
+#include "PlaybackStage.h"
 #include "RecorderColumn.h"
-#include "RecordingsTable.h"
 #include "SpanBar.h"
+#include "StatePage.h"
 
+#include "devices/CertificateDialog.h"
 #include "devices/FirstRecorderWt.h"
 #include "devices/LoginWords.h"
 #include "devices/RecorderAddress.h"
@@ -13,20 +16,22 @@
 
 #include <axis/SpanWords.h>
 #include <BaseTools.h>
+#include <DataSignals.h>
 #include <DevsMgrData.h>
-#include <EmptyStateWt.h>
 #include <Icons.h>
-#include <PageHeader.h>
+#include <player/TransportButton.h>
+#include <SystemWorker.h>
 #include <UiSettings.h>
+#include <WrappingBar.h>
 
+#include <QGridLayout>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QSplitter>
 #include <QStackedLayout>
 #include <QTimeZone>
-#include <QToolButton>
-#include <QVariant>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -37,13 +42,16 @@ using vemo_base::AxisRow;
 using vemo_base::DayAxis;
 using vemo_base::SpanWords;
 using vemo_base::TimeSpan;
+using vemo_base::TransportButton;
 
 namespace {
 
 constexpr int pageMargin = 24;
-constexpr int pageTop = 20;
+constexpr int panelMargin = 16;
 constexpr int columnWidth = 242;
 constexpr int missingMs = 300;
+constexpr int toldMs = 8000;
+constexpr int footPixels = 12;
 
 QString daySetting()
 {
@@ -60,20 +68,25 @@ QString splitterSetting()
     return QStringLiteral("playback_splitter");
 }
 
-QToolButton* arrow(const QString& icon, const QString& tip, QWidget* parent)
+QString listSetting()
 {
-    auto* button = new QToolButton(parent);
-    button->setIcon(vemo_base::Icons::icon(icon));
-    button->setIconSize(QSize(20, 20));
-    button->setAutoRaise(true);
-    button->setToolTip(tip);
-    button->setAccessibleName(tip);
-    return button;
+    return QStringLiteral("playback_list");
 }
 
 QString dayText(const QDate& day)
 {
     return vemo_base::BaseTools::instance().strDate(day, true);
+}
+
+QLabel* footLabel(QWidget* parent)
+{
+    auto* label = new QLabel(parent);
+    QFont small = label->font();
+    small.setPixelSize(footPixels);
+    label->setFont(small);
+    label->setForegroundRole(QPalette::PlaceholderText);
+    label->setTextFormat(Qt::PlainText);
+    return label;
 }
 
 } // namespace
@@ -93,128 +106,171 @@ PlaybackPage::PlaybackPage(RecorderLogins* logins, QWidget* parent)
     m_splitter->setStretchFactor(1, 1);
     m_splitter->setSizes({columnWidth, 4 * columnWidth});
     m_pages->addWidget(m_splitter);
+    m_months = new MonthDays(m_column->calendar(), this);
 
-    m_missingTimer.setSingleShot(true);
-    m_missingTimer.setInterval(missingMs);
-    connect(&m_missingTimer, &QTimer::timeout, this, &PlaybackPage::searchMissing);
-    connect(&m_daySearch, &DaySearch::signalFound, this,
-            [this](int index, const QList<vms_sdk::VideoRecording>& recordings) {
-                takeFound(m_searched.at(index), recordings);
-            });
-    connect(&m_daySearch, &DaySearch::signalFailed, this,
-            [this](int index, const vms_sdk::Error& error) { takeFailed(m_searched.at(index), error); });
-    connect(&m_daySearch, &DaySearch::signalFinished, this, &PlaybackPage::showBody);
+    m_toldTimer.setSingleShot(true);
+    m_toldTimer.setInterval(toldMs);
+    connect(&m_toldTimer, &QTimer::timeout, m_told, &QLabel::clear);
     connect(&m_requests, &QueueRequests::signalQueued, this, &PlaybackPage::signalQueued);
-    connect(m_column, &RecorderColumn::signalDayPicked, this, &PlaybackPage::takeDay);
-    RecorderTree* tree = m_column->tree();
-    connect(tree, &RecorderTree::signalCheckedChanged, this, &PlaybackPage::takeChannels);
-    connect(tree, &RecorderTree::signalSearchWanted, this, &PlaybackPage::search);
-    connect(tree, &QTreeWidget::currentItemChanged, this, &PlaybackPage::showBody);
+    connect(&m_days, &PlaybackDays::signalDayChanged, this, &PlaybackPage::tellStage);
+    connect(&m_days, &PlaybackDays::signalChanged, this, &PlaybackPage::showDays);
+    connect(&m_days, &PlaybackDays::signalFinished, this, &PlaybackPage::showBody);
     connect(m_logins, &RecorderLogins::signalChanged, this, &PlaybackPage::takeRecorders);
+    connect(&vemo_worker::SystemWorker::instance(), &vemo_worker::SystemWorker::signalCurUserChanged, this,
+            &PlaybackPage::showWhatIsChosen);
+    connect(&vemo_data::DataSignals::instance(), &vemo_data::DataSignals::signalDevInfoChanged, this,
+            &PlaybackPage::takeChannels); // their names
+    connectColumn();
+    connectStage();
     restore();
     takeRecorders();
 }
 
 PlaybackPage::~PlaybackPage() = default;
 
+void PlaybackPage::connectColumn()
+{
+    connect(m_column, &RecorderColumn::signalDayPicked, this, &PlaybackPage::takeDay);
+    connect(m_column, &RecorderColumn::signalSearchClicked, this,
+            [this] { m_days.isSearching() ? m_days.cancel() : m_days.search(); });
+    RecorderTree* tree = m_column->tree();
+    connect(tree, &RecorderTree::signalCheckedChanged, this, &PlaybackPage::takeChannels);
+    connect(tree, &RecorderTree::signalChannelActivated, this, [this] { m_playsNext = true; });
+    connect(tree, &RecorderTree::signalSearchWanted, this, [this] {
+        if (!std::exchange(m_playsNext, false)) {
+            m_days.search();
+            return;
+        }
+        m_days.searchMissing();
+        m_stage->session()->play();
+    });
+    connect(tree, &QTreeWidget::currentItemChanged, this, &PlaybackPage::showBody);
+}
+
+void PlaybackPage::connectStage()
+{
+    PlaybackSession* session = m_stage->session();
+    connect(session, &PlaybackSession::signalPosition, m_axisWt, &DayAxisWt::setCursorMs);
+    connect(m_axisWt, &DayAxisWt::signalSeekRequested, this, [this, session](qint64 ms) {
+        m_list->setChecked(false);
+        session->seek(ms);
+        m_days.searchMissing();
+    });
+    connect(m_stage, &PlaybackStage::signalPlayWanted, this, [this] {
+        m_list->setChecked(false);
+        m_days.searchMissing();
+    });
+    connect(m_stage, &PlaybackStage::signalChannelPlaced, this, &PlaybackPage::placeChannel);
+    connect(m_stage, &PlaybackStage::signalChannelClosed, this, &PlaybackPage::closeChannel);
+    connect(m_stage, &PlaybackStage::signalTilesChanged, this, &PlaybackPage::showTiles);
+    connect(m_stage, &PlaybackStage::signalSelectedChanged, this, &PlaybackPage::showTiles);
+    connect(m_stage, &PlaybackStage::signalTold, this, [this](const QString& sentence) {
+        m_told->setText(sentence);
+        m_toldTimer.start();
+    });
+}
+
 QWidget* PlaybackPage::makeContent()
 {
     auto* content = new QWidget;
-    m_header = new vemo_base::PageHeader(tr("Playback"), content);
-    m_chosenWords = new QLabel(content);
-    m_chosenWords->setTextFormat(Qt::PlainText);
-    m_chosenWords->setForegroundRole(QPalette::PlaceholderText);
-    m_header->addTool(m_chosenWords);
-    m_download = m_header->addButton(QStringLiteral("downloadBt"), QStringLiteral("download-mgr"), tr("Download"),
-                                     vemo_base::PageHeader::Weight::Primary);
-    connect(m_download, &QPushButton::clicked, this, &PlaybackPage::download);
+    auto* body = new QWidget(content);
+    m_body = new QStackedLayout(body);
+    m_stage = new PlaybackStage(body);
+    m_body->addWidget(m_stage);
+    m_tablePage = new QWidget(body);
+    auto* tableLayout = new QVBoxLayout(m_tablePage);
+    tableLayout->setContentsMargins(pageMargin, pageMargin, pageMargin, pageMargin);
+    m_table = new RecordingsTable(m_tablePage);
+    tableLayout->addWidget(m_table);
+    m_body->addWidget(m_tablePage);
+    m_state = new StatePage(body);
+    m_body->addWidget(m_state);
+    connect(m_table, &RecordingsTable::signalChosenChanged, this, &PlaybackPage::takeChosen);
+    connect(m_table, &RecordingsTable::signalActivated, this, &PlaybackPage::markRecording);
 
-    m_axisWt = new DayAxisWt(content);
+    QWidget* panel = makePanel();
+    for (QWidget* area : {static_cast<QWidget*>(m_column), body, panel})
+        area->setProperty("area", true);
+    auto* layout = new QVBoxLayout(content);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(body, 1);
+    layout->addWidget(panel);
+    return content;
+}
+
+/// Below the pictures: buttons, time line, words.
+QWidget* PlaybackPage::makePanel()
+{
+    auto* panel = new QWidget;
+    panel->setAutoFillBackground(true);
+    panel->setBackgroundRole(QPalette::Button);
+    auto* bar = new vemo_base::WrappingBar(panel);
+    auto* home = new QWidget(bar);
+    auto* homeLayout = new QHBoxLayout(home);
+    homeLayout->setContentsMargins(0, 0, 0, 0);
+    homeLayout->addWidget(m_stage->transport());
+    auto* grid = new QGridLayout(bar);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->addWidget(home, 0, 0, Qt::AlignLeading);
+    grid->addWidget(makeDownloads(), 0, 1, Qt::AlignTrailing);
+    grid->setColumnStretch(1, 1);
+
+    m_axisWt = new DayAxisWt(panel);
     m_axisWt->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     connect(m_axisWt, &DayAxisWt::signalSpanMarked, this, [this](const std::optional<TimeSpan>& span) {
         m_spanBar->setSpan(span);
         takeMark(span);
     });
-    m_spanBar = new SpanBar(content);
     connect(m_spanBar, &SpanBar::signalSpanMarked, this, [this](const std::optional<TimeSpan>& span) {
         m_axisWt->setSpan(span);
         takeMark(span);
     });
+    connect(m_spanBar, &SpanBar::signalMarkingChosen, m_axisWt, &DayAxisWt::setMarking);
 
-    auto* body = new QWidget(content);
-    m_body = new QStackedLayout(body);
-    m_table = new RecordingsTable(body);
-    m_body->addWidget(m_table);
-    connect(m_table, &RecordingsTable::signalChosenChanged, this, &PlaybackPage::takeChosen);
-    connect(m_table, &RecordingsTable::signalActivated, this, [this](const RecordingsTable::Place& place) {
-        if (place.day < 0 || place.day >= m_days.size())
-            return;
-        const vms_sdk::VideoRecording recording = m_days.at(place.day).recordings.value(place.recording);
-        const TimeSpan span{qMax(m_axis.beginMs(), recording.begin.toMSecsSinceEpoch()),
-                            qMin(m_axis.endMs(), recording.end.toMSecsSinceEpoch())};
-        m_axisWt->setSpan(span);
-        m_spanBar->setSpan(span);
-        takeMark(span);
-    });
-
-    QWidget* dayBar = makeDayBar();
-    for (QWidget* area : {static_cast<QWidget*>(m_column), dayBar, static_cast<QWidget*>(m_axisWt), body})
-        area->setProperty("area", true);
-
-    auto* layout = new QVBoxLayout(content);
-    layout->setContentsMargins(pageMargin, pageTop, pageMargin, pageTop);
+    m_summary = footLabel(panel);
+    m_told = footLabel(panel);
+    m_told->setForegroundRole(QPalette::WindowText);
+    auto* foot = new QHBoxLayout;
+    foot->addWidget(m_summary);
+    foot->addStretch();
+    foot->addWidget(m_told);
+    auto* layout = new QVBoxLayout(panel);
+    layout->setContentsMargins(panelMargin, 8, panelMargin, 8);
     layout->setSpacing(8);
-    layout->addWidget(m_header);
-    layout->addSpacing(8);
-    layout->addWidget(dayBar);
+    layout->addWidget(bar);
     layout->addWidget(m_axisWt);
-    layout->addWidget(m_spanBar);
-    layout->addWidget(body, 1);
-    return content;
+    layout->addLayout(foot);
+    return panel;
 }
 
-QWidget* PlaybackPage::makeDayBar()
+QWidget* PlaybackPage::makeDownloads()
 {
-    auto* bar = new QWidget;
-    QToolButton* before = arrow(QStringLiteral("chev-left"), tr("Day before"), bar);
-    QToolButton* next = arrow(QStringLiteral("chev-right"), tr("Next day"), bar);
-    m_dayLabel = new QLabel(bar);
-    QFont strong = m_dayLabel->font();
-    strong.setWeight(QFont::DemiBold);
-    m_dayLabel->setFont(strong);
-    m_search = new QPushButton(bar);
-    m_search->setIcon(vemo_base::Icons::icon(QStringLiteral("search")));
-
-    auto* layout = new QHBoxLayout(bar);
+    auto* group = new QWidget;
+    m_list =
+        new TransportButton(TransportButton::Kind::Quiet, QStringLiteral("queue"), tr("Recordings as a list"), group);
+    m_list->setObjectName(QStringLiteral("listBt"));
+    m_list->setCheckable(true);
+    connect(m_list, &TransportButton::toggled, this, &PlaybackPage::showBody);
+    m_spanBar = new SpanBar(group);
+    m_download = new QPushButton(vemo_base::Icons::icon(QStringLiteral("download-mgr")), tr("Download"), group);
+    m_download->setObjectName(QStringLiteral("downloadBt"));
+    m_download->setProperty("kind", QStringLiteral("primary"));
+    connect(m_download, &QPushButton::clicked, this, &PlaybackPage::download);
+    auto* layout = new QHBoxLayout(group);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(8);
-    layout->addWidget(before);
-    layout->addWidget(m_dayLabel);
-    layout->addWidget(next);
-    layout->addWidget(m_search);
-    layout->addStretch();
-
-    connect(before, &QToolButton::clicked, this, [this] { setDay(m_column->day().addDays(-1)); });
-    connect(next, &QToolButton::clicked, this, [this] { setDay(m_column->day().addDays(1)); });
-    connect(m_search, &QPushButton::clicked, this, [this] {
-        if (m_daySearch.isRunning()) {
-            m_daySearch.cancel();
-            for (ChannelDay& day : m_days) {
-                if (day.state == ChannelDay::State::Searching)
-                    day.state = ChannelDay::State::Unknown;
-            }
-            showDays();
-        } else {
-            search();
-        }
-    });
-    return bar;
+    layout->addWidget(m_list);
+    layout->addWidget(m_spanBar);
+    layout->addWidget(m_download);
+    return group;
 }
 
 void PlaybackPage::restore()
 {
     const vemo_worker::UiSettings& settings = vemo_worker::UiSettings::instance();
     m_splitter->restoreState(settings.value(splitterSetting()).toByteArray());
+    m_list->setChecked(settings.value(listSetting()).toBool());
     const QDate day = QDate::fromString(settings.value(daySetting()).toString(), Qt::ISODate);
     const QDate today = QDate::currentDate();
     m_column->setDay(day.isValid() && day <= today ? day : today);
@@ -235,9 +291,10 @@ void PlaybackPage::remember() const
     settings.setValue(splitterSetting(), m_splitter->saveState());
     settings.setValue(daySetting(), m_column->day().toString(Qt::ISODate));
     QStringList channels;
-    for (const ChannelDay& day : m_days)
+    for (const ChannelDay& day : m_days.days())
         channels.append(vemo_base::BaseTools::instance().formatChannelId(day.channel.devId, day.channel.channelNo));
     settings.setValue(channelsSetting(), channels);
+    settings.setValue(listSetting(), m_list->isChecked());
 }
 
 void PlaybackPage::showRecorder(const QString& devId)
@@ -272,111 +329,85 @@ void PlaybackPage::takeRecorders()
 void PlaybackPage::takeChannels()
 {
     const QVector<ChannelRef> channels = m_column->tree()->checkedChannels();
-    QVector<ChannelDay> days;
-    for (const ChannelRef& channel : channels) {
-        const ChannelDay* known = dayOf(channel);
-        ChannelDay day = known ? *known : ChannelDay();
-        day.channel = channel;
-        day.name = vemo_base::BaseTools::instance().getChannelName(channel.devId, channel.channelNo);
-        days.append(day);
-    }
-    m_days = days;
-    showDays();
-    if (m_hasSearched)
-        m_missingTimer.start();
+    m_stage->setChannels(channels);
+    m_months->setChannel(channels.isEmpty() ? std::nullopt : std::optional<ChannelRef>(channels.first()));
+    m_days.setChannels(channels);
+}
+
+/// A channel comes to a tile by being checked.
+void PlaybackPage::placeChannel(const ChannelRef& channel, const std::optional<ChannelRef>& before)
+{
+    QVector<ChannelRef> channels = m_column->tree()->checkedChannels();
+    if (before)
+        channels.removeAll(*before);
+    if (!channels.contains(channel) && channels.size() < RecorderTree::mostChannels)
+        channels.append(channel);
+    m_days.searchFromNowOn();
+    m_column->tree()->setCheckedChannels(channels);
+}
+
+void PlaybackPage::closeChannel(const ChannelRef& channel)
+{
+    QVector<ChannelRef> channels = m_column->tree()->checkedChannels();
+    channels.removeAll(channel);
+    m_column->tree()->setCheckedChannels(channels);
 }
 
 void PlaybackPage::takeDay(const QDate& day)
 {
-    m_daySearch.cancel();
-    m_axis = DayAxis(day, QTimeZone::systemTimeZone());
-    m_axisWt->setDay(m_axis);
-    m_spanBar->setAxis(m_axis);
+    const DayAxis axis(day, QTimeZone::systemTimeZone());
+    m_axisWt->setDay(axis);
+    m_spanBar->setAxis(axis);
     m_span.reset();
-    m_dayLabel->setText(dayText(day));
-    for (ChannelDay& channel : m_days) {
-        channel.state = ChannelDay::State::Unknown;
-        channel.recordings.clear();
-        channel.chosen.clear();
-    }
-    showDays();
-    if (m_hasSearched)
-        m_missingTimer.start();
+    m_stage->setDay(axis);
+    m_days.setAxis(axis);
 }
 
-ChannelDay* PlaybackPage::dayOf(const ChannelRef& channel)
+/// What the stage needs to know of a search; a recorder without a list may have footage at any time.
+void PlaybackPage::tellStage(const ChannelDay& day)
 {
-    for (ChannelDay& day : m_days) {
-        if (day.channel == channel)
-            return &day;
-    }
-    return nullptr;
-}
-
-void PlaybackPage::search()
-{
-    QVector<ChannelRef> channels;
-    for (const ChannelDay& day : qAsConst(m_days))
-        channels.append(day.channel);
-    searchFor(channels);
-}
-
-/// What was picked since the last search, and what that search did not come to.
-void PlaybackPage::searchMissing()
-{
-    QVector<ChannelRef> channels;
-    for (const ChannelDay& day : qAsConst(m_days)) {
-        if (day.state == ChannelDay::State::Unknown || day.state == ChannelDay::State::Searching)
-            channels.append(day.channel);
-    }
-    if (!channels.isEmpty())
-        searchFor(channels);
-}
-
-void PlaybackPage::searchFor(const QVector<ChannelRef>& channels)
-{
-    m_missingTimer.stop();
-    if (channels.isEmpty() || !m_axis.isValid())
-        return;
-    m_hasSearched = true;
-    for (const ChannelRef& channel : channels) {
-        ChannelDay* day = dayOf(channel);
-        day->state = ChannelDay::State::Searching;
-        day->recordings.clear();
-        day->chosen.clear();
-    }
-    m_searched = channels;
-    m_daySearch.start(channels, TimeSpan{m_axis.beginMs(), m_axis.endMs()});
-    showDays();
-}
-
-void PlaybackPage::takeFound(const ChannelRef& channel, const QList<vms_sdk::VideoRecording>& recordings)
-{
-    if (ChannelDay* day = dayOf(channel)) {
-        day->state = ChannelDay::State::Found;
-        day->recordings = recordings;
-        showDays();
-    }
-}
-
-void PlaybackPage::takeFailed(const ChannelRef& channel, const vms_sdk::Error& error)
-{
-    if (ChannelDay* day = dayOf(channel)) {
-        day->state = ChannelDay::State::Failed;
-        day->error = error;
-        if (RecorderAddress::isDirect(vemo_data::DevsMgrData::instance().devRecord(channel.devId).address))
-            day->error.message = tr("No list of recordings: mark a span and press Download");
-        showDays();
-    }
+    const bool isFailed = day.state == ChannelDay::State::Failed;
+    if (isFailed)
+        m_stage->setFound(day, PlaybackDays::isDirect(day.channel) ? Footage::anywhere(m_days.axis()) : Footage());
+    else if (day.state == ChannelDay::State::Found)
+        m_stage->setFound(day, Footage(m_days.axis(), day.recordings));
+    else if (day.state == ChannelDay::State::Searching)
+        m_stage->setSearching(day.channel);
+    if (!day.recordings.isEmpty())
+        m_months->note(day.channel, m_days.axis().day());
 }
 
 void PlaybackPage::showDays()
 {
-    m_table->setDays(m_days);
-    m_axisWt->setChannels(m_days);
+    m_table->setDays(m_days.days());
+    m_axisWt->setChannels(m_days.days());
     showSummary();
     showWhatIsChosen();
     showBody();
+}
+
+void PlaybackPage::showTiles()
+{
+    QVector<ChannelRef> shown;
+    for (int tile = 0; tile < PlaybackSession::mostTiles; ++tile) {
+        if (const std::optional<ChannelRef> channel = m_stage->session()->channel(tile))
+            shown.append(*channel);
+    }
+    m_column->tree()->setActiveChannels(shown);
+    m_axisWt->setSelectedChannel(m_stage->selectedChannel().value_or(ChannelRef()));
+}
+
+/// A recording of the table becomes the marked span.
+void PlaybackPage::markRecording(const RecordingsTable::Place& place)
+{
+    if (place.day < 0 || place.day >= m_days.days().size())
+        return;
+    const vms_sdk::VideoRecording recording = m_days.days().at(place.day).recordings.value(place.recording);
+    const TimeSpan span{qMax(m_days.axis().beginMs(), recording.begin.toMSecsSinceEpoch()),
+                        qMin(m_days.axis().endMs(), recording.end.toMSecsSinceEpoch())};
+    m_axisWt->setSpan(span);
+    m_spanBar->setSpan(span);
+    takeMark(span);
 }
 
 void PlaybackPage::takeMark(const std::optional<TimeSpan>& span)
@@ -389,17 +420,14 @@ void PlaybackPage::takeMark(const std::optional<TimeSpan>& span)
 
 void PlaybackPage::takeChosen()
 {
-    for (ChannelDay& day : m_days)
-        day.chosen.clear();
     const QVector<RecordingsTable::Place> places = m_table->chosen();
-    for (const RecordingsTable::Place& place : places)
-        m_days[place.day].chosen.insert(place.recording);
+    m_days.choose(places);
     if (!places.isEmpty() && m_span) {
         m_span.reset();
         m_axisWt->setSpan(std::nullopt);
         m_spanBar->setSpan(std::nullopt);
     }
-    m_axisWt->setChannels(m_days);
+    m_axisWt->setChannels(m_days.days());
     showWhatIsChosen();
 }
 
@@ -407,34 +435,36 @@ void PlaybackPage::showWhatIsChosen()
 {
     int recordings = 0;
     qint64 lengthMs = 0;
-    for (const ChannelDay& day : qAsConst(m_days)) {
+    for (const ChannelDay& day : m_days.days()) {
         recordings += day.chosen.size();
         for (const int index : day.chosen)
             lengthMs += day.recordings.at(index).begin.msecsTo(day.recordings.at(index).end);
     }
     QString words;
     QString reason;
+    const bool isAllowed = vemo_worker::SystemWorker::instance().isCurUserHasPower(vemo_worker::PowerDownload);
     if (recordings > 0)
         words = SpanWords::recordings(recordings) + QLatin1String(", ") + SpanWords::length(lengthMs);
     else if (m_span && m_span->beginMs >= QDateTime::currentMSecsSinceEpoch())
         reason = tr("The span has not come yet");
-    else if (m_span && m_days.isEmpty())
+    else if (m_span && m_days.days().isEmpty())
         reason = tr("No channel is chosen");
     else if (m_span)
-        words = SpanWords::span(*m_span, m_axis.day()) + QLatin1String("  ") + SpanWords::length(m_span->lengthMs()) +
-                QLatin1String(", ") + SpanWords::channels(m_days.size());
+        words = SpanWords::length(m_span->lengthMs()) + QLatin1String(", ") + SpanWords::channels(m_days.days().size());
     else
-        reason = tr("Check recordings or mark a span first");
-    m_chosenWords->setText(words.isEmpty() && m_span ? reason : words);
-    m_download->setEnabled(!words.isEmpty());
-    m_download->setToolTip(words.isEmpty() ? reason : tr("Puts it into the download queue"));
+        reason = tr("Drag on the time line to mark a span");
+    m_spanBar->setWords(words.isEmpty() ? reason : words);
+    m_download->setEnabled(isAllowed && !words.isEmpty());
+    m_download->setToolTip(!isAllowed        ? tr("Downloading is not allowed for this user")
+                           : words.isEmpty() ? reason
+                                             : tr("Puts it into the download queue"));
 }
 
 void PlaybackPage::download()
 {
     QVector<QueueRequests::Recording> recordings;
     QVector<ChannelRef> channels;
-    for (const ChannelDay& day : qAsConst(m_days)) {
+    for (const ChannelDay& day : m_days.days()) {
         channels.append(day.channel);
         QList<int> chosen = day.chosen.values();
         std::sort(chosen.begin(), chosen.end());
@@ -454,11 +484,11 @@ void PlaybackPage::showSummary()
     int failed = 0;
     int found = 0;
     qint64 coveredMs = 0;
-    for (const ChannelDay& day : qAsConst(m_days)) {
+    for (const ChannelDay& day : m_days.days()) {
         recordings += day.recordings.size();
         found += day.state == ChannelDay::State::Found;
         failed += day.state == ChannelDay::State::Failed;
-        coveredMs += AxisRow::coveredMs(m_axis, day.recordings);
+        coveredMs += AxisRow::coveredMs(m_days.axis(), day.recordings);
     }
     QString words;
     if (found > 0)
@@ -467,106 +497,107 @@ void PlaybackPage::showSummary()
         words += tr(", the first %1 are listed").arg(RecordingsTable::mostRows);
     if (failed > 0)
         words += (words.isEmpty() ? QString() : QStringLiteral(", ")) +
-                 tr("%1 of %2 channels could not be searched").arg(failed).arg(m_days.size());
-    m_header->setSummary(words);
+                 tr("%1 of %2 channels could not be searched").arg(failed).arg(m_days.days().size());
+    m_summary->setText(words);
 }
 
 void PlaybackPage::showBody()
 {
-    const bool isSearching = m_daySearch.isRunning();
-    m_search->setText(isSearching ? tr("Cancel") : tr("Search"));
-    m_search->setEnabled(!m_days.isEmpty());
-    if (m_table->rows() > 0) {
-        m_body->setCurrentWidget(m_table);
-        return;
-    }
-    const QString day = dayText(m_axis.day());
-    const auto again = [this] { search(); };
-    const auto failed = std::find_if(m_days.cbegin(), m_days.cend(), [](const ChannelDay& channel) {
+    const bool isSearching = m_days.isSearching();
+    m_column->setSearching(isSearching, !m_days.days().isEmpty());
+    const bool isOnline = !m_days.days().isEmpty() &&
+                          m_logins->login(m_days.days().first().channel.devId).phase == RecorderLogins::Phase::Online;
+    m_months->setAllowed(isOnline && !isSearching && m_days.hasSearched() &&
+                         !PlaybackDays::isDirect(m_days.days().first().channel));
+    const bool isList = m_list->isChecked();
+    const bool canPlay = std::any_of(m_days.days().cbegin(), m_days.days().cend(), [](const ChannelDay& day) {
+        return day.state == ChannelDay::State::Unknown || day.state == ChannelDay::State::Searching ||
+               !day.recordings.isEmpty() || PlaybackDays::isDirect(day.channel);
+    });
+    if (isList && m_table->rows() > 0)
+        m_body->setCurrentWidget(m_tablePage);
+    else if (!isList && canPlay && (m_days.hasSearched() || failedRecorder().isEmpty()))
+        m_body->setCurrentWidget(m_stage);
+    else
+        showState();
+}
+
+/// Why there is nothing to see, and what helps.
+void PlaybackPage::showState()
+{
+    m_body->setCurrentWidget(m_state);
+    const QString day = dayText(m_days.axis().day());
+    const auto again = [this] { m_days.search(); };
+    const auto failed = std::find_if(m_days.days().cbegin(), m_days.days().cend(), [](const ChannelDay& channel) {
         return channel.state == ChannelDay::State::Failed;
     });
-    if (isSearching)
-        showState(QStringLiteral("search"), tr("The recordings of %1 are searched").arg(day),
-                  tr("They appear here channel by channel."));
+    if (m_days.isSearching())
+        m_state->say(QStringLiteral("search"), tr("The recordings of %1 are searched").arg(day),
+                     tr("They appear here channel by channel."));
     else if (showFailedRecorder())
         return;
-    else if (m_days.isEmpty())
-        showState(QStringLiteral("camera"), tr("No channel is chosen"),
-                  tr("Check up to %1 channels, pick a day and press Search.").arg(RecorderTree::mostChannels));
-    else if (failed != m_days.cend() &&
-             RecorderAddress::isDirect(vemo_data::DevsMgrData::instance().devRecord(failed->channel.devId).address))
-        showState(QStringLiteral("mark-span"), tr("This recorder has no list of recordings"),
-                  tr("Mark a span on the axis, or type two times, and press Download."));
-    else if (failed != m_days.cend())
-        showState(QStringLiteral("warning"), tr("The recordings could not be searched"), failed->error.message,
-                  tr("Retry"), again);
-    else if (m_days.first().state == ChannelDay::State::Found)
-        showState(QStringLiteral("calendar"), tr("There is no recording on %1").arg(day),
-                  tr("Pick another day, or check other channels."));
+    else if (m_days.days().isEmpty())
+        m_state->say(QStringLiteral("camera"), tr("No channel is chosen"),
+                     tr("Check up to %1 channels, pick a day and press Search.").arg(RecorderTree::mostChannels));
+    else if (failed != m_days.days().cend() && PlaybackDays::isDirect(failed->channel))
+        m_state->say(QStringLiteral("mark-span"), tr("This recorder has no list of recordings"),
+                     tr("Mark a span on the axis, or type two times, and press Download."));
+    else if (failed != m_days.days().cend())
+        m_state->say(QStringLiteral("warning"), tr("The recordings could not be searched"), failed->error.message,
+                     tr("Retry"), again);
+    else if (m_days.days().first().state == ChannelDay::State::Found)
+        m_state->say(QStringLiteral("calendar"), tr("There is no recording on %1").arg(day),
+                     tr("Pick another day, or check other channels."));
     else
-        showState(QStringLiteral("search"), tr("%1 was not searched yet").arg(day),
-                  tr("Press Search to see what the recorder has."), tr("Search"), again);
+        m_state->say(QStringLiteral("search"), tr("%1 was not searched yet").arg(day),
+                     tr("Press Search to see what the recorder has."), tr("Search"), again);
 }
 
 /// The recorder of the checked channels, or else the one under the cursor, when it is not logged in.
-bool PlaybackPage::showFailedRecorder()
+QString PlaybackPage::failedRecorder() const
 {
     const QString current = m_column->tree()->currentDevId();
     QStringList candidates;
-    for (const ChannelDay& day : qAsConst(m_days))
+    for (const ChannelDay& day : m_days.days())
         candidates.append(day.channel.devId);
     if (!current.isEmpty())
         candidates.prepend(current);
     for (const QString& devId : qAsConst(candidates)) {
-        const RecorderLogins::Login login = m_logins->login(devId);
-        const LoginWords::Failure failure = LoginWords::failureOf(login);
-        if (failure.title.isEmpty())
-            continue;
-        const QString name = vemo_data::DevsMgrData::instance().getDevInfoById(devId).name;
-        const bool wantsTrust = login.phase == RecorderLogins::Phase::CertificateUnknown;
-        const bool wantsForm = login.phase == RecorderLogins::Phase::PasswordWanted ||
-                               login.error.kind == vms_sdk::ErrorKind::LoginRefused;
-        const QString deed = wantsTrust ? tr("Trust this key") : wantsForm ? tr("Type the login") : tr("Retry");
-        showState(LoginWords::stateOf(login).icon,
-                  name.isEmpty() ? failure.title : QString(name % QLatin1String(": ") % failure.title),
-                  failure.cause + QLatin1Char('\n') + failure.advice, deed, [this, devId, wantsTrust, wantsForm] {
-                      if (wantsTrust)
-                          m_logins->trust(devId);
-                      else if (wantsForm)
-                          m_column->changeRecorder(devId);
-                      else
-                          m_logins->retry(devId);
-                  });
-        return true;
+        if (!LoginWords::failureOf(m_logins->login(devId)).title.isEmpty())
+            return devId;
     }
-    return false;
+    return {};
 }
 
-void PlaybackPage::showState(const QString& icon, const QString& missing, const QString& advice, const QString& deed,
-                             const std::function<void()>& act)
+bool PlaybackPage::showFailedRecorder()
 {
-    const QString key = QStringList{icon, missing, advice, deed}.join(QLatin1Char('\n'));
-    if (key != m_stateKey || !m_state) {
-        if (m_state) {
-            m_body->removeWidget(m_state);
-            m_state->deleteLater();
-        }
-        m_state = new vemo_base::EmptyStateWt(icon, missing, advice, deed);
-        // Wrapped words need their height said, or the last lines, such as those of a fingerprint, are cut.
-        const QList<QLabel*> labels = m_state->findChildren<QLabel*>();
-        for (QLabel* label : labels) {
-            label->ensurePolished();
-            label->setMinimumHeight(label->heightForWidth(label->minimumWidth()));
-        }
-        // The page's primary button is Download.
-        if (auto* button = m_state->findChild<QPushButton*>())
-            button->setProperty("kind", QVariant());
-        if (act)
-            connect(m_state, &vemo_base::EmptyStateWt::signalButtonClicked, this, act, Qt::QueuedConnection);
-        m_body->addWidget(m_state);
-        m_stateKey = key;
-    }
-    m_body->setCurrentWidget(m_state);
+    const QString devId = failedRecorder();
+    if (devId.isEmpty())
+        return false;
+    const RecorderLogins::Login login = m_logins->login(devId);
+    const LoginWords::Failure failure = LoginWords::failureOf(login);
+    const QString name = vemo_data::DevsMgrData::instance().getDevInfoById(devId).name;
+    const bool wantsTrust = login.phase == RecorderLogins::Phase::CertificateUnknown;
+    const bool wantsForm =
+        login.phase == RecorderLogins::Phase::PasswordWanted || login.error.kind == vms_sdk::ErrorKind::LoginRefused;
+    const QString deed = wantsTrust ? tr("Check the key...") : wantsForm ? tr("Type the login") : tr("Retry");
+    m_state->say(LoginWords::stateOf(login).icon,
+                 name.isEmpty() ? failure.title : QString(name % QLatin1String(": ") % failure.title),
+                 failure.cause + QLatin1Char('\n') + failure.advice, deed, [this, devId, wantsTrust, wantsForm] {
+                     if (wantsTrust)
+                         (new CertificateDialog(m_logins, devId, window()))->open();
+                     else if (wantsForm)
+                         m_column->changeRecorder(devId);
+                     else
+                         m_logins->retry(devId);
+                 });
+    return true;
+}
+
+void PlaybackPage::keyPressEvent(QKeyEvent* event)
+{
+    if (!m_stage->isVisible() || !m_stage->takeKey(event))
+        QWidget::keyPressEvent(event);
 }
 
 } // namespace vemo_client

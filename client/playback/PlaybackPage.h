@@ -1,7 +1,6 @@
 #pragma once
 
-#include "ChannelDay.h"
-#include "DaySearch.h"
+#include "PlaybackDays.h"
 #include "QueueRequests.h"
 
 #include <axis/DayAxis.h>
@@ -10,7 +9,6 @@
 #include <QVector>
 #include <QWidget>
 
-#include <functional>
 #include <optional>
 
 class QLabel;
@@ -19,23 +17,25 @@ class QSplitter;
 class QStackedLayout;
 
 namespace vemo_base {
-class EmptyStateWt;
-class PageHeader;
-} // namespace vemo_base
+class TransportButton;
+}
 
 namespace vemo_client {
 
 class DayAxisWt;
 class FirstRecorderWt;
+class MonthDays;
+class PlaybackStage;
 class RecorderColumn;
 class RecorderLogins;
-class RecordingsTable;
 class SpanBar;
+class StatePage;
 
-/// The page on which a person picks what is to be downloaded: recorders and channels, a day, its recordings on a time
-/// axis and in a table; a choice of recordings or a marked span goes to the download queue. The choice and the mark
-/// exclude each other, so that the words beside the button tell all that it will do. Remembers day, channels and the
-/// splitter. GUI thread; searches run elsewhere and are cancelled when something else is picked.
+/// The page on which recordings are played and picked for download: recorders and channels, a day, up to four channels
+/// as video, all of them on a time line and in a table; a choice of recordings or a marked span goes to the download
+/// queue. The choice and the mark exclude each other, so that the words beside the button tell all that it will do.
+/// Remembers day, channels and the splitter. GUI thread; searches and playback run elsewhere and end when something
+/// else is picked or the page is left.
 class PlaybackPage final : public QWidget
 {
     Q_OBJECT
@@ -47,7 +47,7 @@ public:
 
     void showRecorder(const QString& devId);
     void setDay(const QDate& day);
-    void search();
+    void search() { m_days.search(); }
     /// Puts what is chosen into the queue.
     void download();
     /// Keeps day, channels and sizes for the next start.
@@ -57,56 +57,59 @@ signals:
     /// So many of the asked downloads are in the queue now; the others were in it before.
     void signalQueued(int added, int asked);
 
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
 private:
     QWidget* makeContent();
-    QWidget* makeDayBar();
+    QWidget* makePanel();
+    QWidget* makeDownloads();
+    void connectColumn();
+    void connectStage();
     void restore();
 
     void takeRecorders();
     void takeChannels();
     void takeDay(const QDate& day);
-    void takeFound(const ChannelRef& channel, const QList<vms_sdk::VideoRecording>& recordings);
-    void takeFailed(const ChannelRef& channel, const vms_sdk::Error& error);
     void takeMark(const std::optional<vemo_base::TimeSpan>& span);
     void takeChosen();
-
-    void searchFor(const QVector<ChannelRef>& channels);
-    void searchMissing();
-    ChannelDay* dayOf(const ChannelRef& channel);
+    void markRecording(const RecordingsTable::Place& place);
+    void placeChannel(const ChannelRef& channel, const std::optional<ChannelRef>& before);
+    void closeChannel(const ChannelRef& channel);
 
     void showDays();
     void showBody();
-    void showState(const QString& icon, const QString& missing, const QString& advice, const QString& deed = QString(),
-                   const std::function<void()>& act = {});
+    void showState();
+    QString failedRecorder() const;
     bool showFailedRecorder();
+    void tellStage(const ChannelDay& day);
     void showSummary();
     void showWhatIsChosen();
+    void showTiles();
 
     RecorderLogins* m_logins;
     QStackedLayout* m_pages = nullptr;
     FirstRecorderWt* m_first = nullptr; ///< only while it is shown
     QSplitter* m_splitter = nullptr;
     RecorderColumn* m_column = nullptr;
-    vemo_base::PageHeader* m_header = nullptr;
-    QLabel* m_dayLabel = nullptr;
-    QPushButton* m_search = nullptr;
-    QLabel* m_chosenWords = nullptr;
+    QLabel* m_summary = nullptr;
+    QLabel* m_told = nullptr;
+    vemo_base::TransportButton* m_list = nullptr; ///< checked: recordings as a table
     QPushButton* m_download = nullptr;
     DayAxisWt* m_axisWt = nullptr;
     SpanBar* m_spanBar = nullptr;
     QStackedLayout* m_body = nullptr;
+    PlaybackStage* m_stage = nullptr;
+    QWidget* m_tablePage = nullptr;
     RecordingsTable* m_table = nullptr;
-    vemo_base::EmptyStateWt* m_state = nullptr;
-    QString m_stateKey; ///< what the empty state says, so that it is made anew only when that changes
+    StatePage* m_state = nullptr;
 
-    vemo_base::DayAxis m_axis;
-    QVector<ChannelDay> m_days; ///< in the order of the tree
+    PlaybackDays m_days; ///< in the order of the tree
     std::optional<vemo_base::TimeSpan> m_span;
-    bool m_hasSearched = false;
-    DaySearch m_daySearch;
-    QVector<ChannelRef> m_searched; ///< what m_daySearch was given
+    bool m_playsNext = false; ///< a channel was activated: what is searched next is played
     QueueRequests m_requests;
-    QTimer m_missingTimer; ///< a search follows what is picked after a moment
+    MonthDays* m_months = nullptr;
+    QTimer m_toldTimer;
 };
 
 } // namespace vemo_client

@@ -26,11 +26,7 @@ constexpr qint64 aheadMs = 10'000;
 constexpr qint64 longGapMs = 60'000;
 /// A stream that ends although there is footage is opened again that much later.
 constexpr qint64 againMs = 2000;
-/// What a core decodes in a second, in pixels, with room for the rest of the program; measured with 1080p H.264.
-constexpr double pixelsACore = 100e6;
 constexpr double usualFps = 25;
-/// Of the pictures, about half are referred to by others.
-constexpr double referenceShare = 0.5;
 
 } // namespace
 
@@ -76,6 +72,7 @@ void PlaybackSession::setChannel(int tile, const std::optional<ChannelRef>& chan
     lane.isLate = false;
     lane.steps = false;
     lane.isActive = m_isInStep && m_common.positionUs > 0;
+    m_budget.reset();
     if (channel) {
         lane.player = std::make_unique<ChannelPlayer>(*channel);
         ChannelPlayer* player = lane.player.get();
@@ -88,7 +85,7 @@ void PlaybackSession::setChannel(int tile, const std::optional<ChannelRef>& chan
         };
         connect(player, &ChannelPlayer::signalStateChanged, this, [shown] { shown(&PlaybackSession::showState); });
         connect(player, &ChannelPlayer::signalPicture, this, [shown] { shown(&PlaybackSession::takePicture); });
-        connect(player->decoder(), &StreamDecoder::signalFormat, this, &PlaybackSession::chooseFrames);
+        connect(player->decoder(), &StreamDecoder::signalFormat, this, [this] { chooseFrames(Change::OnlyLess); });
     }
     emit signalDecoderChanged(tile);
     showState(tile);
@@ -257,10 +254,12 @@ void PlaybackSession::stepBack()
         return;
     pause();
     const double fps = lane.player->decoder()->format().fps;
-    const qint64 shownUs = lane.player->decoder()->picture().utcNs / usAMs;
+    const qint64 pictureUs = qRound64(1e6 / (fps > 0 ? fps : usualFps));
+    const qint64 shownUs = lane.player->decoder()->picture().utcNs / 1000;
+    const qint64 positionUs = addressed().positionUs;
     // While the picture of the last step is still on its way the clock alone tells what comes before it.
-    const bool isShown = lane.player->hasShown() && shownUs > 0;
-    seekUs(isShown ? shownUs - usAMs : addressed().positionUs - qRound64(1e6 / (fps > 0 ? fps : usualFps)));
+    const bool isShown = shownUs <= positionUs && shownUs > positionUs - 2 * pictureUs;
+    seekUs(isShown ? shownUs - usAMs : positionUs - pictureUs);
 }
 
 void PlaybackSession::setSpeed(double speed)
@@ -268,7 +267,8 @@ void PlaybackSession::setSpeed(double speed)
     if (qFuzzyCompare(addressed().speed, speed) || speed <= 0)
         return;
     addressed().speed = speed;
-    chooseFrames();
+    m_budget.reset();
+    chooseFrames(Change::Any);
     emit signalChanged();
 }
 
@@ -353,6 +353,14 @@ bool PlaybackSession::isDry(int tile, qint64 ms, qint64 reserve) const
     return m_lanes.at(size_t(tile)).player->queuedUntilMs() <= ms + reserve;
 }
 
+/// Dry, and nothing is on its way any more.
+bool PlaybackSession::isDrained(int tile, qint64 ms) const
+{
+    const ChannelPlayer& player = *m_lanes.at(size_t(tile)).player;
+    const bool isOver = player.state() == PlayerState::Ended || player.state() == PlayerState::Waiting;
+    return isOver && isDry(tile, ms, 0) && !player.isDecoding();
+}
+
 /// Whether the clock has to wait for pictures.
 bool PlaybackSession::holds(Run& run, const QVector<int>& tiles, qint64 ms)
 {
@@ -364,13 +372,11 @@ bool PlaybackSession::holds(Run& run, const QVector<int>& tiles, qint64 ms)
         const PlayerState state = lane.player->state();
         if (!hasFootage(tile, ms) || state == PlayerState::Failed)
             continue;
-        const bool isDry = this->isDry(tile, ms, run.isHeld ? reserveMs : 0);
-        if (!isDry || state == PlayerState::Ended) {
+        const bool isDrained = this->isDrained(tile, ms);
+        if (!isDry(tile, ms, run.isHeld ? reserveMs : 0) || (isDrained && state == PlayerState::Ended)) {
             lane.isLate = false;
             goesOn = true;
-        } else if (state == PlayerState::Waiting) {
-            waits = true;
-        } else if (lane.isLate) {
+        } else if (isDrained || lane.isLate) {
             waits = true;
         } else {
             shortOnes.append(tile);
@@ -430,6 +436,11 @@ void PlaybackSession::advance(Run& run, const QVector<int>& tiles, qint64 elapse
     }
     if (wasHeld != run.isHeld)
         showStates();
+    const bool haveAllShown = std::all_of(tiles.cbegin(), tiles.cend(), [this, ms](int tile) {
+        return !hasFootage(tile, ms) || m_lanes.at(size_t(tile)).player->hasShown();
+    });
+    if (run.speed > 1 && haveAllShown && m_budget.note(elapsedUs, run.isHeld))
+        chooseFrames(Change::OnlyLess);
 }
 
 void PlaybackSession::place(Run& run, const QVector<int>& tiles, qint64 positionUs)
@@ -523,7 +534,7 @@ void PlaybackSession::showState(int tile)
         state.kind = Kind::Gap;
         state.gap = lane.footage->gapAt(ms);
         state.hasNext = lane.footage->nextFrom(ms).has_value();
-    } else if (lane.player->state() == PlayerState::Waiting && isDry(tile, ms, 0)) {
+    } else if (lane.player->state() == PlayerState::Waiting && isDrained(tile, ms)) {
         state.kind = Kind::Broken;
         state.problem = lane.player->problem();
     } else if (lane.player->state() == PlayerState::Closed) {
@@ -540,8 +551,8 @@ void PlaybackSession::showState(int tile)
 }
 
 /// Leaves pictures out when all that are due could not be decoded in time. What was let through before stands in the
-/// way of a change, so the streams are opened anew when there is to be more.
-void PlaybackSession::chooseFrames()
+/// way of a change, so the streams are opened anew.
+void PlaybackSession::chooseFrames(Change change)
 {
     double pixels = 0;
     for (int tile = 0; tile < mostTiles; ++tile) {
@@ -552,12 +563,9 @@ void PlaybackSession::chooseFrames()
         pixels += double(format.size.width()) * format.size.height() * (format.fps > 0 ? format.fps : usualFps) *
                   runOf(tile).speed;
     }
-    using Keep = FrameThinner::Keep;
-    const double most = pixelsACore * qMax(1, QThread::idealThreadCount());
-    const Keep keep = pixels <= most ? Keep::All : pixels * referenceShare <= most ? Keep::References : Keep::KeyFrames;
-    if (keep == m_keep)
+    const FrameThinner::Keep keep = m_budget.keep(pixels, QThread::idealThreadCount());
+    if (keep == m_keep || (change == Change::OnlyLess && keep < m_keep))
         return;
-    const bool isMore = m_keep == Keep::KeyFrames;
     m_keep = keep;
     for (int tile = 0; tile < mostTiles; ++tile) {
         const Lane& lane = m_lanes.at(size_t(tile));
@@ -565,8 +573,10 @@ void PlaybackSession::chooseFrames()
             continue;
         lane.player->setKeep(keep);
         const PlayerState state = lane.player->state();
-        if (isMore && (state == PlayerState::Opening || state == PlayerState::Playing))
+        if (state == PlayerState::Opening || state == PlayerState::Playing) {
+            lane.player->park();
             open(tile, runOf(tile).positionUs / usAMs);
+        }
     }
 }
 

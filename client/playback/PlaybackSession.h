@@ -2,6 +2,7 @@
 
 #include "ChannelPlayer.h"
 #include "Footage.h"
+#include "FrameBudget.h"
 
 #include <QElapsedTimer>
 #include <QObject>
@@ -129,6 +130,7 @@ private:
     std::optional<qint64> firstFootage(const QVector<int>& tiles, qint64 fromMs) const;
     bool hasFootage(int tile, qint64 ms) const;
     bool isDry(int tile, qint64 ms, qint64 reserveMs) const;
+    bool isDrained(int tile, qint64 ms) const;
     bool holds(Run& run, const QVector<int>& tiles, qint64 ms);
     void feed(int tile, qint64 ms, double speed);
     void jumpOrEnd(Run& run, const QVector<int>& tiles);
@@ -137,11 +139,14 @@ private:
     void showState(int tile);
     void showStates();
     void takePicture(int tile);
-    void chooseFrames();
+    /// OnlyLess: what is measured wavers, and every change costs a moment.
+    enum class Change : int { Any = 0, OnlyLess };
+    void chooseFrames(Change change);
     void setPlaying(Run& run, bool playing);
 
     vemo_base::DayAxis m_day;
     std::vector<Lane> m_lanes{mostTiles};
+    FrameBudget m_budget;
     FrameThinner::Keep m_keep = FrameThinner::Keep::All;
     Run m_common;
     bool m_isInStep = true;

@@ -2,17 +2,18 @@
 
 #include "devices/RecorderDialog.h"
 #include "devices/RecorderTree.h"
+#include "devices/RemoveQuestion.h"
 
 #include <axis/DayCalendar.h>
-#include <DevsMgrData.h>
 #include <Icons.h>
 #include <StylePainter.h>
+#include <SystemWorker.h>
 #include <Theme.h>
-#include <VMessageBox.h>
 
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QPainter>
+#include <QPushButton>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -32,6 +33,7 @@ RecorderColumn::RecorderColumn(RecorderLogins* logins, QWidget* parent)
     , m_tree(new RecorderTree(logins, this))
     , m_calendar(new vemo_base::DayCalendar(this))
     , m_filter(new QLineEdit(this))
+    , m_search(new QPushButton(this))
 {
     setMinimumWidth(narrowest);
     m_filter->setPlaceholderText(tr("Filter by channel name"));
@@ -46,6 +48,7 @@ RecorderColumn::RecorderColumn(RecorderLogins* logins, QWidget* parent)
     add->setAutoRaise(true);
     add->setToolTip(tr("Add a recorder"));
     add->setAccessibleName(add->toolTip());
+    add->setVisible(vemo_worker::SystemWorker::instance().isCurUserHasPower(vemo_worker::PowerDevices));
     connect(add, &QToolButton::clicked, this, &RecorderColumn::addRecorder);
 
     auto* top = new QHBoxLayout;
@@ -64,7 +67,11 @@ RecorderColumn::RecorderColumn(RecorderLogins* logins, QWidget* parent)
     layout->addWidget(m_tree, 1);
     layout->addSpacing(8);
     layout->addWidget(m_calendar);
+    layout->addWidget(m_search);
 
+    m_search->setIcon(vemo_base::Icons::icon(QStringLiteral("search")));
+    setSearching(false, false);
+    connect(m_search, &QPushButton::clicked, this, &RecorderColumn::signalSearchClicked);
     connect(m_tree, &RecorderTree::signalEdit, this, &RecorderColumn::changeRecorder);
     connect(m_tree, &RecorderTree::signalRemove, this, &RecorderColumn::removeRecorder);
 }
@@ -80,6 +87,13 @@ void RecorderColumn::setDay(const QDate& day)
     m_calendar->setSelectedDate(day);
 }
 
+void RecorderColumn::setSearching(bool searching, bool canSearch)
+{
+    m_search->setText(searching ? tr("Cancel") : tr("Search"));
+    m_search->setEnabled(canSearch);
+    m_search->setToolTip(canSearch ? QString() : tr("No channel is chosen"));
+}
+
 void RecorderColumn::addRecorder()
 {
     (new RecorderDialog(m_logins, QString(), window()))->open();
@@ -92,16 +106,7 @@ void RecorderColumn::changeRecorder(const QString& devId)
 
 void RecorderColumn::removeRecorder(const QString& devId)
 {
-    const QString name = vemo_data::DevsMgrData::instance().getDevInfoById(devId).name;
-    auto* box = new vemo_base::VMessageBox(
-        vemo_base::VMessageBox::Kind::DangerousQuestion, tr("Remove the recorder"),
-        tr("%1 and its password are forgotten. Files and finished downloads stay; downloads of it that wait or have "
-           "failed can't go on.")
-            .arg(name),
-        tr("Remove"), window());
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    connect(box, &QDialog::accepted, this, [this, devId] { m_logins->remove(devId); });
-    box->open();
+    RemoveQuestion::ask(m_logins, {devId}, window());
 }
 
 void RecorderColumn::paintEvent(QPaintEvent*)

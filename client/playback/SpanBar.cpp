@@ -2,17 +2,13 @@
 
 #include "DayAxisWt.h"
 
-#include <axis/SpanWords.h>
-#include <Icons.h>
+#include <player/TransportButton.h>
 #include <Theme.h>
 
 #include <QEvent>
 #include <QHBoxLayout>
-#include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPainter>
-#include <QPushButton>
 #include <QSignalBlocker>
 #include <QTimeEdit>
 #include <QTimer>
@@ -21,36 +17,14 @@
 namespace vemo_client {
 
 using vemo_base::DayAxis;
-using vemo_base::SpanWords;
 using vemo_base::TimeSpan;
+using vemo_base::TransportButton;
 
 namespace {
 
-constexpr int iconExtent = 20;
-constexpr int fieldWidth = 104;
-constexpr int ringRoom = 4; ///< the focus ring lies outside the fields
+constexpr int fieldWidth = 76;
+constexpr int wordsWidth = 208; ///< of usual words, so that the fields stay where they are
 constexpr double dayMs = 24 * 3600 * 1000.0;
-
-class IconWt final : public QWidget
-{
-public:
-    IconWt(const QString& name, QWidget* parent)
-        : QWidget(parent)
-        , m_icon(vemo_base::Icons::icon(name))
-    {
-        setFixedSize(iconExtent, iconExtent);
-    }
-
-protected:
-    void paintEvent(QPaintEvent*) override
-    {
-        QPainter painter(this);
-        m_icon.paint(&painter, rect());
-    }
-
-private:
-    QIcon m_icon;
-};
 
 } // namespace
 
@@ -58,21 +32,25 @@ SpanBar::SpanBar(QWidget* parent)
     : QWidget(parent)
 {
     auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(0, ringRoom, 0, ringRoom);
+    layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(8);
-    layout->addWidget(new IconWt(QStringLiteral("mark-span"), this));
-    layout->addWidget(new QLabel(tr("Span"), this));
+    auto* marking = new TransportButton(TransportButton::Kind::Quiet, QStringLiteral("mark-span"),
+                                        tr("Dragging on the time line marks a span"), this);
+    marking->setCheckable(true);
+    marking->setChecked(true);
+    layout->addWidget(marking);
     m_begin = addField(tr("Begin of the span"));
     layout->addWidget(new QLabel(tr("To"), this));
     m_end = addField(tr("End of the span"));
-    m_end->setToolTip(tr("00:00:00 means the end of the day"));
+    m_end->setToolTip(tr("End of the span; 00:00:00 means the end of the day"));
+    m_clear = new TransportButton(TransportButton::Kind::Quiet, QStringLiteral("close"), tr("Clear the span"), this);
+    layout->addWidget(m_clear);
     m_words = new QLabel(this);
     m_words->setTextFormat(Qt::PlainText);
+    m_words->setMinimumWidth(wordsWidth);
     layout->addWidget(m_words, 1);
-    m_clear = new QPushButton(tr("Clear the span"), this);
-    m_clear->setProperty("kind", QStringLiteral("quiet"));
-    layout->addWidget(m_clear);
-    connect(m_clear, &QPushButton::clicked, this, [this] {
+    connect(marking, &TransportButton::toggled, this, &SpanBar::signalMarkingChosen);
+    connect(m_clear, &TransportButton::clicked, this, [this] {
         setSpan(std::nullopt);
         emit signalSpanMarked(std::nullopt);
     });
@@ -87,6 +65,8 @@ QTimeEdit* SpanBar::addField(const QString& name)
     field->setAccessibleName(name);
     field->setToolTip(name);
     field->setWrapping(true);
+    field->setButtonSymbols(QAbstractSpinBox::NoButtons);
+    field->setAlignment(Qt::AlignCenter);
     // The line inside a spin box can be had only as a child.
     if (auto* line = field->findChild<QLineEdit*>())
         line->installEventFilter(this);
@@ -131,28 +111,32 @@ void SpanBar::setSpan(const std::optional<TimeSpan>& span)
     if (!span) {
         m_begin->setTime(QTime(0, 0));
         m_end->setTime(QTime(0, 0));
-        showWords(tr("Drag on the axis, or type two times."), false);
+        showWrong(false);
         return;
     }
     m_begin->setTime(QDateTime::fromMSecsSinceEpoch(span->beginMs).time());
     m_end->setTime(span->endMs >= m_axis.endMs() ? QTime(0, 0) : QDateTime::fromMSecsSinceEpoch(span->endMs).time());
-    showWords(SpanWords::length(span->lengthMs()), false);
+    showWrong(false);
 }
 
 void SpanBar::takeFields()
 {
     const std::optional<TimeSpan> span = spanOf(m_axis, m_begin->time(), m_end->time());
     m_clear->setEnabled(true);
-    if (span)
-        showWords(SpanWords::length(span->lengthMs()), false);
-    else
-        showWords(tr("The end must lie behind the begin."), true);
+    showWrong(!span);
     emit signalSpanMarked(span);
 }
 
-void SpanBar::showWords(const QString& words, bool isWrong)
+void SpanBar::setWords(const QString& words)
 {
-    m_words->setText(words);
+    m_summary = words;
+    showWrong(m_isWrong);
+}
+
+void SpanBar::showWrong(bool isWrong)
+{
+    m_isWrong = isWrong;
+    m_words->setText(isWrong ? tr("The end must lie behind the begin.") : m_summary);
     QPalette palette = m_words->palette();
     palette.setColor(QPalette::WindowText,
                      vemo_base::Theme::instance().color(isWrong ? vemo_base::Token::Error : vemo_base::Token::Text2));

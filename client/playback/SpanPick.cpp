@@ -34,10 +34,8 @@ bool SpanPick::isOnEdge(double position, double reach) const
 void SpanPick::press(double position, double reach)
 {
     m_spanBefore = m_span;
-    m_takesEdge = isOnEdge(position, reach);
-    m_moved = false;
     m_anchor = position;
-    if (!m_takesEdge)
+    if (!isOnEdge(position, reach))
         return;
     const double begin = m_axis.positionOf(m_span->beginMs);
     const double end = m_axis.positionOf(m_span->endMs);
@@ -48,7 +46,6 @@ void SpanPick::move(double position)
 {
     if (!m_anchor || !m_axis.isValid())
         return;
-    m_moved = true;
     TimeSpan span;
     span.beginMs = wholeSecond(m_axis.timeAt(qMin(*m_anchor, position), DayAxis::Pass::First));
     span.endMs = wholeSecond(m_axis.timeAt(qMax(*m_anchor, position), DayAxis::Pass::Last));
@@ -59,8 +56,6 @@ void SpanPick::move(double position)
 
 void SpanPick::release()
 {
-    if (m_anchor && !m_moved && !m_takesEdge)
-        m_span.reset();
     m_anchor.reset();
 }
 

@@ -24,7 +24,7 @@ public:
 
     void press(double position, double reach);
     void move(double position);
-    /// Ends the drag. A press without a way takes the mark away.
+    /// Ends the drag; a press without a way changes nothing.
     void release();
     /// As if the drag had never begun.
     void cancel();
@@ -34,8 +34,6 @@ private:
     std::optional<vemo_base::TimeSpan> m_span;
     std::optional<vemo_base::TimeSpan> m_spanBefore;
     std::optional<double> m_anchor; ///< the edge that stays
-    bool m_takesEdge = false;
-    bool m_moved = false;
 };
 
 } // namespace vemo_client

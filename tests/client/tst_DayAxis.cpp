@@ -61,7 +61,7 @@ private slots:
     void countsFootageThatOverlapsOnce();
     void marksASpanByTheMouse_data();
     void marksASpanByTheMouse();
-    void takesTheMarkAwayByAClickAndKeepsItOnEscape();
+    void keepsTheMarkOnAClickAndOnEscape();
     void readsClockTimesAsASpan_data();
     void readsClockTimesAsASpan();
 };
@@ -257,7 +257,7 @@ void tst_DayAxis::marksASpanByTheMouse()
     QTEST(pick.span()->endMs, "end");
 }
 
-void tst_DayAxis::takesTheMarkAwayByAClickAndKeepsItOnEscape()
+void tst_DayAxis::keepsTheMarkOnAClickAndOnEscape()
 {
     const DayAxis axis(QDate(2026, 1, 10), QTimeZone::utc());
     const TimeSpan marked{utc("2026-01-10T08:00:00"), utc("2026-01-10T10:00:00")};
@@ -276,9 +276,6 @@ void tst_DayAxis::takesTheMarkAwayByAClickAndKeepsItOnEscape()
     pick.press(8.0 / 24, 0.005);
     pick.release();
     QVERIFY2(pick.span().has_value(), "a click on a handle took the mark away");
-    pick.press(15.0 / 24, 0.005);
-    pick.release();
-    QVERIFY(!pick.span().has_value());
 }
 
 void tst_DayAxis::readsClockTimesAsASpan_data()
