@@ -37,7 +37,9 @@ class Login(Test):
 
     @staticmethod
     def fill(window, field, text):
-        window.press(field)
+        from gi.repository import Atspi
+        fields = (Atspi.Role.TEXT, Atspi.Role.PASSWORD_TEXT)  # their labels have the same name
+        window.click(window.wait_for(lambda each: each.get_name() == field and each.get_role() in fields, field))
         xdotool("key", "ctrl+a", "type", "--delay", 20, text)
 
     def log_in(self, window, password, name=None):
