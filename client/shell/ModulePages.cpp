@@ -5,6 +5,7 @@
 
 #include "devices/AddressWatch.h"
 #include "devices/DevicesPage.h"
+#include "logs/LogsPage.h"
 #include "playback/PlaybackPage.h"
 #include "settings/SettingsPage.h"
 
@@ -45,6 +46,12 @@ ModulePage filesCenter()
     return {ModulePages::filesCenterKey(), PagesText::tr("Files Center"), QStringLiteral("files"), 0, {}};
 }
 
+ModulePage logs()
+{
+    return {QStringLiteral("logs"), PagesText::tr("Logs"), QStringLiteral("logs"), vemo_worker::PowerLogs,
+            [](QWidget* parent) -> QWidget* { return new LogsPage(parent); }};
+}
+
 ModulePage settings(ShellWt* shell)
 {
     const QString key = QStringLiteral("settings");
@@ -61,7 +68,7 @@ ModulePage settings(ShellWt* shell)
 
 QVector<ModulePage> ModulePages::of(ShellWt* shell, RecorderLogins* logins)
 {
-    return {devices(shell, logins), playback(shell, logins), filesCenter(), settings(shell)};
+    return {devices(shell, logins), playback(shell, logins), filesCenter(), logs(), settings(shell)};
 }
 
 QString ModulePages::devicesKey()

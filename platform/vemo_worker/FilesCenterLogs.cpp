@@ -71,8 +71,7 @@ struct Conditions
         if (wanted.beforeId > 0)
             demand("id < ?", wanted.beforeId);
         if (!wanted.contains.isEmpty())
-            demand("device || char(10) || channel_name || char(10) || text LIKE ? ESCAPE '\\'",
-                   pattern(wanted.contains));
+            demandWords(pattern(wanted.contains));
     }
 
     QString where() const
@@ -91,6 +90,14 @@ private:
     {
         all.append(QString::fromLatin1(condition));
         values.append(value);
+    }
+
+    void demandWords(const QString& words)
+    {
+        all.append(QStringLiteral("(text LIKE ? ESCAPE '\\' OR channel_name LIKE ? ESCAPE '\\' "
+                                  "OR device LIKE ? ESCAPE '\\')"));
+        for (int column = 0; column < 3; ++column)
+            values.append(words);
     }
 
     QStringList all;
@@ -112,7 +119,11 @@ bool read(QSqlDatabase& db, const FilesCenterLogs::Query& wanted, QList<FilesCen
     query.setForwardOnly(true);
     query.prepare(QStringLiteral("SELECT id, time_utc_ms, kind, device, channel_no, channel_name, text "
                                  "FROM files_center_logs") %
-                  conditions.where() % QStringLiteral(" ORDER BY id DESC LIMIT ? OFFSET ?"));
+                  conditions.where() % // An index has the entries in the order of time; those with an id below another
+                                       // are asked for in that of ids.
+                  (wanted.beforeId > 0 ? QStringLiteral(" ORDER BY id DESC")
+                                       : QStringLiteral(" ORDER BY time_utc_ms DESC, id DESC")) %
+                  QStringLiteral(" LIMIT ? OFFSET ?"));
     conditions.bind(&query);
     query.addBindValue(qBound(1, wanted.limit, mostEntries));
     query.addBindValue(qMax(0, wanted.offset));
@@ -263,7 +274,7 @@ void FilesCenterLogs::queryCounted(const Query& query, QObject* context, Counted
     auto found = std::make_shared<Found>();
     vemo_data::Database::instance().post(
         [query, found](QSqlDatabase& db) {
-            return read(db, query, &found->entries) && count(db, query, &found->total);
+            return count(db, query, &found->total) && (found->total == 0 || read(db, query, &found->entries));
         },
         [found, guard = QPointer<QObject>(context), page = std::move(page)](bool) {
             if (guard)

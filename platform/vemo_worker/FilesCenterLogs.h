@@ -42,7 +42,7 @@ public:
         QString device; ///< with channelNo; empty: every channel
         int channelNo = 0;
         QString contains;    ///< in device, channel name or text
-        qint64 beforeId = 0; ///< only older ones: the last id of the page before
+        qint64 beforeId = 0; ///< only those with a lower id, by their ids: the last id of the page before
         int limit = 200;     ///< of one page, at most 1000
         int offset = 0;      ///< so many newer ones that match are left out
     };
