@@ -15,6 +15,8 @@ using Action = UserOptions::Action;
 using vemo_worker::UserRecord;
 using vemo_worker::UserStore;
 
+constexpr int nameColumn = 24;
+
 QString json(const UserRecord& user)
 {
     const QJsonObject object{{QStringLiteral("name"), user.name},
@@ -54,7 +56,8 @@ Outcome UserVerb::list(const CliCommand& command, const UserStore& store)
         const QString kind = !user.isEnabled          ? tr("disabled")
                              : user.isAdministrator() ? tr("administrator")
                                                       : tr("powers %1").arg(user.powers);
-        Terminal::out(command.json ? json(user) : QString(user.name + QLatin1Char('\t') + kind));
+        Terminal::out(command.json ? json(user)
+                                   : QString(user.name.leftJustified(nameColumn) % QLatin1Char(' ') % kind));
     }
     return {};
 }

@@ -36,6 +36,23 @@ constexpr int lockTickMs = 500;
 constexpr qint64 secondMs = 1000;
 constexpr qint64 minuteSeconds = 60;
 
+/// A combo whose icon stands below and above those of fields.
+class NameCombo final : public QComboBox
+{
+public:
+    using QComboBox::QComboBox;
+
+protected:
+    void resizeEvent(QResizeEvent* event) override
+    {
+        QComboBox::resizeEvent(event);
+        const bool isMirrored = layoutDirection() == Qt::RightToLeft;
+        const QRect place = lineEdit()->geometry();
+        lineEdit()->setGeometry(isMirrored ? place.adjusted(0, 0, width() - 1 - place.right(), 0)
+                                           : place.adjusted(1 - place.left(), 0, 0, 0));
+    }
+};
+
 qint64 steadyMs()
 {
     return vemo_worker::UserStore::systemClock()().steadyMs;
@@ -45,7 +62,7 @@ qint64 steadyMs()
 
 LoginPage::LoginPage(QWidget* parent)
     : AuthForm(parent)
-    , m_name(new QComboBox(this))
+    , m_name(new NameCombo(this))
     , m_password(new PasswordEdit(tr("Password"), this))
     , m_stay(new QCheckBox(tr("Stay logged in on this computer"), this))
     , m_capsLock(new NoticeCard(this))
