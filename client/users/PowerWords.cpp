@@ -27,7 +27,9 @@ QString PowerWords::summary(int powers)
         if ((powers & entry.power) == entry.power)
             words.append(entry.shortWords);
     }
-    return words.isEmpty() ? tr("nothing but local files") : words.join(QStringLiteral(", "));
+    QString text = words.isEmpty() ? tr("nothing but local files") : words.join(QStringLiteral(", "));
+    text[0] = text.at(0).toUpper();
+    return text;
 }
 
 } // namespace vemo_client

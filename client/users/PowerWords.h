@@ -23,7 +23,7 @@ public:
 
     /// Without the power over users, which is an administrator's alone.
     static QVector<Entry> all();
-    /// "Administrator", "live view, playback", "nothing but local files"
+    /// "Administrator", "Live view, playback", "Nothing but local files"
     static QString summary(int powers);
 };
 

@@ -34,6 +34,7 @@ PowersEdit::PowersEdit(QWidget* parent)
             emit signalChanged();
         });
     }
+    setFocusProxy(m_administrator);
     connect(m_administrator, &QCheckBox::toggled, this, &PowersEdit::followAdministrator);
 }
 

@@ -7,13 +7,11 @@
 #include "UserAccounts.h"
 
 #include <SystemWorker.h>
-#include <Theme.h>
 #include <UserRules.h>
 
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPainter>
 #include <QPushButton>
 #include <QVariant>
 #include <QVBoxLayout>
@@ -25,8 +23,6 @@ namespace {
 using vemo_worker::UserRules;
 
 constexpr int dialogWidth = 480;
-constexpr int margin = 24;
-constexpr int titlePixels = 14;
 constexpr int labelGap = 6;
 constexpr int fieldGap = 12;
 constexpr int usualPowers = vemo_worker::PowerLive | vemo_worker::PowerPlayback | vemo_worker::PowerDownload |
@@ -44,79 +40,66 @@ QLabel* strongLabel(const QString& text, QWidget* parent)
 } // namespace
 
 UserDialog::UserDialog(Deed deed, const vemo_worker::UserRecord& user, QWidget* parent)
-    : QDialog(parent)
+    : TitledDialog(titleOf(deed, user.name), sentenceOf(deed, user.name), dialogWidth, parent)
     , m_deed(deed)
     , m_user(user)
-    , m_layout(new QVBoxLayout(this))
 {
-    setAttribute(Qt::WA_DeleteOnClose);
-    setModal(true);
-    setFixedWidth(dialogWidth);
-    m_layout->setContentsMargins(margin, margin, margin, margin - 4);
-    m_layout->setSpacing(0);
-    addWords();
+    body()->setSpacing(0);
     addFields();
-
-    auto* buttons = new QHBoxLayout;
-    buttons->setSpacing(8);
-    buttons->addStretch();
-    auto* cancel = new QPushButton(tr("Cancel"), this);
-    cancel->setAutoDefault(false);
     m_submit = new QPushButton(m_deed == Deed::Add ? tr("Add") : tr("Save"), this);
     m_submit->setProperty("kind", QStringLiteral("primary"));
     m_submit->setDefault(true);
-    buttons->addWidget(cancel);
-    buttons->addWidget(m_submit);
-    m_layout->addLayout(buttons);
-    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+    buttons()->addWidget(m_submit);
+    // The buttons come last, in reading order.
+    setTabOrder(m_submit, cancelButton());
+    setTabOrder(cancelButton(), m_submit);
     connect(m_submit, &QPushButton::clicked, this, &UserDialog::submit);
     check();
-}
-
-void UserDialog::addWords()
-{
-    QString sentence;
-    switch (m_deed) {
-    case Deed::Add:
-        setWindowTitle(tr("Add a user"));
-        sentence = tr("The user logs in on this computer with this name and password.");
-        break;
-    case Deed::ChangePowers:
-        setWindowTitle(tr("What %1 may do").arg(m_user.name));
-        sentence = tr("It holds from the next login of %1 on.").arg(m_user.name);
-        break;
-    case Deed::ResetPassword:
-        setWindowTitle(tr("A new password for %1").arg(m_user.name));
-        sentence = tr("The old one stops working at once, and a lock after wrong passwords ends.");
-        break;
-    default:
-        setWindowTitle(tr("Change your password"));
-        sentence = tr("Where you stay logged in, the password is asked for once more.");
-        break;
+    for (QWidget* first : {static_cast<QWidget*>(m_name), static_cast<QWidget*>(m_current),
+                           static_cast<QWidget*>(m_password), static_cast<QWidget*>(m_powers)}) {
+        if (first) {
+            first->setFocus(Qt::OtherFocusReason);
+            break;
+        }
     }
-    QLabel* title = strongLabel(windowTitle(), this);
-    QFont titleFont = title->font();
-    titleFont.setPixelSize(titlePixels);
-    title->setFont(titleFont);
-    title->setTextFormat(Qt::PlainText);
-    auto* words = new QLabel(sentence, this);
-    words->setTextFormat(Qt::PlainText);
-    words->setForegroundRole(QPalette::PlaceholderText);
-    words->setWordWrap(true);
-    m_layout->addWidget(title);
-    m_layout->addSpacing(8);
-    m_layout->addWidget(words);
-    m_layout->addSpacing(16);
 }
 
-void UserDialog::addField(QVBoxLayout* layout, const QString& label, QWidget* field)
+QString UserDialog::titleOf(Deed deed, const QString& name)
+{
+    switch (deed) {
+    case Deed::Add:
+        return tr("Add a user");
+    case Deed::ChangePowers:
+        return tr("What %1 may do").arg(name);
+    case Deed::ResetPassword:
+        return tr("A new password for %1").arg(name);
+    default:
+        return tr("Change your password");
+    }
+}
+
+QString UserDialog::sentenceOf(Deed deed, const QString& name)
+{
+    switch (deed) {
+    case Deed::Add:
+        return tr("The user logs in on this computer with this name and password.");
+    case Deed::ChangePowers:
+        return tr("It holds from the next login of %1 on.").arg(name);
+    case Deed::ResetPassword:
+        return tr("The old one stops working at once, and a lock after wrong passwords ends.");
+    default:
+        return tr("Where you stay logged in, the password is asked for once more.");
+    }
+}
+
+void UserDialog::addField(const QString& label, QWidget* field)
 {
     QLabel* words = strongLabel(label, this);
     words->setBuddy(field);
-    layout->addWidget(words);
-    layout->addSpacing(labelGap);
-    layout->addWidget(field);
-    layout->addSpacing(fieldGap);
+    body()->addWidget(words);
+    body()->addSpacing(labelGap);
+    body()->addWidget(field);
+    body()->addSpacing(fieldGap);
 }
 
 void UserDialog::addFields()
@@ -125,37 +108,37 @@ void UserDialog::addFields()
         m_name = new QLineEdit(this);
         m_name->setAccessibleName(tr("User name"));
         m_name->setMaxLength(UserRules::longestName);
-        addField(m_layout, tr("User name"), m_name);
+        addField(tr("User name"), m_name);
         connect(m_name, &QLineEdit::textChanged, this, &UserDialog::check);
     }
     if (m_deed == Deed::ChangeOwnPassword) {
         m_current = new PasswordEdit(tr("Current password"), this);
-        addField(m_layout, tr("Current password"), m_current);
+        addField(tr("Current password"), m_current);
         connect(m_current, &QLineEdit::textChanged, this, &UserDialog::check);
     }
     if (asksPassword()) {
         m_password = new PasswordEdit(tr("New password"), this);
         m_strength = new StrengthBar(this);
         m_repeat = new PasswordEdit(tr("Repeat the password"), this);
-        addField(m_layout, tr("New password"), m_password);
-        m_layout->addSpacing(4 - fieldGap);
-        m_layout->addWidget(m_strength);
-        m_layout->addSpacing(labelGap);
-        addField(m_layout, tr("Repeat the password"), m_repeat);
+        addField(tr("New password"), m_password);
+        body()->addSpacing(4 - fieldGap);
+        body()->addWidget(m_strength);
+        body()->addSpacing(labelGap);
+        addField(tr("Repeat the password"), m_repeat);
         connect(m_password, &QLineEdit::textChanged, this, &UserDialog::check);
         connect(m_repeat, &QLineEdit::textChanged, this, &UserDialog::check);
     }
     if (m_deed == Deed::Add || m_deed == Deed::ChangePowers) {
         m_powers = new PowersEdit(this);
         m_powers->setPowers(m_deed == Deed::Add ? usualPowers : m_user.powers);
-        m_layout->addWidget(strongLabel(tr("May do"), this));
-        m_layout->addWidget(m_powers);
+        body()->addWidget(strongLabel(tr("May do"), this));
+        body()->addWidget(m_powers);
         connect(m_powers, &PowersEdit::signalChanged, this, &UserDialog::check);
     }
     m_message = new MessageLine(this);
-    m_layout->addSpacing(4);
-    m_layout->addWidget(m_message);
-    m_layout->addSpacing(8);
+    body()->addSpacing(4);
+    body()->addWidget(m_message);
+    body()->addSpacing(8);
 }
 
 bool UserDialog::isAdministrator() const
@@ -224,12 +207,6 @@ void UserDialog::take(const QString& problem)
     }
     check();
     m_message->tell(MessageLine::Tone::Error, problem);
-}
-
-void UserDialog::paintEvent(QPaintEvent*)
-{
-    QPainter painter(this);
-    painter.fillRect(rect(), vemo_base::Theme::instance().color(vemo_base::Token::Surface));
 }
 
 } // namespace vemo_client

@@ -1,12 +1,11 @@
 #pragma once
 
-#include <UserRecord.h>
+#include "devices/TitledDialog.h"
 
-#include <QDialog>
+#include <UserRecord.h>
 
 class QLineEdit;
 class QPushButton;
-class QVBoxLayout;
 
 namespace vemo_client {
 
@@ -17,7 +16,7 @@ class StrengthBar;
 
 /// Asks for what one change of a user needs, stores it, and closes once that is done. Open it with open(); it deletes
 /// itself. GUI thread.
-class UserDialog final : public QDialog
+class UserDialog final : public TitledDialog
 {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(UserDialog)
@@ -28,14 +27,12 @@ public:
     /// `user` is the one to change; with Add it says nothing.
     UserDialog(Deed deed, const vemo_worker::UserRecord& user, QWidget* parent);
 
-protected:
-    void paintEvent(QPaintEvent* event) override;
-
 private:
     bool asksPassword() const { return m_deed != Deed::ChangePowers; }
-    void addWords();
+    static QString titleOf(Deed deed, const QString& name);
+    static QString sentenceOf(Deed deed, const QString& name);
     void addFields();
-    void addField(QVBoxLayout* layout, const QString& label, QWidget* field);
+    void addField(const QString& label, QWidget* field);
     void check();
     /// What is wrong with what was typed so far; empty when it can be stored.
     QString problem() const;
@@ -45,7 +42,6 @@ private:
 
     const Deed m_deed;
     const vemo_worker::UserRecord m_user;
-    QVBoxLayout* m_layout;
     QLineEdit* m_name = nullptr;
     PasswordEdit* m_current = nullptr;
     PasswordEdit* m_password = nullptr;

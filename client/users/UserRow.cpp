@@ -81,7 +81,7 @@ QString UserRow::secondLine() const
 {
     const QString powers = PowerWords::summary(m_user.powers);
     if (!m_user.isEnabled)
-        return tr("Disabled. May do: %1").arg(powers);
+        return tr("Disabled. %1").arg(powers);
     if (!m_user.lastLogin.isValid())
         return tr("%1. Never logged in").arg(powers);
     return tr("%1. Last login %2")
