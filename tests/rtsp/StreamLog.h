@@ -1,23 +1,23 @@
 #pragma once
 
 #include "BatchLog.h"
-#include "ReplayClient.h"
+#include "StreamClient.h"
 
 #include <QObject>
 
 namespace rtptest {
 
-/// Listens to a ReplayClient and remembers the order of what it told.
+/// Listens to a StreamClient and remembers the order of what it told.
 class StreamLog final : public QObject
 {
     Q_OBJECT
 
 public:
-    explicit StreamLog(vms_sdk::rtsp::ReplayClient& client)
+    explicit StreamLog(vms_sdk::rtsp::StreamClient& client)
     {
-        using vms_sdk::rtsp::ReplayClient;
-        connect(&client, &ReplayClient::playing, this, [this] { order += 'p'; });
-        connect(&client, &ReplayClient::packets, this, [this, &client](const QByteArray& batch) {
+        using vms_sdk::rtsp::StreamClient;
+        connect(&client, &StreamClient::playing, this, [this] { order += 'p'; });
+        connect(&client, &StreamClient::packets, this, [this, &client](const QByteArray& batch) {
             if (!order.endsWith('d'))
                 order += 'd';
             batches.take(batch);
@@ -27,12 +27,13 @@ public:
                 outstandingBytes = 0;
             }
         });
-        connect(&client, &ReplayClient::ended, this, [this](vms_sdk::rtsp::ReplayEnd how, const vms_sdk::Error& why) {
-            order += 'e';
-            end = how;
-            error = why;
-        });
-        connect(&client, &ReplayClient::certificateRefused, this,
+        connect(&client, &StreamClient::ended, this,
+                [this](vms_sdk::rtsp::StreamOutcome how, const vms_sdk::Error& why) {
+                    order += 'e';
+                    end = how;
+                    error = why;
+                });
+        connect(&client, &StreamClient::certificateRefused, this,
                 [this](const QSslCertificate&, const QByteArray& key, const QString&) {
                     order += 'c';
                     keySha256 = key;
@@ -45,7 +46,7 @@ public:
     BatchLog batches;
     qint64 outstandingBytes = 0;
     bool consumes = true;
-    vms_sdk::rtsp::ReplayEnd end = vms_sdk::rtsp::ReplayEnd::Unknown;
+    vms_sdk::rtsp::StreamOutcome end = vms_sdk::rtsp::StreamOutcome::Unknown;
     vms_sdk::Error error;
     QByteArray keySha256;
 };

@@ -121,9 +121,9 @@ StreamEvent StreamRegistry::eventOf(ErrorKind kind)
     }
 }
 
-rtsp::ReplayRequest StreamRegistry::requestFor(const Stream& stream, const StreamSource& source) const
+rtsp::StreamRequest StreamRegistry::requestFor(const Stream& stream, const StreamSource& source) const
 {
-    rtsp::ReplayRequest request;
+    rtsp::StreamRequest request;
     request.url = source.url;
     request.user = source.login.user;
     request.password = source.login.password;
@@ -157,7 +157,7 @@ void StreamRegistry::takeSource(quint64 streamId, const Error& error, const Stre
         endStream(streamId, eventOf(error.kind), error);
         return;
     }
-    const rtsp::ReplayRequest request = requestFor(*found, source);
+    const rtsp::StreamRequest request = requestFor(*found, source);
     Network& network = networkForNewStream();
     found->network = &network;
     const StreamFlowTable::Counter counter = m_flows->add(streamId, [&network, streamId] {
@@ -246,16 +246,16 @@ void StreamRegistry::onProgress(quint64 streamId, qint64 lastTimeNs)
                                                                     static_cast<uint>(total));
 }
 
-void StreamRegistry::onEnded(quint64 streamId, rtsp::ReplayEnd end, const Error& error)
+void StreamRegistry::onEnded(quint64 streamId, rtsp::StreamOutcome end, const Error& error)
 {
     switch (end) {
-    case rtsp::ReplayEnd::EndOfRecording:
+    case rtsp::StreamOutcome::EndOfRecording:
         endStream(streamId, StreamEndOfRecording, error);
         break;
-    case rtsp::ReplayEnd::EndByDevice:
+    case rtsp::StreamOutcome::EndByDevice:
         endStream(streamId, StreamEndByDevice, error);
         break;
-    case rtsp::ReplayEnd::Broken:
+    case rtsp::StreamOutcome::Broken:
         endStream(streamId, StreamBroken, error);
         break;
     default:

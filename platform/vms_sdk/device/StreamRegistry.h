@@ -74,10 +74,10 @@ private:
     void onSought(quint64 streamId);
     void onPackets(quint64 streamId, const QByteArray& batch);
     void onProgress(quint64 streamId, qint64 lastTimeNs);
-    void onEnded(quint64 streamId, rtsp::ReplayEnd end, const Error& error);
+    void onEnded(quint64 streamId, rtsp::StreamOutcome end, const Error& error);
     void onCertificate(quint64 streamId, const QSslCertificate& certificate, const QByteArray& keySha256,
                        const QString& reason);
-    rtsp::ReplayRequest requestFor(const Stream& stream, const StreamSource& source) const;
+    rtsp::StreamRequest requestFor(const Stream& stream, const StreamSource& source) const;
     static StreamEvent eventOf(ErrorKind kind);
 
     Mailbox& m_mailbox; ///< of the GUI thread; outlives the registry

@@ -45,7 +45,7 @@ StreamWorker::Stream* StreamWorker::find(quint64 streamId)
     return found == m_streams.end() ? nullptr : &found->second;
 }
 
-void StreamWorker::start(quint64 streamId, rtsp::ReplayRequest request, bool isLimited,
+void StreamWorker::start(quint64 streamId, rtsp::StreamRequest request, bool isLimited,
                          StreamFlowTable::Counter consumedBytes)
 {
     Stream stream;
@@ -59,22 +59,22 @@ void StreamWorker::start(quint64 streamId, rtsp::ReplayRequest request, bool isL
         request.creditBytes = paced;
         m_paceTimer.start();
     }
-    auto* client = new rtsp::ReplayClient(std::move(request), this);
+    auto* client = new rtsp::StreamClient(std::move(request), this);
     stream.client = client;
     m_streams[streamId] = stream;
-    connect(client, &rtsp::ReplayClient::playing, this, [this, streamId] {
+    connect(client, &rtsp::StreamClient::playing, this, [this, streamId] {
         if (Stream* playingStream = find(streamId)) {
             playingStream->isPlaying = true;
             emit playing(streamId);
         }
     });
-    connect(client, &rtsp::ReplayClient::packets, this, [this, streamId](const QByteArray& batch) {
+    connect(client, &rtsp::StreamClient::packets, this, [this, streamId](const QByteArray& batch) {
         if (Stream* source = find(streamId)) {
             source->receivedBytes += batch.size();
             emit packets(streamId, batch);
         }
     });
-    connect(client, &rtsp::ReplayClient::ended, this, [this, streamId](rtsp::ReplayEnd end, const Error& error) {
+    connect(client, &rtsp::StreamClient::ended, this, [this, streamId](rtsp::StreamOutcome end, const Error& error) {
         if (Stream* ending = find(streamId)) {
             const qint64 lastTimeNs = ending->client->lastTimeNs();
             letGo(*ending);
@@ -84,7 +84,7 @@ void StreamWorker::start(quint64 streamId, rtsp::ReplayRequest request, bool isL
             emit ended(streamId, end, error);
         }
     });
-    connect(client, &rtsp::ReplayClient::certificateRefused, this,
+    connect(client, &rtsp::StreamClient::certificateRefused, this,
             [this, streamId](const QSslCertificate& certificate, const QByteArray& keySha256, const QString& reason) {
                 emit certificateRefused(streamId, certificate, keySha256, reason);
             });

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "rtsp/ReplayClient.h"
+#include "rtsp/StreamClient.h"
 #include "StreamFlowTable.h"
 #include "VmsTypes.h"
 
@@ -26,7 +26,7 @@ public:
     ~StreamWorker() override;
 
     /// `isLimited`: under the bandwidth limit.
-    void start(quint64 streamId, rtsp::ReplayRequest request, bool isLimited, StreamFlowTable::Counter consumedBytes);
+    void start(quint64 streamId, rtsp::StreamRequest request, bool isLimited, StreamFlowTable::Counter consumedBytes);
     void control(quint64 streamId, PlaybackCtrl ctrl);
     /// 0: no rate control.
     void setScale(quint64 streamId, double scale);
@@ -41,14 +41,14 @@ signals:
     void sought(quint64 streamId);
     void packets(quint64 streamId, const QByteArray& batch);
     void progress(quint64 streamId, qint64 lastTimeNs);
-    void ended(quint64 streamId, vms_sdk::rtsp::ReplayEnd end, const vms_sdk::Error& error);
+    void ended(quint64 streamId, vms_sdk::rtsp::StreamOutcome end, const vms_sdk::Error& error);
     void certificateRefused(quint64 streamId, const QSslCertificate& certificate, const QByteArray& keySha256,
                             const QString& reason);
 
 private:
     struct Stream
     {
-        rtsp::ReplayClient* client = nullptr; ///< child of the worker
+        rtsp::StreamClient* client = nullptr; ///< child of the worker
         StreamFlowTable::Counter consumedBytes;
         qint64 receivedBytes = 0;
         qint64 returnedBytes = 0;

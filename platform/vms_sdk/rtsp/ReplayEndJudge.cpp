@@ -24,24 +24,25 @@ bool isWhole(const EndPosition& position)
     return isAtEnd(position, 0) && position.widestStepNs <= position.intervalNs * 7 / 4;
 }
 
-ReplayEnd judgeEnd(EndCause cause, const EndPosition& position)
+StreamOutcome judgeEnd(EndCause cause, const EndPosition& position)
 {
     switch (cause) {
     case EndCause::ReachedEnd:
-        return ReplayEnd::EndOfRecording;
+        return StreamOutcome::EndOfRecording;
     case EndCause::Terminal: {
         const bool open = position.endNs == 0 && position.recordingEndNs == 0 && position.lastTimeNs != 0;
-        return open || isAtEnd(position, orderlyToleranceNs) ? ReplayEnd::EndOfRecording : ReplayEnd::EndByDevice;
+        return open || isAtEnd(position, orderlyToleranceNs) ? StreamOutcome::EndOfRecording
+                                                             : StreamOutcome::EndByDevice;
     }
     case EndCause::TornDown:
-        return isAtEnd(position, orderlyToleranceNs) ? ReplayEnd::EndOfRecording : ReplayEnd::EndByDevice;
+        return isAtEnd(position, orderlyToleranceNs) ? StreamOutcome::EndOfRecording : StreamOutcome::EndByDevice;
     case EndCause::Closed:
     case EndCause::Silence:
-        return isWhole(position) ? ReplayEnd::EndOfRecording : ReplayEnd::Broken;
+        return isWhole(position) ? StreamOutcome::EndOfRecording : StreamOutcome::Broken;
     case EndCause::Fault:
         break;
     }
-    return ReplayEnd::Broken;
+    return StreamOutcome::Broken;
 }
 
 } // namespace vms_sdk::rtsp

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ReplayClient.h"
+#include "StreamClient.h"
 
 #include <QtGlobal>
 
@@ -36,6 +36,6 @@ bool isWhole(const EndPosition& position);
 
 /// How a stream that played ended. An end in order may leave up to a second at the end, where the recorder had nothing;
 /// after a break every frame but the last must be there.
-ReplayEnd judgeEnd(EndCause cause, const EndPosition& position);
+StreamOutcome judgeEnd(EndCause cause, const EndPosition& position);
 
 } // namespace vms_sdk::rtsp

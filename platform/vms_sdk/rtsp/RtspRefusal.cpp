@@ -1,16 +1,11 @@
 #include "RtspRefusal.h"
 
-#include "ReplayClient.h"
+#include "StreamClient.h"
 
 namespace vms_sdk::rtsp {
 namespace {
 
 constexpr int maxReasonCharacters = 80;
-
-QString tr(const char* text)
-{
-    return ReplayClient::tr(text);
-}
 
 /// The recorder's words, short and without what could disturb a line of text.
 QString plain(const QByteArray& reason)
@@ -31,16 +26,23 @@ Error refusalError(const RtspMessage& answer, const RtspRequest& request, const 
     switch (answer.status) {
     case 404:
     case 410:
-        return {ErrorKind::NotFound, tr("%1 does not have the requested recording.").arg(host), context};
+        return {ErrorKind::NotFound, StreamClient::tr("%1 does not know the requested recording or channel.").arg(host),
+                context};
+    case 457:
+        return {ErrorKind::NotFound, StreamClient::tr("%1 has nothing recorded for the requested time.").arg(host),
+                context};
     case 453:
-        return {ErrorKind::LimitReached, tr("%1 has not enough bandwidth for a further stream.").arg(host), context};
+        return {ErrorKind::LimitReached,
+                StreamClient::tr("%1 has not enough bandwidth for a further stream.").arg(host), context};
     case 503:
-        return {ErrorKind::LimitReached, tr("%1 has reached its limit of connections.").arg(host), context};
+        return {ErrorKind::LimitReached, StreamClient::tr("%1 has reached its limit of connections.").arg(host),
+                context};
     case 461:
-        return {ErrorKind::Unsupported, tr("%1 does not send recordings over TCP.").arg(host), context};
+        return {ErrorKind::Unsupported, StreamClient::tr("%1 does not send over TCP.").arg(host), context};
     default:
         return {ErrorKind::Refused,
-                tr("%1 refused the request: %2 %3").arg(host, QString::number(answer.status), plain(answer.reason)),
+                StreamClient::tr("%1 refused the request: %2 %3")
+                    .arg(host, QString::number(answer.status), plain(answer.reason)),
                 context};
     }
 }
@@ -51,20 +53,21 @@ Error loginError(DigestAuthenticator::Verdict verdict, const QString& host)
     QString message;
     switch (verdict) {
     case Verdict::NoLogin:
-        message = tr("%1 wants a login, and there is none for it.").arg(host);
+        message = StreamClient::tr("%1 wants a login, and there is none for it.").arg(host);
         break;
     case Verdict::WrongLogin:
-        message = tr("%1 refused user name or password.").arg(host);
+        message = StreamClient::tr("%1 refused user name or password.").arg(host);
         break;
     case Verdict::TooManyRounds:
-        message = tr("%1 refused the login after the limit of %2 rounds.")
+        message = StreamClient::tr("%1 refused the login after the limit of %2 rounds.")
                       .arg(host, QString::number(DigestAuthenticator::maxRounds));
         break;
     case Verdict::BasicInClear:
-        message = tr("%1 wants the password in clear text over a connection that is not secure.").arg(host);
+        message =
+            StreamClient::tr("%1 wants the password in clear text over a connection that is not secure.").arg(host);
         break;
     default:
-        message = tr("%1 offers no way to log in that is known or as safe as before.").arg(host);
+        message = StreamClient::tr("%1 offers no way to log in that is known or as safe as before.").arg(host);
         break;
     }
     return {ErrorKind::LoginRefused, message, QStringLiteral("RTSP 401")};

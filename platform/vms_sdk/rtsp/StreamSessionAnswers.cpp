@@ -1,5 +1,5 @@
-// The half of ReplaySession that deals with what the recorder answers and asks.
-#include "ReplaySession.h"
+// The half of StreamSession that deals with what the recorder answers and asks.
+#include "StreamSession.h"
 
 #include "RtspHeaders.h"
 #include "RtspRefusal.h"
@@ -24,7 +24,7 @@ bool isLimit(int status)
 
 } // namespace
 
-void ReplaySession::answered(const RtspMessage& answer, const RtspRequest& request)
+void StreamSession::answered(const RtspMessage& answer, const RtspRequest& request)
 {
     const bool isKeepAlive = m_phase >= Phase::Playing && request.method != "PLAY" && request.method != "PAUSE";
     if (!isKeepAlive)
@@ -36,7 +36,7 @@ void ReplaySession::answered(const RtspMessage& answer, const RtspRequest& reque
     m_requester->authenticator().accepted();
     if (isKeepAlive) {
         if (answer.status == statusSessionNotFound)
-            fail({ErrorKind::BrokenOff, ReplayClient::tr("%1 does not know the session any more.").arg(host()),
+            fail({ErrorKind::BrokenOff, StreamClient::tr("%1 does not know the session any more.").arg(host()),
                   QStringLiteral("454 to a keep-alive")});
         return;
     }
@@ -91,7 +91,7 @@ void ReplaySession::answered(const RtspMessage& answer, const RtspRequest& reque
     }
 }
 
-void ReplaySession::logIn(const RtspMessage& answer, const RtspRequest& request)
+void StreamSession::logIn(const RtspMessage& answer, const RtspRequest& request)
 {
     const auto verdict = m_requester->authenticator().challenged(answer.headerList("WWW-Authenticate"));
     if (verdict != DigestAuthenticator::Verdict::Retry) {
@@ -102,22 +102,22 @@ void ReplaySession::logIn(const RtspMessage& answer, const RtspRequest& request)
     m_connection->send(m_requester->send(request));
 }
 
-void ReplaySession::redirect(const RtspMessage& answer)
+void StreamSession::redirect(const RtspMessage& answer)
 {
     const QUrl target = m_url.resolved(QUrl::fromEncoded(answer.header("Location")));
     if (m_phase > Phase::Setup || !target.isValid() || !isRtsp(target)) {
-        fail({ErrorKind::Refused, ReplayClient::tr("%1 points to an address that is none of RTSP.").arg(host()),
+        fail({ErrorKind::Refused, StreamClient::tr("%1 points to an address that is none of RTSP.").arg(host()),
               QStringLiteral("redirect")});
         return;
     }
     if (++m_redirects > maxRedirects) {
         fail({ErrorKind::Refused,
-              ReplayClient::tr("%1 redirects beyond the limit of %2 times.").arg(host(), QString::number(maxRedirects)),
+              StreamClient::tr("%1 redirects beyond the limit of %2 times.").arg(host(), QString::number(maxRedirects)),
               QStringLiteral("redirect")});
         return;
     }
     if (isRtspOverTls(m_url) && !isRtspOverTls(target)) {
-        fail({ErrorKind::Refused, ReplayClient::tr("%1 redirects from a secure to an open connection.").arg(host()),
+        fail({ErrorKind::Refused, StreamClient::tr("%1 redirects from a secure to an open connection.").arg(host()),
               QStringLiteral("redirect")});
         return;
     }
@@ -129,7 +129,7 @@ void ReplaySession::redirect(const RtspMessage& answer)
 }
 
 /// A recorder that does not know replay by that name may still play the range.
-bool ReplaySession::retryPlain(const RtspMessage& answer, const RtspRequest& request)
+bool StreamSession::retryPlain(const RtspMessage& answer, const RtspRequest& request)
 {
     const bool unknown = answer.status == statusOptionNotSupported || answer.hasHeader("Unsupported");
     if (!unknown || !m_requireReplay)
@@ -146,7 +146,7 @@ bool ReplaySession::retryPlain(const RtspMessage& answer, const RtspRequest& req
 
 /// PLAY after PAUSE goes on where it was; a recorder that cannot is asked for the range from the last frame on. One
 /// that takes no other range while it plays is paused before.
-bool ReplaySession::resumeOtherwise(const RtspRequest& request)
+bool StreamSession::resumeOtherwise(const RtspRequest& request)
 {
     if (m_phase != Phase::Resuming || request.method != "PLAY" || !m_request.replay)
         return false;
@@ -164,11 +164,11 @@ bool ReplaySession::resumeOtherwise(const RtspRequest& request)
     return true;
 }
 
-void ReplaySession::describeAnswered(const RtspMessage& answer)
+void StreamSession::describeAnswered(const RtspMessage& answer)
 {
     SdpSession session;
     if (!parseSdp(answer.body, session)) {
-        fail({ErrorKind::Corrupt, ReplayClient::tr("%1 sent no readable description of the recording.").arg(host()),
+        fail({ErrorKind::Corrupt, StreamClient::tr("%1 sent no readable description of the stream.").arg(host()),
               QStringLiteral("SDP of %1 bytes").arg(answer.body.size())});
         return;
     }
@@ -181,7 +181,7 @@ void ReplaySession::describeAnswered(const RtspMessage& answer)
     m_media = chooseMedia(session, base, m_request.audio, refused);
     if (m_media.empty()) {
         fail({ErrorKind::Unsupported,
-              ReplayClient::tr("%1 sends nothing that can be received: %2")
+              StreamClient::tr("%1 sends nothing that can be received: %2")
                   .arg(host(), QString::fromLatin1(refused.left(80))),
               QStringLiteral("SDP")});
         return;
@@ -199,12 +199,12 @@ void ReplaySession::describeAnswered(const RtspMessage& answer)
     sendSetup();
 }
 
-void ReplaySession::setupAnswered(const RtspMessage& answer)
+void StreamSession::setupAnswered(const RtspMessage& answer)
 {
     const auto asked = static_cast<std::uint8_t>(m_nextMedium * 2);
     const TransportAnswer transport = parseTransport(answer.header("Transport"), asked);
     if (!transport.interleaved) {
-        fail({ErrorKind::Unsupported, ReplayClient::tr("%1 does not send recordings over TCP.").arg(host()),
+        fail({ErrorKind::Unsupported, StreamClient::tr("%1 does not send over TCP.").arg(host()),
               QStringLiteral("Transport")});
         return;
     }
@@ -221,7 +221,7 @@ void ReplaySession::setupAnswered(const RtspMessage& answer)
         sendPlay(PlayFrom::Begin);
 }
 
-void ReplaySession::playAnswered(const RtspMessage& answer)
+void StreamSession::playAnswered(const RtspMessage& answer)
 {
     readPlayAnswer(answer);
     m_phase = Phase::Playing;
@@ -235,7 +235,7 @@ void ReplaySession::playAnswered(const RtspMessage& answer)
     followWishes();
 }
 
-void ReplaySession::readPlayAnswer(const RtspMessage& answer)
+void StreamSession::readPlayAnswer(const RtspMessage& answer)
 {
     std::int64_t beginNs = 0;
     std::int64_t endNs = 0;
@@ -252,7 +252,7 @@ void ReplaySession::readPlayAnswer(const RtspMessage& answer)
     }
 }
 
-void ReplaySession::pauseAnswered(const RtspMessage& answer)
+void StreamSession::pauseAnswered(const RtspMessage& answer)
 {
     m_phase = Phase::Paused;
     m_heldBack = answer.status >= 400;
@@ -262,7 +262,7 @@ void ReplaySession::pauseAnswered(const RtspMessage& answer)
     followWishes();
 }
 
-void ReplaySession::peerRequest(const RtspMessage& message)
+void StreamSession::peerRequest(const RtspMessage& message)
 {
     const QByteArray method = message.method.toUpper();
     const bool known = method == "OPTIONS" || method == "GET_PARAMETER" || method == "SET_PARAMETER" ||
@@ -274,7 +274,7 @@ void ReplaySession::peerRequest(const RtspMessage& message)
     if (method == "TEARDOWN" || (method == "ANNOUNCE" && !isDescription))
         endBy(EndCause::TornDown);
     else if (method == "REDIRECT")
-        fail({ErrorKind::BrokenOff, ReplayClient::tr("%1 moved the stream elsewhere.").arg(host()),
+        fail({ErrorKind::BrokenOff, StreamClient::tr("%1 moved the stream elsewhere.").arg(host()),
               QStringLiteral("REDIRECT")});
 }
 

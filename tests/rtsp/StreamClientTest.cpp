@@ -15,9 +15,9 @@ namespace {
 
 constexpr int waitMs = 10'000;
 
-ReplayRequest requestTo(const ScriptedRecorder& recorder, int pictures = 50)
+StreamRequest requestTo(const ScriptedRecorder& recorder, int pictures = 50)
 {
-    ReplayRequest request;
+    StreamRequest request;
     request.url = recorder.url();
     request.user = QStringLiteral("viewer");
     request.password = QStringLiteral("s3cret!word");
@@ -47,10 +47,10 @@ void compareWithSent(const ScriptedRecorder& recorder, const StreamLog& log, int
 /// A replay from a recorder that follows a script; the request may be changed before it is started.
 struct Replay
 {
-    explicit Replay(const Script& script, int pictures = 50, const std::function<void(ReplayRequest*)>& change = {})
+    explicit Replay(const Script& script, int pictures = 50, const std::function<void(StreamRequest*)>& change = {})
         : recorder(script)
         , client([&] {
-            ReplayRequest request = requestTo(recorder, pictures);
+            StreamRequest request = requestTo(recorder, pictures);
             if (change)
                 change(&request);
             return request;
@@ -69,13 +69,13 @@ struct Replay
     }
 
     ScriptedRecorder recorder;
-    ReplayClient client;
+    StreamClient client;
     StreamLog log;
 };
 
 } // namespace
 
-class ReplayClientTest final : public QObject
+class StreamClientTest final : public QObject
 {
     Q_OBJECT
 
@@ -105,32 +105,33 @@ private slots:
     void tellsWhyThereIsNoConnection();
 };
 
-void ReplayClientTest::tellsHowTheRecordingEnded_data()
+void StreamClientTest::tellsHowTheRecordingEnded_data()
 {
     QTest::addColumn<int>("how");
     QTest::addColumn<int>("asked"); // pictures
     QTest::addColumn<int>("end");
     QTest::addColumn<int>("error");
-    const auto row = [](const char* name, StreamEnd how, int asked, ReplayEnd end, ErrorKind error = ErrorKind::None) {
+    const auto row = [](const char* name, StreamEnd how, int asked, StreamOutcome end,
+                        ErrorKind error = ErrorKind::None) {
         QTest::newRow(name) << static_cast<int>(how) << asked << static_cast<int>(end) << static_cast<int>(error);
     };
-    row("marked", StreamEnd::Terminal, 50, ReplayEnd::EndOfRecording);
-    row("bye", StreamEnd::Bye, 50, ReplayEnd::EndOfRecording);
-    row("torn down", StreamEnd::TearDown, 50, ReplayEnd::EndOfRecording);
-    row("announced", StreamEnd::Announce, 50, ReplayEnd::EndOfRecording);
-    row("closed at the end", StreamEnd::Fin, 50, ReplayEnd::EndOfRecording);
-    row("silent at the end", StreamEnd::Silence, 50, ReplayEnd::EndOfRecording);
-    row("plays on past the end", StreamEnd::Silence, 49, ReplayEnd::EndOfRecording);
-    row("marked early", StreamEnd::Terminal, 500, ReplayEnd::EndByDevice);
-    row("bye early", StreamEnd::Bye, 500, ReplayEnd::EndByDevice);
-    row("torn down early", StreamEnd::TearDown, 500, ReplayEnd::EndByDevice);
-    row("closed early", StreamEnd::Fin, 500, ReplayEnd::Broken, ErrorKind::BrokenOff);
-    row("reset early", StreamEnd::Rst, 500, ReplayEnd::Broken, ErrorKind::BrokenOff);
-    row("silent early", StreamEnd::Silence, 500, ReplayEnd::Broken, ErrorKind::TimedOut);
-    row("silent inside a packet", StreamEnd::HalfPacket, 500, ReplayEnd::Broken, ErrorKind::TimedOut);
+    row("marked", StreamEnd::Terminal, 50, StreamOutcome::EndOfRecording);
+    row("bye", StreamEnd::Bye, 50, StreamOutcome::EndOfRecording);
+    row("torn down", StreamEnd::TearDown, 50, StreamOutcome::EndOfRecording);
+    row("announced", StreamEnd::Announce, 50, StreamOutcome::EndOfRecording);
+    row("closed at the end", StreamEnd::Fin, 50, StreamOutcome::EndOfRecording);
+    row("silent at the end", StreamEnd::Silence, 50, StreamOutcome::EndOfRecording);
+    row("plays on past the end", StreamEnd::Silence, 49, StreamOutcome::EndOfRecording);
+    row("marked early", StreamEnd::Terminal, 500, StreamOutcome::EndByDevice);
+    row("bye early", StreamEnd::Bye, 500, StreamOutcome::EndByDevice);
+    row("torn down early", StreamEnd::TearDown, 500, StreamOutcome::EndByDevice);
+    row("closed early", StreamEnd::Fin, 500, StreamOutcome::Broken, ErrorKind::BrokenOff);
+    row("reset early", StreamEnd::Rst, 500, StreamOutcome::Broken, ErrorKind::BrokenOff);
+    row("silent early", StreamEnd::Silence, 500, StreamOutcome::Broken, ErrorKind::TimedOut);
+    row("silent inside a packet", StreamEnd::HalfPacket, 500, StreamOutcome::Broken, ErrorKind::TimedOut);
 }
 
-void ReplayClientTest::tellsHowTheRecordingEnded()
+void StreamClientTest::tellsHowTheRecordingEnded()
 {
     QFETCH(int, how);
     QFETCH(int, asked);
@@ -151,7 +152,7 @@ void ReplayClientTest::tellsHowTheRecordingEnded()
     QVERIFY(replay.recorder.last("PLAY").header("Range").startsWith("clock=20231114T221320.000Z-20231114T2213"));
 }
 
-void ReplayClientTest::keepsFailuresApart_data()
+void StreamClientTest::keepsFailuresApart_data()
 {
     QTest::addColumn<Script>("script");
     QTest::addColumn<int>("kind");
@@ -200,14 +201,14 @@ void ReplayClientTest::keepsFailuresApart_data()
     row("silent before the first frame", empty, ErrorKind::TimedOut);
 }
 
-void ReplayClientTest::keepsFailuresApart()
+void StreamClientTest::keepsFailuresApart()
 {
     QFETCH(Script, script);
     QFETCH(int, kind);
     QFETCH(QString, text);
     Replay replay(script);
     QVERIFY(replay.isStartedAndEnds());
-    QCOMPARE(static_cast<int>(replay.log.end), static_cast<int>(ReplayEnd::Failed));
+    QCOMPARE(static_cast<int>(replay.log.end), static_cast<int>(StreamOutcome::Failed));
     QCOMPARE(static_cast<int>(replay.log.error.kind), kind);
     QVERIFY2(replay.log.error.message.contains(text) && replay.log.error.message.contains(QStringLiteral("127.0.0.1")),
              qPrintable(replay.log.error.message));
@@ -215,7 +216,7 @@ void ReplayClientTest::keepsFailuresApart()
             !replay.log.error.context.contains(QStringLiteral("s3cret")));
 }
 
-void ReplayClientTest::logsIn_data()
+void StreamClientTest::logsIn_data()
 {
     QTest::addColumn<QList<QByteArray>>("challenges");
     QTest::addColumn<bool>("forEver");
@@ -232,7 +233,7 @@ void ReplayClientTest::logsIn_data()
     QTest::newRow("Basic in clear") << QList<QByteArray>{"Basic realm=\"r\""} << false << false << 1;
 }
 
-void ReplayClientTest::logsIn()
+void StreamClientTest::logsIn()
 {
     QFETCH(QList<QByteArray>, challenges);
     QFETCH(bool, forEver);
@@ -243,7 +244,7 @@ void ReplayClientTest::logsIn()
     script.challengeForEver = forEver;
     Replay replay(script);
     QVERIFY(replay.isStartedAndEnds());
-    QCOMPARE(replay.log.end == ReplayEnd::EndOfRecording, good);
+    QCOMPARE(replay.log.end == StreamOutcome::EndOfRecording, good);
     QCOMPARE(replay.log.error.kind == ErrorKind::LoginRefused, !good);
     QCOMPARE(replay.recorder.count("OPTIONS"), connectionsAndTries);
     if (good)
@@ -252,7 +253,7 @@ void ReplayClientTest::logsIn()
         QVERIFY(!request.serialized().contains("s3cret") && !request.header("Authorization").startsWith("Basic"));
 }
 
-void ReplayClientTest::carriesNoLoginToAnotherHost()
+void StreamClientTest::carriesNoLoginToAnotherHost()
 {
     Script second;
     second.challenges = {"Digest realm=\"r\", nonce=\"1\""};
@@ -270,14 +271,14 @@ void ReplayClientTest::carriesNoLoginToAnotherHost()
         QVERIFY2(!request.hasHeader("Authorization"), "the login went to another host");
 }
 
-void ReplayClientTest::followsNoRedirectsWithoutEnd()
+void StreamClientTest::followsNoRedirectsWithoutEnd()
 {
     ScriptedRecorder target{Script()};
     Script script;
     script.redirectTo = target.url().toEncoded();
     Replay replay(script);
     QVERIFY(replay.isStartedAndEnds());
-    QCOMPARE(static_cast<int>(replay.log.end), static_cast<int>(ReplayEnd::EndOfRecording));
+    QCOMPARE(static_cast<int>(replay.log.end), static_cast<int>(StreamOutcome::EndOfRecording));
     compareWithSent(target, replay.log, 50);
 
     script.redirectTo = "/replay?again";
@@ -288,7 +289,7 @@ void ReplayClientTest::followsNoRedirectsWithoutEnd()
     QCOMPARE(lost.recorder.connections, 6);
 }
 
-void ReplayClientTest::playsWholeFromOddRecorders_data()
+void StreamClientTest::playsWholeFromOddRecorders_data()
 {
     QTest::addColumn<Script>("script");
     QTest::addColumn<int>("setups");
@@ -315,14 +316,14 @@ void ReplayClientTest::playsWholeFromOddRecorders_data()
     }
 }
 
-void ReplayClientTest::playsWholeFromOddRecorders()
+void StreamClientTest::playsWholeFromOddRecorders()
 {
     QFETCH(Script, script);
     QFETCH(int, setups);
     QFETCH(bool, asksForReplay);
     Replay replay(script);
     QVERIFY(replay.isStartedAndEnds());
-    QCOMPARE(static_cast<int>(replay.log.end), static_cast<int>(ReplayEnd::EndOfRecording));
+    QCOMPARE(static_cast<int>(replay.log.end), static_cast<int>(StreamOutcome::EndOfRecording));
     compareWithSent(replay.recorder, replay.log, 50);
     QCOMPARE(replay.client.lastTimeNs(), ScriptedRecorder::beginNs + 49 * ScriptedRecorder::frameNs);
     QCOMPARE(replay.recorder.count("SETUP"), setups);
@@ -331,13 +332,13 @@ void ReplayClientTest::playsWholeFromOddRecorders()
     QCOMPARE(play.hasHeader("Require") || play.hasHeader("Rate-Control"), asksForReplay);
 }
 
-void ReplayClientTest::stopsReadingWithoutCredit()
+void StreamClientTest::stopsReadingWithoutCredit()
 {
     Script script;
     script.pictures = 400;
     script.pictureBytes = 20'000;
     script.picturesAtOnce = 20;
-    Replay replay(script, 400, [](ReplayRequest* request) {
+    Replay replay(script, 400, [](StreamRequest* request) {
         request->creditBytes = 300'000;
         request->endNs = 0;
     });
@@ -352,11 +353,11 @@ void ReplayClientTest::stopsReadingWithoutCredit()
     replay.client.returnCredit(replay.log.outstandingBytes);
     replay.log.outstandingBytes = 0;
     QVERIFY(replay.ends());
-    QCOMPARE(static_cast<int>(replay.log.end), static_cast<int>(ReplayEnd::EndOfRecording));
+    QCOMPARE(static_cast<int>(replay.log.end), static_cast<int>(StreamOutcome::EndOfRecording));
     compareWithSent(replay.recorder, replay.log, 400);
 }
 
-void ReplayClientTest::pausesAndGoesOn_data()
+void StreamClientTest::pausesAndGoesOn_data()
 {
     QTest::addColumn<bool>("resumeNeedsRange");
     QTest::addColumn<bool>("pauseUnknown");
@@ -365,7 +366,7 @@ void ReplayClientTest::pausesAndGoesOn_data()
     QTest::newRow("knows no PAUSE") << false << true;
 }
 
-void ReplayClientTest::pausesAndGoesOn()
+void StreamClientTest::pausesAndGoesOn()
 {
     QFETCH(bool, resumeNeedsRange);
     QFETCH(bool, pauseUnknown);
@@ -375,7 +376,7 @@ void ReplayClientTest::pausesAndGoesOn()
     script.resumeNeedsRange = resumeNeedsRange;
     if (pauseUnknown)
         script.refusals.insert("PAUSE", 501);
-    Replay replay(script, 120, [](ReplayRequest* request) { request->rateControl = true; });
+    Replay replay(script, 120, [](StreamRequest* request) { request->rateControl = true; });
     replay.client.start();
     QTRY_VERIFY_WITH_TIMEOUT(replay.log.batches.frames.size() > 30, waitMs);
     replay.client.pause();
@@ -385,11 +386,11 @@ void ReplayClientTest::pausesAndGoesOn()
     QVERIFY(!replay.log.hasEnded() && before < 100);
     replay.client.resume();
     QVERIFY(replay.ends());
-    QCOMPARE(static_cast<int>(replay.log.end), static_cast<int>(ReplayEnd::EndOfRecording));
+    QCOMPARE(static_cast<int>(replay.log.end), static_cast<int>(StreamOutcome::EndOfRecording));
     compareWithSent(replay.recorder, replay.log, 120);
 }
 
-void ReplayClientTest::staysAliveWhilePaused()
+void StreamClientTest::staysAliveWhilePaused()
 {
     Script script;
     script.sessionTimeoutS = 2;
@@ -403,7 +404,7 @@ void ReplayClientTest::staysAliveWhilePaused()
     QCOMPARE(replay.recorder.last("GET_PARAMETER").header("Session"), QByteArray("s1"));
 }
 
-void ReplayClientTest::saysNothingAfterStop()
+void StreamClientTest::saysNothingAfterStop()
 {
     Script script;
     script.pictures = 1'000;
@@ -420,12 +421,12 @@ void ReplayClientTest::saysNothingAfterStop()
     QCOMPARE(replay.log.batches.frames.size(), frames);
 }
 
-void ReplayClientTest::mayBeStoppedFromItsOwnSignal()
+void StreamClientTest::mayBeStoppedFromItsOwnSignal()
 {
     Script script;
     script.pictureBytes = 30'000;
     Replay replay(script);
-    connect(&replay.client, &ReplayClient::packets, &replay.client, [&replay] { replay.client.stop(); });
+    connect(&replay.client, &StreamClient::packets, &replay.client, [&replay] { replay.client.stop(); });
     replay.client.start();
     QTRY_COMPARE_WITH_TIMEOUT(replay.recorder.count("TEARDOWN"), 1, waitMs);
     QTest::qWait(50);
@@ -433,12 +434,12 @@ void ReplayClientTest::mayBeStoppedFromItsOwnSignal()
     QCOMPARE(replay.log.batches.batchBytes.size(), std::size_t(1));
 }
 
-void ReplayClientTest::changesItsSpeed()
+void StreamClientTest::changesItsSpeed()
 {
     Script script;
     script.pictures = 200;
     script.picturesAtOnce = 2;
-    Replay replay(script, 200, [](ReplayRequest* request) { request->rateControl = true; });
+    Replay replay(script, 200, [](StreamRequest* request) { request->rateControl = true; });
     replay.client.start();
     QTRY_VERIFY_WITH_TIMEOUT(replay.log.batches.frames.size() > 10, waitMs);
     QVERIFY(!replay.recorder.last("PLAY").hasHeader("Scale"));
@@ -452,7 +453,7 @@ void ReplayClientTest::changesItsSpeed()
     compareWithSent(replay.recorder, replay.log, 200);
 }
 
-void ReplayClientTest::jumps_data()
+void StreamClientTest::jumps_data()
 {
     QTest::addColumn<Script>("script");
     QTest::addColumn<int>("plays");
@@ -464,20 +465,20 @@ void ReplayClientTest::jumps_data()
     QTest::newRow("without knowing of replay") << script << 3;
 }
 
-void ReplayClientTest::jumps()
+void StreamClientTest::jumps()
 {
     QFETCH(Script, script);
     QFETCH(int, plays);
     constexpr int target = 110;
     script.pictures = 200;
     script.picturesAtOnce = 2;
-    Replay replay(script, 200, [](ReplayRequest* request) { request->rateControl = true; });
+    Replay replay(script, 200, [](StreamRequest* request) { request->rateControl = true; });
     replay.client.start();
     QTRY_VERIFY_WITH_TIMEOUT(replay.log.batches.frames.size() > 10, waitMs);
     const std::size_t before = replay.log.batches.frames.size();
     replay.client.seek(ScriptedRecorder::beginNs + target * ScriptedRecorder::frameNs);
     QVERIFY(replay.ends());
-    QCOMPARE(static_cast<int>(replay.log.end), static_cast<int>(ReplayEnd::EndOfRecording));
+    QCOMPARE(static_cast<int>(replay.log.end), static_cast<int>(StreamOutcome::EndOfRecording));
     const auto& frames = replay.log.batches.frames;
     QCOMPARE(frames.size(), before + 100);
     for (std::size_t i = before; i < frames.size(); ++i)
@@ -490,12 +491,12 @@ void ReplayClientTest::jumps()
     QCOMPARE(play.header("Immediate"), script.knowsReplay ? QByteArray("yes") : QByteArray());
 }
 
-void ReplayClientTest::skimsKeyFrames()
+void StreamClientTest::skimsKeyFrames()
 {
     Script script;
     script.pictures = 300;
     script.picturesAtOnce = 2;
-    Replay replay(script, 300, [](ReplayRequest* request) { request->rateControl = true; });
+    Replay replay(script, 300, [](StreamRequest* request) { request->rateControl = true; });
     replay.client.start();
     QTRY_VERIFY_WITH_TIMEOUT(replay.log.batches.frames.size() > 10, waitMs);
     replay.client.setScale(8);
@@ -509,7 +510,7 @@ void ReplayClientTest::skimsKeyFrames()
         QCOMPARE(static_cast<int>(frames[i].header.flags & ~vav::EndOfRecording), static_cast<int>(vav::KeyFrame));
 }
 
-void ReplayClientTest::endsWhenTheSessionIsForgotten()
+void StreamClientTest::endsWhenTheSessionIsForgotten()
 {
     Script script;
     script.sessionTimeoutS = 2;
@@ -518,11 +519,11 @@ void ReplayClientTest::endsWhenTheSessionIsForgotten()
     script.refusals.insert("GET_PARAMETER", 454);
     Replay replay(script, 100'000);
     QVERIFY(replay.isStartedAndEnds());
-    QCOMPARE(static_cast<int>(replay.log.end), static_cast<int>(ReplayEnd::Broken));
+    QCOMPARE(static_cast<int>(replay.log.end), static_cast<int>(StreamOutcome::Broken));
     QCOMPARE(static_cast<int>(replay.log.error.kind), static_cast<int>(ErrorKind::BrokenOff));
 }
 
-void ReplayClientTest::tellsWhyThereIsNoConnection_data()
+void StreamClientTest::tellsWhyThereIsNoConnection_data()
 {
     QTest::addColumn<QString>("url");
     QTest::addColumn<int>("kind");
@@ -536,21 +537,21 @@ void ReplayClientTest::tellsWhyThereIsNoConnection_data()
     QTest::newRow("no host") << QStringLiteral("rtsp:///x") << static_cast<int>(ErrorKind::Unsupported);
 }
 
-void ReplayClientTest::tellsWhyThereIsNoConnection()
+void StreamClientTest::tellsWhyThereIsNoConnection()
 {
     QFETCH(QString, url);
     QFETCH(int, kind);
-    ReplayRequest request;
+    StreamRequest request;
     request.url = QUrl(url);
     request.connectTimeoutMs = 5'000;
-    ReplayClient client(request);
+    StreamClient client(request);
     StreamLog log(client);
     client.start();
     QTRY_VERIFY_WITH_TIMEOUT(log.hasEnded(), waitMs);
     QCOMPARE(log.order, QByteArray("e"));
-    QCOMPARE(static_cast<int>(log.end), static_cast<int>(ReplayEnd::Failed));
+    QCOMPARE(static_cast<int>(log.end), static_cast<int>(StreamOutcome::Failed));
     QCOMPARE(static_cast<int>(log.error.kind), kind);
 }
 
-QTEST_GUILESS_MAIN(ReplayClientTest)
-#include "ReplayClientTest.moc"
+QTEST_GUILESS_MAIN(StreamClientTest)
+#include "StreamClientTest.moc"

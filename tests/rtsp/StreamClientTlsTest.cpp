@@ -13,9 +13,9 @@ namespace {
 
 constexpr int waitMs = 10'000;
 
-ReplayRequest requestTo(const ScriptedRecorder& recorder, const QString& host)
+StreamRequest requestTo(const ScriptedRecorder& recorder, const QString& host)
 {
-    ReplayRequest request;
+    StreamRequest request;
     request.url = recorder.url(host);
     request.user = QStringLiteral("viewer");
     request.password = QStringLiteral("s3cret!word");
@@ -28,7 +28,7 @@ ReplayRequest requestTo(const ScriptedRecorder& recorder, const QString& host)
 
 } // namespace
 
-class ReplayClientTlsTest final : public QObject
+class StreamClientTlsTest final : public QObject
 {
     Q_OBJECT
 
@@ -42,7 +42,7 @@ private:
     void play(const Script& script, const std::function<void(ScriptedRecorder&, StreamLog&)>& check);
 };
 
-void ReplayClientTlsTest::judgesThePeerBeforeAByteIsSent_data()
+void StreamClientTlsTest::judgesThePeerBeforeAByteIsSent_data()
 {
     QTest::addColumn<QString>("certificateHost");
     QTest::addColumn<int>("days");
@@ -69,7 +69,7 @@ void ReplayClientTlsTest::judgesThePeerBeforeAByteIsSent_data()
     row("old protocol", local, 2, local, "ca", true, ErrorKind::Unsupported);
 }
 
-void ReplayClientTlsTest::judgesThePeerBeforeAByteIsSent()
+void StreamClientTlsTest::judgesThePeerBeforeAByteIsSent()
 {
     QFETCH(QString, certificateHost);
     QFETCH(int, days);
@@ -82,14 +82,14 @@ void ReplayClientTlsTest::judgesThePeerBeforeAByteIsSent()
     ScriptedRecorder recorder{Script()};
     recorder.secure(made.serverConfiguration(oldProtocol ? QSsl::TlsV1_1 : QSsl::TlsV1_2OrLater));
 
-    ReplayRequest request = requestTo(recorder, host);
+    StreamRequest request = requestTo(recorder, host);
     if (trust.startsWith(QStringLiteral("ca")))
         request.tls.caCertificates.append(made.certificate);
     if (trust == QStringLiteral("pin"))
         request.tls.pinnedKeySha256 = peerKeySha256(made.certificate);
     if (trust.endsWith(QStringLiteral("other pin")))
         request.tls.pinnedKeySha256 = QByteArray(32, 'x');
-    ReplayClient client(request);
+    StreamClient client(request);
     StreamLog log(client);
     client.start();
     QTRY_VERIFY_WITH_TIMEOUT(log.hasEnded(), waitMs);
@@ -105,31 +105,31 @@ void ReplayClientTlsTest::judgesThePeerBeforeAByteIsSent()
 }
 
 /// The end of a replay by the script, from a recorder whose certificate is trusted.
-void ReplayClientTlsTest::play(const Script& script, const std::function<void(ScriptedRecorder&, StreamLog&)>& check)
+void StreamClientTlsTest::play(const Script& script, const std::function<void(ScriptedRecorder&, StreamLog&)>& check)
 {
     const TestCertificate made = TestCertificate::make(QStringLiteral("localhost"));
     ScriptedRecorder recorder(script);
     recorder.secure(made.serverConfiguration());
-    ReplayRequest request = requestTo(recorder, QStringLiteral("localhost"));
+    StreamRequest request = requestTo(recorder, QStringLiteral("localhost"));
     request.tls.caCertificates.append(made.certificate);
-    ReplayClient client(request);
+    StreamClient client(request);
     StreamLog log(client);
     client.start();
     QTRY_VERIFY_WITH_TIMEOUT(log.hasEnded(), waitMs);
     check(recorder, log);
 }
 
-void ReplayClientTlsTest::sendsBasicOverTlsOnly()
+void StreamClientTlsTest::sendsBasicOverTlsOnly()
 {
     Script script;
     script.challenges = {"Basic realm=\"r\""};
     play(script, [](ScriptedRecorder& recorder, StreamLog& log) {
-        QCOMPARE(static_cast<int>(log.end), static_cast<int>(ReplayEnd::EndOfRecording));
+        QCOMPARE(static_cast<int>(log.end), static_cast<int>(StreamOutcome::EndOfRecording));
         QCOMPARE(recorder.last("PLAY").header("Authorization"), "Basic " + QByteArray("viewer:s3cret!word").toBase64());
     });
 }
 
-void ReplayClientTlsTest::isNotLedFromTlsToTheOpen()
+void StreamClientTlsTest::isNotLedFromTlsToTheOpen()
 {
     ScriptedRecorder open{Script()};
     Script script;
@@ -140,5 +140,5 @@ void ReplayClientTlsTest::isNotLedFromTlsToTheOpen()
     QCOMPARE(open.connections, 0);
 }
 
-QTEST_GUILESS_MAIN(ReplayClientTlsTest)
-#include "ReplayClientTlsTest.moc"
+QTEST_GUILESS_MAIN(StreamClientTlsTest)
+#include "StreamClientTlsTest.moc"

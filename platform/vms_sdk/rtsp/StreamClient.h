@@ -10,8 +10,8 @@
 
 namespace vms_sdk::rtsp {
 
-/// What a replay stream is asked for. Times are UTC, nanoseconds since 1970; 0 means open.
-struct ReplayRequest
+/// What a stream is asked for. Times are UTC, nanoseconds since 1970; 0 means open.
+struct StreamRequest
 {
     QUrl url; ///< rtsp or rtsps, without user and password
     QString user;
@@ -33,8 +33,8 @@ struct ReplayRequest
     int silenceTimeoutMs = 10'000; ///< without a byte while playing and not held back by credit: broken off
 };
 
-/// How a replay stream ended; comes exactly once.
-enum class ReplayEnd : int {
+/// How a stream ended; comes exactly once.
+enum class StreamOutcome : int {
     Unknown = 0,
     Failed = 1,         ///< before any frame: the error tells why
     EndOfRecording = 2, ///< everything up to endNs came
@@ -42,18 +42,19 @@ enum class ReplayEnd : int {
     Broken = 4,         ///< broke off after it played
 };
 
-/// One RTSP session that plays a recording (RFC 2326, ONVIF Streaming clause 6) and turns it into batches
-/// of vav_frame packets. Lives on a network thread together with its socket; functions are called there. Owned by its
-/// maker. The life: start(), playing(), any number of packets(), ended() once; after stop() no signal comes any more.
-/// It never logs a password.
-class ReplayClient final : public QObject
+/// One RTSP session that plays a recording (RFC 2326, ONVIF Streaming clause 6) or shows a channel live, and turns what
+/// comes into batches of vav_frame packets. A replay without credit stops reading; live pictures without credit are
+/// read and dropped, in whole groups. Lives on a network thread together with its socket; functions are called there.
+/// Owned by its maker. The life: start(), playing(), any number of packets(), ended() once; after stop() no signal
+/// comes any more. It never logs a password.
+class StreamClient final : public QObject
 {
     Q_OBJECT
-    Q_DISABLE_COPY_MOVE(ReplayClient)
+    Q_DISABLE_COPY_MOVE(StreamClient)
 
 public:
-    explicit ReplayClient(ReplayRequest request, QObject* parent = nullptr);
-    ~ReplayClient() override;
+    explicit StreamClient(StreamRequest request, QObject* parent = nullptr);
+    ~StreamClient() override;
 
     void start();
     void pause();
@@ -70,7 +71,7 @@ public:
 signals:
     void playing();
     void packets(const QByteArray& batch);
-    void ended(vms_sdk::rtsp::ReplayEnd end, const vms_sdk::Error& error);
+    void ended(vms_sdk::rtsp::StreamOutcome end, const vms_sdk::Error& error);
     /// The peer's certificate was neither pinned nor verified; ended(Failed) follows.
     void certificateRefused(const QSslCertificate& certificate, const QByteArray& keySha256, const QString& reason);
 

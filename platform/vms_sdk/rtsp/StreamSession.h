@@ -3,10 +3,10 @@
 #include "CreditGate.h"
 #include "MediaChoice.h"
 #include "MediaReceiver.h"
-#include "ReplayClient.h"
 #include "ReplayEndJudge.h"
 #include "RtspConnection.h"
 #include "RtspRequester.h"
+#include "StreamClient.h"
 
 #include <QElapsedTimer>
 #include <QObject>
@@ -16,16 +16,16 @@
 
 namespace vms_sdk::rtsp {
 
-/// The course of one replay: from OPTIONS to TEARDOWN, with login, redirects, keep-alive, pause, flow control and the
-/// watchdog. The working part of ReplayClient, whose contract holds; lives on the same thread.
-class ReplaySession final : public QObject, private RtspConnection::Handler
+/// The course of one stream, replay or live: from OPTIONS to TEARDOWN, with login, redirects, keep-alive, pause, seek,
+/// flow control and the watchdog. The working part of StreamClient, whose contract holds; lives on the same thread.
+class StreamSession final : public QObject, private RtspConnection::Handler
 {
     Q_OBJECT
-    Q_DISABLE_COPY_MOVE(ReplaySession)
+    Q_DISABLE_COPY_MOVE(StreamSession)
 
 public:
-    ReplaySession(ReplayRequest request, QObject* parent);
-    ~ReplaySession() override;
+    StreamSession(StreamRequest request, QObject* parent);
+    ~StreamSession() override;
 
     void start();
     void pause();
@@ -40,7 +40,7 @@ public:
 signals:
     void playing();
     void packets(const QByteArray& batch);
-    void ended(vms_sdk::rtsp::ReplayEnd end, const vms_sdk::Error& error);
+    void ended(vms_sdk::rtsp::StreamOutcome end, const vms_sdk::Error& error);
     void certificateJudged(const QSslCertificate& certificate, const QByteArray& keySha256, const QString& reason);
 
 private:
@@ -107,10 +107,10 @@ private:
     qint64 arrivalTimeNs() const;
     void endBy(EndCause cause, const Error& error = Error());
     void fail(const Error& error);
-    void finish(ReplayEnd end, const Error& error);
+    void finish(StreamOutcome end, const Error& error);
     void shutDown();
 
-    ReplayRequest m_request;
+    StreamRequest m_request;
     QUrl m_url;             ///< after redirects
     bool m_mayLogIn = true; ///< false on a host to which a redirect led
     int m_redirects = 0;

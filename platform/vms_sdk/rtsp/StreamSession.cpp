@@ -1,4 +1,4 @@
-#include "ReplaySession.h"
+#include "StreamSession.h"
 
 #include "AccessUnitAssembler.h"
 #include "RtspHeaders.h"
@@ -30,37 +30,38 @@ constexpr int packetTimeoutMs = 30'000;
 
 } // namespace
 
-ReplaySession::ReplaySession(ReplayRequest request, QObject* parent)
+StreamSession::StreamSession(StreamRequest request, QObject* parent)
     : QObject(parent)
     , m_request(std::move(request))
     , m_gate(m_request.creditBytes)
 {
     m_answerTimer.setSingleShot(true);
-    connect(&m_answerTimer, &QTimer::timeout, this, &ReplaySession::answerTimedOut);
-    connect(&m_keepAliveTimer, &QTimer::timeout, this, &ReplaySession::sendKeepAlive);
-    connect(&m_tickTimer, &QTimer::timeout, this, &ReplaySession::tick);
+    connect(&m_answerTimer, &QTimer::timeout, this, &StreamSession::answerTimedOut);
+    connect(&m_keepAliveTimer, &QTimer::timeout, this, &StreamSession::sendKeepAlive);
+    connect(&m_tickTimer, &QTimer::timeout, this, &StreamSession::tick);
 }
 
-ReplaySession::~ReplaySession()
+StreamSession::~StreamSession()
 {
     m_phase = Phase::Ended;
     shutDown();
 }
 
-void ReplaySession::start()
+void StreamSession::start()
 {
     if (m_phase != Phase::Idle)
         return;
     m_requireReplay = m_request.replay;
     if (!isRtsp(m_request.url)) {
         m_phase = Phase::Connecting;
-        fail({ErrorKind::Unsupported, ReplayClient::tr("The replay address is none of RTSP."), m_request.url.scheme()});
+        fail({ErrorKind::Unsupported, StreamClient::tr("The stream's address is none of RTSP."),
+              m_request.url.scheme()});
         return;
     }
     connectTo(m_request.url);
 }
 
-void ReplaySession::connectTo(const QUrl& url)
+void StreamSession::connectTo(const QUrl& url)
 {
     m_url = url;
     m_phase = Phase::Connecting;
@@ -70,19 +71,19 @@ void ReplaySession::connectTo(const QUrl& url)
     m_connection->open(url, m_request.tls, m_request.connectTimeoutMs);
 }
 
-void ReplaySession::pause()
+void StreamSession::pause()
 {
     m_wantPaused = true;
     followWishes();
 }
 
-void ReplaySession::resume()
+void StreamSession::resume()
 {
     m_wantPaused = false;
     followWishes();
 }
 
-void ReplaySession::setScale(double speed)
+void StreamSession::setScale(double speed)
 {
     const bool rateControl = speed > 0;
     const double scale = rateControl ? speed : 1.0;
@@ -94,7 +95,7 @@ void ReplaySession::setScale(double speed)
     followWishes();
 }
 
-void ReplaySession::seek(qint64 beginNs)
+void StreamSession::seek(qint64 beginNs)
 {
     if (!m_request.replay || m_phase == Phase::Ended)
         return;
@@ -110,7 +111,7 @@ void ReplaySession::seek(qint64 beginNs)
         m_connection->readMore();
 }
 
-void ReplaySession::followWishes()
+void StreamSession::followWishes()
 {
     if (m_seekWanted && m_phase == Phase::Playing && m_pausesToSeek) {
         sendPause();
@@ -132,13 +133,13 @@ void ReplaySession::followWishes()
     }
 }
 
-void ReplaySession::stop()
+void StreamSession::stop()
 {
     m_phase = Phase::Ended;
     shutDown();
 }
 
-void ReplaySession::returnCredit(qint64 bytes)
+void StreamSession::returnCredit(qint64 bytes)
 {
     const bool wasClosed = m_gate.isClosed();
     m_gate.giveBack(bytes);
@@ -148,40 +149,40 @@ void ReplaySession::returnCredit(qint64 bytes)
         m_connection->readMore();
 }
 
-qint64 ReplaySession::bytesReceived() const
+qint64 StreamSession::bytesReceived() const
 {
     return m_bytesBefore + (m_connection ? m_connection->bytesReceived() : 0);
 }
 
-qint64 ReplaySession::lastTimeNs() const
+qint64 StreamSession::lastTimeNs() const
 {
     return m_receiver ? m_receiver->lastTimeNs() : 0;
 }
 
-void ReplaySession::connectionReady()
+void StreamSession::connectionReady()
 {
     sendOptions();
 }
 
-void ReplaySession::request(const QByteArray& method, const QByteArray& uri, const RtspHeaderList& headers)
+void StreamSession::request(const QByteArray& method, const QByteArray& uri, const RtspHeaderList& headers)
 {
     m_answerTimer.start(m_request.answerTimeoutMs);
     m_connection->send(m_requester->send({method, uri, headers}));
 }
 
-void ReplaySession::sendOptions()
+void StreamSession::sendOptions()
 {
     m_phase = Phase::Options;
     request("OPTIONS", requestUri(m_url));
 }
 
-void ReplaySession::sendDescribe()
+void StreamSession::sendDescribe()
 {
     m_phase = Phase::Describe;
     request("DESCRIBE", requestUri(m_url), {{"Accept", "application/sdp"}});
 }
 
-void ReplaySession::sendSetup()
+void StreamSession::sendSetup()
 {
     m_phase = Phase::Setup;
     const QByteArray channel = QByteArray::number(static_cast<int>(m_nextMedium * 2));
@@ -193,12 +194,12 @@ void ReplaySession::sendSetup()
     request("SETUP", m_media[m_nextMedium].uri, headers);
 }
 
-bool ReplaySession::wantsKeyFramesOnly() const
+bool StreamSession::wantsKeyFramesOnly() const
 {
     return m_request.replay && m_request.rateControl && m_scale >= keyFramesOnlyScale;
 }
 
-RtspHeaderList ReplaySession::playHeaders(PlayFrom from, qint64 beginNs) const
+RtspHeaderList StreamSession::playHeaders(PlayFrom from, qint64 beginNs) const
 {
     RtspHeaderList headers;
     if (m_request.replay && beginNs != 0) {
@@ -221,7 +222,7 @@ RtspHeaderList ReplaySession::playHeaders(PlayFrom from, qint64 beginNs) const
     return headers;
 }
 
-void ReplaySession::sendPlay(PlayFrom from)
+void StreamSession::sendPlay(PlayFrom from)
 {
     m_phase = from == PlayFrom::Begin ? Phase::Play : Phase::Resuming;
     m_playFrom = from;
@@ -257,24 +258,24 @@ void ReplaySession::sendPlay(PlayFrom from)
     request("PLAY", m_aggregateUri, headers);
 }
 
-qint64 ReplaySession::arrivalTimeNs() const
+qint64 StreamSession::arrivalTimeNs() const
 {
     return QDateTime::currentMSecsSinceEpoch() * nsPerMs + m_request.clockSkewNs;
 }
 
-void ReplaySession::sendPause()
+void StreamSession::sendPause()
 {
     m_phase = Phase::Pausing;
     request("PAUSE", m_aggregateUri);
 }
 
-void ReplaySession::sendKeepAlive()
+void StreamSession::sendKeepAlive()
 {
     const QByteArray method = m_hasGetParameter ? QByteArrayLiteral("GET_PARAMETER") : QByteArrayLiteral("OPTIONS");
     m_connection->send(m_requester->send({method, m_aggregateUri, {}}));
 }
 
-void ReplaySession::messageReceived(const RtspMessage& message)
+void StreamSession::messageReceived(const RtspMessage& message)
 {
     if (!message.isResponse()) {
         peerRequest(message);
@@ -287,7 +288,7 @@ void ReplaySession::messageReceived(const RtspMessage& message)
     answered(message, request);
 }
 
-void ReplaySession::packetReceived(std::uint8_t channel, const std::uint8_t* data, std::size_t bytes)
+void StreamSession::packetReceived(std::uint8_t channel, const std::uint8_t* data, std::size_t bytes)
 {
     if (!m_receiver || m_phase < Phase::Play || isSeeking())
         return;
@@ -300,7 +301,7 @@ void ReplaySession::packetReceived(std::uint8_t channel, const std::uint8_t* dat
     }
 }
 
-void ReplaySession::socketDrained()
+void StreamSession::socketDrained()
 {
     if (!isStreaming())
         return;
@@ -310,20 +311,20 @@ void ReplaySession::socketDrained()
     checkEnd();
 }
 
-bool ReplaySession::mayRead() const
+bool StreamSession::mayRead() const
 {
     // Live pictures cannot wait at the device: what finds no room is dropped here.
     const bool hasRoom = !m_gate.isClosed() || !m_request.replay || isSeeking();
     return m_phase != Phase::Ended && !m_heldBack && hasRoom;
 }
 
-void ReplaySession::certificateRefused(const QSslCertificate& certificate, const QByteArray& keySha256,
+void StreamSession::certificateRefused(const QSslCertificate& certificate, const QByteArray& keySha256,
                                        const QString& reason)
 {
     emit certificateJudged(certificate, keySha256, reason);
 }
 
-void ReplaySession::connectionLost(const Error& error)
+void StreamSession::connectionLost(const Error& error)
 {
     if (isStreaming() && error.kind == ErrorKind::BrokenOff)
         endBy(EndCause::Closed, error);
@@ -331,12 +332,12 @@ void ReplaySession::connectionLost(const Error& error)
         fail(error);
 }
 
-bool ReplaySession::isStreaming() const
+bool StreamSession::isStreaming() const
 {
     return m_phase >= Phase::Play && m_phase <= Phase::Resuming;
 }
 
-void ReplaySession::emitBatch(const QByteArray& batch)
+void StreamSession::emitBatch(const QByteArray& batch)
 {
     if (m_phase == Phase::Ended)
         return;
@@ -351,7 +352,7 @@ void ReplaySession::emitBatch(const QByteArray& batch)
     emit packets(batch);
 }
 
-EndPosition ReplaySession::position() const
+EndPosition StreamSession::position() const
 {
     EndPosition position;
     position.lastTimeNs = m_receiver ? m_receiver->lastTimeNs() : 0;
@@ -362,7 +363,7 @@ EndPosition ReplaySession::position() const
     return position;
 }
 
-void ReplaySession::checkEnd()
+void StreamSession::checkEnd()
 {
     if (!isStreaming() || isSeeking())
         return;
@@ -378,7 +379,7 @@ void ReplaySession::checkEnd()
         endBy(EndCause::Terminal);
 }
 
-void ReplaySession::tick()
+void StreamSession::tick()
 {
     if (!isStreaming())
         return;
@@ -416,11 +417,11 @@ void ReplaySession::tick()
     else if (silenceMs >= std::min(endSilenceMs, m_request.silenceTimeoutMs) && m_request.replay && isWhole(position()))
         endBy(EndCause::Silence);
     else if (silenceMs >= m_request.silenceTimeoutMs || m_sincePacket.elapsed() >= packetTimeoutMs)
-        endBy(EndCause::Silence, {ErrorKind::TimedOut, ReplayClient::tr("%1 has stopped sending.").arg(host()),
+        endBy(EndCause::Silence, {ErrorKind::TimedOut, StreamClient::tr("%1 has stopped sending.").arg(host()),
                                   QStringLiteral("no packet for %1 ms").arg(m_sincePacket.elapsed())});
 }
 
-void ReplaySession::answerTimedOut()
+void StreamSession::answerTimedOut()
 {
     // An answer behind bytes that nobody may read yet is not late.
     if (!mayRead()) {
@@ -428,47 +429,48 @@ void ReplaySession::answerTimedOut()
         return;
     }
     fail({ErrorKind::TimedOut,
-          ReplayClient::tr("%1 did not answer within %2 s.")
+          StreamClient::tr("%1 did not answer within %2 s.")
               .arg(host(), QString::number(m_request.answerTimeoutMs / 1000)),
           QStringLiteral("phase %1").arg(static_cast<int>(m_phase))});
 }
 
-void ReplaySession::mediaLimitPassed(MediaLimit limit)
+void StreamSession::mediaLimitPassed(MediaLimit limit)
 {
     const QString what =
         limit == MediaLimit::UnitTooLarge
-            ? ReplayClient::tr("a picture beyond the limit of %1 MiB").arg(vav::maxPayloadBytes / (1024 * 1024))
-            : ReplayClient::tr("a picture beyond the limit of %1 NAL units").arg(AccessUnitAssembler::maxNalUnits);
-    fail({ErrorKind::Corrupt, ReplayClient::tr("%1 sent %2.").arg(host(), what), QStringLiteral("media limit")});
+            ? StreamClient::tr("a picture beyond the limit of %1 MiB").arg(vav::maxPayloadBytes / (1024 * 1024))
+            : StreamClient::tr("a picture beyond the limit of %1 NAL units").arg(AccessUnitAssembler::maxNalUnits);
+    fail({ErrorKind::Corrupt, StreamClient::tr("%1 sent %2.").arg(host(), what), QStringLiteral("media limit")});
 }
 
-void ReplaySession::endBy(EndCause cause, const Error& error)
+void StreamSession::endBy(EndCause cause, const Error& error)
 {
     if (m_phase == Phase::Ended)
         return;
     m_receiver->finish();
     if (m_receiver->frames() > 0) {
-        const ReplayEnd end = judgeEnd(cause, position());
-        finish(end, end == ReplayEnd::Broken ? error : Error());
+        const StreamOutcome end = judgeEnd(cause, position());
+        finish(end, end == StreamOutcome::Broken ? error : Error());
     } else if (cause == EndCause::Closed || cause == EndCause::Silence) {
-        finish(ReplayEnd::Failed, error);
+        finish(StreamOutcome::Failed, error);
     } else {
-        const QString text = m_request.replay ? ReplayClient::tr("%1 has nothing recorded for the requested time.")
-                                              : ReplayClient::tr("%1 has ended the live video.");
-        finish(ReplayEnd::EndByDevice, {ErrorKind::NotFound, text.arg(host()), QStringLiteral("end without a frame")});
+        const QString text = m_request.replay ? StreamClient::tr("%1 has nothing recorded for the requested time.")
+                                              : StreamClient::tr("%1 has ended the live video.");
+        finish(StreamOutcome::EndByDevice,
+               {ErrorKind::NotFound, text.arg(host()), QStringLiteral("end without a frame")});
     }
 }
 
-void ReplaySession::fail(const Error& error)
+void StreamSession::fail(const Error& error)
 {
     if (m_phase == Phase::Ended)
         return;
     if (m_receiver)
         m_receiver->finish();
-    finish(m_receiver && m_receiver->frames() > 0 ? ReplayEnd::Broken : ReplayEnd::Failed, error);
+    finish(m_receiver && m_receiver->frames() > 0 ? StreamOutcome::Broken : StreamOutcome::Failed, error);
 }
 
-void ReplaySession::finish(ReplayEnd end, const Error& error)
+void StreamSession::finish(StreamOutcome end, const Error& error)
 {
     // A slot that took the last batch may have stopped the stream.
     if (m_phase == Phase::Ended)
@@ -478,7 +480,7 @@ void ReplaySession::finish(ReplayEnd end, const Error& error)
     emit ended(end, error);
 }
 
-void ReplaySession::shutDown()
+void StreamSession::shutDown()
 {
     m_answerTimer.stop();
     m_keepAliveTimer.stop();
