@@ -4,10 +4,7 @@
 #include "pictures/PictureView.h"
 #include "pictures/Thumbnails.h"
 #include "pictures/ViewerBar.h"
-#include "player/DimVeil.h"
-#include "player/FadingBar.h"
 #include "player/PlayerTitleBar.h"
-#include "StylePainter.h"
 #include "Theme.h"
 
 #include <ToolsCollection.h>
@@ -16,12 +13,6 @@
 #include <QClipboard>
 #include <QFileInfo>
 #include <QKeyEvent>
-#include <QPainter>
-#include <QPainterPath>
-#include <QPointer>
-#include <QScreen>
-#include <QSizeGrip>
-#include <QWindow>
 
 namespace vemo_base {
 
@@ -29,9 +20,6 @@ namespace {
 
 constexpr QSize widest{1180, 800};
 constexpr QSize narrowest{720, 480};
-constexpr double shareOfParent = 0.9;
-constexpr double radius = 10;
-constexpr int border = 1;
 constexpr int percent = 100;
 constexpr double panStep = 60;
 
@@ -41,7 +29,6 @@ class ImageViewerDlg::Private final
 {
 public:
     explicit Private(ImageViewerDlg* dialog);
-    ~Private() { delete veil; }
 
     void start(int count, int index);
     void step(int by) { show(index + by); }
@@ -49,24 +36,17 @@ public:
     void showLoaded();
     void showScale();
     void copy();
-    void place();
-    void arrange();
-    void setFullScreen(bool on);
     bool takeKey(const QKeyEvent& event);
 
     ImageViewerDlg* const q;
     PlayerTitleBar* const titleBar;
     PictureView* const view;
     ViewerBar* const bar;
-    FadingBar* const fading; ///< hides the bar in full screen
-    QSizeGrip* const grip;
     PictureLoader* const loader;
-    QPointer<DimVeil> veil;
 
     QStringList files;
     QStringList titles;
     int index = -1;
-    QRect geometryBefore; ///< full screen
 
 private:
     bool takeZoomKey(const QKeyEvent& event);
@@ -75,15 +55,13 @@ private:
 
 ImageViewerDlg::Private::Private(ImageViewerDlg* dialog)
     : q(dialog)
-    , titleBar(new PlayerTitleBar(dialog))
+    , titleBar(dialog->titleBar())
     , view(new PictureView(dialog))
     , bar(new ViewerBar(dialog))
-    , fading(new FadingBar(bar, dialog))
-    , grip(new QSizeGrip(dialog))
     , loader(new PictureLoader(dialog))
 {
     titleBar->setIcon(QStringLiteral("local-snapshot"));
-    connect(titleBar, &PlayerTitleBar::signalCloseRequested, q, &QDialog::reject);
+    q->setParts(view, bar, ViewerBar::barHeight);
     connect(loader, &PictureLoader::signalLoaded, q, [this](int loaded) {
         if (loaded == index)
             showLoaded();
@@ -98,7 +76,7 @@ ImageViewerDlg::Private::Private(ImageViewerDlg* dialog)
     connect(bar, &ViewerBar::signalCopyRequested, q, [this] { copy(); });
     connect(bar, &ViewerBar::signalFolderRequested, q,
             [this] { VCOMMON::ToolsCollection::openFolderAndSelectFile(files.value(index)); });
-    connect(bar, &ViewerBar::signalFullScreenRequested, q, [this] { setFullScreen(!q->isFullScreen()); });
+    connect(bar, &ViewerBar::signalFullScreenRequested, q, [this] { q->setFullScreen(!q->isFullScreen()); });
 }
 
 void ImageViewerDlg::Private::start(int count, int wanted)
@@ -223,7 +201,7 @@ bool ImageViewerDlg::Private::takeKey(const QKeyEvent& event)
         return true;
     }
     if (event.key() == Qt::Key_F && !event.isAutoRepeat() && !(event.modifiers() & Qt::ControlModifier)) {
-        setFullScreen(!q->isFullScreen());
+        q->setFullScreen(!q->isFullScreen());
         return true;
     }
     if (event.modifiers() == Qt::ShiftModifier && (event.key() == Qt::Key_Left || event.key() == Qt::Key_Right)) {
@@ -235,67 +213,12 @@ bool ImageViewerDlg::Private::takeKey(const QKeyEvent& event)
     return !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) && takeStepKey(event);
 }
 
-void ImageViewerDlg::Private::setFullScreen(bool on)
-{
-    if (on == q->isFullScreen())
-        return;
-    if (on) {
-        geometryBefore = q->geometry();
-        q->showFullScreen();
-        q->windowHandle()->setGeometry(q->screen()->geometry()); // where no window manager does it
-    } else {
-        q->showNormal();
-        q->setGeometry(geometryBefore);
-    }
-    arrange();
-}
-
-void ImageViewerDlg::Private::place()
-{
-    const QWidget* under = q->parentWidget() ? q->parentWidget()->window() : nullptr;
-    const QRect room = under ? under->geometry() : QGuiApplication::primaryScreen()->availableGeometry();
-    q->resize((room.size() * shareOfParent).boundedTo(widest).expandedTo(narrowest));
-    q->move(room.center() - q->rect().center());
-    if (under && under->isVisible() && !veil)
-        veil = new DimVeil(q->parentWidget()->window());
-}
-
-void ImageViewerDlg::Private::arrange()
-{
-    const bool full = q->isFullScreen();
-    titleBar->setVisible(!full);
-    grip->setVisible(!full);
-    bar->setFullScreen(full);
-    fading->setActive(full);
-    if (full) {
-        q->clearMask();
-        view->setGeometry(q->rect());
-        bar->setGeometry(0, q->height() - ViewerBar::barHeight, q->width(), ViewerBar::barHeight);
-        bar->raise();
-        return;
-    }
-    QPainterPath shape;
-    shape.addRoundedRect(q->rect().adjusted(0, 0, border, border), radius, radius);
-    q->setMask(shape.toFillPolygon().toPolygon());
-    const QRect inside = q->rect().adjusted(border, border, -border, -border);
-    titleBar->setGeometry(inside.left(), inside.top(), inside.width(), PlayerTitleBar::barHeight);
-    bar->setGeometry(inside.left(), inside.bottom() + 1 - ViewerBar::barHeight, inside.width(), ViewerBar::barHeight);
-    view->setGeometry(inside.adjusted(0, PlayerTitleBar::barHeight, 0, -ViewerBar::barHeight));
-    const QSize gripSize = grip->sizeHint();
-    grip->setGeometry(inside.right() - gripSize.width(), inside.bottom() - gripSize.height(), gripSize.width(),
-                      gripSize.height());
-    grip->raise();
-}
-
 ImageViewerDlg::ImageViewerDlg(QWidget* parent)
-    : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint)
+    : FramelessDlg(parent, narrowest)
     , d(std::make_unique<Private>(this))
 {
     setObjectName(QStringLiteral("imageViewerDlg"));
     setPalette(Theme::palette(ThemeMode::Dark));
-    setWindowModality(Qt::WindowModal);
-    setMinimumSize(narrowest);
-    setFocusPolicy(Qt::StrongFocus);
 }
 
 ImageViewerDlg::~ImageViewerDlg() = default;
@@ -328,7 +251,7 @@ int ImageViewerDlg::currentIndex() const
 void ImageViewerDlg::setVisible(bool visible)
 {
     if (visible && !isVisible())
-        d->place();
+        place((room().size() * shareOfParent).boundedTo(widest).expandedTo(narrowest));
     QDialog::setVisible(visible);
     if (visible)
         setFocus();
@@ -336,35 +259,18 @@ void ImageViewerDlg::setVisible(bool visible)
 
 void ImageViewerDlg::done(int result)
 {
-    d->setFullScreen(false);
-    delete d->veil;
     d->loader->setFiles({});
-    QDialog::done(result);
+    FramelessDlg::done(result);
 }
 
-void ImageViewerDlg::keyPressEvent(QKeyEvent* event)
+void ImageViewerDlg::showFullScreenState(bool isFullScreen)
 {
-    if (event->key() == Qt::Key_Escape && isFullScreen())
-        d->setFullScreen(false);
-    else if (event->key() == Qt::Key_Escape)
-        reject();
-    else if (!d->takeKey(*event))
-        event->ignore(); // Enter has no button here that it could mean
+    d->bar->setFullScreen(isFullScreen);
 }
 
-void ImageViewerDlg::resizeEvent(QResizeEvent* event)
+bool ImageViewerDlg::takeKey(const QKeyEvent& event)
 {
-    QDialog::resizeEvent(event);
-    d->arrange();
-}
-
-void ImageViewerDlg::paintEvent(QPaintEvent*)
-{
-    const ThemeMode mode = StylePainter::modeOf(palette());
-    QPainter painter(this);
-    painter.fillRect(rect(), themeColor(mode, Token::Surface));
-    painter.setRenderHint(QPainter::Antialiasing);
-    StylePainter::box(&painter, QRectF(rect()), radius, Qt::transparent, themeColor(mode, Token::Control));
+    return d->takeKey(event);
 }
 
 } // namespace vemo_base

@@ -1,8 +1,7 @@
 #pragma once
 
-#include "vemo_base_global.h"
+#include "FramelessDlg.h"
 
-#include <QDialog>
 #include <QList>
 #include <QPixmap>
 #include <QStringList>
@@ -18,7 +17,7 @@ namespace vemo_base {
 /// double click or 0 and 1 change between fitted and actual size; dragging moves; R turns; Ctrl+C copies what is shown;
 /// F fills the screen; Esc leaves. Files are loaded off the GUI thread, the shown one first, then its neighbours; what
 /// can't be read says so in the place of the picture. Turning changes no file.
-class VEMO_BASE_EXPORT ImageViewerDlg final : public QDialog
+class VEMO_BASE_EXPORT ImageViewerDlg final : public FramelessDlg
 {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(ImageViewerDlg)
@@ -43,9 +42,8 @@ signals:
     void signalShown(int index);
 
 protected:
-    void keyPressEvent(QKeyEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
+    void showFullScreenState(bool isFullScreen) override;
+    bool takeKey(const QKeyEvent& event) override;
 
 private:
     class Private;

@@ -1,14 +1,11 @@
 #include "LocalPlaybackDlg.h"
 
-#include "player/DimVeil.h"
-#include "player/FadingBar.h"
 #include "player/MpvPlayer.h"
 #include "player/PictureWt.h"
 #include "player/PlaybackTexts.h"
 #include "player/PlayerTitleBar.h"
 #include "player/RecordingClock.h"
 #include "player/TransportBar.h"
-#include "StylePainter.h"
 
 #include <LocalSnapImageIndexes.h>
 #include <SystemConfig.h>
@@ -17,13 +14,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QKeyEvent>
-#include <QPainter>
-#include <QPainterPath>
-#include <QPointer>
-#include <QScreen>
-#include <QSizeGrip>
 #include <QTimer>
-#include <QWindow>
 
 namespace vemo_base {
 
@@ -31,14 +22,11 @@ namespace {
 
 constexpr int widest = 1010;
 constexpr int narrowest = 720;
-constexpr double shareOfParent = 0.9;
 constexpr int openingAfterMs = 300;
 constexpr int skipS = 10;
-constexpr double radius = 10;
-constexpr int border = 1;
 
 /// The size of the dialog at most `width` wide in which a picture of 16:9 fills its place to the pixel.
-QSize sizeFor(int width)
+QSize sizeFor(int width, int border)
 {
     const int units = (width - 2 * border) / 16;
     return {16 * units + 2 * border, PlayerTitleBar::barHeight + 9 * units + TransportBar::barHeight + 2 * border};
@@ -50,12 +38,9 @@ class LocalPlaybackDlg::Private final
 {
 public:
     explicit Private(LocalPlaybackDlg* dialog);
-    ~Private() { delete veil; }
 
     void play();
     void stop();
-    void arrange();
-    void setFullScreen(bool on);
     void showState();
     void showClock();
     void seekTo(qint64 clockMs);
@@ -69,9 +54,6 @@ public:
     PlayerTitleBar* const titleBar;
     PictureWt* const picture;
     TransportBar* const bar;
-    FadingBar* const fading; ///< hides the bar in full screen
-    QSizeGrip* const grip;
-    QPointer<DimVeil> veil;
 
     std::unique_ptr<MpvPlayer> player; ///< while the dialog is open
     QTimer opening;
@@ -82,7 +64,6 @@ public:
     VCOMMON::SnapImageFacts snapshotFacts; ///< of the one asked for last
     QString channelName;
     QString dateFormat;
-    QRect geometryBefore; ///< full screen
 
 private:
     void connectBar();
@@ -90,11 +71,9 @@ private:
 
 LocalPlaybackDlg::Private::Private(LocalPlaybackDlg* dialog)
     : q(dialog)
-    , titleBar(new PlayerTitleBar(dialog))
+    , titleBar(dialog->titleBar())
     , picture(new PictureWt(dialog))
     , bar(new TransportBar(dialog))
-    , fading(new FadingBar(bar, dialog))
-    , grip(new QSizeGrip(dialog))
 {
     opening.setSingleShot(true);
     opening.setInterval(openingAfterMs);
@@ -102,8 +81,8 @@ LocalPlaybackDlg::Private::Private(LocalPlaybackDlg* dialog)
         if (player && player->state().phase == PlayerState::Phase::Opening)
             picture->setMessage({}, tr("Opening %1").arg(QDir::toNativeSeparators(path)));
     });
-    connect(titleBar, &PlayerTitleBar::signalCloseRequested, q, &QDialog::reject);
-    connect(picture, &PictureWt::signalDoubleClicked, q, [this] { setFullScreen(!q->isFullScreen()); });
+    q->setParts(picture, bar, TransportBar::barHeight);
+    connect(picture, &PictureWt::signalDoubleClicked, q, [this] { q->setFullScreen(!q->isFullScreen()); });
     connect(picture, &PictureWt::signalPictureSizeChanged, q, [this](const QSize& size) {
         if (player)
             player->setPictureSize(size);
@@ -141,7 +120,7 @@ void LocalPlaybackDlg::Private::connectBar()
     connect(bar, &TransportBar::signalSnapshotRequested, q, [this] { takeSnapshot(); });
     connect(bar, &TransportBar::signalFolderRequested, q,
             [this] { VCOMMON::ToolsCollection::openFolderAndSelectFile(path); });
-    connect(bar, &TransportBar::signalFullScreenRequested, q, [this] { setFullScreen(!q->isFullScreen()); });
+    connect(bar, &TransportBar::signalFullScreenRequested, q, [this] { q->setFullScreen(!q->isFullScreen()); });
 }
 
 void LocalPlaybackDlg::Private::play()
@@ -313,64 +292,18 @@ bool LocalPlaybackDlg::Private::takeKey(const QKeyEvent& event)
         return true;
     case Qt::Key_F:
         if (!event.isAutoRepeat())
-            setFullScreen(!q->isFullScreen());
+            q->setFullScreen(!q->isFullScreen());
         return true;
     default:
         return false;
     }
 }
 
-void LocalPlaybackDlg::Private::setFullScreen(bool on)
-{
-    if (on == q->isFullScreen())
-        return;
-    if (on) {
-        geometryBefore = q->geometry();
-        q->showFullScreen();
-        q->windowHandle()->setGeometry(q->screen()->geometry()); // where no window manager does it
-    } else {
-        q->showNormal();
-        q->setGeometry(geometryBefore);
-    }
-    arrange();
-}
-
-void LocalPlaybackDlg::Private::arrange()
-{
-    const bool full = q->isFullScreen();
-    titleBar->setVisible(!full);
-    grip->setVisible(!full);
-    bar->setFullScreen(full);
-    fading->setActive(full);
-    if (full) {
-        q->clearMask();
-        picture->setGeometry(q->rect());
-        bar->setGeometry(0, q->height() - TransportBar::barHeight, q->width(), TransportBar::barHeight);
-        bar->raise();
-        return;
-    }
-    QPainterPath shape;
-    shape.addRoundedRect(q->rect().adjusted(0, 0, border, border), radius, radius);
-    q->setMask(shape.toFillPolygon().toPolygon());
-    const QRect inside = q->rect().adjusted(border, border, -border, -border);
-    titleBar->setGeometry(inside.left(), inside.top(), inside.width(), PlayerTitleBar::barHeight);
-    bar->setGeometry(inside.left(), inside.bottom() + 1 - TransportBar::barHeight, inside.width(),
-                     TransportBar::barHeight);
-    picture->setGeometry(inside.adjusted(0, PlayerTitleBar::barHeight, 0, -TransportBar::barHeight));
-    const QSize gripSize = grip->sizeHint();
-    grip->setGeometry(inside.right() - gripSize.width(), inside.bottom() - gripSize.height(), gripSize.width(),
-                      gripSize.height());
-    grip->raise();
-}
-
 LocalPlaybackDlg::LocalPlaybackDlg(QWidget* parent)
-    : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint)
+    : FramelessDlg(parent, sizeFor(narrowest, border))
     , d(std::make_unique<Private>(this))
 {
     setObjectName(QStringLiteral("localPlaybackDlg"));
-    setWindowModality(Qt::WindowModal);
-    setMinimumSize(sizeFor(narrowest));
-    setFocusPolicy(Qt::StrongFocus);
     d->stop();
 }
 
@@ -396,15 +329,11 @@ void LocalPlaybackDlg::showLocalPlaybackDlg()
         activateWindow();
         return;
     }
-    const QWidget* under = parentWidget() ? parentWidget()->window() : nullptr;
-    const QRect room = under ? under->geometry() : QGuiApplication::primaryScreen()->availableGeometry();
-    int width = qBound(narrowest, static_cast<int>(room.width() * shareOfParent), widest);
-    while (width > narrowest && sizeFor(width).height() > room.height() * shareOfParent)
+    const QSize most = room().size() * shareOfParent;
+    int width = qBound(narrowest, most.width(), widest);
+    while (width > narrowest && sizeFor(width, border).height() > most.height())
         --width;
-    resize(sizeFor(width));
-    move(room.center() - rect().center());
-    if (under && under->isVisible())
-        d->veil = new DimVeil(parentWidget()->window());
+    place(sizeFor(width, border));
     open();
     setFocus();
     d->play();
@@ -413,37 +342,20 @@ void LocalPlaybackDlg::showLocalPlaybackDlg()
 void LocalPlaybackDlg::done(int result)
 {
     const bool wasOpen = d->player != nullptr;
-    d->setFullScreen(false);
     d->stop();
-    delete d->veil;
-    QDialog::done(result);
+    FramelessDlg::done(result);
     if (wasOpen)
         emit signalPlaybackDlgClosed(d->path);
 }
 
-void LocalPlaybackDlg::keyPressEvent(QKeyEvent* event)
+void LocalPlaybackDlg::showFullScreenState(bool isFullScreen)
 {
-    if (event->key() == Qt::Key_Escape && isFullScreen())
-        d->setFullScreen(false);
-    else if (event->key() == Qt::Key_Escape)
-        reject();
-    else if (!d->takeKey(*event))
-        event->ignore(); // Enter has no button here that it could mean
+    d->bar->setFullScreen(isFullScreen);
 }
 
-void LocalPlaybackDlg::resizeEvent(QResizeEvent* event)
+bool LocalPlaybackDlg::takeKey(const QKeyEvent& event)
 {
-    QDialog::resizeEvent(event);
-    d->arrange();
-}
-
-void LocalPlaybackDlg::paintEvent(QPaintEvent*)
-{
-    const ThemeMode mode = StylePainter::modeOf(palette());
-    QPainter painter(this);
-    painter.fillRect(rect(), themeColor(mode, Token::Surface));
-    painter.setRenderHint(QPainter::Antialiasing);
-    StylePainter::box(&painter, QRectF(rect()), radius, Qt::transparent, themeColor(mode, Token::Control));
+    return d->takeKey(event);
 }
 
 } // namespace vemo_base

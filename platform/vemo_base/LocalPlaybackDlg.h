@@ -1,10 +1,8 @@
 #pragma once
 
-#include "vemo_base_global.h"
+#include "FramelessDlg.h"
 
 #include <ChannelInfo.h>
-
-#include <QDialog>
 
 #include <memory>
 
@@ -17,7 +15,7 @@ namespace vemo_base {
 /// The slider and the picture show the recording's clock, not the file's own time: gaps that the file leaves out are
 /// hatched. Decoding, disk and the player's library are on the player's own threads, the library is loaded when a file
 /// is first shown. What can't be played is said in words in the place of the picture.
-class VEMO_BASE_EXPORT LocalPlaybackDlg final : public QDialog
+class VEMO_BASE_EXPORT LocalPlaybackDlg final : public FramelessDlg
 {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(LocalPlaybackDlg)
@@ -41,9 +39,8 @@ public slots:
     void done(int result) override;
 
 protected:
-    void keyPressEvent(QKeyEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
+    void showFullScreenState(bool isFullScreen) override;
+    bool takeKey(const QKeyEvent& event) override;
 
 private:
     class Private;
