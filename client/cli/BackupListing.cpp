@@ -2,6 +2,7 @@
 
 #include "TimeText.h"
 
+#include <axis/SpanWords.h>
 #include <BackupDay.h>
 #include <BackupSafety.h>
 #include <BackupTaskData.h>
@@ -60,9 +61,13 @@ QString BackupListing::header()
 
 QString BackupListing::row(const BackupTaskInfo& task)
 {
-    const QString safe = vemo_data::BackupSafety::of(task).text();
-    return line(task.taskId, task.date.toString(Qt::ISODate), QString::number(task.channelNo), stateOf(task),
-                safe.isEmpty() ? tr("the recorder was not asked yet") : safe);
+    constexpr qint64 secondMs = 1000;
+    const vemo_data::BackupSafety safety = vemo_data::BackupSafety::of(task);
+    const QString safe = !safety.isKnown ? tr("the recorder was not asked yet")
+                         : safety.held == 0
+                             ? tr("nothing recorded")
+                             : vemo_base::SpanWords::share(safety.safe * secondMs, safety.held * secondMs);
+    return line(task.taskId, task.date.toString(Qt::ISODate), QString::number(task.channelNo), stateOf(task), safe);
 }
 
 } // namespace vemo_client

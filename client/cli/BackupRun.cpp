@@ -68,7 +68,14 @@ BackupRun::BackupRun(const CliCommand& command, QObject* parent)
             [](const QString& path) { Terminal::error(tr("Failed to export file:%1").arg(path)); });
     connect(&vemo_data::DataSignals::instance(), &vemo_data::DataSignals::signalStoreNotice, this,
             [](const QString& text) { Terminal::error(text); });
-    connect(&m_stop, &BackupStop::signalStop, this, [] { emit BackupAccess::instance().signalStopRun(); });
+    connect(&m_stop, &BackupStop::signalStop, this, [this] {
+        if (m_begun) {
+            emit BackupAccess::instance().signalStopRun();
+        } else {
+            m_stopped = m_taskIds.size();
+            runOver();
+        }
+    });
 }
 
 void BackupRun::run()

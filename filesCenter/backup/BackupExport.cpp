@@ -100,11 +100,18 @@ void BackupExport::start(const QList<BackupTaskInfo>& tasks)
     if (m_folder.isEmpty())
         return;
     m_isWorking = true;
+    m_isCancelled = false;
     m_total = m_succeeded = m_failed = 0;
     m_failedFiles.clear();
     m_doneBytes = 0;
     m_current = -1;
     check();
+}
+
+void BackupExport::cancel()
+{
+    m_isCancelled = m_isWorking;
+    m_copier->cancel();
 }
 
 void BackupExport::check()
@@ -160,7 +167,7 @@ void BackupExport::takeTarget(const Target& target)
 void BackupExport::exportNext()
 {
     ++m_current;
-    if (m_current < m_tasks.size())
+    if (m_current < m_tasks.size() && !m_isCancelled)
         m_copier->exportTask(m_tasks.at(m_current), m_folder);
     else
         finish();
@@ -187,10 +194,13 @@ void BackupExport::finish()
         failures.append(tr("and %1 more").arg(m_failedFiles.size() - mostFailuresTold));
     if (!failures.isEmpty())
         alert(failures.join(QLatin1Char('\n')));
-    alert(tr("Export backup files finished, files total count:%1, success count:%2, failure count:%3")
-              .arg(m_total)
-              .arg(m_succeeded)
-              .arg(m_failed));
+    if (m_isCancelled)
+        alert(tr("Export backup files cancelled, files that were exported before:%1").arg(m_succeeded));
+    else
+        alert(tr("Export backup files finished, files total count:%1, success count:%2, failure count:%3")
+                  .arg(m_total)
+                  .arg(m_succeeded)
+                  .arg(m_failed));
 }
 
 } // namespace vemo_filesCenter

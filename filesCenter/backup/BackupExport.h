@@ -24,6 +24,8 @@ public:
     /// Nothing happens while one is working.
     void start(const QList<vemo_data::BackupTaskInfo>& tasks);
     bool isWorking() const { return m_isWorking; }
+    /// Ends it soon; copies that are whole stay.
+    void cancel();
 
 signals:
     /// The copying begins.
@@ -52,6 +54,7 @@ private:
     QWidget* m_asker;
     ExportBackupFiles* m_copier;
     bool m_isWorking = false;
+    bool m_isCancelled = false;
     QList<vemo_data::BackupTaskInfo> m_tasks;
     QString m_folder;
     QList<qint64> m_taskBytes;

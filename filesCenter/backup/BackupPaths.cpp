@@ -1,6 +1,7 @@
 #include "BackupPaths.h"
 
 #include <BaseTools.h>
+#include <DevsMgrData.h>
 #include <SystemConfig.h>
 #include <ToolsCollection.h>
 
@@ -26,11 +27,21 @@ QString BackupPaths::dayFolderName(const QDate& date)
     return name;
 }
 
+QString BackupPaths::channelName(const vemo_data::BackupTaskInfo& task)
+{
+    const QString devId = vemo_base::BaseTools::instance().formatChannelId(task.channelId).first;
+    const QList<vms_sdk::ChannelInfo> channels = vemo_data::DevsMgrData::instance().channels(devId);
+    for (const vms_sdk::ChannelInfo& channel : channels) {
+        if (channel.channelNo == task.channelNo && !channel.name.isEmpty())
+            return channel.name;
+    }
+    return task.channelName;
+}
+
 QString BackupPaths::channelFolderName(const vemo_data::BackupTaskInfo& task)
 {
     constexpr int maxDeviceBytes = 80;
-    const QString current = vemo_base::BaseTools::instance().getChannelName(task.channelId);
-    QString channel = legal(current.isEmpty() ? task.channelName : current);
+    QString channel = legal(channelName(task));
     QString device = legal(task.deviceNo); // comes from the device as well
     ToolsCollection::cutToBytes(device, maxDeviceBytes);
     const QString rest = QLatin1Char('@') + device + QLatin1Char('_') + QString::number(task.channelNo);

@@ -11,7 +11,9 @@ namespace BackupPaths {
 
 /// The day's folder name, in the person's date format and legal as a name.
 QString dayFolderName(const QDate& date);
-/// The channel's folder name, by its present name, or the name at creation when the channel is gone.
+/// The channel's present name; where no device has told one, that at creation.
+QString channelName(const vemo_data::BackupTaskInfo& task);
+/// The channel's folder name, by that name.
 QString channelFolderName(const vemo_data::BackupTaskInfo& task);
 /// The day's folder of the task's channel.
 QString folder(const QString& root, const vemo_data::BackupTaskInfo& task);

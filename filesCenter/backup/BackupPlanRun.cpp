@@ -1,8 +1,7 @@
 #include "BackupPlanRun.h"
 
-#include "BackupDeviceCheck.h"
 #include "BackupManifest.h"
-#include "BackupSearch.h"
+#include "BackupStarts.h"
 #include "BackupWorker.h"
 
 #include <BackupAccess.h>
@@ -35,6 +34,7 @@ BackupPlanRun::BackupPlanRun(QObject* parent)
     connect(&access, &BackupAccess::signalRun, this, &BackupPlanRun::run);
     connect(&access, &BackupAccess::signalStopRun, this, &BackupPlanRun::stop);
     connect(&m_deviceTimer, &QTimer::timeout, this, &BackupPlanRun::checkDevices);
+    BackupWorker::instance(); // hears the recorders' clocks from their logins on
 }
 
 BackupPlanRun::~BackupPlanRun() = default;
@@ -49,24 +49,45 @@ void BackupPlanRun::run(const QStringList& taskIds, int tries)
     // The worker tells while it is at work; what it means is looked at when it is done.
     connect(&worker, &BackupWorker::signalTaskStateChanged, this, &BackupPlanRun::follow, Qt::QueuedConnection);
     connect(&worker, &BackupWorker::signalBackupError, this, &BackupPlanRun::follow, Qt::QueuedConnection);
+    connect(&worker, &BackupWorker::signalFilesSettled, this, &BackupPlanRun::endStopped, Qt::QueuedConnection);
     connect(&BackupManifest::instance(), &BackupManifest::signalIdle, this, &BackupPlanRun::leaveWhenIdle,
             Qt::QueuedConnection);
+    const BackupStarts& starts = BackupStarts::instance();
+    connect(&starts, &BackupStarts::signalStarted, this, [this](const QString& taskId) {
+        if (m_jobs.contains(taskId))
+            m_jobs[taskId].isStarted = true;
+    });
+    connect(&starts, &BackupStarts::signalNotStarted, this, &BackupPlanRun::notStarted, Qt::QueuedConnection);
     m_waiting = taskIds;
     startMore();
 }
 
 void BackupPlanRun::stop()
 {
+    if (!m_isRunning)
+        return;
     const QStringList waiting = m_waiting;
     m_waiting.clear();
+    m_isStopping = true;
     const QStringList underWay = m_jobs.keys();
     for (const QString& taskId : underWay) {
+        BackupStarts::instance().abandon(taskId);
         if (m_jobs.value(taskId).isStarted)
             BackupWorker::instance().stopTask(taskId);
-        over(taskId, BackupAccess::Stopped);
     }
     for (const QString& taskId : waiting)
         emit BackupAccess::instance().signalTaskOver(taskId, BackupAccess::Stopped, QString());
+    endStopped();
+}
+
+void BackupPlanRun::endStopped()
+{
+    if (m_isStopping && !BackupWorker::instance().isAtDisk()) {
+        const QStringList underWay = m_jobs.keys();
+        for (const QString& taskId : underWay)
+            over(taskId, BackupAccess::Stopped);
+    }
+    leaveWhenIdle();
 }
 
 void BackupPlanRun::startMore()
@@ -105,47 +126,23 @@ void BackupPlanRun::checkDevices()
         if (mayCome && ++job.deviceTurns < mostDeviceTurns)
             continue;
         m_forDevice.removeAll(taskId);
-        const QString refusal = BackupDeviceCheck::refusal(job.task.channelId);
-        BackupWorker::instance().setTaskMessage(BackupTaskInfo(job.task), refusal, !refusal.isEmpty());
-        if (refusal.isEmpty())
-            search(taskId);
-        else
+        if (!BackupStarts::instance().start(BackupTaskInfo(job.task)))
             over(taskId, BackupAccess::Failed);
     }
     if (m_forDevice.isEmpty())
         m_deviceTimer.stop();
 }
 
-void BackupPlanRun::search(const QString& taskId)
+void BackupPlanRun::notStarted(const QString& taskId, bool isEmpty)
 {
-    Job& job = m_jobs[taskId];
-    job.search = new BackupSearch(this);
-    connect(job.search, &BackupSearch::signalFound, this,
-            [this, taskId](const QList<vms_sdk::VideoRecording>& recordings) { searched(taskId, recordings); });
-    connect(job.search, &BackupSearch::signalFailed, this, [this, taskId](const QString& message, bool isEmpty) {
-        BackupWorker::instance().setTaskMessage(BackupTaskInfo(m_jobs.value(taskId).task), message, true);
-        if (isEmpty)
-            vemo_data::BackupTaskData::instance().updateBackupHeld(taskId, {});
+    if (m_jobs.contains(taskId))
         over(taskId, isEmpty ? BackupAccess::Empty : BackupAccess::Failed);
-    });
-    job.search->start(job.task);
-}
-
-void BackupPlanRun::searched(const QString& taskId, const QList<vms_sdk::VideoRecording>& recordings)
-{
-    Job& job = m_jobs[taskId];
-    job.search->deleteLater();
-    job.search = nullptr;
-    job.isStarted = true;
-    BackupTaskInfo task = job.task;
-    task.recordings = recordings;
-    BackupWorker::instance().startTask(task);
 }
 
 void BackupPlanRun::follow(const QString& taskId)
 {
     const auto job = m_jobs.find(taskId);
-    if (job == m_jobs.end() || !job->isStarted)
+    if (job == m_jobs.end() || !job->isStarted || m_isStopping)
         return;
     BackupWorker& worker = BackupWorker::instance();
     const QString message = worker.message(taskId);
@@ -154,7 +151,8 @@ void BackupPlanRun::follow(const QString& taskId)
         over(taskId, BackupAccess::Covered);
         break;
     case vemo_data::BackupStopped:
-        over(taskId, message.startsWith(BackupWorker::aheadText()) ? BackupAccess::Ahead : BackupAccess::Failed);
+        if (!worker.isGoingOn(taskId)) // else it is about to run
+            over(taskId, message.startsWith(BackupWorker::aheadText()) ? BackupAccess::Ahead : BackupAccess::Failed);
         break;
     case vemo_data::BackupWaiting:
         // Nothing waits for others here, so it waits to be tried again; or for the repair of files, without a line.
@@ -176,8 +174,6 @@ void BackupPlanRun::over(const QString& taskId, int outcome)
     const auto found = m_jobs.find(taskId);
     if (found == m_jobs.end())
         return;
-    if (found->search)
-        found->search->deleteLater();
     m_jobs.erase(found);
     m_forDevice.removeAll(taskId);
     emit BackupAccess::instance().signalTaskOver(taskId, outcome, BackupWorker::instance().message(taskId));
@@ -186,10 +182,13 @@ void BackupPlanRun::over(const QString& taskId, int outcome)
 
 void BackupPlanRun::leaveWhenIdle()
 {
-    if (!m_isRunning || !m_jobs.isEmpty() || !m_waiting.isEmpty() || !BackupManifest::instance().isIdle())
+    if (!m_isRunning || !m_jobs.isEmpty() || !m_waiting.isEmpty() || BackupWorker::instance().isAtDisk() ||
+        !BackupManifest::instance().isIdle())
         return;
     m_isRunning = false;
+    m_isStopping = false;
     disconnect(&BackupWorker::instance(), nullptr, this, nullptr);
+    disconnect(&BackupStarts::instance(), nullptr, this, nullptr);
     disconnect(&BackupManifest::instance(), nullptr, this, nullptr);
     emit BackupAccess::instance().signalRunOver();
 }

@@ -10,10 +10,8 @@
 
 namespace vemo_filesCenter {
 
-class BackupSearch;
-
-/// Works stored backup tasks off without a page, as their rows would: device check, search, start; in the order given,
-/// as many at once as the worker runs. Served by vemo_contact::BackupAccess. A device that is not logged in yet is
+/// Works stored backup tasks off without a page, as their rows would, by BackupStarts; in the order given, as many at
+/// once as the worker runs. Served by vemo_contact::BackupAccess. A device that is not logged in yet is
 /// waited for for a minute; a task that failed so many times as were granted is over and stopped. One object a process,
 /// on the GUI thread, owned by the module's entry.
 class BackupPlanRun final : public QObject
@@ -29,7 +27,6 @@ private:
     struct Job
     {
         vemo_data::BackupTaskInfo task;
-        BackupSearch* search = nullptr;
         int triesLeft = 0;
         int deviceTurns = 0;    ///< how often its device was not there yet
         bool isStarted = false; ///< handed to the worker
@@ -40,8 +37,9 @@ private:
     void stop();
     void startMore();
     void checkDevices();
-    void search(const QString& taskId);
-    void searched(const QString& taskId, const QList<vms_sdk::VideoRecording>& recordings);
+    void notStarted(const QString& taskId, bool isEmpty);
+    /// Those that were stopped, once their files are settled.
+    void endStopped();
     /// What the worker has told of a task it was handed, once it is done telling.
     void follow(const QString& taskId);
     void over(const QString& taskId, int outcome);
@@ -52,6 +50,7 @@ private:
     QStringList m_forDevice;    ///< of them, those whose device is not logged in yet
     QTimer m_deviceTimer;
     int m_tries = 1;
+    bool m_isStopping = false;
     bool m_isRunning = false;
 };
 

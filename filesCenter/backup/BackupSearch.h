@@ -9,7 +9,7 @@ namespace vemo_filesCenter {
 using vemo_data::BackupTaskInfo;
 
 /// The search of a backup task's recordings that goes ahead of its start: one at a time, of one task. GUI thread; owned
-/// by who starts the task (a row of the page, the headless run). Answers of other searches change nothing. Each
+/// by BackupStarts. Answers of other searches change nothing. Each
 /// successful start() ends in exactly one signal, unless it is abandoned.
 class BackupSearch final : public QObject
 {

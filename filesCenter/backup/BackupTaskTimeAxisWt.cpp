@@ -1,13 +1,14 @@
 #include "BackupTaskTimeAxisWt.h"
 
 #include "BackupAxisWt.h"
-#include "BackupDeviceCheck.h"
 #include "BackupExport.h"
-#include "BackupSearch.h"
+#include "BackupPaths.h"
+#include "BackupStarts.h"
 #include "BackupTargetDay.h"
 #include "BackupWorker.h"
 
 #include <axis/AxisPainter.h>
+#include <axis/SpanWords.h>
 #include <BackupDay.h>
 #include <BackupTaskData.h>
 #include <BaseTools.h>
@@ -59,6 +60,7 @@ constexpr int indicatorNothing = -1;
 constexpr int indicatorSearch = 0;
 constexpr int indicatorFinished = 2;
 constexpr int whole = 100;
+constexpr qint64 secondMs = 1000;
 
 const char taskStateProperty[] = "task_state";
 
@@ -101,7 +103,6 @@ void setTone(QLabel* label, Token token)
 BackupTaskTimeAxisWt::BackupTaskTimeAxisWt(const BackupTaskInfo& task, QWidget* parent)
     : QWidget(parent)
     , m_task(task)
-    , m_search(new BackupSearch(this))
     , m_name(makeLabel(QStringLiteral("channelName"), namePixels))
     , m_state(makeLabel(QStringLiteral("state"), smallPixels))
     , m_safe(makeLabel(QStringLiteral("safe"), smallPixels))
@@ -126,14 +127,24 @@ BackupTaskTimeAxisWt::BackupTaskTimeAxisWt(const BackupTaskInfo& task, QWidget* 
     connect(m_exportBt, &QToolButton::clicked, this, &BackupTaskTimeAxisWt::exportFiles);
     connect(m_delete, &QToolButton::clicked, this, &BackupTaskTimeAxisWt::removeTask);
     connect(m_apply, &QToolButton::clicked, this, &BackupTaskTimeAxisWt::applyToDay);
-    connect(m_search, &BackupSearch::signalFound, this, &BackupTaskTimeAxisWt::takeFound);
-    connect(m_search, &BackupSearch::signalFailed, this, [this](const QString& message) {
-        putUp();
-        BackupWorker::instance().setTaskMessage(BackupTaskInfo(m_task), message, true);
-    });
 
-    const BackupWorker& worker = BackupWorker::instance();
     const QString id = m_task.taskId;
+    const BackupStarts& starts = BackupStarts::instance();
+    connect(&starts, &BackupStarts::signalSearching, this, [this, id](const QString& taskId) {
+        if (taskId == id)
+            takeSearching();
+    });
+    connect(&starts, &BackupStarts::signalStarted, this, [this, id](const QString& taskId) {
+        if (taskId != id)
+            return;
+        showIndicator(indicatorNothing);
+        takeWorker();
+    });
+    connect(&starts, &BackupStarts::signalNotStarted, this, [this, id](const QString& taskId, bool isEmpty) {
+        if (taskId == id)
+            takeNotStarted(isEmpty);
+    });
+    const BackupWorker& worker = BackupWorker::instance();
     connect(&worker, &BackupWorker::signalBackupProgress, this, [this, id](const QString& taskId, const QTime& time) {
         if (taskId == id)
             takeProgress(time);
@@ -150,6 +161,8 @@ BackupTaskTimeAxisWt::BackupTaskTimeAxisWt(const BackupTaskInfo& task, QWidget* 
     refreshChannel();
     takeWorker();
     showMessage();
+    if (isSearching()) // begun by a row that is gone
+        takeSearching();
 }
 
 QLabel* BackupTaskTimeAxisWt::makeLabel(const QString& objectName, int pixels)
@@ -177,6 +190,7 @@ QToolButton* BackupTaskTimeAxisWt::makeButton(const QString& objectName, const Q
 void BackupTaskTimeAxisWt::refreshChannel()
 {
     m_isChannelThere = BaseTools::instance().isVideoExist(m_task.channelId);
+    m_task.channelName = BackupPaths::channelName(m_task); // a task may be older than what its recorder has told
     const QString name = m_isChannelThere ? m_task.channelName : tr("%1(Not Exist)").arg(m_task.channelName);
     setElided(m_name, name, nameWidth);
     setTone(m_name, m_isChannelThere ? Token::Text : Token::Text2);
@@ -192,7 +206,7 @@ void BackupTaskTimeAxisWt::pressStart()
 void BackupTaskTimeAxisWt::releaseStart()
 {
     if (m_indicator->property(taskStateProperty).toInt() == indicatorSearch && isSearching()) {
-        m_search->abandon();
+        BackupStarts::instance().abandon(m_task.taskId);
         putUp();
     } else if (!m_start->isHidden() && m_start->isChecked()) {
         m_start->click();
@@ -201,7 +215,7 @@ void BackupTaskTimeAxisWt::releaseStart()
 
 bool BackupTaskTimeAxisWt::isSearching() const
 {
-    return m_search->isPending();
+    return BackupStarts::instance().isSearching(m_task.taskId);
 }
 
 bool BackupTaskTimeAxisWt::isExporting() const
@@ -211,41 +225,38 @@ bool BackupTaskTimeAxisWt::isExporting() const
 
 void BackupTaskTimeAxisWt::toggleStart(bool down)
 {
-    BackupWorker& worker = BackupWorker::instance();
     if (!down) {
-        worker.stopTask(m_task.taskId);
+        BackupWorker::instance().stopTask(m_task.taskId);
         takeWorker();
-        return;
-    }
-    const QString refusal = BackupDeviceCheck::refusal(m_task.channelId);
-    if (!refusal.isEmpty()) {
+    } else if (!BackupStarts::instance().start(BackupTaskInfo(m_task))) { // its signals change the row's own
         putUp();
-        worker.setTaskMessage(BackupTaskInfo(m_task), refusal, true);
-        return;
     }
-    worker.setTaskMessage(BackupTaskInfo(m_task), QString(), false);
-    startSearch();
 }
 
-void BackupTaskTimeAxisWt::startSearch()
+void BackupTaskTimeAxisWt::takeSearching()
 {
     const bool hadFocus = m_start->hasFocus();
-    m_search->start(m_task);
     showIndicator(indicatorSearch);
     if (hadFocus)
         m_axis->setFocus();
     showState();
 }
 
-void BackupTaskTimeAxisWt::takeFound(const QList<vms_sdk::VideoRecording>& recordings)
+void BackupTaskTimeAxisWt::takeNotStarted(bool isEmpty)
 {
-    showIndicator(indicatorNothing);
-    m_task.recordings = recordings;
-    m_task.held = BackupSafety::mergedSpans(recordings);
-    m_task.searched = true;
-    showAxis();
-    BackupWorker::instance().startTask(BackupTaskInfo(m_task)); // its signals change the row's own
-    takeWorker();
+    if (isEmpty) {
+        m_task.held.clear();
+        m_task.searched = true;
+        showAxis();
+    }
+    putUp();
+}
+
+void BackupTaskTimeAxisWt::refreshTime()
+{
+    m_axis->updateNow();
+    if (m_task.state == vemo_data::BackupWaiting)
+        showState(); // the clock may have been set
 }
 
 /// The start button is there again and up.
@@ -291,14 +302,18 @@ void BackupTaskTimeAxisWt::takeWorker()
     const BackupWorker& worker = BackupWorker::instance();
     BackupTaskInfo record;
     if (worker.task(m_task.taskId, &record)) {
-        if (record.recordings.isEmpty())
+        if (!record.searched) {
             record.held = m_task.held;
+            record.searched = m_task.searched;
+        }
+        record.channelName = m_task.channelName;
         m_task = record;
     }
     if (m_task.state == vemo_data::BackupStopped)
         m_task.recordings.clear();
     m_curTime = m_task.state == vemo_data::BackupRunning ? m_task.curTime : QDateTime();
-    m_start->setChecked(m_task.state == vemo_data::BackupRunning || m_task.state == vemo_data::BackupWaiting);
+    m_start->setChecked(m_task.state == vemo_data::BackupRunning || m_task.state == vemo_data::BackupWaiting ||
+                        worker.isGoingOn(m_task.taskId));
     showAxis();
     showStartButton();
     showState();
@@ -330,13 +345,26 @@ void BackupTaskTimeAxisWt::takeMessage(const QString& message)
     showMessage();
 }
 
+void BackupTaskTimeAxisWt::showExportButton()
+{
+    const bool isCancel = m_exportPercent >= 0;
+    m_exportBt->setIcon(vemo_base::Icons::icon(isCancel ? QStringLiteral("close") : QStringLiteral("export")));
+    m_exportBt->setToolTip(isCancel ? tr("cancel the export") : tr("export backup files"));
+    m_exportBt->setAccessibleName(m_exportBt->toolTip());
+    showState();
+}
+
 void BackupTaskTimeAxisWt::exportFiles()
 {
+    if (isExporting()) {
+        m_export->cancel();
+        return;
+    }
     if (!m_export) {
         m_export = new BackupExport(this);
         connect(m_export, &BackupExport::signalStarted, this, [this] {
             m_exportPercent = 0;
-            showState();
+            showExportButton();
         });
         connect(m_export, &BackupExport::signalProgress, this,
                 [this](const QString& taskId, int finishedCnt, qint64 curSize, int progress) {
@@ -346,7 +374,7 @@ void BackupTaskTimeAxisWt::exportFiles()
                 });
         connect(m_export, &BackupExport::signalFinished, this, [this] {
             m_exportPercent = -1;
-            showState();
+            showExportButton();
             emit signalExportFinished();
         });
     }
@@ -372,13 +400,17 @@ void BackupTaskTimeAxisWt::showAxis()
 {
     const BackupSafety before = m_safety;
     m_safety = BackupSafety::of(m_task);
-    const QString sums = m_safety.isKnown ? tr("%1 safe").arg(m_safety.text()) : tr("not searched yet");
+    const QString share = vemo_base::SpanWords::share(m_safety.safe * secondMs, m_safety.held * secondMs);
+    const QString sums = !m_safety.isKnown    ? tr("not searched yet")
+                         : m_safety.held == 0 ? tr("nothing recorded")
+                                              : tr("%1 safe").arg(share);
     const BackupAxis axis(m_task, m_curTime);
     m_percent = settledPercent(axis);
     m_axis->setAxis(axis, sums);
     setElided(m_safe, sums, nameWidth);
-    m_safe->setToolTip(m_safety.isKnown ? tr("%1 that the recorder holds is in files here").arg(m_safety.text())
-                                        : tr("A start searches what the recorder holds"));
+    m_safe->setToolTip(!m_safety.isKnown    ? tr("A start searches what the recorder holds")
+                       : m_safety.held == 0 ? tr("The recorder held nothing of these times when it was last searched")
+                                            : tr("%1 that the recorder holds is in files here").arg(share));
     if (before.isKnown != m_safety.isKnown || before.held != m_safety.held || before.safe != m_safety.safe)
         emit signalSafetyChanged();
 }
@@ -393,15 +425,17 @@ BackupTaskTimeAxisWt::StateWords BackupTaskTimeAxisWt::stateWords() const
     if (isSearching())
         return words("search", tr("Searching recordings"), Token::AccentText);
     const bool saysLater = m_message.startsWith(BackupWorker::aheadText());
-    switch (m_task.state) {
-    case vemo_data::BackupRunning:
+    if (m_task.state == vemo_data::BackupRunning || BackupWorker::instance().isGoingOn(m_task.taskId))
         return words("start", tr("Running, %1%").arg(m_percent), Token::AccentText);
+    switch (m_task.state) {
     case vemo_data::BackupFinished:
         return words("", tr("Finished"), Token::Success);
-    case vemo_data::BackupWaiting:
-        if (m_message.isEmpty() || m_message.startsWith(BackupWorker::tr("Waiting for backup...")))
+    case vemo_data::BackupWaiting: {
+        const QDateTime retry = BackupWorker::instance().retryTime(m_task.taskId);
+        if (!retry.isValid())
             return words("waiting", tr("Waiting"), Token::Text2);
-        return words("warning", tr("Waiting to try again"), Token::Warning);
+        return words("warning", tr("Retry at %1").arg(retry.toString(QStringLiteral("HH:mm"))), Token::Warning);
+    }
     default:
         break;
     }

@@ -13,11 +13,10 @@ namespace vemo_filesCenter {
 
 class BackupAxisWt;
 class BackupExport;
-class BackupSearch;
 
 /// One backup task of the day: its channel, state and safety, the time axis, the buttons that start or stop, export,
-/// delete and apply it, and its message line. A start checks the device, searches the recordings and hands the task to
-/// the BackupWorker, whose signals the row follows by the task's id. GUI thread; owned by the BackupTasksBox.
+/// delete and apply it, and its message line. A start goes by BackupStarts to the BackupWorker, whose
+/// signals the row follows by the task's id. GUI thread; owned by the BackupTasksBox.
 ///
 /// The property "task_state" of the indicator `taskState` tells what it shows: 0 the search, 2 finished, -1 nothing.
 class BackupTaskTimeAxisWt final : public QWidget
@@ -43,6 +42,8 @@ public:
     BackupAxisWt* axis() const { return m_axis; }
     /// The channel's name and whether it still exists may have changed.
     void refreshChannel();
+    /// What the row tells of the time may have changed.
+    void refreshTime();
 
 signals:
     void signalExportProgress(const QString& taskId, int finishedCnt, qint64 curSize);
@@ -67,15 +68,17 @@ private:
     QToolButton* makeButton(const QString& objectName, const QString& icon, const QString& tip);
     QLabel* makeLabel(const QString& objectName, int pixels);
     void toggleStart(bool down);
-    void startSearch();
-    void takeFound(const QList<vms_sdk::VideoRecording>& recordings);
+    void takeSearching();
+    void takeNotStarted(bool isEmpty);
     void putUp();
     void showIndicator(int state);
     void takeWorker();
     void takeProgress(const QTime& curTime);
     void takeMessage(const QString& message);
 
+    /// Or, while it is at work, cancels.
     void exportFiles();
+    void showExportButton();
     void removeTask();
     void applyToDay();
 
@@ -94,7 +97,6 @@ private:
     int m_percent = 0;        ///< of the segments, settled or fetched
     int m_exportPercent = -1; ///< below 0: nothing is exported
 
-    BackupSearch* m_search;
     BackupExport* m_export = nullptr; ///< made by the first export
     QLabel* m_name;
     QLabel* m_state;

@@ -49,8 +49,8 @@ BackupTasksBox::BackupTasksBox(QWidget* parent)
             [this](const QString&, int, qint64, int progress) { emit signalBatchExportProgress(progress); });
     connect(m_export, &BackupExport::signalFinished, this, &BackupTasksBox::signalBatchExportFinished);
     connect(&m_nowTimer, &QTimer::timeout, this, [this] {
-        for (int i = 0; isVisible() && m_date == QDate::currentDate() && i < rowCount(); ++i)
-            row(i)->axis()->updateNow();
+        for (int i = 0; isVisible() && i < rowCount(); ++i)
+            row(i)->refreshTime();
     });
     m_nowTimer.start(nowMs);
 }
@@ -129,6 +129,11 @@ void BackupTasksBox::deleteAll()
 void BackupTasksBox::exportAll()
 {
     m_export->start(tasks());
+}
+
+void BackupTasksBox::cancelExport()
+{
+    m_export->cancel();
 }
 
 void BackupTasksBox::applyTo(const QDate& day)

@@ -38,6 +38,7 @@ public:
     void stopAll();
     void deleteAll();
     void exportAll();
+    void cancelExport();
     void applyTo(const QDate& day);
     /// The day or one of its rows.
     bool isExporting() const;

@@ -1,7 +1,9 @@
 #include "BackupWorker.h"
 
+#include "BackupDisk.h"
+#include "BackupManifest.h"
 #include "BackupPaths.h"
-#include "BackupPieces.h"
+#include "download/DiskWork.h"
 #include "download/DownloadEvents.h"
 #include "download/DownloadSignals.h"
 #include "download/DownloadWorker.h"
@@ -11,7 +13,9 @@
 #include <BackupTaskData.h>
 #include <BaseTools.h>
 #include <FilesCenterLogs.h>
+#include <SystemConfig.h>
 #include <SystemMsg.h>
+#include <vms_sdk.h>
 
 #include <QRandomGenerator>
 
@@ -21,10 +25,10 @@ namespace BackupDay = vemo_data::BackupDay;
 
 namespace {
 
-constexpr int afterStopMs = 1000;
 constexpr int retryMs = 180'000;
 constexpr quint64 retryJitterMs = 120'000;
 constexpr int toldSeconds = 10;
+constexpr int quitMs = 2000;
 
 QString momentText(const QDateTime& time)
 {
@@ -56,6 +60,7 @@ bool isFailure(int eventId)
 BackupWorker::BackupWorker(const Seams& seams, QObject* parent)
     : QObject(parent)
     , m_seams(seams)
+    , m_disk(std::make_shared<BackupDisk>())
 {
     m_timer.setSingleShot(true);
     connect(&m_timer, &QTimer::timeout, this, &BackupWorker::fillFreeSlots);
@@ -69,7 +74,10 @@ BackupWorker::BackupWorker(const Seams& seams, QObject* parent)
         const QStringList taskIds = m_tasks.keys();
         for (const QString& taskId : taskIds)
             stopTask(taskId);
+        DiskWork::finish(quitMs);
     });
+    connect(&vms_sdk::ClientSignals::instance(), &vms_sdk::ClientSignals::signalDevInfoPush, this,
+            [this](const vms_sdk::DevInfo& device) { m_recorderClocks.take(device, m_seams.now()); });
 }
 
 BackupWorker::~BackupWorker() = default;
@@ -80,23 +88,41 @@ BackupWorker& BackupWorker::instance()
     return worker;
 }
 
+QString BackupWorker::abnormalText()
+{
+    return tr("Backup is abnormal,the backup will be attempted again later");
+}
+
+QString BackupWorker::diskText()
+{
+    return tr("The folder for backups, %1, is not there or lies on another disk, the backup will be attempted again "
+              "later")
+        .arg(vemo_worker::SystemConfig::instance().getRecordingBackupPath());
+}
+
 QString BackupWorker::aheadText()
 {
     return tr("The backup time is later than the current time, no video recordings can be backed up");
+}
+
+QDateTime BackupWorker::recordedUpTo(const BackupTaskInfo& task) const
+{
+    const QString devId = vemo_base::BaseTools::instance().formatChannelId(task.channelId).first;
+    return m_recorderClocks.now(devId, m_seams.now(), task.recordings);
 }
 
 void BackupWorker::startTask(const BackupTaskInfo& given)
 {
     const QString taskId = given.taskId;
     const bool isKnown = m_tasks.contains(taskId);
-    const bool isRunning = m_running.contains(taskId);
-    Task task = isRunning ? m_tasks.value(taskId) : given;
+    Task task = isGoingOn(taskId) ? m_tasks.value(taskId) : given;
     if (isKnown) { // newer than what the store has told
         task.fileInfos = m_tasks.value(taskId).fileInfos;
         task.state = m_tasks.value(taskId).state;
     }
-    const QDateTime now = m_seams.now();
+    task.channelName = BackupPaths::channelName(task);
     task.recordings = given.recordings;
+    const QDateTime now = recordedUpTo(task);
     if (task.date < now.date())
         task.latestTime = QDateTime(task.date, QTime(23, 59, 59, 999));
     else
@@ -104,10 +130,10 @@ void BackupWorker::startTask(const BackupTaskInfo& given)
     if (!task.recordings.isEmpty()) {
         task.held = vemo_data::BackupSafety::mergedSpans(task.recordings);
         task.searched = true;
-        vemo_data::BackupTaskData::instance().updateBackupHeld(taskId, task.held);
+        vemo_data::BackupTaskData::instance().updateBackupHeld(taskId, task.held, task.date < now.date());
     }
     m_tasks.insert(taskId, task);
-    if (task.state == vemo_data::BackupRunning)
+    if (task.state == vemo_data::BackupRunning || isGoingOn(taskId))
         return;
     if (m_running.size() < mostRunning) {
         runNextPiece(taskId);
@@ -126,93 +152,10 @@ void BackupWorker::fillFreeSlots()
         runNextPiece(m_waiting.takeFirst());
 }
 
-void BackupWorker::runNextPiece(const QString& taskId)
-{
-    while (m_tasks.contains(taskId)) {
-        Task& task = m_tasks[taskId];
-        if (!takeOverLeftovers(&task)) {
-            m_running.remove(taskId);
-            task.state = vemo_data::BackupWaiting;
-            m_waiting.append(taskId);
-            m_timer.start(afterStopMs);
-            return;
-        }
-        const std::optional<BackupPieces::Piece> piece = BackupPieces::next(task);
-        if (!piece) {
-            finishTask(taskId);
-            return;
-        }
-        const QDateTime begin = BackupDay::startOf(task, piece->span);
-        const QDateTime end = BackupDay::endOf(task, piece->span);
-        if (begin >= m_seams.now() || begin >= task.latestTime) {
-            stopWithMessage(taskId, aheadText());
-            return;
-        }
-        const std::optional<vemo_data::BackupSpan> range = BackupPieces::clip({begin, end}, task.recordings);
-        if (!range && end >= task.latestTime) {
-            stopWithMessage(taskId, aheadText());
-            return;
-        }
-        int index = piece->resumed;
-        if (index < 0) {
-            index = task.fileInfos.size();
-            task.fileInfos.append(piece->span);
-        }
-        if (!range) {
-            FileInfo& entry = task.fileInfos[index];
-            entry.filePath.clear();
-            entry.finished = true;
-            logEnd(task, entry);
-            store(task);
-            continue;
-        }
-        task.fileInfos[index].filePath = freePath(task, piece->span, task.fileInfos.at(index).filePath);
-        task.curFileIndex = index;
-        task.pieceStart = range->begin;
-        task.pieceEnd = range->end;
-        startDownload(&task);
-        return;
-    }
-}
-
-void BackupWorker::startDownload(Task* task)
-{
-    const QString taskId = task->taskId;
-    const QDateTime pieceBegin = BackupDay::startOf(*task, task->fileInfos.at(task->curFileIndex));
-    store(*task);
-    m_running.insert(taskId);
-    m_waiting.removeAll(taskId);
-    task->state = vemo_data::BackupRunning;
-    task->curTime = task->pieceStart;
-    task->reportedTime = task->pieceStart;
-
-    vemo_data::DownloadTaskInfo download;
-    download.taskId = taskId;
-    download.channelId = task->channelId;
-    download.channelName = task->channelName;
-    download.devLabel = task->deviceNo;
-    download.channelNo = task->channelNo;
-    download.beginTime = task->pieceStart;
-    download.endTime = task->pieceEnd;
-    download.downloadMode = vemo_data::DownloadByTimeRange;
-    download.location = vemo_data::LocationDevice;
-    download.savePath = task->fileInfos.at(task->curFileIndex).filePath;
-    download.durationMs = vemo_data::spanMs(download.beginTime, download.endTime);
-    const Task copy = *task; // receivers may stop or delete the task
-
-    setTaskMessage(taskId, QString(), false);
-    emit signalTaskStateChanged(taskId, vemo_data::BackupRunning);
-    emit signalBackupProgress(taskId, copy.pieceStart.time());
-    if (!m_running.contains(taskId))
-        return;
-    DownloadWorker::instance().startDownloadTask(download);
-    log(copy, tr("start back up, start time:%1").arg(momentText(pieceBegin)));
-}
-
 void BackupWorker::downloadEvent(const QString& taskId, int eventId, int value)
 {
     const auto found = m_tasks.find(taskId);
-    if (found == m_tasks.end() || !m_running.contains(taskId))
+    if (found == m_tasks.end() || !m_downloading.contains(taskId))
         return;
     if (isFailure(eventId)) {
         pieceFailed(taskId, eventId);
@@ -237,46 +180,95 @@ void BackupWorker::progressed(Task* task, int percent)
     emit signalBackupProgress(task->taskId, task->curTime.time());
 }
 
+void BackupWorker::takeEnded(const QString& taskId, int index, const Ended& ended)
+{
+    const auto task = m_tasks.find(taskId);
+    if (task == m_tasks.end())
+        return;
+    task->fileInfos[index] = ended.entry;
+    if (ended.entry.finished) {
+        logEnd(*task, ended.entry);
+        BackupManifest::instance().add(*task, ended.entry.filePath);
+    }
+    store(*task);
+}
+
 void BackupWorker::pieceFinished(const QString& taskId)
 {
+    m_downloading.remove(taskId);
     Task& task = m_tasks[taskId];
-    FileInfo& entry = task.fileInfos[task.curFileIndex];
     task.curTime = task.pieceEnd;
-    entry.finished = true;
+    const int index = task.curFileIndex;
+    FileInfo entry = task.fileInfos.at(index);
     const bool isAhead = BackupDay::endOf(task, entry) > task.latestTime;
     if (isAhead)
         BackupDay::setEnd(&entry, task.curTime);
-    settleEntry(&task, task.curFileIndex);
-    store(task);
-    if (isAhead)
-        stopWithMessage(taskId, aheadText());
-    else
-        runNextPiece(taskId);
+    auto ended = std::make_shared<Ended>();
+    atDisk(
+        taskId, [ended, entry] { *ended = BackupPieceFiles::finish(entry); },
+        [this, taskId, index, ended, isAhead](bool isDiskThere) {
+            if (isDiskThere)
+                takeEnded(taskId, index, *ended);
+            if (!isGoingOn(taskId))
+                return;
+            if (!isDiskThere)
+                tryLater(taskId, diskText());
+            else if (!ended->entry.finished)
+                tryLater(taskId, abnormalText());
+            else if (isAhead)
+                stopWithMessage(taskId, aheadText());
+            else
+                runNextPiece(taskId);
+        });
 }
 
 void BackupWorker::pieceFailed(const QString& taskId, int eventId)
 {
-    Task& task = m_tasks[taskId];
-    FileInfo& entry = task.fileInfos[task.curFileIndex];
-    const QDateTime reached = stopDownload(task);
-    if (reached.isValid() && reached > BackupDay::startOf(task, entry)) {
-        BackupDay::setEnd(&entry, qMin(reached, BackupDay::endOf(task, entry)));
-        entry.finished = true;
-        settleEntry(&task, task.curFileIndex);
-    } else {
-        discardFile(&entry);
-    }
-    store(task);
+    m_downloading.remove(taskId);
+    const QDateTime reached = stopDownload(taskId);
+    const Task& task = m_tasks[taskId];
+    const int index = task.curFileIndex;
+    auto ended = std::make_shared<Ended>();
+    atDisk(
+        taskId,
+        [ended, reached, date = task.date, entry = task.fileInfos.at(index)] {
+            *ended = BackupPieceFiles::cutOff(date, entry, reached);
+        },
+        [this, taskId, index, ended, eventId](bool isDiskThere) {
+            if (isDiskThere)
+                takeEnded(taskId, index, *ended);
+            if (!isGoingOn(taskId))
+                return;
+            if (!isDiskThere)
+                tryLater(taskId, diskText());
+            else if (eventId == EventLimitReached)
+                tryLater(taskId, tr("The backup limit of he device has been reached, the backup will be attempted "
+                                    "again later"));
+            else
+                tryLater(taskId, abnormalText());
+        });
+}
+
+void BackupWorker::tryLater(const QString& taskId, const QString& text)
+{
     m_running.remove(taskId);
+    Task& task = m_tasks[taskId];
     if (vemo_base::BaseTools::instance().isVideoExist(task.channelId)) {
         task.state = vemo_data::BackupWaiting;
-        setTaskMessage(taskId,
-                       eventId == EventLimitReached
-                           ? tr("The backup limit of he device has been reached, the backup will be attempted again "
-                                "later")
-                           : tr("Backup is abnormal,the backup will be attempted again later"),
-                       true);
-        armRetry(taskId);
+        cancelRetry(taskId);
+        auto* retry = new QTimer(this);
+        retry->setObjectName(QStringLiteral("retry"));
+        retry->setSingleShot(true);
+        m_retries.insert(taskId, retry);
+        connect(retry, &QTimer::timeout, this, [this, taskId] {
+            cancelRetry(taskId);
+            if (state(taskId) != vemo_data::BackupWaiting || isGoingOn(taskId) || m_waiting.contains(taskId))
+                return;
+            m_waiting.append(taskId);
+            fillFreeSlots();
+        });
+        retry->start(retryMs + static_cast<int>(m_seams.random() % retryJitterMs));
+        setTaskMessage(taskId, text, true);
     } else {
         task.recordings.clear();
         m_waiting.removeAll(taskId);
@@ -286,19 +278,18 @@ void BackupWorker::pieceFailed(const QString& taskId, int eventId)
     fillFreeSlots();
 }
 
-void BackupWorker::armRetry(const QString& taskId)
+void BackupWorker::cancelRetry(const QString& taskId)
 {
-    auto* retry = new QTimer(this);
-    retry->setObjectName(QStringLiteral("retry"));
-    retry->setSingleShot(true);
-    connect(retry, &QTimer::timeout, this, [this, retry, taskId] {
+    if (QTimer* retry = m_retries.take(taskId)) {
+        retry->stop();
         retry->deleteLater();
-        if (state(taskId) != vemo_data::BackupWaiting || m_running.contains(taskId) || m_waiting.contains(taskId))
-            return;
-        m_waiting.append(taskId);
-        fillFreeSlots();
-    });
-    retry->start(retryMs + static_cast<int>(m_seams.random() % retryJitterMs));
+    }
+}
+
+QDateTime BackupWorker::retryTime(const QString& taskId) const
+{
+    const QTimer* retry = m_retries.value(taskId);
+    return retry ? m_seams.now().addMSecs(retry->remainingTime()) : QDateTime();
 }
 
 void BackupWorker::finishTask(const QString& taskId)
@@ -329,28 +320,40 @@ void BackupWorker::stopTask(const QString& taskId)
     if (found == m_tasks.end())
         return;
     m_running.remove(taskId);
+    cancelRetry(taskId);
     // The queue holds an id once, so that a waiting task keeps its line.
     if (m_waiting.removeAll(taskId) > 1)
         setTaskMessage(taskId, QString(), false);
     Task& task = *found;
-    if (task.state == vemo_data::BackupRunning) {
-        FileInfo& entry = task.fileInfos[task.curFileIndex];
-        const QDateTime begin = BackupDay::startOf(task, entry);
-        const QDateTime reached = stopDownload(task);
+    const auto logStop = [this, taskId](const QDateTime& time) {
+        log(m_tasks.value(taskId), tr("stop back up, stop time:%1").arg(momentText(time)));
+    };
+    if (m_downloading.remove(taskId)) {
+        const QDateTime reached = stopDownload(taskId);
         DownloadWorker::instance().controlTask(taskId, DownloadWorker::ControlCancel);
-        const bool hasFile = reached.isValid() && reached > begin;
-        if (hasFile) {
-            BackupDay::setEnd(&entry, qMin(reached, BackupDay::endOf(task, entry)));
-            entry.finished = true;
-            task.curTime = reached;
-            task.reportedTime = reached;
-            settleEntry(&task, task.curFileIndex);
-            emit signalBackupProgress(taskId, reached.time());
-        } else {
-            discardFile(&entry);
-        }
-        log(task, tr("stop back up, stop time:%1").arg(momentText(hasFile ? reached : begin)));
-        store(task);
+        const int index = task.curFileIndex;
+        const FileInfo entry = task.fileInfos.at(index);
+        const QDateTime begin = BackupDay::startOf(task, entry);
+        auto ended = std::make_shared<Ended>();
+        atDisk(
+            taskId,
+            [ended, reached, date = task.date, entry] { *ended = BackupPieceFiles::cutOff(date, entry, reached); },
+            [this, taskId, index, ended, begin, logStop](bool isDiskThere) {
+                const auto stopped = m_tasks.find(taskId);
+                if (stopped == m_tasks.end())
+                    return;
+                const bool hasFile = isDiskThere && ended->entry.finished;
+                if (isDiskThere)
+                    takeEnded(taskId, index, *ended);
+                if (hasFile) {
+                    stopped->curTime = ended->reached;
+                    stopped->reportedTime = ended->reached;
+                    emit signalBackupProgress(taskId, ended->reached.time());
+                }
+                logStop(hasFile ? ended->reached : begin);
+            });
+    } else if (task.state == vemo_data::BackupRunning) {
+        logStop(task.curTime); // between two pieces
     }
     changeState(&task, vemo_data::BackupStopped);
     m_timer.start(afterStopMs);
@@ -366,7 +369,9 @@ void BackupWorker::deleteTask(const QString& taskId)
     DownloadWorker::instance().controlTask(taskId, DownloadWorker::ControlCancel);
     log(*found, tr("delete back up task, back up date:%1").arg(dayText(found->date)));
     m_running.remove(taskId);
+    m_downloading.remove(taskId);
     m_waiting.removeAll(taskId);
+    cancelRetry(taskId);
     m_tasks.erase(found);
     m_messages.remove(taskId);
     m_timer.start(afterStopMs);
@@ -375,21 +380,31 @@ void BackupWorker::deleteTask(const QString& taskId)
 void BackupWorker::fileToggle(const QString& taskId, const QString& fileName, const QDateTime& time)
 {
     const auto found = m_tasks.find(taskId);
-    if (found == m_tasks.end() || !m_running.contains(taskId))
+    if (found == m_tasks.end() || !m_downloading.contains(taskId))
         return;
     Task& task = *found;
-    const QDateTime moment = exactMoment(time, fileName);
-    FileInfo rest = task.fileInfos.at(task.curFileIndex);
+    const int index = task.curFileIndex;
+    // The moment is needed now; only in the hour that passes twice a file is read for it.
+    const QDateTime moment = BackupPieceFiles::exactMoment(time, fileName);
+    FileInfo rest = task.fileInfos.at(index);
     BackupDay::setStart(&rest, moment);
-    FileInfo& entry = task.fileInfos[task.curFileIndex];
-    BackupDay::setEnd(&entry, moment);
-    entry.filePath = fileName;
-    entry.finished = true;
-    settleEntry(&task, task.curFileIndex);
-    store(task);
+    FileInfo& closed = task.fileInfos[index];
+    BackupDay::setEnd(&closed, moment);
+    closed.filePath = fileName;
+    auto ended = std::make_shared<Ended>();
+    atDisk(
+        taskId, [ended, entry = closed] { *ended = BackupPieceFiles::finish(entry); },
+        [this, taskId, index, ended](bool isDiskThere) {
+            if (isDiskThere)
+                takeEnded(taskId, index, *ended);
+        });
     task.curFileIndex = task.fileInfos.size();
     task.fileInfos.append(rest); // goes on under the path that was asked for
-    store(task);
+}
+
+QDateTime BackupWorker::stopDownload(const QString& taskId)
+{
+    return DownloadWorker::instance().lastFrameTime(taskId);
 }
 
 bool BackupWorker::task(const QString& taskId, BackupTaskInfo* info) const

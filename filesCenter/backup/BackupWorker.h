@@ -1,5 +1,8 @@
 #pragma once
 
+#include "BackupPieceFiles.h"
+#include "RecorderClocks.h"
+
 #include <BackupTaskInfo.h>
 
 #include <QHash>
@@ -9,20 +12,27 @@
 #include <QTimer>
 
 #include <functional>
+#include <memory>
 
 namespace vemo_filesCenter {
+
+class BackupDisk;
 
 using vemo_data::BackupTaskInfo;
 
 /// Carries out backup tasks, piece by piece, by downloads that are in no list. One object a process, on the GUI thread.
 ///
 /// At most five tasks run at once, the others wait in the order of arrival; a task that failed waits for three to five
-/// minutes and is tried again without limit, as long as its channel is in the client. What becomes of each piece is
-/// kept in vemo_data::BackupTaskData, each step is written to the files-center log, and finished files get into the
-/// manifest of their folder. Only events of its own tasks are handled. When the client is about to quit all tasks are
-/// stopped, what was written of a piece stays. What a crash left of a piece is taken over when its task starts again.
-/// A file that stands where a piece is to be written and is not the task's own is never overwritten: it gets another
-/// name, or the piece does when that is a backup of another task.
+/// minutes, however clocks are set, and is tried again without limit, as long as its channel is in the client. What
+/// becomes of each piece is kept in vemo_data::BackupTaskData, each step is written to the files-center log, and
+/// finished files get into the manifest of their folder. Only events of its own tasks are handled. When the client is
+/// about to quit all tasks are stopped, what was written of a piece stays. What a crash left of a piece is taken over
+/// when its task starts again. A file that stands where a piece is to be written and is not the task's own is never
+/// overwritten: it gets another name, or the piece does when that is a backup of another task.
+///
+/// Files are looked for, named and removed on the module's thread for disks. A task that is "at the disk" has its
+/// outcome stored when that is done; until then it does not start again. A folder that is not there, or lies on another
+/// disk than before, gets nothing, and a piece whose file is not in it is not settled.
 class BackupWorker final : public QObject
 {
     Q_OBJECT
@@ -58,46 +68,67 @@ public:
     int state(const QString& taskId) const;       ///< a BackupTaskState
     QString message(const QString& taskId) const; ///< with its time, empty: none
     QTime curTime(const QString& taskId) const;   ///< up to where the task is fetched, invalid: unknown
+    /// When a task that failed is tried again, by the clock as it is set now; invalid when it does not wait for that.
+    QDateTime retryTime(const QString& taskId) const;
+    /// Up to when the task's device can have recorded.
+    QDateTime recordedUpTo(const BackupTaskInfo& task) const;
     /// Sets the line that the task's row shows; also of a task that was never started. With `log` a text goes to the
     /// files-center log, under `task`'s channel.
     void setTaskMessage(const BackupTaskInfo& task, const QString& text, bool log);
     void setTaskMessage(const QString& taskId, const QString& text, bool log);
 
+    /// It has one of the slots: its download runs, or is about to.
+    bool isGoingOn(const QString& taskId) const { return m_running.contains(taskId); }
     /// Tasks that run or wait for others; those that wait to be tried again are not among them.
     int busyCount() const { return m_running.size() + m_waiting.size(); }
+    bool isAtDisk() const { return !m_atDisk.isEmpty(); }
 
 signals: // in this order
     void signalBackupProgress(const QString& taskId, const QTime& curTime);
     void signalTaskStateChanged(const QString& taskId, int state);
     void signalBackupError(const QString& taskId, const QString& errorMsg);
+    /// No task is at the disk any more.
+    void signalFilesSettled();
 
 private:
-    using FileInfo = BackupTaskInfo::FileInfo;
     using Task = BackupTaskInfo;
+
+    static constexpr int afterStopMs = 1000; ///< until free slots are filled
+
+    using Ended = BackupPieceFiles::Ended;
 
     void downloadEvent(const QString& taskId, int eventId, int value);
     void fileToggle(const QString& taskId, const QString& fileName, const QDateTime& time);
     void fillFreeSlots();
+
+    // From a free slot to a download, in BackupWorkerPieces.cpp.
     void runNextPiece(const QString& taskId);
-    /// The current entry's, into its file.
-    void startDownload(Task* task);
-    /// Whether the SDK has repaired what a crash left, so that the unfinished entry could be looked after.
-    bool takeOverLeftovers(Task* task);
-    /// Where the piece may be written, the task's own leftovers gone.
-    QString freePath(const Task& task, const FileInfo& piece, const QString& ownPath);
+    /// False while the SDK repairs what a crash left, or the task is at the disk: it is tried again in a moment.
+    bool isReady(const BackupTaskInfo& task) const;
+    void takeOverLeftovers(const QString& taskId, int open);
+    void choosePiece(const QString& taskId);
+    void findRoom(const QString& taskId, int index, const FileInfo& piece);
+    void findOtherRoom(const QString& taskId, int index, const FileInfo& piece);
+    void startDownload(const QString& taskId, int index, const FileInfo& piece);
+    QStringList claimedPaths(const Task& task, int except) const;
+
+    /// Runs `job` on the thread for disks, unless the folder for backups is not there, then `done` here.
+    void atDisk(const QString& taskId, std::function<void()> job, std::function<void(bool isDiskThere)> done);
+
+    static QString abnormalText();
+    static QString diskText();
 
     void progressed(Task* task, int percent);
     void pieceFinished(const QString& taskId);
     void pieceFailed(const QString& taskId, int eventId);
-    void armRetry(const QString& taskId);
+    void tryLater(const QString& taskId, const QString& text);
+    void cancelRetry(const QString& taskId);
     void finishTask(const QString& taskId);
     void stopWithMessage(const QString& taskId, const QString& text);
 
-    /// The entry ends with the file that it has, which is moved to the name of its times.
-    void settleEntry(Task* task, int index);
-    void discardFile(FileInfo* entry);
-    QDateTime exactMoment(const QDateTime& local, const QString& filePath) const;
-    QDateTime stopDownload(const Task& task);
+    /// Puts the entry as it came from the disk into the task, if that is still there.
+    void takeEnded(const QString& taskId, int index, const Ended& ended);
+    QDateTime stopDownload(const QString& taskId);
     void store(const Task& task) const;
     void log(const Task& task, const QString& text) const;
     void logEnd(const Task& task, const FileInfo& entry) const;
@@ -105,7 +136,12 @@ private:
 
     const Seams m_seams;
     QHash<QString, Task> m_tasks;
-    QSet<QString> m_running;
+    QSet<QString> m_running;     ///< with a slot: a download, or at the disk before or behind one
+    QSet<QString> m_downloading; ///< of these, those with a download
+    QHash<QString, int> m_atDisk;
+    std::shared_ptr<BackupDisk> m_disk; ///< the thread's for disks
+    QHash<QString, QTimer*> m_retries;
+    RecorderClocks m_recorderClocks;
     QStringList m_waiting;
     QHash<QString, QString> m_messages;
     QTimer m_timer; ///< single shot: free slots are filled

@@ -5,6 +5,7 @@
 #include "BackupTargetDay.h"
 #include "BackupTasksBox.h"
 
+#include <axis/SpanWords.h>
 #include <BackupSafety.h>
 #include <BackupTaskData.h>
 #include <BaseForm.h>
@@ -43,6 +44,7 @@ namespace {
 constexpr qint64 lowDiskBytes = 10737418240;
 constexpr int questionWithYesAndNo = 3;
 constexpr int yes = 1;
+constexpr qint64 secondMs = 1000;
 constexpr int dateWidth = 148;
 constexpr int edge = 24;
 constexpr int scrollBarEdge = 10; ///< the scroll bar takes the rest of the margin
@@ -62,6 +64,7 @@ DevRecordingsBackupPage::DevRecordingsBackupPage(QWidget* parent)
     , m_diskFreeSpace(new vemo_base::DiskFreeSpaceBar)
     , m_legend(new BackupLegendWt)
     , m_exportProgress(new vemo_base::ProgressButton)
+    , m_cancelExport(new QToolButton)
     , m_body(new QStackedLayout)
     , m_scroll(new QScrollArea)
     , m_box(new BackupTasksBox)
@@ -69,9 +72,19 @@ DevRecordingsBackupPage::DevRecordingsBackupPage(QWidget* parent)
     auto* legend = new QHBoxLayout;
     legend->setSpacing(16);
     legend->addWidget(m_legend, 1);
-    legend->addWidget(m_exportProgress);
+    auto* exporting = new QHBoxLayout;
+    exporting->setSpacing(4);
+    exporting->addWidget(m_exportProgress);
+    exporting->addWidget(m_cancelExport);
+    legend->addLayout(exporting);
     m_exportProgress->setObjectName(QStringLiteral("exportProgressBt"));
     m_exportProgress->setFocusPolicy(Qt::NoFocus);
+    m_cancelExport->setObjectName(QStringLiteral("cancelExportBt"));
+    m_cancelExport->setIcon(Icons::icon(QStringLiteral("close")));
+    m_cancelExport->setAutoRaise(true);
+    m_cancelExport->setToolTip(tr("Cancel the export"));
+    m_cancelExport->setAccessibleName(m_cancelExport->toolTip());
+    m_cancelExport->hide();
 
     m_scroll->setFrameShape(QFrame::NoFrame);
     m_scroll->setWidgetResizable(true);
@@ -182,6 +195,7 @@ void DevRecordingsBackupPage::connectBox()
     connect(m_box, &BackupTasksBox::signalSafetyChanged, this, &DevRecordingsBackupPage::showSummary);
     connect(m_box, &BackupTasksBox::signalBatchExportStarted, this, [this] {
         m_exportProgress->startWorking(tr("Exporting backup files, please wait a moment"));
+        m_cancelExport->show();
         m_exportBt->setEnabled(false);
         m_exportBt->setToolTip(m_exportProgress->accessibleName());
     });
@@ -189,9 +203,11 @@ void DevRecordingsBackupPage::connectBox()
             &vemo_base::ProgressButton::setProgress);
     connect(m_box, &BackupTasksBox::signalBatchExportFinished, this, [this] {
         m_exportProgress->stopWorking();
+        m_cancelExport->hide();
         m_exportBt->setEnabled(true);
         m_exportBt->setToolTip(QString());
     });
+    connect(m_cancelExport, &QToolButton::clicked, m_box, &BackupTasksBox::cancelExport);
     connect(m_scroll->verticalScrollBar(), &QScrollBar::valueChanged, this, [this](int value) {
         m_box->keepPicturesNear(QRect(0, value, m_box->width(), m_scroll->viewport()->height()));
     });
@@ -294,7 +310,8 @@ void DevRecordingsBackupPage::showSummary()
     const int count = m_box->rowCount();
     const QString tasks = count == 1 ? tr("1 task") : tr("%1 tasks").arg(count);
     const vemo_data::BackupSafety safety = m_box->safety();
-    m_header->setSummary(count == 0 ? QString() : safety.isKnown ? tr("%1, %2 safe").arg(tasks, safety.text()) : tasks);
+    const QString share = vemo_base::SpanWords::share(safety.safe * secondMs, safety.held * secondMs);
+    m_header->setSummary(count == 0 ? QString() : safety.held > 0 ? tr("%1, %2 safe").arg(tasks, share) : tasks);
 }
 
 void DevRecordingsBackupPage::showBody()

@@ -7,6 +7,7 @@
 class QPushButton;
 class QScrollArea;
 class QStackedLayout;
+class QToolButton;
 
 namespace vemo_base {
 class DateSelectLineEdit;
@@ -65,6 +66,7 @@ private:
     QPushButton* m_exportBt = nullptr;
     BackupLegendWt* m_legend;
     vemo_base::ProgressButton* m_exportProgress;
+    QToolButton* m_cancelExport;
     QStackedLayout* m_body;
     QScrollArea* m_scroll;
     BackupTasksBox* m_box;

@@ -109,9 +109,13 @@ ExportBackupFiles::ExportBackupFiles(QObject* parent)
                 m_copied.append({source, target, sha256});
             });
     connect(m_copier, &VCopyLocalFiles::signalCopyFileFailed, this,
-            [this](const QString&, const QString& source, const QString& reason) { tellFailure(source, reason); });
+            [this](const QString&, const QString& source, const QString& reason) {
+                ++m_failed;
+                tellFailure(source, reason);
+            });
     connect(m_copier, &VCopyLocalFiles::signalCopyFilesFinished, this,
-            [this](const QString&, const QStringList&, const QStringList& failed) { takeEnd(failed); });
+            [this](const QString&, const QStringList&, const QStringList& failed) { takeEnd(failed.size()); });
+    connect(m_copier, &VCopyLocalFiles::signalCopyFilesCancelled, this, [this] { takeEnd(m_failed); });
 }
 
 ExportBackupFiles::~ExportBackupFiles() = default;
@@ -121,6 +125,7 @@ bool ExportBackupFiles::exportTask(const BackupTaskInfo& task, const QString& de
     if (m_isWorking)
         return false;
     m_isWorking = true;
+    m_isCancelled = false;
     m_task = task;
     m_destination = destination;
     m_folder = BackupPaths::folder(destination, task);
@@ -151,7 +156,7 @@ bool ExportBackupFiles::exportTask(const BackupTaskInfo& task, const QString& de
 void ExportBackupFiles::begin(const QStringList& sources, qint64 totalBytes)
 {
     m_totalBytes = totalBytes;
-    if (totalBytes == 0) {
+    if (totalBytes == 0 || m_isCancelled) {
         m_isWorking = false;
         emit signalExportFinished(0, 0, 0);
         return;
@@ -161,6 +166,14 @@ void ExportBackupFiles::begin(const QStringList& sources, qint64 totalBytes)
         targets.append(m_folder % QLatin1Char('/') % QFileInfo(source).fileName());
     m_copier->setRoot(m_destination);
     m_copier->copyFiles(sources, targets);
+}
+
+void ExportBackupFiles::cancel()
+{
+    if (!m_isWorking)
+        return;
+    m_isCancelled = true;
+    m_copier->cancelCopyFiles();
 }
 
 void ExportBackupFiles::takeBytes(qint64 doneOfFile, qint64 sizeOfFile, int finishedCnt)
@@ -179,9 +192,9 @@ void ExportBackupFiles::tellFailure(const QString& source, const QString& reason
     emit signalExportFileFailed(source);
 }
 
-void ExportBackupFiles::takeEnd(const QStringList& failed)
+void ExportBackupFiles::takeEnd(int failed)
 {
-    m_failed = failed.size();
+    m_failed = failed;
     auto listing = std::make_shared<Listing>();
     listing->copied = m_copied;
     listing->device = m_task.deviceNo;

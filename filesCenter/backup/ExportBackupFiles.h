@@ -31,6 +31,8 @@ public:
 
     /// False when an export is running already. `destination` must be there.
     bool exportTask(const vemo_data::BackupTaskInfo& task, const QString& destination);
+    /// Ends a running export soon, with the files that are whole; the others count neither as success nor as failure.
+    void cancel();
 
 signals:
     /// `progress` is the percentage of all files' bytes.
@@ -50,12 +52,13 @@ private:
 
     void begin(const QStringList& sources, qint64 totalBytes);
     void takeBytes(qint64 doneOfFile, qint64 sizeOfFile, int finishedCnt);
-    void takeEnd(const QStringList& failed);
+    void takeEnd(int failed);
     void finish(const QStringList& damaged);
     void tellFailure(const QString& source, const QString& reason);
 
     VCOMMON::VCopyLocalFiles* const m_copier;
     bool m_isWorking = false;
+    bool m_isCancelled = false;
     vemo_data::BackupTaskInfo m_task;
     QString m_destination;
     QString m_folder; ///< of the copies

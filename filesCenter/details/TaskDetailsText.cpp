@@ -2,6 +2,7 @@
 
 #include "TaskReportFacts.h"
 
+#include <axis/SpanWords.h>
 #include <BaseTools.h>
 #include <DownloadTaskInfo.h>
 #include <TaskFactsData.h>
@@ -13,6 +14,7 @@
 
 namespace vemo_filesCenter {
 
+using vemo_base::SpanWords;
 using vemo_data::DownloadTaskInfo;
 using vemo_data::TaskFacts;
 
@@ -34,7 +36,7 @@ QString span(const QDateTime& begin, const QDateTime& end)
     return TaskDetailsText::tr("%1 to %2 (%3)")
         .arg(tools.strDatetime(begin, true, false),
              begin.date() == end.date() ? clock(end) : tools.strDatetime(end, true, false),
-             TaskDetailsText::length(begin.msecsTo(end)));
+             SpanWords::length(begin.msecsTo(end)));
 }
 
 QString codecText(const QString& name)
@@ -68,10 +70,10 @@ DetailLine received(const TaskReportFacts& report)
     QString text = span(report.begin, report.end);
     if (late)
         text += TaskDetailsText::tr("; begins %1 later than asked")
-                    .arg(TaskDetailsText::length(report.askedBegin.msecsTo(report.begin)));
+                    .arg(SpanWords::length(report.askedBegin.msecsTo(report.begin)));
     if (early)
         text += TaskDetailsText::tr("; ends %1 earlier than asked")
-                    .arg(TaskDetailsText::length(report.end.msecsTo(report.askedEnd)));
+                    .arg(SpanWords::length(report.end.msecsTo(report.askedEnd)));
     return {TaskDetailsText::tr("Received"), text, late || early ? DetailLine::Kind::Warning : DetailLine::Kind::Plain};
 }
 
@@ -91,7 +93,7 @@ void addGaps(QVector<DetailLine>& lines, const TaskReportFacts& report)
         lines.append({label,
                       TaskDetailsText::tr("%1 to %2, %3, %4")
                           .arg(dated ? tools.strDatetime(gap.begin, true, false) : clock(gap.begin), clock(gap.end),
-                               TaskDetailsText::length(gap.begin.msecsTo(gap.end)), cause),
+                               SpanWords::length(gap.begin.msecsTo(gap.end)), cause),
                       DetailLine::Kind::Warning});
         label.clear();
     }
@@ -115,19 +117,6 @@ void addReport(QVector<DetailLine>& lines, const TaskReportFacts& report)
 }
 
 } // namespace
-
-QString TaskDetailsText::length(qint64 ms)
-{
-    const qint64 seconds = (qMax<qint64>(ms, 0) + 500) / 1000;
-    if (seconds < 60)
-        return TaskDetailsText::tr("%1 s").arg(seconds);
-    if (seconds < 3600)
-        return seconds % 60 == 0 ? TaskDetailsText::tr("%1 min").arg(seconds / 60)
-                                 : TaskDetailsText::tr("%1 min %2 s").arg(seconds / 60).arg(seconds % 60);
-    const qint64 minutes = seconds / 60 % 60;
-    return minutes == 0 ? TaskDetailsText::tr("%1 h").arg(seconds / 3600)
-                        : TaskDetailsText::tr("%1 h %2 min").arg(seconds / 3600).arg(minutes);
-}
 
 QString TaskDetailsText::size(qint64 bytes)
 {
@@ -184,11 +173,11 @@ QVector<DetailLine> TaskDetailsText::lines(const DownloadTaskInfo& task, const T
     if (bytes > 0)
         lines.append({TaskDetailsText::tr("Size"), size(bytes)});
     if (bytes > 0 && facts.seconds > 0)
-        lines.append(
-            {TaskDetailsText::tr("Rate"), TaskDetailsText::tr("%1 MB/s, %2 in all")
-                                              .arg(static_cast<double>(bytes) / mega / facts.seconds, 0, 'f', 1)
-                                              .arg(facts.seconds < 1 ? TaskDetailsText::tr("less than 1 s")
-                                                                     : length(qRound64(facts.seconds * 1000)))});
+        lines.append({TaskDetailsText::tr("Rate"),
+                      TaskDetailsText::tr("%1 MB/s, %2 in all")
+                          .arg(static_cast<double>(bytes) / mega / facts.seconds, 0, 'f', 1)
+                          .arg(facts.seconds < 1 ? TaskDetailsText::tr("less than 1 s")
+                                                 : SpanWords::length(qRound64(facts.seconds * 1000)))});
     if (!task.savePath.isEmpty())
         lines.append({TaskDetailsText::tr("File"), QDir::toNativeSeparators(task.savePath), DetailLine::Kind::Path});
     if (task.state == vemo_data::TaskSucceeded)

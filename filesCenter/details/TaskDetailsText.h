@@ -35,8 +35,6 @@ public:
 
     /// Why a task of this state is not finished and what comes next, one or two sentences; empty where all is well.
     static QString nextStep(int state);
-    /// "20 s", "3 min 20 s", "2 h 5 min".
-    static QString length(qint64 ms);
     static QString size(qint64 bytes);
 };
 

@@ -13,6 +13,10 @@ namespace DiskWork {
 /// else by the event loop. `done` is not called once `context` is gone. `job` must own what it touches.
 void run(std::function<void()> job, QObject* context, std::function<void()> done, int patienceMs);
 
+/// For the end of the program, whose event loop does not go on: waits for the jobs that were given so far, at most so
+/// long, and calls what they owe.
+void finish(int mostMs);
+
 } // namespace DiskWork
 
 } // namespace vemo_filesCenter

@@ -1,6 +1,7 @@
 #include "LocalRecordingsMgrPage.h"
 
 #include "LocalFilesSaveAs.h"
+#include "LocalPageBar.h"
 #include "LocalRecordingItem.h"
 #include "LocalRecordingOperWt.h"
 #include "LocalRecordingRows.h"
@@ -10,7 +11,6 @@
 #include "download/DiskWork.h"
 
 #include <BaseTools.h>
-#include <DatetimeSpanSelWt.h>
 #include <DictDef.h>
 #include <DisabledWaitingWt.h>
 #include <DisabledWaitingWtManager.h>
@@ -35,7 +35,6 @@
 #include <QHash>
 #include <QMenu>
 #include <QScopedValueRollback>
-#include <QShortcut>
 #include <QTimer>
 #include <QToolTip>
 #include <QUuid>
@@ -57,9 +56,6 @@ using Rows = LocalRecordingRows;
 
 namespace {
 
-constexpr int daysShownAtFirst = 7;
-constexpr qint64 longestSpanSeconds = 2678400; // 31 days
-constexpr int separatorHeight = 24;
 constexpr int questionBeforeDeed = 3;
 constexpr int answerYes = 1;
 constexpr int diskPatienceMs = 30;
@@ -86,7 +82,7 @@ LocalRecordingsMgrPage::LocalRecordingsMgrPage(QWidget* parent)
     , m_noHitTimer(new QTimer(this))
 {
     m_ui->setupUi(this);
-    setUpControls();
+    m_header = LocalPageBar(this, *m_ui).setUp(tr("Local Recording"));
     setUpTable();
     setUpEmptyStates();
     setUpConnections();
@@ -99,28 +95,6 @@ LocalRecordingsMgrPage::~LocalRecordingsMgrPage()
     // It asks for the widgets of its rows to its end, so it ends before what they are made from.
     m_ui->tableWidget->disconnect();
     delete m_ui->tableWidget;
-}
-
-void LocalRecordingsMgrPage::setUpControls()
-{
-    m_header = new vemo_base::PageHeader(tr("Local Recording"), this);
-    m_ui->pageLayout->insertWidget(0, m_header);
-    const auto setIcon = [](QPushButton* button, const char* name) {
-        button->setIcon(vemo_base::Icons::icon(QLatin1String(name)));
-    };
-    setIcon(m_ui->searchBt, "search");
-    setIcon(m_ui->deleteBt, "clean");
-    setIcon(m_ui->saveAsBt, "save-as");
-    m_ui->timeRangeLabel->setForegroundRole(QPalette::PlaceholderText);
-    m_ui->separator->setForegroundRole(QPalette::Mid);
-    m_ui->separator->setFixedHeight(separatorHeight);
-
-    const QDate today = QDate::currentDate();
-    m_ui->timeRange->setUsingYearInTimeSpaceDescription(false);
-    m_ui->timeRange->setDateTimeSpace(QDateTime(today.addDays(-daysShownAtFirst), QTime(0, 0, 0)),
-                                      QDateTime(today, QTime(23, 59, 59)));
-    m_spanSelector = new vemo_base::DatetimeSpanSelWt(this);
-    m_spanSelector->setMaxSpanSeconds(longestSpanSeconds);
 }
 
 void LocalRecordingsMgrPage::setUpTable()
@@ -148,23 +122,18 @@ void LocalRecordingsMgrPage::setUpTable()
 
 void LocalRecordingsMgrPage::setUpEmptyStates()
 {
-    const QString icon = QStringLiteral("local-recording");
-    auto* nothing = new EmptyStateWt(icon, tr("There are no recordings in this span."),
-                                     tr("What live view records appears here. Choose another span, or look for files "
-                                        "that came into the folder another way."),
-                                     tr("Look for new files"), m_ui->content);
+    const LocalPageBar bar(this, *m_ui);
+    EmptyStateWt* nothing =
+        bar.addNothing(QStringLiteral("local-recording"), tr("There are no recordings in this span."),
+                       tr("What live view records appears here. Choose another span, or look for files that came into "
+                          "the folder another way."),
+                       tr("Look for new files"));
     connect(nothing, &EmptyStateWt::signalButtonClicked, this, [this] {
         m_hasAskedRescan = true;
         rescan();
     });
-    nothing->setButtonSecondary();
-    m_ui->content->addWidget(nothing);
-    auto* noHit = new EmptyStateWt(QStringLiteral("filter"), tr("No recording matches the filter."),
-                                   tr("The filter looks for a part of the channel's name."), tr("Clear the filter"),
-                                   m_ui->content);
-    connect(noHit, &EmptyStateWt::signalButtonClicked, m_ui->filterWt, &QLineEdit::clear);
-    noHit->setButtonSecondary();
-    m_ui->content->addWidget(noHit);
+    bar.addNoHit(tr("No recording matches the filter."), tr("The filter looks for a part of the channel's name."),
+                 tr("Clear the filter"));
 }
 
 void LocalRecordingsMgrPage::setUpConnections()
@@ -172,12 +141,6 @@ void LocalRecordingsMgrPage::setUpConnections()
     connect(m_ui->searchBt, &QPushButton::clicked, this, &LocalRecordingsMgrPage::slotSearchBtClicked);
     connect(m_ui->deleteBt, &QPushButton::clicked, this, &LocalRecordingsMgrPage::slotDeleteBtClicked);
     connect(m_ui->saveAsBt, &QPushButton::clicked, this, &LocalRecordingsMgrPage::slotSaveAsBtClicked);
-    connect(m_ui->timeRange, &vemo_base::TimeSpaceLineEt::clicked, this, [this] {
-        m_spanSelector->setInitDateTime(m_ui->timeRange->getBeginDateTime(), m_ui->timeRange->getEndDateTime());
-        m_spanSelector->showBelow(m_ui->timeRange);
-    });
-    connect(m_spanSelector, &vemo_base::DatetimeSpanSelWt::signalDatetimeSpanSelected, m_ui->timeRange,
-            &vemo_base::TimeSpaceLineEt::setDateTimeSpace);
     connect(m_ui->filterWt, &QLineEdit::textChanged, this, &LocalRecordingsMgrPage::filterRecordings);
     connect(m_ui->pageIndexWt, &vemo_base::PageEditWt::signalPageSizeChanged, this,
             [this] { showPage(1, WhenEmpty::Tell, Rows::Place::Top); });
@@ -199,12 +162,6 @@ void LocalRecordingsMgrPage::setUpConnections()
 
     connect(&LocalIndexRescan::instance(), &LocalIndexRescan::signalFinished, this,
             &LocalRecordingsMgrPage::takeRescan);
-
-    auto* find = new QShortcut(QKeySequence::Find, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
-    connect(find, &QShortcut::activated, m_ui->filterWt, [this] {
-        m_ui->filterWt->setFocus(Qt::ShortcutFocusReason);
-        m_ui->filterWt->selectAll();
-    });
 }
 
 void LocalRecordingsMgrPage::showEvent(QShowEvent* event)

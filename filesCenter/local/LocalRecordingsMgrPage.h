@@ -18,7 +18,6 @@ struct LocalRescanResult;
 }
 
 namespace vemo_base {
-class DatetimeSpanSelWt;
 class LocalPlaybackDlg;
 class PageHeader;
 class TableOperWtStyle;
@@ -59,7 +58,6 @@ private:
     /// Whether a page without rows is told in a box, or by what stands in the place of the rows alone.
     enum class WhenEmpty : int { Tell = 0, Show };
 
-    void setUpControls();
     void setUpTable();
     void setUpEmptyStates();
     void setUpConnections();
@@ -95,7 +93,6 @@ private:
 
     std::unique_ptr<Ui::LocalRecordingsMgrPage> m_ui;
     vemo_base::PageHeader* m_header = nullptr;
-    vemo_base::DatetimeSpanSelWt* m_spanSelector = nullptr;
     vemo_base::TableOperWtStyle* m_tableStyle = nullptr;
     LocalRecordingsData* m_data;
     LocalRecordingRows* m_rows = nullptr;

@@ -1,14 +1,13 @@
 #include "LocalSnapImagesMgrPage.h"
 
 #include "LocalFilesSaveAs.h"
+#include "LocalPageBar.h"
 #include "LocalSnapImageNames.h"
 #include "ui_LocalSnapImagesMgrPage.h"
 
 #include <BaseTools.h>
-#include <DatetimeSpanSelWt.h>
 #include <DictDef.h>
 #include <EmptyStateWt.h>
-#include <Icons.h>
 #include <LocalSnapImageIndexes.h>
 #include <PageHeader.h>
 #include <SystemAssistant.h>
@@ -25,9 +24,6 @@ using Snapshot = ChannelSnapImagesWtsBox::Snapshot;
 
 namespace {
 
-constexpr int daysShownAtFirst = 7;
-constexpr qint64 longestSpanSeconds = 2678400; // 31 days
-constexpr int separatorHeight = 24;
 constexpr int questionBeforeDeed = 3;
 constexpr int answerYes = 1;
 
@@ -46,7 +42,7 @@ LocalSnapImagesMgrPage::LocalSnapImagesMgrPage(QWidget* parent)
     , m_saveAs(new LocalFilesSaveAs(this))
 {
     m_ui->setupUi(this);
-    setUpControls();
+    m_header = LocalPageBar(this, *m_ui).setUp(tr("Local Snapshot"));
     setUpEmptyStates();
     setUpConnections();
     showContent();
@@ -54,43 +50,16 @@ LocalSnapImagesMgrPage::LocalSnapImagesMgrPage(QWidget* parent)
 
 LocalSnapImagesMgrPage::~LocalSnapImagesMgrPage() = default;
 
-void LocalSnapImagesMgrPage::setUpControls()
-{
-    m_header = new vemo_base::PageHeader(tr("Local Snapshot"), this);
-    m_ui->pageLayout->insertWidget(0, m_header);
-    const auto setIcon = [](QPushButton* button, const char* name) {
-        button->setIcon(vemo_base::Icons::icon(QLatin1String(name)));
-    };
-    setIcon(m_ui->searchBt, "search");
-    setIcon(m_ui->deleteBt, "clean");
-    setIcon(m_ui->saveAsBt, "save-as");
-    m_ui->timeRangeLabel->setForegroundRole(QPalette::PlaceholderText);
-    m_ui->separator->setForegroundRole(QPalette::Mid);
-    m_ui->separator->setFixedHeight(separatorHeight);
-
-    const QDate today = QDate::currentDate();
-    m_ui->timeRange->setUsingYearInTimeSpaceDescription(false);
-    m_ui->timeRange->setDateTimeSpace(QDateTime(today.addDays(-daysShownAtFirst), QTime(0, 0, 0)),
-                                      QDateTime(today, QTime(23, 59, 59)));
-    m_spanSelector = new vemo_base::DatetimeSpanSelWt(this);
-    m_spanSelector->setMaxSpanSeconds(longestSpanSeconds);
-}
-
 void LocalSnapImagesMgrPage::setUpEmptyStates()
 {
-    auto* nothing = new EmptyStateWt(QStringLiteral("local-snapshot"), tr("There are no snapshots in this span."),
-                                     tr("What is captured in live view or the player appears here. Choose another "
-                                        "span, or search again."),
-                                     tr("Search again"), m_ui->content);
+    const LocalPageBar bar(this, *m_ui);
+    EmptyStateWt* nothing = bar.addNothing(
+        QStringLiteral("local-snapshot"), tr("There are no snapshots in this span."),
+        tr("What is captured in live view or the player appears here. Choose another span, or search again."),
+        tr("Search again"));
     connect(nothing, &EmptyStateWt::signalButtonClicked, this, &LocalSnapImagesMgrPage::slotSearchBtClicked);
-    nothing->setButtonSecondary();
-    m_ui->content->addWidget(nothing);
-    auto* noHit = new EmptyStateWt(QStringLiteral("filter"), tr("No channel matches the filter."),
-                                   tr("The filter looks for a part of the channel's name."), tr("Clear the filter"),
-                                   m_ui->content);
-    connect(noHit, &EmptyStateWt::signalButtonClicked, m_ui->filterWt, &QLineEdit::clear);
-    noHit->setButtonSecondary();
-    m_ui->content->addWidget(noHit);
+    bar.addNoHit(tr("No channel matches the filter."), tr("The filter looks for a part of the channel's name."),
+                 tr("Clear the filter"));
 }
 
 void LocalSnapImagesMgrPage::setUpConnections()
@@ -98,20 +67,9 @@ void LocalSnapImagesMgrPage::setUpConnections()
     connect(m_ui->searchBt, &QPushButton::clicked, this, &LocalSnapImagesMgrPage::slotSearchBtClicked);
     connect(m_ui->deleteBt, &QPushButton::clicked, this, &LocalSnapImagesMgrPage::slotDeleteBtClicked);
     connect(m_ui->saveAsBt, &QPushButton::clicked, this, &LocalSnapImagesMgrPage::slotSaveAsBtClicked);
-    connect(m_ui->timeRange, &vemo_base::TimeSpaceLineEt::clicked, this, [this] {
-        m_spanSelector->setInitDateTime(m_ui->timeRange->getBeginDateTime(), m_ui->timeRange->getEndDateTime());
-        m_spanSelector->showBelow(m_ui->timeRange);
-    });
-    connect(m_spanSelector, &vemo_base::DatetimeSpanSelWt::signalDatetimeSpanSelected, m_ui->timeRange,
-            &vemo_base::TimeSpaceLineEt::setDateTimeSpace);
     connect(m_ui->filterWt, &QLineEdit::textChanged, m_ui->groups, &ChannelSnapImagesWtsBox::filter);
     connect(m_ui->groups, &ChannelSnapImagesWtsBox::signalContentChanged, this, &LocalSnapImagesMgrPage::showContent);
 
-    auto* find = new QShortcut(QKeySequence::Find, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
-    connect(find, &QShortcut::activated, m_ui->filterWt, [this] {
-        m_ui->filterWt->setFocus(Qt::ShortcutFocusReason);
-        m_ui->filterWt->selectAll();
-    });
     auto* checkAll =
         new QShortcut(QKeySequence::SelectAll, m_ui->scrollArea, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
     connect(checkAll, &QShortcut::activated, m_ui->groups, [this] { m_ui->groups->setAllChecked(true); });

@@ -5,7 +5,6 @@
 #include <memory>
 
 namespace vemo_base {
-class DatetimeSpanSelWt;
 class PageHeader;
 } // namespace vemo_base
 
@@ -39,7 +38,6 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    void setUpControls();
     void setUpEmptyStates();
     void setUpConnections();
     /// True when there are snapshots in the span.
@@ -49,7 +47,6 @@ private:
     const std::unique_ptr<Ui::LocalSnapImagesMgrPage> m_ui;
     LocalFilesSaveAs* const m_saveAs;
     vemo_base::PageHeader* m_header = nullptr;
-    vemo_base::DatetimeSpanSelWt* m_spanSelector = nullptr;
     bool m_hasSearched = false;
 };
 

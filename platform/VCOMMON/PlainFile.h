@@ -1,5 +1,7 @@
 #pragma once
 
+#include "VCOMMON_global.h"
+
 #include <QCoreApplication>
 #include <QString>
 
@@ -21,7 +23,7 @@ struct FileStamp
 };
 
 /// Calls on plain files that Qt does not offer; any thread.
-class PlainFile final
+class VCOMMON_EXPORT PlainFile final
 {
     Q_DECLARE_TR_FUNCTIONS(PlainFile)
 

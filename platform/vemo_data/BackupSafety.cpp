@@ -92,17 +92,4 @@ void BackupSafety::add(const BackupSafety& other)
     safe += other.safe;
 }
 
-QString BackupSafety::text() const
-{
-    if (!isKnown)
-        return {};
-    const auto length = [](qint64 seconds) {
-        const qint64 minutes = seconds / 60;
-        if (minutes == 0)
-            return tr("%1 s").arg(seconds);
-        return minutes < 60 ? tr("%1 min").arg(minutes) : tr("%1 h %2 min").arg(minutes / 60).arg(minutes % 60);
-    };
-    return tr("%1 of %2").arg(length(safe), length(held));
-}
-
 } // namespace vemo_data

@@ -3,7 +3,6 @@
 #include "BackupTaskInfo.h"
 #include "vemo_data_global.h"
 
-#include <QCoreApplication>
 #include <QList>
 
 namespace vemo_data {
@@ -11,8 +10,6 @@ namespace vemo_data {
 /// How much of what a device holds is safe in files.
 class VEMO_DATA_EXPORT BackupSafety final
 {
-    Q_DECLARE_TR_FUNCTIONS(vemo_data::BackupSafety)
-
 public:
     /// Of one task: its segments, its entries, and what was found on its device (of the last search). Looks at no file.
     static BackupSafety of(const BackupTaskInfo& task);
@@ -24,9 +21,6 @@ public:
     qint64 safe = 0;      ///< of these, seconds that lie in finished files
 
     void add(const BackupSafety& other);
-
-    /// "5 h 12 min of 6 h 40 min"; empty when nothing is known.
-    QString text() const;
 };
 
 } // namespace vemo_data

@@ -105,9 +105,11 @@ void BackupTaskData::updateBackupResults(const QString& taskId, const QList<Back
         });
 }
 
-void BackupTaskData::updateBackupHeld(const QString& taskId, const QList<BackupSpan>& held)
+void BackupTaskData::updateBackupHeld(const QString& taskId, const QList<BackupSpan>& held, bool isDayOver)
 {
-    Database::instance().post([taskId, held](QSqlDatabase& db) { return BackupTaskStore::setHeld(db, taskId, held); });
+    Database::instance().post([taskId, held, isDayOver](QSqlDatabase& db) {
+        return BackupTaskStore::setHeld(db, taskId, held, held.isEmpty() && isDayOver);
+    });
 }
 
 void BackupTaskData::addUnlisted(const BackupUnlisted& file)
@@ -155,7 +157,10 @@ QList<BackupTaskInfo> BackupTaskData::getAllOpenBackupTasks(const QDate& upTo) c
     QList<BackupTaskInfo> tasks;
     Database::instance().run(
         [&tasks, upTo](QSqlDatabase& db) { return BackupTaskStore::between(db, QDate(), upTo, &tasks); });
-    tasks.erase(std::remove_if(tasks.begin(), tasks.end(), isBackupCovered), tasks.end());
+    const auto isDone = [](const BackupTaskInfo& task) {
+        return isBackupCovered(task) || task.emptyLooks >= mostEmptyLooks;
+    };
+    tasks.erase(std::remove_if(tasks.begin(), tasks.end(), isDone), tasks.end());
     return tasks;
 }
 

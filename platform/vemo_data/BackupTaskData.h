@@ -22,6 +22,7 @@ class VEMO_DATA_EXPORT BackupTaskData final : public QObject
 
 public:
     static constexpr int maxSegments = 96;
+    static constexpr int mostEmptyLooks = 3;
 
     static BackupTaskData& instance();
 
@@ -35,8 +36,9 @@ public:
     bool deleteBackupTasks(const QStringList& taskIds);
     /// Replaces the task's entries; one that is not stored (deleted meanwhile) changes nothing.
     void updateBackupResults(const QString& taskId, const QList<BackupTaskInfo::FileInfo>& fileInfos);
-    /// Keeps what the device was found to hold; `held` merged and in order. Not announced.
-    void updateBackupHeld(const QString& taskId, const QList<BackupSpan>& held);
+    /// Keeps what the device was found to hold; `held` merged and in order. `isDayOver`: the day had ended when it was
+    /// searched, so that a device without a recording is not asked again and again. Not announced.
+    void updateBackupHeld(const QString& taskId, const QList<BackupSpan>& held, bool isDayOver);
 
     /// Remembers that a finished file has to get into its manifest, until it did.
     void addUnlisted(const BackupUnlisted& file);
@@ -47,7 +49,8 @@ public:
     QList<BackupTaskInfo> getBackupTasks(const QDate& date) const;
     /// The days of the month (1 to 31) that have tasks, ascending.
     QList<int> getBackupCalendar(int year, int month) const;
-    /// The tasks up to and including that day whose segments are not settled yet, oldest day first.
+    /// The tasks up to and including that day whose segments are not settled yet, oldest day first; without those whose
+    /// device was found empty mostEmptyLooks times after their day.
     QList<BackupTaskInfo> getAllOpenBackupTasks(const QDate& upTo) const;
     /// Every task, oldest day first.
     QList<BackupTaskInfo> getAllBackupTasks() const;

@@ -68,6 +68,7 @@ struct BackupTaskInfo
 
     QList<BackupSpan> held; ///< what the device held of the day at the last search, merged, in order; stored
     bool searched = false;  ///< `held` is known
+    int emptyLooks = 0;     ///< searches behind the day's end, one after the other, that found nothing; stored
 };
 
 /// A finished file of a backup that is not in its folder's manifest yet.

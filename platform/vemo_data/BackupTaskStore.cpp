@@ -197,13 +197,17 @@ bool BackupTaskStore::setResults(QSqlDatabase& db, const QString& taskId, const 
     return !*stored || (removeChildren(db, QStringLiteral("backup_files"), taskId) && addFiles(db, taskId, fileInfos));
 }
 
-bool BackupTaskStore::setHeld(QSqlDatabase& db, const QString& taskId, const QList<BackupSpan>& held)
+bool BackupTaskStore::setHeld(QSqlDatabase& db, const QString& taskId, const QList<BackupSpan>& held,
+                              bool countsAsEmpty)
 {
     bool stored = false;
     if (!isStored(db, taskId, &stored) || !stored)
         return !stored;
     QSqlQuery mark(db);
-    mark.prepare(QStringLiteral("UPDATE backup_tasks SET searched = 1 WHERE task_id = ?"));
+    mark.prepare(
+        QStringLiteral("UPDATE backup_tasks SET searched = 1, empty_looks = CASE ? WHEN 1 THEN empty_looks + 1 "
+                       "ELSE 0 END WHERE task_id = ?"));
+    mark.addBindValue(static_cast<int>(countsAsEmpty));
     mark.addBindValue(taskId);
     if (!carryOut(mark) || !removeChildren(db, QStringLiteral("backup_held"), taskId))
         return false;
@@ -260,8 +264,8 @@ bool BackupTaskStore::between(QSqlDatabase& db, const QDate& first, const QDate&
     const QString days = daysBetween(first, last);
     QSqlQuery query(db);
     query.setForwardOnly(true);
-    query.prepare(QStringLiteral("SELECT task_id, day, channel_id, channel_name, device_no, channel_no, searched "
-                                 "FROM backup_tasks WHERE %1 ORDER BY day, seq")
+    query.prepare(QStringLiteral("SELECT task_id, day, channel_id, channel_name, device_no, channel_no, searched, "
+                                 "empty_looks FROM backup_tasks WHERE %1 ORDER BY day, seq")
                       .arg(days));
     if (!carryOut(query))
         return false;
@@ -275,6 +279,7 @@ bool BackupTaskStore::between(QSqlDatabase& db, const QDate& first, const QDate&
         task.deviceNo = query.value(4).toString();
         task.channelNo = query.value(5).toInt();
         task.searched = query.value(6).toBool();
+        task.emptyLooks = query.value(7).toInt();
         places.insert(task.taskId, tasks->size());
         tasks->append(task);
     }

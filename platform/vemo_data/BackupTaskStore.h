@@ -23,7 +23,8 @@ public:
     /// `stored` tells whether the task was there.
     static bool setResults(QSqlDatabase& db, const QString& taskId, const QList<BackupTaskInfo::FileInfo>& fileInfos,
                            bool* stored);
-    static bool setHeld(QSqlDatabase& db, const QString& taskId, const QList<BackupSpan>& held);
+    /// `countsAsEmpty`: one more look that found nothing; else their count begins anew.
+    static bool setHeld(QSqlDatabase& db, const QString& taskId, const QList<BackupSpan>& held, bool countsAsEmpty);
 
     static bool addUnlisted(QSqlDatabase& db, const BackupUnlisted& file);
     static bool removeUnlisted(QSqlDatabase& db, const QString& filePath);

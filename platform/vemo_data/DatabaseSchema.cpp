@@ -215,6 +215,10 @@ const std::vector<Step>& steps()
         {
             "CREATE INDEX files_center_logs_channel ON files_center_logs (device, channel_no)",
         },
+        {
+            // Searches behind the end of the day, one after the other, that found nothing of it on the device.
+            "ALTER TABLE backup_tasks ADD COLUMN empty_looks INTEGER NOT NULL DEFAULT 0 CHECK (empty_looks >= 0)",
+        },
     };
     return all;
 }

@@ -10,6 +10,8 @@
 #include <BackupTaskData.h>
 #include <DateSelectLineEdit.h>
 #include <DevsMgrData.h>
+#include <download/DownloadEvents.h>
+#include <download/DownloadSignals.h>
 #include <LocalViewTree.h>
 #include <ProgressButton.h>
 #include <SystemConfig.h>
@@ -84,6 +86,8 @@ private slots:
     void endsASearchWithAReason_data();
     void endsASearchWithAReason();
     void ignoresTheAnswersOfOtherRows();
+    void startsTasksOfADayThatIsNotShownAnyMore();
+    void tellsWhenAFailedTaskIsTriedAgain();
     void startsAndStopsAllRows();
     void waitsBehindFiveRunningTasks();
     void asksBeforeItDeletes();
@@ -183,6 +187,7 @@ void BackupPageTest::answer(int search, int errorCode, int recordings)
     }
     emit vms_sdk::ClientSignals::instance().signalSearchVideoRecordingsRes(device().searches.at(search).requestId,
                                                                            errorCode, found);
+    QTRY_VERIFY(!BackupWorker::instance().isAtDisk());
 }
 
 void BackupPageTest::startsOnlyWhenTheDeviceAllowsIt_data()
@@ -278,6 +283,38 @@ void BackupPageTest::ignoresTheAnswersOfOtherRows()
     QVERIFY2(row(1)->isSearching(), "another row's answer ended the search");
     QVERIFY(message(1).isEmpty());
     QCOMPARE(device().renewed, QStringList{device().searches.at(1).requestId});
+}
+
+void BackupPageTest::startsTasksOfADayThatIsNotShownAnyMore()
+{
+    storeMany(2);
+    pageBt("startBt")->click();
+    const QString id = row(0)->task().taskId;
+    m_page->showDate(day.addDays(1));
+    answer(0, 0, 2);
+    QCOMPARE(BackupWorker::instance().state(id), int(vemo_data::BackupRunning));
+    m_page->showDate(day);
+    QVERIFY(startBt(0)->isChecked());
+    QVERIFY2(row(1)->isSearching() && startBt(1)->isHidden(), "the row does not show its search");
+    pageBt("stopBt")->click();
+    QVERIFY(!row(1)->isSearching());
+    QCOMPARE(BackupWorker::instance().state(id), int(vemo_data::BackupStopped));
+    QTRY_VERIFY(!BackupWorker::instance().isAtDisk());
+}
+
+void BackupPageTest::tellsWhenAFailedTaskIsTriedAgain()
+{
+    storeMany(1);
+    startBt(0)->click();
+    answer(0, 0, 2);
+    const QString id = row(0)->task().taskId;
+    emit DownloadSignals::instance().signalDownloadEvent(id, EventAbnormal, 0);
+    QTRY_VERIFY(BackupWorker::instance().retryTime(id).isValid());
+    const QString earliest = QDateTime::currentDateTime().addSecs(170).toString(QStringLiteral("HH:mm"));
+    const QString latest = QDateTime::currentDateTime().addSecs(310).toString(QStringLiteral("HH:mm"));
+    const QString told = rowPart<QLabel>(0, "state")->text();
+    QVERIFY2(told.startsWith(QStringLiteral("Retry at ")), qPrintable(told));
+    QVERIFY2(earliest > latest || (told.right(5) >= earliest && told.right(5) <= latest), qPrintable(told));
 }
 
 void BackupPageTest::startsAndStopsAllRows()
@@ -538,6 +575,15 @@ void BackupPageTest::refusesToExport()
 void BackupPageTest::namesAChannelThatIsGone()
 {
     storeMany(1);
+    vms_sdk::DevInfo info;
+    info.devId = QStringLiteral("dev");
+    info.channels.append(vms_sdk::ChannelInfo());
+    info.channels[0].channelNo = 1;
+    info.channels[0].name = QStringLiteral("Dock");
+    emit vms_sdk::ClientSignals::instance().signalDevInfoPush(info); // told later than the task was made
+    QCOMPARE(rowPart<QLabel>(0, "channelName")->text(), QStringLiteral("Dock"));
+    info.channels[0].name = QStringLiteral("Gate 1");
+    emit vms_sdk::ClientSignals::instance().signalDevInfoPush(info);
     QCOMPARE(rowPart<QLabel>(0, "channelName")->text(), QStringLiteral("Gate 1"));
     vemo_data::DevsMgrData::instance().removeDev(QStringLiteral("dev"));
     QCOMPARE(rowPart<QLabel>(0, "channelName")->text(), QStringLiteral("Gate 1(Not Exist)"));

@@ -1,6 +1,7 @@
 #include <backup/BackupLeftovers.h>
 #include <backup/BackupPieces.h>
 
+#include <axis/SpanWords.h>
 #include <BackupDay.h>
 #include <BackupSafety.h>
 
@@ -228,16 +229,34 @@ private slots:
         QCOMPARE(entries.join(QLatin1Char(' ')), settled);
     }
 
+    void writesLengths_data()
+    {
+        QTest::addColumn<int>("part");
+        QTest::addColumn<int>("whole");
+        QTest::addColumn<QString>("words");
+        QTest::newRow("hours") << 7200 << 13200 << QStringLiteral("2 h of 3 h 40 min");
+        QTest::newRow("nothing of hours") << 0 << 28859 << QStringLiteral("0 h of 8 h");
+        QTest::newRow("nothing of minutes") << 0 << 60 << QStringLiteral("0 min of 1 min");
+        QTest::newRow("seconds") << 59 << 61 << QStringLiteral("59 s of 1 min 1 s");
+        QTest::newRow("nothing at all") << 0 << 0 << QStringLiteral("0 s of 0 s");
+    }
+
+    void writesLengths()
+    {
+        QFETCH(int, part);
+        QFETCH(int, whole);
+        QTEST(vemo_base::SpanWords::share(part * 1000LL, whole * 1000LL), "words");
+    }
+
     void tellsHowMuchIsSafe()
     {
         BackupTaskInfo day =
             task(QStringLiteral("08:00-12:00 13:00-18:00"), QStringLiteral("+08:00-10:00 !10:00-12:00"));
-        QVERIFY(vemo_data::BackupSafety::of(day).text().isEmpty());
+        QVERIFY(!vemo_data::BackupSafety::of(day).isKnown);
         day.recordings = recordings(QStringLiteral("07:00-09:12 09:00-10:40 17:00-20:00"));
         const vemo_data::BackupSafety safety = vemo_data::BackupSafety::of(day);
         QCOMPARE(safety.held, qint64(160 + 60) * 60);
         QCOMPARE(safety.safe, qint64(120) * 60);
-        QCOMPARE(safety.text(), QStringLiteral("2 h 0 min of 3 h 40 min"));
         day.fileInfos[0].filePath.clear(); // no recording: nothing of it is in a file
         QCOMPARE(vemo_data::BackupSafety::of(day).safe, qint64(0));
     }

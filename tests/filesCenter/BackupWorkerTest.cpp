@@ -10,6 +10,7 @@
 #include <FilesCenterLogs.h>
 #include <SystemConfig.h>
 #include <SystemMsg.h>
+#include <vms_sdk.h>
 
 #include <QDir>
 #include <QFileInfo>
@@ -49,6 +50,7 @@ private slots:
         vemo_worker::SystemConfig::instance().setRecordingBackupPath(m_root);
         m_now = QDateTime(QDate(2026, 1, 20), QTime(12, 0));
         m_random = 0;
+        m_isFileLost = false;
         m_worker =
             std::make_unique<BackupWorker>(BackupWorker::Seams{[this] { return m_now; }, [this] { return m_random; }});
     }
@@ -152,6 +154,10 @@ private slots:
         auto* retry = m_worker->findChild<QTimer*>(QStringLiteral("retry"));
         QVERIFY(retry && retry->isSingleShot());
         QCOMPARE(retry->interval(), delayMs);
+        QVERIFY(qAbs(m_worker->retryTime(QStringLiteral("a")).msecsTo(m_now) + delayMs) < 1000);
+        m_now = m_now.addSecs(-7 * 3600); // the clock was set: the wait stays as long
+        QVERIFY(qAbs(m_worker->retryTime(QStringLiteral("a")).msecsTo(m_now) + delayMs) < 1000);
+        m_now = m_now.addSecs(7 * 3600);
         m_world->sdks.takeCalls();
         retry->start(0);
         QTRY_COMPARE(m_worker->state(QStringLiteral("a")), int(vemo_data::BackupRunning));
@@ -160,13 +166,12 @@ private slots:
                                                               : QStringLiteral("20260110080000"));
     }
 
-    void leavesAStoppedTaskAloneWhenItsRetryComes()
+    void forgetsTheRetryOfATaskThatIsStopped()
     {
         start(task("a", "08:00:00-09:00:59"), "07:00:00-20:00:00");
         event("a", EventAbnormal);
         m_worker->stopTask(QStringLiteral("a"));
-        m_worker->findChild<QTimer*>(QStringLiteral("retry"))->start(0);
-        QTest::qWait(20);
+        QVERIFY(!m_worker->retryTime(QStringLiteral("a")).isValid());
         QCOMPARE(m_worker->state(QStringLiteral("a")), int(vemo_data::BackupStopped));
         QCOMPARE(m_worker->busyCount(), 0);
     }
@@ -185,15 +190,24 @@ private slots:
     void stopsWhereTheTimeIsAhead_data()
     {
         QTest::addColumn<QDate>("date");
+        QTest::addColumn<int>("skewHours");
         QTest::addColumn<QString>("left");
-        QTest::newRow("a day to come") << QDate(2026, 1, 21) << "";
-        QTest::newRow("today, finished up to now") << QDate(2026, 1, 20) << "+08:00:00-11:59:50";
+        QTest::newRow("a day to come") << QDate(2026, 1, 21) << 0 << "";
+        QTest::newRow("today, finished up to now") << QDate(2026, 1, 20) << 0 << "+08:00:00-11:59:50";
+        // What the recorder has not recorded yet is not settled by a clock of ours that is fast.
+        QTest::newRow("our clock is 30 h fast") << QDate(2026, 1, 19) << -30 << "+08:00:00-11:59:50";
+        QTest::newRow("our clock is 3 h slow") << QDate(2026, 1, 20) << 3 << "+08:00:00-11:59:50";
     }
 
     void stopsWhereTheTimeIsAhead()
     {
         QFETCH(QDate, date);
+        QFETCH(int, skewHours);
         QFETCH(QString, left);
+        vms_sdk::DevInfo device;
+        device.devId = QStringLiteral("dev");
+        device.clockSkewMs = skewHours * 3'600'000LL;
+        emit vms_sdk::ClientSignals::instance().signalDevInfoPush(device);
         BackupTaskInfo ahead = task("a", "08:00:00-23:59:59");
         ahead.date = date;
         start(ahead, "07:00:00-11:59:50", date);
@@ -264,6 +278,7 @@ private slots:
         const QString closed = m_world->writeFile(QFileInfo(fileOf("a")).path() + QStringLiteral("/x_closed.mp4"));
         emit DownloadSignals::instance().signalDownloadFileToggle(QStringLiteral("a"), closed, 0,
                                                                   QueueWorld::at(8, 20));
+        settleFiles();
         QCOMPARE(entries("a"), QStringLiteral("+08:00:00-08:20:00 !08:20:00-09:00:59"));
         m_world->writeFile(fileOf("a"));
         event("a", EventFinished, 100);
@@ -296,6 +311,46 @@ private slots:
         QCOMPARE(fileOf("b"), unknown);
         QCOMPARE(QFileInfo(QFileInfo(first).path() + QStringLiteral("/100000-110059 (2).mp4")).size(), qint64(77));
         QCOMPARE(QFileInfo(first).size(), qint64(1000));
+    }
+
+    void settlesNothingOnAnotherDisk_data()
+    {
+        QTest::addColumn<QString>("how");
+        for (const char* how : {"gone", "another disk", "file lost"})
+            QTest::newRow(how) << QString::fromLatin1(how);
+    }
+
+    /// The disk goes while a piece is fetched, and comes back.
+    void settlesNothingOnAnotherDisk()
+    {
+        QFETCH(QString, how);
+        start(task("a", "08:00:00-09:00:59"), "07:00:00-20:00:00");
+        const QString away = m_root + QStringLiteral(".away");
+        m_isFileLost = true;
+        if (how != QLatin1String("file lost")) {
+            m_world->writeFile(fileOf("a"));
+            QVERIFY(QDir().rename(m_root, away));
+        }
+        if (how == QLatin1String("another disk"))
+            QVERIFY(QDir().mkpath(m_root));
+        event("a", EventFinished, 100);
+        QCOMPARE(entries("a").left(2), QStringLiteral("!0")); // not settled
+        const QString text = m_worker->message(QStringLiteral("a"));
+        QCOMPARE(text.contains(QStringLiteral("lies on another disk")), how != QLatin1String("file lost"));
+        QVERIFY(m_worker->retryTime(QStringLiteral("a")).isValid());
+        if (how == QLatin1String("another disk")) {
+            QVERIFY2(QDir(m_root).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).isEmpty(),
+                     "something was written to the other disk");
+            QVERIFY(QDir().rmdir(m_root));
+        }
+        if (how != QLatin1String("file lost"))
+            QVERIFY(QDir().rename(away, m_root));
+        m_isFileLost = false;
+        m_worker->findChild<QTimer*>(QStringLiteral("retry"))->start(0);
+        QTRY_COMPARE(m_worker->state(QStringLiteral("a")), int(vemo_data::BackupRunning));
+        event("a", EventFinished, 100);
+        QCOMPARE(entries("a"), QStringLiteral("+08:00:00-09:00:59"));
+        QCOMPARE(filesThere(), QStringLiteral("080000-090059.mp4"));
     }
 
     void takesNoMoreTasksADayThanItHolds()
@@ -332,7 +387,7 @@ private slots:
         start(killed, "07:00:00-20:00:00");
         QCOMPARE(asked(), QString()); // the file may still be in work
         m_world->sdks.isRepaired = true;
-        QTRY_COMPARE_WITH_TIMEOUT(m_worker->state(QStringLiteral("a")), int(vemo_data::BackupRunning), 1500);
+        QTRY_COMPARE_WITH_TIMEOUT(m_worker->state(QStringLiteral("a")), int(vemo_data::BackupRunning), 3000);
         QCOMPARE(asked(), QStringLiteral("20260110084000 20260110090059 084000-090059.mp4"));
         QCOMPARE(entries("a"), QStringLiteral("+08:00:00-08:40:00 !08:40:00-09:00:59"));
         QCOMPARE(filesThere(), QStringLiteral("080000-084000.mp4"));
@@ -367,17 +422,25 @@ private:
             info.recordings.append(recording);
         }
         m_worker->startTask(info);
+        settleFiles();
     }
+
+    /// What was asked of the disk is done, and what it led to.
+    void settleFiles() const { QTRY_VERIFY(!m_worker->isAtDisk()); }
 
     /// A finish by way of the SDK, which ends its task; the rest as the worker of downloads tells it.
     void event(const char* id, int eventId, int value = 0)
     {
         if (eventId != EventFinished) {
             emit DownloadSignals::instance().signalDownloadEvent(QLatin1String(id), eventId, value);
+            settleFiles();
             return;
         }
+        if (!QFileInfo::exists(fileOf(id)) && !m_isFileLost)
+            m_world->writeFile(fileOf(id));
         m_world->sdks.libraryEvent(id, VAWS_EVENT_FINISHED, value);
         QCoreApplication::sendPostedEvents();
+        settleFiles();
     }
 
     /// Begin, end and file name of the last download that the SDK was asked for since the last question.
@@ -446,6 +509,7 @@ private:
     QString m_root;
     QDateTime m_now;
     quint64 m_random = 0;
+    bool m_isFileLost = false; ///< a download that ends leaves none
 };
 
 QTEST_MAIN(BackupWorkerTest)

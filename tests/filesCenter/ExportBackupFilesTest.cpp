@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QDirIterator>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
 #include <QSignalSpy>
@@ -166,6 +167,43 @@ private slots:
             }
         }
         QCOMPARE(copies, counts.succeeded);
+    }
+
+    void cancelsOnATargetThatIsSlow_data()
+    {
+        QTest::addColumn<int>("whole");
+        QTest::newRow("before the first byte") << 0;
+        QTest::newRow("in the second of three files") << 1;
+    }
+
+    void cancelsOnATargetThatIsSlow()
+    {
+        QFETCH(int, whole);
+        for (const char* name : {"080000-090000.mp4", "100000-110000.mp4", "120000-130000.mp4"})
+            addPiece(name, 200'000);
+        QVERIFY(QFile::resize(m_task.fileInfos.at(1).filePath, 2'000'000'000)); // of holes: seconds on any disk
+        ExportBackupFiles files;
+        QElapsedTimer sinceCancel;
+        connect(&files, &ExportBackupFiles::signalExportProgress, this, [&](qint64, int finished, int) {
+            if (finished == whole && !sinceCancel.isValid()) {
+                sinceCancel.start();
+                files.cancel();
+            }
+        });
+        const QByteArray before = sumOf(m_backup);
+        QSignalSpy finished(&files, &ExportBackupFiles::signalExportFinished);
+        QVERIFY(files.exportTask(m_task, m_target));
+        if (whole == 0) {
+            sinceCancel.start();
+            files.cancel();
+        }
+        QTRY_COMPARE_WITH_TIMEOUT(finished.size(), 1, 60000);
+        QVERIFY2(sinceCancel.elapsed() < 5000, "cancelling takes as long as the copy");
+        QCOMPARE(finished.at(0), QList<QVariant>({whole, whole, 0}));
+        QCOMPARE(sumOf(m_backup), before);
+        QCOMPARE(QDir(m_exported).entryList({QStringLiteral("*.mp4"), QStringLiteral("*.part")}, QDir::Files).size(),
+                 whole);
+        QCOMPARE(BackupManifestFile::read(m_exported).size(), whole);
     }
 
     void tellsOriginalsThatWereDamagedSinceTheirBackup()

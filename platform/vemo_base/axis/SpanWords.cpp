@@ -31,7 +31,7 @@ QString SpanWords::span(const TimeSpan& span, const QDate& day)
 
 QString SpanWords::length(qint64 ms)
 {
-    const qint64 seconds = (ms + 500) / 1000;
+    const qint64 seconds = (qMax<qint64>(0, ms) + 500) / 1000;
     const qint64 minutes = seconds / 60;
     const qint64 hours = minutes / 60;
     if (hours > 0)
@@ -39,6 +39,16 @@ QString SpanWords::length(qint64 ms)
     if (minutes > 0)
         return seconds % 60 == 0 ? tr("%1 min").arg(minutes) : tr("%1 min %2 s").arg(minutes).arg(seconds % 60);
     return tr("%1 s").arg(seconds);
+}
+
+QString SpanWords::share(qint64 partMs, qint64 wholeMs)
+{
+    constexpr qint64 minuteMs = 60'000;
+    constexpr qint64 hourMs = 60 * minuteMs;
+    QString part = length(partMs);
+    if (partMs == 0 && wholeMs >= minuteMs)
+        part = wholeMs < hourMs ? tr("%1 min").arg(0) : tr("%1 h").arg(0);
+    return tr("%1 of %2").arg(part, length(wholeMs));
 }
 
 QString SpanWords::recordings(int count)

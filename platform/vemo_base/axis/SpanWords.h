@@ -22,6 +22,8 @@ public:
     static QString span(const TimeSpan& span, const QDate& day);
     /// "2 h 15 min", "4 min 10 s", "45 s"
     static QString length(qint64 ms);
+    /// "5 h 12 min of 8 h"; nothing is told in the unit of the whole: "0 h of 8 h".
+    static QString share(qint64 partMs, qint64 wholeMs);
     static QString recordings(int count); ///< "1 recording", "12 recordings"
     static QString channels(int count);
     /// "UTC+01:00"
