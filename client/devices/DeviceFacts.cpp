@@ -16,10 +16,12 @@ QString tr(const char* text)
     return QCoreApplication::translate("vemo_client::DeviceFacts", text);
 }
 
-QString useOf(const vemo_data::DevRecord& record, bool supportsBackup)
+QString useOf(const vemo_data::DevRecord& record, bool isKnown, bool supportsBackup)
 {
     if (record.kind == vemo_data::DevKind::RtspSource)
         return tr("Live view alone");
+    if (!isKnown)
+        return QString();
     return supportsBackup ? tr("Live view, playback and backup") : tr("Live view and playback");
 }
 
@@ -43,7 +45,7 @@ DeviceFacts DeviceFacts::of(const QString& devId, const RecorderLogins& logins)
     facts.model = info.model;
     facts.firmware = info.firmware;
     facts.serialNumber = info.serialNumber;
-    facts.use = useOf(record, info.supportsBackup);
+    facts.use = useOf(record, !info.channels.isEmpty(), info.supportsBackup);
     facts.channels = info.channels.size();
     facts.supportsBackup = info.supportsBackup;
     facts.lastSeen = devices.lastSeen(devId).toLocalTime();

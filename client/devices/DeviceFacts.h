@@ -23,7 +23,7 @@ struct DeviceFacts
     QString model;
     QString firmware;
     QString serialNumber;
-    QString use; ///< what it can be used for
+    QString use; ///< what it can be used for, empty while that is not known
     int channels = 0;
     bool supportsBackup = false;
     QDateTime lastSeen; ///< local; invalid: never

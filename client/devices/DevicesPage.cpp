@@ -2,6 +2,7 @@
 
 #include "CertificateDialog.h"
 #include "DeviceDetailsWt.h"
+#include "DeviceListBt.h"
 #include "DevicesTable.h"
 #include "DiscoveryDialog.h"
 #include "GroupDialog.h"
@@ -48,6 +49,7 @@ DevicesPage::DevicesPage(RecorderLogins* logins, QWidget* parent)
                                             tr("Find on the network..."), PageHeader::Weight::Secondary);
     QPushButton* add = m_header->addButton(QStringLiteral("addBt"), QStringLiteral("add"), tr("Add by address..."),
                                            PageHeader::Weight::Primary);
+    m_header->addTool(new DeviceListBt(m_logins, m_header));
     connect(find, &QPushButton::clicked, this, &DevicesPage::findOnNetwork);
     connect(add, &QPushButton::clicked, this, &DevicesPage::addByAddress);
 

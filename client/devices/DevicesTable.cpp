@@ -66,7 +66,7 @@ DevicesTable::DevicesTable(RecorderLogins* logins, QWidget* parent)
     m_table->setHorizontalHeaderLabels({tr("All"), tr("Name"), tr("State"), tr("Address"), tr("Group"), tr("Channels"),
                                         tr("Model"), tr("Backup"), tr("Last seen"), tr("Oper")});
     m_table->setCheckHeader(tr("All"));
-    m_table->setColumnRoom({80, 0, 164, 190, 124, 90, 150, 84, 168, 148});
+    m_table->setColumnRoom({80, 0, 160, 170, 112, 84, 142, 76, 156, 140});
     for (const int column : {AddressColumn, GroupColumn, ModelColumn, BackupColumn, LastSeenColumn})
         m_table->setColumnTone(column, vemo_base::Token::Text2);
     m_table->setColumnElide(AddressColumn, Qt::ElideMiddle);
@@ -181,7 +181,8 @@ void DevicesTable::writeRow(int row, const QString& devId)
     const QString make = QString(facts.maker + QLatin1Char(' ') + facts.model).trimmed();
     setQuietly(model, Qt::ToolTipRole,
                facts.firmware.isEmpty() ? QVariant() : QVariant(tr("%1, firmware %2").arg(make, facts.firmware)));
-    cell(m_table, row, BackupColumn, facts.supportsBackup ? tr("Yes") : tr("No"), facts.supportsBackup);
+    const QString backup = facts.channels == 0 ? QString() : facts.supportsBackup ? tr("Yes") : tr("No");
+    cell(m_table, row, BackupColumn, backup, facts.supportsBackup);
     cell(m_table, row, LastSeenColumn, facts.lastSeenWords(), facts.lastSeen);
     m_words.insert(devId, facts.searchWords());
     if (!m_filter.isEmpty())

@@ -60,6 +60,9 @@ DiscoveryDialog::DiscoveryDialog(RecorderLogins* logins, QWidget* parent)
     m_progress->setRange(0, NetworkSearch::durationMs);
     m_progress->setTextVisible(false);
     m_progress->setFixedHeight(progressHeight);
+    QSizePolicy keepsRoom = m_progress->sizePolicy();
+    keepsRoom.setRetainSizeWhenHidden(true);
+    m_progress->setSizePolicy(keepsRoom);
     m_progress->setAccessibleName(tr("Time of the search"));
     m_words->setForegroundRole(QPalette::PlaceholderText);
     m_nothing->setWordWrap(true);
@@ -155,6 +158,7 @@ void DiscoveryDialog::search()
     m_content->setCurrentIndex(0);
     m_again->setEnabled(false);
     m_progress->setValue(0);
+    m_progress->show();
     m_search.start();
     m_progressTimer.start(progressMs);
     showFound();
@@ -185,7 +189,10 @@ void DiscoveryDialog::showFound()
             if (isNew)
                 box->setCheckState(wasChecked ? Qt::Checked : Qt::Unchecked);
             m_table->setItem(row, AllColumn, box);
-            const QString name = !each.dev.name.isEmpty() ? each.dev.name : each.address.host();
+            const QString known = vemo_data::DevsMgrData::instance().getDevInfoById(each.devId).name;
+            const QString name = !known.isEmpty()           ? known
+                                 : !each.dev.name.isEmpty() ? each.dev.name
+                                                            : each.address.host();
             const QStringList texts{name, each.dev.model, RecorderAddress::text(each.address), words.word};
             for (int column = NameColumn; column < ColumnCount; ++column) {
                 auto* item = new QTableWidgetItem(texts.at(column - NameColumn));
@@ -243,7 +250,7 @@ void DiscoveryDialog::showChosen()
 void DiscoveryDialog::takeFinished(const vms_sdk::Error& error)
 {
     m_progressTimer.stop();
-    m_progress->setValue(m_progress->maximum());
+    m_progress->hide();
     m_again->setEnabled(true);
     showFound();
     if (!m_search.found().isEmpty())

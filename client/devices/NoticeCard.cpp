@@ -17,6 +17,7 @@ namespace {
 constexpr int padding = 12;
 constexpr int iconExtent = 18;
 constexpr int iconGap = 10;
+constexpr int deedGap = 6;
 constexpr double radius = 6;
 constexpr int tint = 26;     // 10 %
 constexpr int outline = 115; // 45 %
@@ -46,7 +47,10 @@ NoticeCard::NoticeCard(QWidget* parent)
     layout->setSpacing(2);
     layout->addWidget(m_title);
     layout->addWidget(m_text);
-    layout->addWidget(m_deed, 0, Qt::AlignLeading);
+    auto* deed = new QVBoxLayout;
+    deed->setContentsMargins(0, deedGap, 0, 0);
+    deed->addWidget(m_deed, 0, Qt::AlignLeading);
+    layout->addLayout(deed);
 }
 
 void NoticeCard::tell(Weight weight, const QString& title, const QString& text, const QString& deed)

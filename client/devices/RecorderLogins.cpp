@@ -79,6 +79,15 @@ QString RecorderLogins::add(const vemo_data::DevRecord& record, const QString& p
     return devId;
 }
 
+void RecorderLogins::addWithoutPassword(const vemo_data::DevRecord& record)
+{
+    const QString devId = DevsMgrData::instance().addDev(record);
+    const bool needsNone = record.user.isEmpty();
+    setPhase(devId, !record.enabled ? Phase::Disabled : needsNone ? Phase::Connecting : Phase::PasswordWanted);
+    if (record.enabled && needsNone)
+        logIn(devId);
+}
+
 void RecorderLogins::change(const vemo_data::DevRecord& record, const std::optional<QString>& password)
 {
     if (!m_logins.contains(record.devId))

@@ -47,6 +47,8 @@ public:
 
     /// Stores the recorder and logs in; returns its id.
     QString add(const vemo_data::DevRecord& record, const QString& password);
+    /// Stores a recorder whose password is not known yet: it waits for that.
+    void addWithoutPassword(const vemo_data::DevRecord& record);
     /// Stores another address, user or name, and logs in anew; without a password the kept one stays.
     void change(const vemo_data::DevRecord& record, const std::optional<QString>& password);
     /// Forgets the recorder, its channels and its password. Tasks and files of it stay.
