@@ -5,6 +5,7 @@
 
 #include "devices/AddressWatch.h"
 #include "devices/DevicesPage.h"
+#include "live/LivePage.h"
 #include "logs/LogsPage.h"
 #include "playback/PlaybackPage.h"
 #include "settings/SettingsPage.h"
@@ -12,6 +13,7 @@
 #include <SystemWorker.h>
 
 #include <QCoreApplication>
+#include <QPointer>
 
 namespace vemo_client {
 
@@ -26,7 +28,12 @@ ModulePage devices(ShellWt* shell, RecorderLogins* logins)
 {
     new AddressWatch(logins, shell);
     return {ModulePages::devicesKey(), PagesText::tr("Devices"), QStringLiteral("devices"), vemo_worker::PowerDevices,
-            [logins](QWidget* parent) -> QWidget* { return new DevicesPage(logins, parent); }};
+            [shell, logins](QWidget* parent) -> QWidget* {
+                auto* page = new DevicesPage(logins, parent);
+                QObject::connect(shell, &ShellWt::signalRecordersWanted, page, &DevicesPage::findOnNetwork);
+                QObject::connect(shell, &ShellWt::signalRecorderAsked, page, &DevicesPage::showRecorder);
+                return page;
+            }};
 }
 
 ModulePage playback(ShellWt* shell, RecorderLogins* logins)
@@ -37,6 +44,18 @@ ModulePage playback(ShellWt* shell, RecorderLogins* logins)
                 QObject::connect(page, &PlaybackPage::signalQueued, shell, &ShellWt::tellQueued);
                 QObject::connect(shell, &ShellWt::signalRecorderAsked, page, &PlaybackPage::showRecorder);
                 QObject::connect(shell, &ShellWt::signalAboutToClose, page, &PlaybackPage::remember);
+                return page;
+            }};
+}
+
+ModulePage live(ShellWt* shell, RecorderLogins* logins)
+{
+    return {QStringLiteral("live"), PagesText::tr("Live"), QStringLiteral("live"), vemo_worker::PowerLive,
+            [shell, logins](QWidget* parent) -> QWidget* {
+                auto* page = new LivePage(logins, parent);
+                shell->addQuitConcern(
+                    [page = QPointer<LivePage>(page)] { return page ? page->quitConcern() : QString(); });
+                QObject::connect(shell, &ShellWt::signalAboutToClose, page, &LivePage::remember);
                 return page;
             }};
 }
@@ -68,7 +87,8 @@ ModulePage settings(ShellWt* shell)
 
 QVector<ModulePage> ModulePages::of(ShellWt* shell, RecorderLogins* logins)
 {
-    return {devices(shell, logins), playback(shell, logins), filesCenter(), logs(), settings(shell)};
+    return {devices(shell, logins), playback(shell, logins), live(shell, logins), filesCenter(), logs(),
+            settings(shell)};
 }
 
 QString ModulePages::devicesKey()

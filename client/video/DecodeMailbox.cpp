@@ -78,6 +78,7 @@ qint64 DecodeMailbox::reset()
         m_units.push_back(unit);
     }
     m_pictures.clear();
+    m_isShownOld = true;
     m_stepWanted = false;
     m_waitsForKey = false;
     m_results.picture.reset();
@@ -102,13 +103,19 @@ void DecodeMailbox::wantFull()
     m_fullWanted = true;
 }
 
+void DecodeMailbox::showFirst()
+{
+    m_shown = m_pictures.front();
+    m_isShownOld = false;
+    m_pictures.pop_front();
+}
+
 bool DecodeMailbox::takeDue(qint64 utcNs, VideoPicture* picture)
 {
     const QMutexLocker lock(&m_mutex);
     bool taken = false;
     while (!m_pictures.empty() && m_pictures.front().picture.utcNs <= utcNs) {
-        m_shown = m_pictures.front();
-        m_pictures.pop_front();
+        showFirst();
         taken = true;
     }
     if (taken)
@@ -122,8 +129,7 @@ bool DecodeMailbox::takeNext(VideoPicture* picture)
     m_stepWanted = m_pictures.empty();
     if (m_stepWanted)
         return false;
-    m_shown = m_pictures.front();
-    m_pictures.pop_front();
+    showFirst();
     *picture = m_shown.picture;
     return true;
 }
@@ -137,7 +143,9 @@ DecodeMailbox::Results DecodeMailbox::takeResults()
 qint64 DecodeMailbox::queuedUntilNs() const
 {
     const QMutexLocker lock(&m_mutex);
-    return m_pictures.empty() ? m_shown.picture.utcNs : m_pictures.back().picture.utcNs;
+    if (!m_pictures.empty())
+        return m_pictures.back().picture.utcNs;
+    return m_isShownOld ? 0 : m_shown.picture.utcNs;
 }
 
 qint64 DecodeMailbox::waitingBytes() const
@@ -190,6 +198,7 @@ void DecodeMailbox::addPicture(const Shot& shot, quint64 generation)
         return;
     }
     m_shown = shot;
+    m_isShownOld = false;
     m_results.picture = shot.picture;
 }
 

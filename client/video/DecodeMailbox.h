@@ -85,6 +85,8 @@ public:
     void addProblem(const QString& sentence);
 
 private:
+    void showFirst();
+
     mutable QMutex m_mutex;
     std::deque<Unit> m_units;
     qint64 m_unitBytes = 0;
@@ -98,6 +100,7 @@ private:
     bool m_fullWanted = false;
     std::deque<Shot> m_pictures; ///< that wait
     Shot m_shown;
+    bool m_isShownOld = true; ///< from before the latest reset
     Results m_results;
 };
 

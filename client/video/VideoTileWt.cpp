@@ -1,8 +1,9 @@
 #include "VideoTileWt.h"
 
-#include "ChannelMime.h"
 #include "StreamDecoder.h"
 #include "TileActionsWt.h"
+
+#include "devices/ChannelMime.h"
 
 #include <Icons.h>
 #include <Theme.h>
@@ -11,6 +12,7 @@
 #include <QContextMenuEvent>
 #include <QDrag>
 #include <QHelpEvent>
+#include <QMimeData>
 #include <QPainter>
 #include <QPushButton>
 #include <QToolTip>

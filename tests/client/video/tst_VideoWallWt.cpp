@@ -1,16 +1,16 @@
-#include "video/ChannelMime.h"
+#include "devices/ChannelMime.h"
 #include "video/VideoTileWt.h"
 #include "video/VideoWallWt.h"
 
 #include <QDropEvent>
+#include <QMimeData>
 #include <QSignalSpy>
 #include <QtTest>
 
 using vemo_client::ChannelRef;
 using vemo_client::VideoTileWt;
 using vemo_client::VideoWallWt;
-using vemo_client::ChannelMime::decode;
-using vemo_client::ChannelMime::encode;
+using vemo_client::ChannelMime;
 
 class VideoWallTest final : public QObject
 {
@@ -19,8 +19,6 @@ class VideoWallTest final : public QObject
 private slots:
     void movesTheSelectionAndEnlargesByKeys();
     void takesChannelsThatAreDropped();
-    void refusesOtherData_data();
-    void refusesOtherData();
 };
 
 void VideoWallTest::movesTheSelectionAndEnlargesByKeys()
@@ -58,7 +56,7 @@ void VideoWallTest::takesChannelsThatAreDropped()
     QSignalSpy dropped(&wall, &VideoWallWt::signalChannelDropped);
     const ChannelRef channel{QStringLiteral("dév 1"), 12};
     QMimeData data;
-    data.setData(vemo_client::ChannelMime::type(), encode(channel));
+    data.setData(ChannelMime::type(), ChannelMime::encode(channel));
     QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(wall.tile(2), &enter);
     QVERIFY(enter.isAccepted());
@@ -68,26 +66,6 @@ void VideoWallTest::takesChannelsThatAreDropped()
     QCOMPARE(dropped.first().first().toInt(), 2);
     QVERIFY(dropped.first().last().value<ChannelRef>() == channel);
     QCOMPARE(wall.selected(), 2);
-}
-
-void VideoWallTest::refusesOtherData_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::newRow("nothing") << QByteArray();
-    QTest::newRow("no number") << QByteArray("dev");
-    QTest::newRow("no recorder") << QByteArray("\0"
-                                               "3",
-                                               2);
-    QTest::newRow("a number that is none") << QByteArray("dev\0x", 5);
-    QTest::newRow("below the first channel") << QByteArray("dev\0-1", 6);
-}
-
-void VideoWallTest::refusesOtherData()
-{
-    QFETCH(QByteArray, bytes);
-    QMimeData data;
-    data.setData(vemo_client::ChannelMime::type(), bytes);
-    QVERIFY(!decode(&data));
 }
 
 QTEST_MAIN(VideoWallTest)
