@@ -1,5 +1,7 @@
 #include "DayAxisWt.h"
 
+#include "ChannelDayWords.h"
+
 #include <axis/AxisPainter.h>
 #include <axis/SpanWords.h>
 #include <player/TransportButton.h>
@@ -127,6 +129,7 @@ void DayAxisWt::setDay(const DayAxis& axis)
     m_pick.setAxis(axis);
     m_currentMs = axis.beginMs();
     m_cursorMs = 0;
+    lay();
     changeView(TimeView());
     describe();
 }
@@ -134,12 +137,23 @@ void DayAxisWt::setDay(const DayAxis& axis)
 void DayAxisWt::setChannels(const QVector<ChannelDay>& channels)
 {
     m_channels = channels;
-    m_isLaid.fill(false);
+    lay();
     m_currentRow = qBound(0, m_currentRow, qMax(0, m_channels.size() - 1));
     updateGeometry();
     updateScroll();
     describe();
     viewport()->update();
+}
+
+void DayAxisWt::lay()
+{
+    m_lines.fill({}, m_channels.size());
+    m_isLaid.fill(false, m_channels.size());
+    m_stretches.clear();
+    for (const ChannelDay& day : qAsConst(m_channels))
+        m_stretches.append({AxisRow::stretches(m_axis, day.recordings),
+                            AxisRow::chosenStretches(m_axis, day.recordings, day.chosen),
+                            AxisRow::spanStretches(m_axis, day.owned)});
 }
 
 void DayAxisWt::setSpan(const std::optional<TimeSpan>& span)
@@ -265,18 +279,16 @@ void DayAxisWt::resizeEvent(QResizeEvent*)
 
 const TimeLinePainter::Row& DayAxisWt::line(int row, int pixels)
 {
-    if (m_lines.size() != m_channels.size() || m_linePixels != pixels) {
-        m_lines = QVector<TimeLinePainter::Row>(m_channels.size());
-        m_isLaid.fill(false, m_channels.size());
-        m_linePixels = pixels;
-    }
+    if (m_linePixels != pixels)
+        m_isLaid.fill(false);
+    m_linePixels = pixels;
     TimeLinePainter::Row& line = m_lines[row];
     if (!m_isLaid.at(row)) {
-        const ChannelDay& day = m_channels.at(row);
+        const Stretches& stretches = m_stretches.at(row);
         const DayAxis::Piece view{m_view.from(), m_view.to()};
-        line.runs = AxisRow::runs(m_axis, day.recordings, pixels, leastAlarm, view);
-        line.chosen = AxisRow::chosenRuns(m_axis, day.recordings, day.chosen, pixels, view);
-        line.owned = AxisRow::spanRuns(m_axis, day.owned, pixels, view);
+        line.runs = AxisRow::runs(stretches.recordings, pixels, leastAlarm, view);
+        line.chosen = AxisRow::runs(stretches.chosen, pixels, 1, view);
+        line.owned = AxisRow::runs(stretches.owned, pixels, 1, view);
         m_isLaid[row] = true;
     }
     return line;
@@ -325,65 +337,24 @@ void DayAxisWt::paintRows(TimeLinePainter& painter, int pixels)
         const bool isCurrent = day.channel == m_selected || (m_keyboardFocus && row == m_currentRow);
         painter.name(QRect(edge, rect.y(), nameWidth - edge - 8, rect.height()), day.name,
                      isCurrent && m_channels.size() > 1);
-        const QString words = stateWords(day);
+        const QString words = ChannelDayWords::state(day);
         if (!words.isEmpty())
             painter.words(rect.adjusted(8, 0, -8, 0), words, day.state == ChannelDay::State::Failed);
     }
 }
 
-QString DayAxisWt::stateWords(const ChannelDay& day) const
-{
-    if (day.state == ChannelDay::State::Searching)
-        return tr("Searching...");
-    if (day.state == ChannelDay::State::Failed)
-        return day.error.message;
-    if (day.state == ChannelDay::State::Found && day.recordings.isEmpty())
-        return tr("No recording on this day");
-    return {};
-}
-
-QString DayAxisWt::tipOf(int row, qint64 ms) const
-{
-    const QString clockNote = SpanWords::clockNote(m_axis, m_axis.positionOf(ms));
-    QString text;
-    if (row >= 0 && m_channels.at(row).state == ChannelDay::State::Found) {
-        const TimeSpan stretch = stretchAt(row, ms);
-        const QList<vms_sdk::VideoRecording>& recordings = m_channels.at(row).recordings;
-        const int index = AxisRow::recordingAt(recordings, ms);
-        const Token token = index < 0                        ? Token::AxisNoRecording
-                            : recordings.at(index).type != 0 ? Token::AxisAlarm
-                                                             : Token::AxisRecording;
-        const QString word = index < 0                        ? tr("No recording")
-                             : recordings.at(index).type != 0 ? tr("Alarm")
-                                                              : tr("Recording");
-        text = SpanWords::swatchLine(dark(token), SpanWords::span(stretch, m_axis.day()) + QLatin1String("  ") + word);
-    } else if (row >= 0 && m_channels.at(row).state == ChannelDay::State::Failed) {
-        text = m_channels.at(row).error.message.toHtmlEscaped();
-    } else {
-        text = SpanWords::clock(ms, m_axis.day());
-    }
-    return clockNote.isEmpty() ? text : QString(text % QLatin1String("<br>") % clockNote);
-}
-
 TimeSpan DayAxisWt::stretchAt(int row, qint64 ms) const
 {
-    const QList<vms_sdk::VideoRecording>& recordings = m_channels.at(row).recordings;
-    const int index = AxisRow::recordingAt(recordings, ms);
-    TimeSpan stretch;
-    if (index < 0) {
-        AxisRow::gapAt(m_axis, recordings, ms, &stretch.beginMs, &stretch.endMs);
-    } else {
-        stretch.beginMs = qMax(m_axis.beginMs(), recordings.at(index).begin.toMSecsSinceEpoch());
-        stretch.endMs = qMin(m_axis.endMs(), recordings.at(index).end.toMSecsSinceEpoch());
-    }
-    return stretch;
+    return ChannelDayWords::stretchAt(m_axis, m_channels.at(row), ms);
 }
 
 void DayAxisWt::showTip(const QPoint& position, int row, qint64 ms)
 {
+    const QString tip =
+        row >= 0 ? ChannelDayWords::tip(m_axis, m_channels.at(row), ms) : SpanWords::clock(ms, m_axis.day());
     // Below the axis: a card on the next channel would hide what it is compared with.
     const QPoint below(position.x(), axisRect().bottom() + scaleRoom - 8);
-    QToolTip::showText(viewport()->mapToGlobal(below), tipOf(row, ms), viewport());
+    QToolTip::showText(viewport()->mapToGlobal(below), tip, viewport());
 }
 
 bool DayAxisWt::viewportEvent(QEvent* event)

@@ -88,15 +88,14 @@ private:
     const TimeLinePainter::Row& line(int row, int pixels);
     void addZoomButtons();
     void changeView(const TimeView& view);
+    void lay();
     void reveal(qint64 ms);
     void updateScroll();
     void describe();
 
     void paintRows(TimeLinePainter& painter, int pixels);
-    QString stateWords(const ChannelDay& day) const;
 
     void showTip(const QPoint& position, int row, qint64 ms);
-    QString tipOf(int row, qint64 ms) const;
     vemo_base::TimeSpan stretchAt(int row, qint64 ms) const;
     void step(int direction);
     void mark(const std::optional<vemo_base::TimeSpan>& span);
@@ -105,6 +104,14 @@ private:
     TimeView m_view;
     QVector<ChannelDay> m_channels;
     ChannelRef m_selected;
+    /// Of a channel, whatever part of the day is shown.
+    struct Stretches
+    {
+        QVector<vemo_base::AxisRow::Stretch> recordings;
+        QVector<vemo_base::AxisRow::Stretch> chosen;
+        QVector<vemo_base::AxisRow::Stretch> owned;
+    };
+    QVector<Stretches> m_stretches;
     QVector<TimeLinePainter::Row> m_lines; ///< made when first painted
     QVector<bool> m_isLaid;                ///< whether the line at the same place was made
     int m_linePixels = 0;

@@ -1,6 +1,7 @@
 #include "PlaybackPage.h"
 
 #include "DayAxisWt.h"
+#include "DownloadBar.h"
 #include "MonthDays.h"
 #include "PlaybackStage.h"
 #include "RecorderColumn.h"
@@ -18,7 +19,6 @@
 #include <BaseTools.h>
 #include <DataSignals.h>
 #include <DevsMgrData.h>
-#include <Icons.h>
 #include <player/TransportButton.h>
 #include <SystemWorker.h>
 #include <UiSettings.h>
@@ -28,7 +28,6 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QPushButton>
 #include <QSplitter>
 #include <QStackedLayout>
 #include <QTimeZone>
@@ -206,6 +205,15 @@ QWidget* PlaybackPage::makePanel()
     panel->setAutoFillBackground(true);
     panel->setBackgroundRole(QPalette::Button);
     auto* bar = new vemo_base::WrappingBar(panel);
+    m_downloads = new DownloadBar(bar);
+    m_spanBar = m_downloads->spanBar();
+    m_list = new TransportButton(TransportButton::Kind::Quiet, QStringLiteral("queue"), tr("Recordings as a list"),
+                                 m_downloads);
+    m_list->setObjectName(QStringLiteral("listBt"));
+    m_list->setCheckable(true);
+    m_downloads->addTool(m_list);
+    connect(m_list, &TransportButton::toggled, this, &PlaybackPage::showBody);
+    connect(m_downloads, &DownloadBar::signalDownloadClicked, this, &PlaybackPage::download);
     auto* home = new QWidget(bar);
     auto* homeLayout = new QHBoxLayout(home);
     homeLayout->setContentsMargins(0, 0, 0, 0);
@@ -213,7 +221,7 @@ QWidget* PlaybackPage::makePanel()
     auto* grid = new QGridLayout(bar);
     grid->setContentsMargins(0, 0, 0, 0);
     grid->addWidget(home, 0, 0, Qt::AlignLeading);
-    grid->addWidget(makeDownloads(), 0, 1, Qt::AlignTrailing);
+    grid->addWidget(m_downloads, 0, 1, Qt::AlignTrailing);
     grid->setColumnStretch(1, 1);
 
     m_axisWt = new DayAxisWt(panel);
@@ -242,28 +250,6 @@ QWidget* PlaybackPage::makePanel()
     layout->addWidget(m_axisWt);
     layout->addLayout(foot);
     return panel;
-}
-
-QWidget* PlaybackPage::makeDownloads()
-{
-    auto* group = new QWidget;
-    m_list =
-        new TransportButton(TransportButton::Kind::Quiet, QStringLiteral("queue"), tr("Recordings as a list"), group);
-    m_list->setObjectName(QStringLiteral("listBt"));
-    m_list->setCheckable(true);
-    connect(m_list, &TransportButton::toggled, this, &PlaybackPage::showBody);
-    m_spanBar = new SpanBar(group);
-    m_download = new QPushButton(vemo_base::Icons::icon(QStringLiteral("download-mgr")), tr("Download"), group);
-    m_download->setObjectName(QStringLiteral("downloadBt"));
-    m_download->setProperty("kind", QStringLiteral("primary"));
-    connect(m_download, &QPushButton::clicked, this, &PlaybackPage::download);
-    auto* layout = new QHBoxLayout(group);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(8);
-    layout->addWidget(m_list);
-    layout->addWidget(m_spanBar);
-    layout->addWidget(m_download);
-    return group;
 }
 
 void PlaybackPage::restore()
@@ -433,31 +419,7 @@ void PlaybackPage::takeChosen()
 
 void PlaybackPage::showWhatIsChosen()
 {
-    int recordings = 0;
-    qint64 lengthMs = 0;
-    for (const ChannelDay& day : m_days.days()) {
-        recordings += day.chosen.size();
-        for (const int index : day.chosen)
-            lengthMs += day.recordings.at(index).begin.msecsTo(day.recordings.at(index).end);
-    }
-    QString words;
-    QString reason;
-    const bool isAllowed = vemo_worker::SystemWorker::instance().isCurUserHasPower(vemo_worker::PowerDownload);
-    if (recordings > 0)
-        words = SpanWords::recordings(recordings) + QLatin1String(", ") + SpanWords::length(lengthMs);
-    else if (m_span && m_span->beginMs >= QDateTime::currentMSecsSinceEpoch())
-        reason = tr("The span has not come yet");
-    else if (m_span && m_days.days().isEmpty())
-        reason = tr("No channel is chosen");
-    else if (m_span)
-        words = SpanWords::length(m_span->lengthMs()) + QLatin1String(", ") + SpanWords::channels(m_days.days().size());
-    else
-        reason = tr("Drag on the time line to mark a span");
-    m_spanBar->setWords(words.isEmpty() ? reason : words);
-    m_download->setEnabled(isAllowed && !words.isEmpty());
-    m_download->setToolTip(!isAllowed        ? tr("Downloading is not allowed for this user")
-                           : words.isEmpty() ? reason
-                                             : tr("Puts it into the download queue"));
+    m_downloads->showChoice(m_days.days(), m_span);
 }
 
 void PlaybackPage::download()

@@ -12,7 +12,6 @@
 #include <optional>
 
 class QLabel;
-class QPushButton;
 class QSplitter;
 class QStackedLayout;
 
@@ -23,6 +22,7 @@ class TransportButton;
 namespace vemo_client {
 
 class DayAxisWt;
+class DownloadBar;
 class FirstRecorderWt;
 class MonthDays;
 class PlaybackStage;
@@ -63,7 +63,6 @@ protected:
 private:
     QWidget* makeContent();
     QWidget* makePanel();
-    QWidget* makeDownloads();
     void connectColumn();
     void connectStage();
     void restore();
@@ -95,7 +94,7 @@ private:
     QLabel* m_summary = nullptr;
     QLabel* m_told = nullptr;
     vemo_base::TransportButton* m_list = nullptr; ///< checked: recordings as a table
-    QPushButton* m_download = nullptr;
+    DownloadBar* m_downloads = nullptr;
     DayAxisWt* m_axisWt = nullptr;
     SpanBar* m_spanBar = nullptr;
     QStackedLayout* m_body = nullptr;

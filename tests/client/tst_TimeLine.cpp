@@ -160,7 +160,7 @@ void tst_TimeLine::keepsWhatCanBeDecoded()
 {
     FrameBudget budget;
     constexpr double hd = 1920.0 * 1080 * 25;
-    QCOMPARE(budget.keep(4 * hd * 0.9, 2), Keep::References);
+    QCOMPARE(budget.keep(6 * hd, 2), Keep::References);
     QCOMPARE(budget.keep(2 * hd, 2), Keep::All);
     QCOMPARE(budget.keep(16 * hd, 2), Keep::KeyFrames);
     for (int i = 0; i < 20; ++i)

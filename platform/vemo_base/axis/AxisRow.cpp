@@ -11,53 +11,17 @@ using Kind = AxisRow::Kind;
 
 constexpr double rounding = 1e-6;
 
-/// The pixels of a part of the day, and what is laid on them.
-class Line final
+void lay(QVector<AxisRow::Stretch>* stretches, const DayAxis& axis, const TimeSpan& span, Kind kind)
 {
-public:
-    Line(const DayAxis& axis, int pixels, const DayAxis::Piece& view)
-        : m_axis(axis)
-        , m_kinds(qMax(0, pixels), Kind::Nothing)
-        , m_view(view)
-        , m_beginMs(axis.timeAt(view.from, DayAxis::Pass::First))
-        , m_endMs(axis.timeAt(view.to, DayAxis::Pass::Last))
-    {}
+    const QVector<DayAxis::Piece> pieces = axis.pieces(span.beginMs, span.endMs);
+    for (const DayAxis::Piece& piece : pieces)
+        stretches->append({piece, kind});
+}
 
-    void lay(const TimeSpan& span, Kind kind, int least)
-    {
-        // Most of a day lies outside of a part that was zoomed to.
-        if (span.endMs <= m_beginMs || span.beginMs > m_endMs)
-            return;
-        const int pixels = m_kinds.size();
-        const double scale = pixels / (m_view.to - m_view.from);
-        const QVector<DayAxis::Piece> pieces = m_axis.pieces(span.beginMs, span.endMs);
-        for (const DayAxis::Piece& piece : pieces) {
-            const double begin = qMax(0.0, (piece.from - m_view.from) * scale);
-            const double end = qMin(double(pixels), (piece.to - m_view.from) * scale);
-            if (end <= 0 || begin >= pixels)
-                continue;
-            int from = int(std::floor(begin + rounding));
-            int to = qMax(int(std::ceil(end - rounding)), from + least);
-            to = qMin(to, pixels);
-            from = qMax(0, qMin(from, to - least));
-            for (int pixel = from; pixel < to; ++pixel)
-                m_kinds[pixel] = qMax(m_kinds.at(pixel), kind);
-        }
-    }
-    void lay(const vms_sdk::VideoRecording& recording, Kind kind, int least)
-    {
-        lay({recording.begin.toMSecsSinceEpoch(), recording.end.toMSecsSinceEpoch()}, kind, least);
-    }
-
-    const QVector<Kind>& kinds() const { return m_kinds; }
-
-private:
-    const DayAxis& m_axis;
-    QVector<Kind> m_kinds;
-    DayAxis::Piece m_view;
-    qint64 m_beginMs;
-    qint64 m_endMs;
-};
+TimeSpan spanOf(const vms_sdk::VideoRecording& recording)
+{
+    return {recording.begin.toMSecsSinceEpoch(), recording.end.toMSecsSinceEpoch()};
+}
 
 QVector<AxisRow::Run> runsOf(const QVector<Kind>& line)
 {
@@ -75,35 +39,60 @@ QVector<AxisRow::Run> runsOf(const QVector<Kind>& line)
 
 } // namespace
 
-QVector<AxisRow::Run> AxisRow::runs(const DayAxis& axis, const QList<vms_sdk::VideoRecording>& recordings, int pixels,
-                                    int leastAlarm, const DayAxis::Piece& view)
+QVector<AxisRow::Stretch> AxisRow::stretches(const DayAxis& axis, const QList<vms_sdk::VideoRecording>& recordings)
 {
-    Line line(axis, pixels, view);
-    for (const vms_sdk::VideoRecording& recording : recordings) {
-        const bool isAlarm = recording.type != 0;
-        line.lay(recording, isAlarm ? Kind::Alarm : Kind::Recording, isAlarm ? leastAlarm : 1);
-    }
-    return runsOf(line.kinds());
+    QVector<Stretch> stretches;
+    stretches.reserve(recordings.size());
+    for (const vms_sdk::VideoRecording& recording : recordings)
+        lay(&stretches, axis, spanOf(recording), recording.type != 0 ? Kind::Alarm : Kind::Recording);
+    return stretches;
 }
 
-QVector<AxisRow::Run> AxisRow::chosenRuns(const DayAxis& axis, const QList<vms_sdk::VideoRecording>& recordings,
-                                          const QSet<int>& chosen, int pixels, const DayAxis::Piece& view)
+QVector<AxisRow::Stretch>
+AxisRow::chosenStretches(const DayAxis& axis, const QList<vms_sdk::VideoRecording>& recordings, const QSet<int>& chosen)
 {
-    Line line(axis, pixels, view);
+    QVector<Stretch> stretches;
     for (const int index : chosen) {
         if (index >= 0 && index < recordings.size())
-            line.lay(recordings.at(index), Kind::Recording, 1);
+            lay(&stretches, axis, spanOf(recordings.at(index)), Kind::Recording);
     }
-    return runsOf(line.kinds());
+    return stretches;
 }
 
-QVector<AxisRow::Run> AxisRow::spanRuns(const DayAxis& axis, const QVector<TimeSpan>& spans, int pixels,
-                                        const DayAxis::Piece& view)
+QVector<AxisRow::Stretch> AxisRow::spanStretches(const DayAxis& axis, const QVector<TimeSpan>& spans)
 {
-    Line line(axis, pixels, view);
+    QVector<Stretch> stretches;
     for (const TimeSpan& span : spans)
-        line.lay(span, Kind::Recording, 1);
-    return runsOf(line.kinds());
+        lay(&stretches, axis, span, Kind::Recording);
+    return stretches;
+}
+
+QVector<AxisRow::Run> AxisRow::runs(const QVector<Stretch>& stretches, int pixels, int leastAlarm,
+                                    const DayAxis::Piece& view)
+{
+    QVector<Kind> line(qMax(0, pixels), Kind::Nothing);
+    const double scale = pixels / (view.to - view.from);
+    for (const Stretch& stretch : stretches) {
+        // Most of a day lies outside of a part that was zoomed to.
+        if (stretch.piece.to <= view.from || stretch.piece.from >= view.to)
+            continue;
+        const double begin = qMax(0.0, (stretch.piece.from - view.from) * scale);
+        const double end = qMin(double(pixels), (stretch.piece.to - view.from) * scale);
+        const int least = stretch.kind == Kind::Alarm ? leastAlarm : 1;
+        int from = int(std::floor(begin + rounding));
+        int to = qMax(int(std::ceil(end - rounding)), from + least);
+        to = qMin(to, pixels);
+        from = qMax(0, qMin(from, to - least));
+        for (int pixel = from; pixel < to; ++pixel)
+            line[pixel] = qMax(line.at(pixel), stretch.kind);
+    }
+    return runsOf(line);
+}
+
+QVector<AxisRow::Run> AxisRow::runs(const DayAxis& axis, const QList<vms_sdk::VideoRecording>& recordings, int pixels,
+                                    int leastAlarm)
+{
+    return runs(stretches(axis, recordings), pixels, leastAlarm, {0, 1});
 }
 
 int AxisRow::recordingAt(const QList<vms_sdk::VideoRecording>& recordings, qint64 ms)

@@ -25,18 +25,26 @@ public:
         Kind kind = Kind::Nothing;
     };
 
-    /// The part of the day that the pixels show.
-    static constexpr DayAxis::Piece wholeDay() { return {0, 1}; }
+    /// A piece of the day, found once, drawn often.
+    struct Stretch
+    {
+        DayAxis::Piece piece;
+        Kind kind = Kind::Nothing;
+    };
+
+    static QVector<Stretch> stretches(const DayAxis& axis, const QList<vms_sdk::VideoRecording>& recordings);
+    /// The chosen ones alone, by their indices, as Recording.
+    static QVector<Stretch> chosenStretches(const DayAxis& axis, const QList<vms_sdk::VideoRecording>& recordings,
+                                            const QSet<int>& chosen);
+    /// Spans of any kind, as Recording.
+    static QVector<Stretch> spanStretches(const DayAxis& axis, const QVector<TimeSpan>& spans);
 
     /// The kinds' runs without those of Nothing; an alarm wins, and no alarm is narrower than `leastAlarm` pixels.
+    /// `view` is the part of the day that the pixels show.
+    static QVector<Run> runs(const QVector<Stretch>& stretches, int pixels, int leastAlarm, const DayAxis::Piece& view);
+    /// Of the whole day.
     static QVector<Run> runs(const DayAxis& axis, const QList<vms_sdk::VideoRecording>& recordings, int pixels,
-                             int leastAlarm, const DayAxis::Piece& view = wholeDay());
-    /// The chosen ones alone, by their indices, as runs of Recording.
-    static QVector<Run> chosenRuns(const DayAxis& axis, const QList<vms_sdk::VideoRecording>& recordings,
-                                   const QSet<int>& chosen, int pixels, const DayAxis::Piece& view = wholeDay());
-    /// Spans of any kind, as runs of Recording.
-    static QVector<Run> spanRuns(const DayAxis& axis, const QVector<TimeSpan>& spans, int pixels,
-                                 const DayAxis::Piece& view = wholeDay());
+                             int leastAlarm);
 
     /// The recording at a time, -1: none. An alarm wins over the recording that it lies in.
     static int recordingAt(const QList<vms_sdk::VideoRecording>& recordings, qint64 ms);
