@@ -11,6 +11,9 @@
 #include <QFileInfo>
 #include <QImage>
 #include <QImageWriter>
+#include <QMutex>
+#include <QMutexLocker>
+#include <QSet>
 
 namespace VCOMMON {
 
@@ -31,6 +34,20 @@ QByteArray encode(const QImage& picture, const SnapImageFacts& facts, SnapImageW
     if (isJpeg && !ExifPart::insert(bytes, ExifPart::make(facts, picture.size())))
         return {};
     return bytes;
+}
+
+/// What a crash left is looked for once a folder, since looking goes through all its names.
+void cleanOnce(CopyFolder& folder, const QString& path)
+{
+    static QMutex mutex;
+    static QSet<QString> cleaned;
+    {
+        const QMutexLocker lock(&mutex);
+        if (cleaned.contains(path))
+            return;
+        cleaned.insert(path);
+    }
+    folder.removeAbandoned();
 }
 
 } // namespace
@@ -68,6 +85,7 @@ SnapImageWriter::Result SnapImageWriter::write(const QString& path, const QImage
         return {{}, tr("%1 can't be written: %2.").arg(shown, reason)};
     }
     folder.sync();
+    cleanOnce(folder, folderPath);
     return {taken, {}};
 }
 

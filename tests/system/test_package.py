@@ -11,7 +11,6 @@ import subprocess
 import sys
 import tempfile
 import unittest
-import unittest.mock
 
 import desktop
 import elf
@@ -24,7 +23,8 @@ EXPECTED = {
     "vemo": ("usr/bin/vemo_client", "usr/lib/vemo/libfilesCenter.so", "usr/lib/vemo/libvaws_codecs.so", "usr/lib/vemo/libvemo_frames.so",
              "usr/share/applications/com.vemo.client.desktop", "usr/share/metainfo/com.vemo.client.metainfo.xml",
              "usr/share/icons/hicolor/scalable/apps/com.vemo.client.svg", "usr/share/icons/hicolor/256x256/apps/com.vemo.client.png",
-             "usr/share/man/man1/vemo_client.1.gz", "usr/share/doc/vemo/copyright", "usr/share/doc/vemo/changelog.gz"),
+             "usr/share/man/man1/vemo_client.1.gz", "usr/share/vemo/guide/guide.md", "usr/share/doc/vemo/copyright",
+             "usr/share/doc/vemo/changelog.gz"),
     "vemo-recorder-sim": ("usr/lib/vemo/recorder_sim", "usr/share/doc/vemo-recorder-sim/copyright"),
 }
 # Loaded at their first use, so that no tool finds them.
@@ -71,6 +71,13 @@ class Content(Test):
             self.assertEqual([path for path in EXPECTED[name] if path not in held], [], name)
             self.assertEqual([path for path in held if not path.startswith(tuple(part + "/" for part in PARTS))], [], name)
             self.assertEqual([path for path in held if "test" in os.path.basename(path)], [], name)
+
+    def test_the_guide_finds_its_pictures(self):
+        guide = os.path.join(unpacked("vemo"), "usr/share/vemo/guide/guide.md")
+        with open(guide, encoding="utf-8") as file:
+            pictures = re.findall(r"!\[[^]]*\]\(([^)]+)\)", file.read())
+        self.assertTrue(pictures)
+        self.assertEqual([name for name in pictures if not os.path.exists(os.path.join(os.path.dirname(guide), name))], [])
 
     def test_dependencies_name_what_is_loaded_at_run_time_too(self):
         depends = said("dpkg-deb", "-f", packages()["vemo"], "Depends")[1]
@@ -164,8 +171,8 @@ class Install(Test):
         client = Client()
         self.addCleanup(client.__exit__)
         client.changes["VEMO_KEYRING"] = "off"
-        with unittest.mock.patch.object(OPTIONS, "build", "/usr"):
-            window = Window(client)
+        client.program = "/usr/bin/vemo_client"
+        window = Window(client)
         self.addCleanup(window.kill)
         self.assertEqual(os.path.realpath(f"/proc/{window.process.pid}/exe"), "/usr/bin/vemo_client")
         window.close()

@@ -109,6 +109,10 @@ void SnapImageWriterTest::keepsFilesThatAreThere()
 {
     const QString path = m_dir.filePath(QStringLiteral("new folder/A@2026-01-10 08_00_00_000.bmp"));
     using Format = SnapImageWriter::Format;
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    QFile abandoned(QFileInfo(path).absolutePath() + QStringLiteral("/.vemo-0123456789abcdef.part")); // by a crash
+    QVERIFY(abandoned.open(QIODevice::WriteOnly));
+    abandoned.close();
     QCOMPARE(SnapImageWriter::write(path, picture(), {}, Format::Bmp).path, path);
     QFile first(path);
     QVERIFY(first.open(QIODevice::ReadOnly));
