@@ -240,7 +240,15 @@ void DiscoveryDialog::showMoved()
 
 void DiscoveryDialog::showChosen()
 {
-    const int count = m_table->checkedCount();
+    // "All" and the keys check every row; what can't be added has no box.
+    const QList<int> rows = m_table->checkedRows();
+    int count = 0;
+    for (const int row : rows) {
+        if (m_search.found().value(row).standing == Standing::New)
+            ++count;
+        else
+            m_table->item(row, AllColumn)->setData(Qt::CheckStateRole, QVariant());
+    }
     m_add->setText(count == 0 ? tr("Add") : count == 1 ? tr("Add 1 recorder") : tr("Add %1 recorders").arg(count));
     m_add->setEnabled(count > 0);
     m_user->setEnabled(count > 0);

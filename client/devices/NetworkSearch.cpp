@@ -1,5 +1,7 @@
 #include "NetworkSearch.h"
 
+#include "RecorderAddress.h"
+
 #include <ClientSignals.h>
 #include <DevsMgrData.h>
 #include <vms_sdk.h>
@@ -18,9 +20,14 @@ using vemo_data::DevsMgrData;
 constexpr int httpPort = 80;
 constexpr int httpsPort = 443;
 
+int defaultPort(const QUrl& url)
+{
+    return url.scheme() == QLatin1String("https") ? httpsPort : httpPort;
+}
+
 int portOf(const QUrl& url)
 {
-    return url.port(url.scheme() == QLatin1String("https") ? httpsPort : httpPort);
+    return url.port(defaultPort(url));
 }
 
 bool isUsable(const QUrl& address)
@@ -30,11 +37,16 @@ bool isUsable(const QUrl& address)
            address.userInfo().isEmpty();
 }
 
-/// The ports of the two schemes differ; which belong together nobody tells.
+/// The ports of the two schemes differ; which belong together is told only where a host has its usual ones. Behind one
+/// host there may be several recorders by ports of their own.
 bool isAt(const DevRecord& record, const QUrl& address)
 {
-    return record.address.host() == address.host() &&
-           (record.address.scheme() != address.scheme() || portOf(record.address) == portOf(address));
+    const QUrl& stored = record.address;
+    if (stored.host() != address.host())
+        return false;
+    if (stored.scheme() == address.scheme())
+        return portOf(stored) == portOf(address);
+    return portOf(stored) == defaultPort(stored) || portOf(address) == defaultPort(address);
 }
 
 /// Where a known recorder is to be asked from now on. What was asked over TLS is never asked without.
@@ -88,6 +100,8 @@ NetworkSearch::Found NetworkSearch::judge(const vms_sdk::DiscoveredDev& dev)
     const QStringList devIds = devices.devIds();
     for (const QString& devId : devIds) {
         DevRecord record = devices.devRecord(devId);
+        if (RecorderAddress::isDirect(record.address))
+            continue; // a stream of it, not its services
         const bool isHere = std::any_of(addresses.cbegin(), addresses.cend(),
                                         [&record](const QUrl& address) { return isAt(record, address); });
         const bool isItsName = !dev.endpoint.isEmpty() && record.endpoint == dev.endpoint;
