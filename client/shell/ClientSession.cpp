@@ -110,8 +110,9 @@ void ClientSession::begin(MainWindow* window, bool wantsRecorders)
     tellWhenHandedOut();
     m_logins->start();
     if (wantsRecorders)
-        shell->showModule(ModulePages::devicesKey());
-    shell->showFirstPage();
+        QTimer::singleShot(0, shell, &ShellWt::findRecorders); // once the window shows what is behind the search
+    else
+        shell->showFirstPage();
     QTimer::singleShot(rescanAfterMs, shell, [] {
         const vemo_worker::SystemConfig& config = vemo_worker::SystemConfig::instance();
         VCOMMON::LocalIndexRescan::instance().startIfOlder(

@@ -136,9 +136,15 @@ void ShellWt::showDownloads()
     emit vemo_contact::ModuleAccess::instance().signalSwitchToSubPageInFilesCenter(downloadingSubPage);
 }
 
+void ShellWt::findRecorders()
+{
+    showModule(ModulePages::devicesKey());
+    emit signalRecordersWanted();
+}
+
 void ShellWt::showOffline()
 {
-    showModule(ModulePages::playbackKey());
+    showModule(ModulePages::devicesKey());
     const QStringList offline = m_logins->offline();
     if (!offline.isEmpty())
         emit signalRecorderAsked(offline.first());

@@ -38,6 +38,8 @@ public:
     /// Does nothing when the page is not offered, or when the person wants to stay on the one that is shown.
     void showModule(const QString& key);
     void showDownloads();
+    /// Leads to the devices and looks for some on the network.
+    void findRecorders();
     /// So many of the asked downloads are in the queue now; the others were in it before.
     void tellQueued(int added, int asked);
 
@@ -55,6 +57,7 @@ public:
 
 signals:
     void signalAboutToClose();
+    void signalRecordersWanted();
     /// The person wants to see this recorder.
     void signalRecorderAsked(const QString& devId);
 

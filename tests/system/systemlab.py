@@ -182,6 +182,7 @@ class Client:
     def __init__(self):
         self.disk_reserve_bytes = 0
         self.changes = {}  # of the environment; None takes a variable away
+        self.program = program("vemo_client")
         self.folder = tempfile.mkdtemp(prefix="vemo-client-")
         self.out = os.path.join(self.folder, "out")
         for name in ("home", "out", "tmp"):
@@ -210,7 +211,7 @@ class Client:
             environment["VEMO_PASSWORD"] = password
         environment.update(self.changes, **changes)
         environment = {name: value for name, value in environment.items() if value is not None}
-        command = [*prefix, program("vemo_client"), "--data", os.path.join(self.folder, "data"), *map(str, arguments)]
+        command = [*prefix, self.program, "--data", os.path.join(self.folder, "data"), *map(str, arguments)]
         return subprocess.Popen(command, env=environment, cwd=self.folder, stdin=subprocess.DEVNULL,
                                 stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True, errors="replace")
 

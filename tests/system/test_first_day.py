@@ -1,0 +1,210 @@
+#!/usr/bin/env python3
+"""The first day with the program, from its package to a planned backup, as a new user goes through it: by clicks and keys in the real
+window. With VEMO_PICTURES naming a folder, each step leaves a picture there."""
+import contextlib
+import datetime
+import glob
+import os
+import subprocess
+import unittest
+import unittest.mock
+
+import desktop
+import media
+import systemlab
+import test_package
+from desktop import Window, wait_for, xdotool
+from systemlab import Client, Recorder, Test
+
+NAME, SECRET = "m.keller", "correct horse battery 9"
+# What can be typed by a pointer's and a keyboard's means alone.
+RECORDER_SECRET = "open sesame 9"
+RECORD_S = 4
+SPAN_LIMITS_S = (20, 400)
+
+
+def duration(path):
+    return float(media.probe(path, "-show_entries", "format=duration")["format"]["duration"])
+
+
+def setUpModule():
+    unittest.addModuleCleanup(desktop.Desktop().end)
+
+
+class FirstDay(Test):
+    def setUp(self):
+        today = datetime.datetime.now(datetime.timezone.utc).replace(hour=0, minute=0, second=0, microsecond=0)
+        with unittest.mock.patch.object(systemlab, "FIRST_DAY", today):
+            self.recorder = Recorder("--channels", "4", "--discovery", password=RECORDER_SECRET)
+        self.addCleanup(self.recorder.stop)
+        self.client = Client()
+        self.addCleanup(self.client.__exit__)
+        self.client.program = os.path.join(test_package.unpacked("vemo"), "usr/bin/vemo_client")
+        self.client.changes.update(VEMO_KEYRING="off", TZ="UTC")
+        os.makedirs(os.path.join(self.client.folder, "home", "Videos"))
+        self.window = Window(self.client, "--theme", "dark", login=True)
+        self.addCleanup(self.window.kill)
+        xdotool("windowmove", self.window.id, 0, 0, "windowsize", "--sync", self.window.id, 1440, 870)
+        self.steps = 0
+
+    def picture(self, name):
+        """Of what the step before has led to."""
+        self.steps += 1
+        if folder := os.environ.get("VEMO_PICTURES"):
+            xdotool("sleep", 0.5)
+            subprocess.run(["import", "-window", "root", "-crop", "1440x890+0+0", os.path.join(folder, f"first-day-{self.steps:02d}-{name}.png")],
+                           check=True)
+
+    def fill(self, field, text):
+        from gi.repository import Atspi
+        fields = (Atspi.Role.TEXT, Atspi.Role.PASSWORD_TEXT)  # their labels have the same name
+        self.window.click(self.window.wait_for(lambda each: each.get_name() == field and each.get_role() in fields, field))
+        xdotool("key", "ctrl+a", "type", "--delay", 20, text)
+
+    def starting_with(self, part, role=None):
+        return self.window.wait_for(lambda each: (each.get_name() or "").startswith(part) and (not role or each.get_role_name() == role), part)
+
+    def cell_of(self, text, column):
+        """The cell of the first row that shows the text."""
+        def look():
+            table = self.window.table()
+            for row in range(table.get_n_rows() if table else 0):
+                if any(text in (table.get_accessible_at(row, each).get_name() or "") for each in range(table.get_n_columns())):
+                    return table.get_accessible_at(row, column)
+            return None
+        return wait_for(look, f"no row with {text}", 30)
+
+    def box_of(self, accessible):
+        from gi.repository import Atspi
+        box = accessible.get_extents(Atspi.CoordType.WINDOW)
+        return box.x, box.y, box.width, box.height
+
+    def files(self, pattern):
+        return sorted(glob.glob(os.path.join(self.client.folder, "home", "Videos", "**", pattern), recursive=True))
+
+    def check_channel(self, number):
+        """By its box, which stands before the name."""
+        from gi.repository import Atspi
+        cell = self.starting_with(f"Camera {number}", "table cell")
+        box = cell.get_extents(Atspi.CoordType.SCREEN)
+        self.window.click(cell, dx=10 - box.width // 2)
+
+    def test_from_the_package_to_a_planned_backup(self):
+        self.become_administrator()
+        self.find_the_recorder()
+        self.play()
+        self.mark_and_download()
+        self.watch_the_download()
+        self.record_live()
+        self.find_the_recording()
+        self.plan_a_backup()
+        run = self.window.close()
+        self.assertEqual(run.code, systemlab.DONE, run)
+        self.assertEqual(self.client.secret_places(run, SECRET, NAME) + self.client.secret_places(run, RECORDER_SECRET), [])
+
+    def become_administrator(self):
+        self.window.text("Create the administrator")
+        self.fill("User name", NAME)
+        self.fill("Password", SECRET)
+        self.fill("Repeat the password", SECRET)
+        self.picture("administrator")
+        self.window.press("Create and continue")
+        self.window.text("free of")
+        self.picture("folders")
+        wait_for(lambda: not self.window.find(lambda each: each.get_name() == "Continue") or self.window.press("Continue"), "the folders won't do", 20)
+
+    def find_the_recorder(self):
+        self.window.press("Look for recorders")
+        address = self.recorder.addresses["onvif"].split("/")[2]
+        self.window.click(self.cell_of(address, 0))  # others may be in the network
+        self.fill("User name", systemlab.USER)
+        self.fill("Password", RECORDER_SECRET)
+        self.picture("discovery")
+        self.window.press("Add 1 recorder")
+        self.cell_of("Online", 0)
+        self.picture("devices")
+
+    def play(self):
+        self.window.press("Playback")
+        for number in (1, 3):
+            self.check_channel(number)
+        self.window.press("Search")
+        self.window.text("recordings,")
+        left, top, width, height = self.box_of(self.window.wait_for(lambda each: each.get_name() == "Recordings of the day", "time line"))
+        self.line = (left + width // 2, top + height // 2)
+        xdotool("mousemove", "--window", self.window.id, *self.line, "click", 1)
+        self.window.press("Play (Space)")
+        self.window.wait_for(lambda each: each.get_name() == "Pause (Space)", "video that plays")
+        xdotool("sleep", 2)
+        self.picture("playback")
+        self.window.press("Pause (Space)")
+
+    def mark_and_download(self):
+        for _ in range(5):
+            self.window.press("Zoom in (plus)")
+        x, y = self.line
+        moves = [argument for step in range(1, 9) for argument in ("mousemove", "--window", self.window.id, x + 5 * step, y, "sleep", 0.05)]
+        xdotool("mousemove", "--window", self.window.id, x, y, "mousedown", 1, *moves, "mouseup", 1)
+        self.picture("span")
+        self.window.press("Download")
+        self.window.press("Files Center")
+        self.window.click(self.starting_with("Download Success("))
+        for number in (1, 3):
+            self.cell_of(f"Camera {number}", 1)
+        self.picture("success")
+        downloads = self.files("*.mp4")
+        self.assertEqual(len(downloads), 2)
+        for path in downloads:
+            self.assertTrue(SPAN_LIMITS_S[0] < duration(path) < SPAN_LIMITS_S[1], f"{path}: {duration(path)} s")
+
+    def watch_the_download(self):
+        self.window.click(self.cell_of("Camera 3", 1))
+        xdotool("key", "Return")
+        player = wait_for(lambda: [each for each in xdotool("search", "--onlyvisible", "--pid", self.window.process.pid, "--name", "Camera 3")], "no player")
+        xdotool("sleep", 3)
+        self.picture("player")
+        xdotool("windowactivate", "--sync", player[0], "key", "Escape")
+        wait_for(lambda: not xdotool("search", "--onlyvisible", "--pid", self.window.process.pid, "--name", "Camera 3"), "the player stays")
+
+    def record_live(self):
+        self.window.press("Live")
+        self.window.click(self.starting_with("Camera 2", "table cell"))
+        xdotool("key", "Return")
+        wait_for(lambda: self.window.find(lambda each: "Mbit/s" in (each.get_name() or "") and not (each.get_name() or "").endswith("0.0 Mbit/s")), "no live video", 20)
+        self.window.press("Record")
+        self.window.wait_for(lambda each: each.get_name() == "Stop recording", "recording")
+        xdotool("sleep", RECORD_S)
+        self.picture("live")
+        self.window.press("Snapshot")
+        self.window.press("Stop recording")
+        self.window.wait_for(lambda each: each.get_name() == "Record", "end of the recording")
+        recording, = wait_for(lambda: self.files("Recordings/**/*.mp4"), "nothing was recorded")
+        self.assertGreater(duration(recording), RECORD_S - 1)
+        wait_for(lambda: self.files("Snapshots/**/*.jpg"), "there is no snapshot")
+
+    def find_the_recording(self):
+        self.window.press("Files Center")
+        self.window.press("Local Recording")
+        with contextlib.suppress(AssertionError):
+            self.window.press("Search")
+        self.cell_of("Camera 2", 1)
+        self.picture("local-recording")
+
+    def plan_a_backup(self):
+        self.window.press("Recordings Backup")
+        self.window.press("Add")
+        self.check_channel(1)
+        self.picture("add-backup")
+        self.window.click(self.window.wait_for(lambda each: each.get_name() == "Add" and self.is_below_title(each), "button that adds"))
+        self.window.text("1 task")
+        self.window.press("Start")
+        self.window.wait_for(lambda each: (each.get_name() or "").endswith("safe") and "0 min" not in each.get_name().split(" of ")[0], "safe footage")
+        self.picture("backup")
+
+    def is_below_title(self, accessible):
+        return self.box_of(accessible)[1] > desktop.SCREEN[1] // 2
+
+
+if __name__ == "__main__":
+    desktop.need()
+    systemlab.main()
