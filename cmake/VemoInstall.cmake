@@ -25,7 +25,10 @@ function(vemo_install)
     set_target_properties(${libraries} PROPERTIES INSTALL_RPATH "$ORIGIN")
     set_target_properties(vemo_client PROPERTIES INSTALL_RPATH "$ORIGIN/../${VEMO_LIBRARY_FOLDER}")
 
-    install(DIRECTORY "${PROJECT_SOURCE_DIR}/docs/guide/" COMPONENT client DESTINATION share/vemo/guide OPTIONAL)
+    install(DIRECTORY "${PROJECT_SOURCE_DIR}/docs/guide/" COMPONENT client DESTINATION share/vemo/guide)
+    # A program that was built and not installed finds its guide at the same place.
+    file(MAKE_DIRECTORY "${CMAKE_BINARY_DIR}/share/vemo")
+    file(CREATE_LINK "${PROJECT_SOURCE_DIR}/docs/guide" "${CMAKE_BINARY_DIR}/share/vemo/guide" COPY_ON_ERROR SYMBOLIC)
     install(DIRECTORY "${PROJECT_SOURCE_DIR}/docs/images/" COMPONENT client DESTINATION share/vemo/images PATTERN "*@2x.png" EXCLUDE)
     if(UNIX AND NOT APPLE)
         vemo_install_desktop()

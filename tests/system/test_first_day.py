@@ -48,7 +48,11 @@ class FirstDay(Test):
         self.steps = 0
 
     def picture(self, name):
-        """Of what the step before has led to."""
+        """Of what the step before has led to; whoever can't see it gets names for all that can be pressed."""
+        from gi.repository import Atspi
+        pressed = (Atspi.Role.PUSH_BUTTON, Atspi.Role.CHECK_BOX, Atspi.Role.RADIO_BUTTON, Atspi.Role.TOGGLE_BUTTON)
+        nameless = self.window.find(lambda each: each.get_role() in pressed and not each.get_name())
+        self.assertIsNone(nameless, f"step {name}: a button without a name in {nameless and nameless.get_parent().get_name()!r}")
         self.steps += 1
         if folder := os.environ.get("VEMO_PICTURES"):
             xdotool("sleep", 0.5)
