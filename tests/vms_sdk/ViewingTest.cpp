@@ -2,6 +2,10 @@
 #include "Viewer.h"
 
 #include <QElapsedTimer>
+#include <QNetworkDatagram>
+#include <QNetworkInterface>
+#include <QTimer>
+#include <QUdpSocket>
 
 #include <algorithm>
 
@@ -54,6 +58,7 @@ private slots:
     void playsAtOtherSpeeds();
     void isHeldBackByAPausedViewer();
     void findsTheRecorderWhereverItAnswers();
+    void boundsWhatTheNetworkAnswers();
     void endsADiscoveryThatIsCancelled();
 
 private:
@@ -302,6 +307,45 @@ void ViewingTest::findsTheRecorderWhereverItAnswers()
         QCOMPARE(ours.first().addresses, QList<QUrl>{recorder.onvif});
         QCOMPARE(ours.first().model, QStringLiteral("SIM-1"));
     }
+}
+
+void ViewingTest::boundsWhatTheNetworkAnswers()
+{
+    const QHostAddress group(QStringLiteral("239.255.255.250"));
+    QUdpSocket flooder;
+    QVERIFY(flooder.bind(QHostAddress::AnyIPv4, 3702, QUdpSocket::ShareAddress | QUdpSocket::ReuseAddressHint));
+    const QList<QNetworkInterface> networks = QNetworkInterface::allInterfaces();
+    const auto loopback = std::find_if(networks.begin(), networks.end(), [](const QNetworkInterface& network) {
+        return network.flags().testFlag(QNetworkInterface::IsLoopBack);
+    });
+    QVERIFY(loopback != networks.end() && flooder.joinMulticastGroup(group, *loopback));
+    QNetworkDatagram probe;
+    connect(&flooder, &QUdpSocket::readyRead, this, [&] { probe = flooder.receiveDatagram(); });
+    SdkLife sdk;
+    QSignalSpy discovered(&ClientSignals::instance(), &ClientSignals::signalDevDiscovered);
+    QSignalSpy finished(&ClientSignals::instance(), &ClientSignals::signalDiscoveryFinished);
+    discover_devs_req(QStringLiteral("flood"), 5000);
+    QTRY_VERIFY_WITH_TIMEOUT(!probe.data().isEmpty(), patienceMs);
+    const QByteArray head = probe.data().mid(0, probe.data().indexOf("<a:To>")).replace("MessageID", "RelatesTo");
+    int devices = 0;
+    QTimer pace;
+    connect(&pace, &QTimer::timeout, this, [&] {
+        for (int i = 0; i < 50 && devices < 5000; ++i) {
+            const QByteArray number = QByteArray::number(++devices);
+            flooder.writeDatagram(
+                head + "</s:Header><s:Body><d:ProbeMatches><d:ProbeMatch><a:EndpointReference><a:Address>" + number +
+                    "</a:Address></a:EndpointReference><d:XAddrs>http://10.0.0.1/" + number +
+                    "</d:XAddrs></d:ProbeMatch></d:ProbeMatches></s:Body></s:Envelope>",
+                probe.senderAddress(), static_cast<quint16>(probe.senderPort()));
+        }
+    });
+    pace.start(10);
+    QTRY_COMPARE_WITH_TIMEOUT(finished.size(), 1, patienceMs);
+    QVERIFY(devices > 2000);
+    const auto ours = std::count_if(discovered.begin(), discovered.end(), [](const QList<QVariant>& found) {
+        return found.at(1).value<DiscoveredDev>().addresses.first().host() == QLatin1String("10.0.0.1");
+    });
+    QVERIFY2(ours > 900 && discovered.size() <= 1000, qPrintable(QString::number(ours)));
 }
 
 void ViewingTest::endsADiscoveryThatIsCancelled()

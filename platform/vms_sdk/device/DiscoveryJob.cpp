@@ -89,14 +89,17 @@ void DiscoveryJob::probe()
 
 void DiscoveryJob::read(QUdpSocket& socket)
 {
-    for (int count = 0; socket.hasPendingDatagrams() && !m_isFinished; ++count) {
+    for (int count = 0; !m_isFinished; ++count) {
         if (count == datagramsATurn) {
             QMetaObject::invokeMethod(
                 &socket, [this, raw = &socket] { read(*raw); }, Qt::QueuedConnection);
             return;
         }
-        // One byte more tells a datagram that is too large.
+        // Until there is none: a readyRead() after which nothing was asked for is the last one. One byte more tells a
+        // datagram that is too large.
         const QNetworkDatagram datagram = socket.receiveDatagram(onvif::maxProbeAnswerBytes + 1);
+        if (!datagram.isValid())
+            return;
         if (++m_datagrams > maxDatagrams)
             continue;
         for (const onvif::ProbeMatch& match :
