@@ -97,6 +97,10 @@ LoginPage::LoginPage(QWidget* parent)
     m_waiting = addMessage();
     m_capsLock->tell(NoticeCard::Weight::Warning, tr("Caps Lock is on"),
                      tr("Capital and small letters are told apart."));
+    // It keeps its room, so that nothing moves when it comes.
+    QSizePolicy kept = m_capsLock->sizePolicy();
+    kept.setRetainSizeWhenHidden(true);
+    m_capsLock->setSizePolicy(kept);
     m_capsLock->hide();
     column()->addWidget(m_capsLock);
     addRest();
