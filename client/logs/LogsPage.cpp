@@ -44,6 +44,7 @@ constexpr int gap = 16;
 constexpr int controlGap = 8;
 constexpr int daysShownAtFirst = 30;
 constexpr qint64 longestSpanSeconds = qint64(3650) * 86400;
+constexpr int widestBox = 240;
 constexpr int typingPauseMs = 150;
 constexpr int percent = 100;
 
@@ -62,8 +63,6 @@ QHBoxLayout* rowIn(QWidget* widget)
 LogsPage::LogsPage(QWidget* parent)
     : QWidget(parent)
     , m_header(new vemo_base::PageHeader(tr("Logs"), this))
-    , m_content(new QStackedWidget(this))
-    , m_pages(new vemo_base::PageEditWt(this))
 {
     auto* bar = new vemo_base::WrappingBar(this);
     auto* grid = new QGridLayout(bar);
@@ -71,7 +70,9 @@ LogsPage::LogsPage(QWidget* parent)
     grid->addWidget(makeChoosing(bar), 0, 0, Qt::AlignLeading);
     grid->addWidget(makeFiltering(bar), 0, 1, Qt::AlignTrailing);
     grid->setColumnStretch(0, 1);
+    m_content = new QStackedWidget(this);
     makeContent();
+    m_pages = new vemo_base::PageEditWt(this);
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(margin, topMargin, margin, gap);
@@ -128,6 +129,7 @@ QWidget* LogsPage::makeChoosing(QWidget* parent)
     m_channel->addItem(tr("Every channel"));
     for (QComboBox* box : {m_kind, m_channel}) {
         box->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+        box->setMaximumWidth(widestBox);
         connect(box, QOverload<int>::of(&QComboBox::activated), this, [this] { ask(1); });
     }
     QHBoxLayout* row = rowIn(choosing);

@@ -67,9 +67,9 @@ private:
     QComboBox* m_channel = nullptr;
     vemo_base::SearchBox* m_filter = nullptr;
     QPushButton* m_export = nullptr;
-    QStackedWidget* m_content;
+    QStackedWidget* m_content = nullptr;
     LogsTable* m_table = nullptr;
-    vemo_base::PageEditWt* m_pages;
+    vemo_base::PageEditWt* m_pages = nullptr;
     QTimer m_typing;
     LogExport* m_running = nullptr;
     QUuid m_veil; ///< over the page while an export runs

@@ -32,7 +32,7 @@ LogsTable::LogsTable(QWidget* parent)
 {
     m_table->setColumnCount(ColumnCount);
     m_table->setHorizontalHeaderLabels({tr("No."), tr("Time"), tr("Kind"), tr("Device"), tr("Channel"), tr("Event")});
-    m_table->setColumnRoom({72, 180, 170, 150, 170, 0});
+    m_table->setColumnRoom({72, 180, 160, 140, 220, 0});
     for (const int column : {KindColumn, DeviceColumn})
         m_table->setColumnTone(column, vemo_base::Token::Text2);
     m_table->setAccessibleName(tr("Log entries"));

@@ -25,6 +25,7 @@ constexpr int longestPath = 4096;
 constexpr int gap = 8;
 constexpr int diskGap = 20;
 constexpr int diskWidth = 236;
+constexpr int widthForDisk = 560;
 
 } // namespace
 
@@ -52,11 +53,13 @@ FolderEdit::FolderEdit(const QString& name, qint64 lowBytes, SettingField* field
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(gap);
-    layout->addWidget(m_path, 3);
+    layout->addWidget(m_path, 10);
     layout->addWidget(browseBt);
     layout->addWidget(m_make);
     layout->addSpacing(diskGap);
-    layout->addWidget(m_disk, 2);
+    layout->addWidget(m_disk, 6);
+    layout->addStretch(1);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setFocusProxy(m_path);
     connect(browseBt, &QPushButton::clicked, this, &FolderEdit::browse);
     connect(m_make, &QPushButton::clicked, this, &FolderEdit::make);
@@ -82,6 +85,18 @@ void FolderEdit::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
     check();
+}
+
+void FolderEdit::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    showDisk();
+}
+
+/// The path goes before the figures of its disk.
+void FolderEdit::showDisk()
+{
+    m_disk->setVisible(m_hasDisk && width() >= widthForDisk);
 }
 
 void FolderEdit::browse()
@@ -132,8 +147,8 @@ void FolderEdit::take(const FolderCheck::Result& result)
 {
     using Tone = SettingField::Tone;
     m_make->setVisible(result.state == FolderCheck::State::Missing);
-    m_disk->setVisible(result.state != FolderCheck::State::NotAFolder &&
-                       result.state != FolderCheck::State::NotConnected);
+    m_hasDisk = result.state != FolderCheck::State::NotAFolder && result.state != FolderCheck::State::NotConnected;
+    showDisk();
     m_path->setProperty("invalid", !result.isUsable());
     m_path->update();
     m_field->tell(result.isUsable() ? Tone::Warning : Tone::Error, result.sentence);

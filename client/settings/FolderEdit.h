@@ -33,6 +33,7 @@ signals:
 
 protected:
     void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void browse();
@@ -41,6 +42,7 @@ private:
     void takeText();
     void check();
     void take(const vemo_worker::FolderCheck::Result& result);
+    void showDisk();
 
     SettingField* m_field;
     QLineEdit* m_path;
@@ -50,6 +52,7 @@ private:
     qint64 m_lowBytes;
     QString m_checked; ///< the folder of the last check that was started
     int m_checks = 0;
+    bool m_hasDisk = true; ///< as far as the last check could tell
 };
 
 } // namespace vemo_client

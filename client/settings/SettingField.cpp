@@ -19,6 +19,7 @@ constexpr int labelWidth = 216;
 constexpr int fieldLeading = 24;
 constexpr int rowHeight = 32;
 constexpr int messageGap = 6;
+constexpr int helpPixels = 12;
 constexpr int trailingGap = 8;
 constexpr int pointOutMs = 2000;
 constexpr int pointOutMargin = 8;
@@ -44,7 +45,7 @@ SettingField::SettingField(const QString& label, const QString& help, const Bind
     : QWidget(parent)
     , m_binding(binding)
     , m_scope(scope)
-    , m_help(help)
+    , m_help(new QLabel(help, this))
     , m_label(new QLabel(label, this))
     , m_row(new QHBoxLayout)
     , m_message(new MessageLine(this))
@@ -56,13 +57,20 @@ SettingField::SettingField(const QString& label, const QString& help, const Bind
     m_label->setAlignment(Qt::AlignLeading | Qt::AlignVCenter);
     m_row->setContentsMargins(0, 0, 0, 0);
     m_row->setSpacing(trailingGap);
+    QFont small = m_help->font();
+    small.setPixelSize(helpPixels);
+    m_help->setFont(small);
+    m_help->setTextFormat(Qt::PlainText);
+    m_help->setWordWrap(true);
+    m_help->setForegroundRole(QPalette::PlaceholderText);
     auto* layout = new QGridLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setHorizontalSpacing(fieldLeading);
     layout->setVerticalSpacing(messageGap);
     layout->addWidget(m_label, 0, 0, Qt::AlignTop);
     layout->addLayout(m_row, 0, 1);
-    layout->addWidget(m_message, 1, 1);
+    layout->addWidget(m_help, 1, 1);
+    layout->addWidget(m_message, 2, 1);
     layout->setColumnStretch(1, 1);
     tell(Tone::Plain, QString());
 }
@@ -72,11 +80,11 @@ void SettingField::setEditor(const Editor& editor)
     m_editor = editor;
     if (editor.widget->accessibleName().isEmpty())
         editor.widget->setAccessibleName(label());
-    if (!m_help.isEmpty())
-        editor.widget->setAccessibleDescription(m_help);
+    editor.widget->setAccessibleDescription(m_help->text());
     m_label->setBuddy(editor.widget);
-    m_row->addWidget(editor.widget);
-    m_row->addStretch(1);
+    const bool takesAll = editor.widget->sizePolicy().horizontalPolicy() == QSizePolicy::Expanding;
+    m_row->addWidget(editor.widget, takesAll ? 1 : 0);
+    m_row->addStretch(takesAll ? 0 : 1);
 }
 
 void SettingField::addTrailing(QWidget* widget, int stretch)
@@ -134,8 +142,7 @@ void SettingField::showWords()
         tone = Tone::Warning;
         words = m_remark;
     }
-    if (words.isEmpty())
-        words = m_help;
+    m_help->setVisible(words.isEmpty() && !m_help->text().isEmpty());
     m_message->setVisible(!words.isEmpty());
     m_message->tell(lineTone(tone), words);
 }

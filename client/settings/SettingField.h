@@ -75,7 +75,7 @@ private:
 
     Binding m_binding;
     const Scope m_scope;
-    const QString m_help;
+    QLabel* m_help;
     Editor m_editor;
     QLabel* m_label;
     QHBoxLayout* m_row;

@@ -29,6 +29,7 @@ constexpr int cardPadding = 24;
 constexpr int cardVertical = 20;
 constexpr int fieldGap = 16;
 constexpr int boxWidth = 400;
+constexpr int longBoxWidth = 320;
 constexpr int shortBoxWidth = 140;
 constexpr double cardRadius = 8;
 
@@ -145,7 +146,7 @@ SettingField* SettingsGroup::addChoice(const QString& label, const Choices& choi
     for (const auto& choice : choices)
         box->addItem(choice.first, choice.second);
     box->setSizeAdjustPolicy(QComboBox::AdjustToContents);
-    box->setMinimumWidth(words.isEmpty() ? boxWidth / 2 : shortBoxWidth);
+    box->setMinimumWidth(words.isEmpty() ? longBoxWidth : shortBoxWidth);
     box->setMaximumWidth(boxWidth);
     connect(box, QOverload<int>::of(&QComboBox::activated), field, &SettingField::takeEdit);
     field->setEditor({box, [box] { return box->currentData(); },

@@ -86,7 +86,6 @@ SettingsPage::SettingsPage(const QStringList& languages, QWidget* parent)
     content->setSpacing(0);
     content->addWidget(makeHead());
     content->addWidget(m_pages, 1);
-    content->addWidget(makeFoot());
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
@@ -101,6 +100,7 @@ SettingsPage::SettingsPage(const QStringList& languages, QWidget* parent)
         m_pages->addWidget(makeScroll(section, m_pages));
         connect(section, &SettingsSection::signalEdited, this, &SettingsPage::refresh);
     }
+    content->addWidget(makeFoot()); // behind the sections in the order of the Tab key
     connect(m_navigation, &vemo_base::NavigationWidget::signalCurAction, this, &SettingsPage::showSection);
     connect(&SystemConfig::instance(), &SystemConfig::signalConfigChanged, this, [this] {
         if (changes() == 0)

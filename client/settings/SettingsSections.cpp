@@ -275,10 +275,15 @@ SettingsSection* makeAbout(QWidget* parent)
     {
         const char* name;
         const char* licence;
-    } used[] = {{"Qt 5", "LGPL 3"},        {"FFmpeg (libavformat, libavcodec, libswscale)", "LGPL 2.1, GPL 2"},
-                {"mpv (libmpv)", "GPL 2"}, {"SQLite", "public domain"},
-                {"OpenSSL", "Apache 2.0"}, {"QtKeychain", "BSD 3-Clause"},
-                {"KD SOAP", "MIT"},        {"libexif", "LGPL 2.1"}};
+    } used[] = {{"Qt 5", "LGPL 3"},
+                {"FFmpeg (libavformat, libavcodec, libswscale)", "LGPL 2.1, GPL 2"},
+                {"mpv (libmpv)", "GPL 2"},
+                {"SQLite", "public domain"},
+                {"OpenSSL", "Apache 2.0"},
+                {"libsodium", "ISC"},
+                {"QtKeychain", "BSD 3-Clause"},
+                {"KD SOAP", "MIT"},
+                {"libexif", "LGPL 2.1"}};
     for (const auto& library : used)
         libraries->addWidget(new FactRow(QLatin1String(library.name), QLatin1String(library.licence), libraries));
     return section;

@@ -17,7 +17,7 @@ constexpr int knobInset = 4;
 constexpr int ringRoom = 4;
 constexpr int wordsLeading = ringRoom + trackWidth + 10;
 constexpr int leastHeight = trackHeight + 2 * ringRoom;
-constexpr int longestLine = 340;
+constexpr int longestLine = 440;
 constexpr int wrapped = Qt::AlignVCenter | Qt::TextWordWrap;
 
 } // namespace
