@@ -126,11 +126,6 @@ void RecorderLogins::retry(const QString& devId)
     logIn(devId);
 }
 
-void RecorderLogins::trust(const QString& devId)
-{
-    trust(devId, login(devId).offeredKeySha256);
-}
-
 void RecorderLogins::trust(const QString& devId, const QByteArray& shownKeySha256)
 {
     const Login login = this->login(devId);

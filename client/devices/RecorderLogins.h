@@ -57,9 +57,8 @@ public:
     void setEnabled(const QString& devId, bool enabled);
     /// Takes the recorder at another address with the login and the pin that it has.
     void moveTo(const QString& devId, const QUrl& address);
-    /// Pins the key that the recorder showed, and logs in.
-    void trust(const QString& devId);
-    /// The same, unless the recorder has shown another key since: then the person is asked again.
+    /// Pins the key that the recorder showed, and logs in; unless it has shown another one since: then the person is
+    /// asked again.
     void trust(const QString& devId, const QByteArray& shownKeySha256);
 
     Login login(const QString& devId) const { return m_logins.value(devId); }
