@@ -128,6 +128,17 @@ void tst_CliParser::refusesWhatMakesNoSense_data()
                                            << QStringLiteral("--out") << QStringLiteral("x"))
                                        << QStringLiteral("out");
 
+    const auto user = [&program](const char* arguments) {
+        return QStringList{program, QStringLiteral("user")} + QString::fromLatin1(arguments).split(QLatin1Char(' '));
+    };
+    QTest::newRow("unknown deed") << user("promote --name x") << QStringLiteral("is no action of user");
+    QTest::newRow("nobody") << user("add --administrator") << QStringLiteral("--name is missing");
+    QTest::newRow("unknown power") << user("add --name x --powers live,fly") << QStringLiteral("\"fly\" is no power");
+    QTest::newRow("all powers and some") << user("add --name x --powers live --administrator")
+                                         << QStringLiteral("either --administrator or --powers");
+    QTest::newRow("a user's password as argument")
+        << user("password --name x --password secret") << QStringLiteral("password");
+
     const auto local = [&program](const char* arguments) {
         return QStringList{program, QStringLiteral("local")} + QString::fromLatin1(arguments).split(QLatin1Char(' '));
     };
