@@ -3,10 +3,10 @@
 #include "BackupListing.h"
 #include "BackupStop.h"
 #include "Terminal.h"
+#include "VerbStore.h"
 
 #include <BackupTaskData.h>
 #include <BaseTools.h>
-#include <Database.h>
 
 #include <QJsonDocument>
 #include <QUuid>
@@ -51,14 +51,8 @@ void BackupVerb::run()
         stop();
         return;
     }
-    const bool usable = BackupTaskData::instance().flush();
-    const QString notice = vemo_data::Database::instance().notice();
-    if (!usable) {
-        leave(ExitCode::Disk, notice);
+    if (!VerbStore::open(&m_exit))
         return;
-    }
-    if (!notice.isEmpty())
-        Terminal::error(notice);
     if (m_command.backup.action == Action::Add)
         m_recorder.keep();
     else

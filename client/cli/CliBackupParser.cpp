@@ -1,5 +1,6 @@
 #include "CliBackupParser.h"
 
+#include "CliActionLine.h"
 #include "CliOptions.h"
 #include "CliTell.h"
 #include "OptionReader.h"
@@ -125,16 +126,11 @@ void readAdd(OptionReader& reader, const QCommandLineParser& parser, const CliOp
 CliCommand CliBackupParser::parse(const QStringList& arguments, CliCommand command,
                                   const std::optional<QString>& environmentPassword)
 {
-    QStringList rest = arguments;
-    const bool named = rest.size() > 1 && !rest.at(1).startsWith(QLatin1Char('-'));
-    const QString name = named ? rest.takeAt(1) : QString();
+    CliActionLine line(QStringLiteral("backup"), arguments);
+    const CliOptions& options = line.options();
+    QCommandLineParser& parser = line.parser();
     BackupOptions& backup = command.backup;
-    backup.action = actionOf(name);
-
-    const CliOptions options;
-    QCommandLineParser parser;
-    parser.setApplicationDescription(description());
-    parser.addOptions({options.help, options.data, options.json, options.verbose});
+    backup.action = actionOf(line.action());
     if (backup.action == Action::Add)
         parser.addOptions({options.device, options.user, options.passwordFile, options.channel, options.pin, options.ca,
                            options.date, options.days, options.segments});
@@ -145,27 +141,14 @@ CliCommand CliBackupParser::parse(const QStringList& arguments, CliCommand comma
     else if (backup.action == Action::Export)
         parser.addOptions({options.date, options.channel, options.to});
 
-    const QString again = QLatin1String(" ") % tr("See vemo_client backup --help.");
-    if (named && backup.action == Action::Unknown)
-        return CliTell::misuse(tr("\"%1\" is no action of backup.").arg(name.left(64)) % again);
-    if (!parser.parse(rest))
-        return CliTell::misuse(parser.errorText() % again);
-    if (parser.isSet(options.help))
-        return CliTell::help(parser.helpText().replace(
-            QLatin1String(" [options]"),
-            QLatin1String(" backup ") % (named ? name : QStringLiteral("<action>")) % QLatin1String(" [options]")));
-    if (!named)
-        return CliTell::misuse(tr("What to do with the backups is missing.") % again);
-    if (!parser.positionalArguments().isEmpty())
-        return CliTell::misuse(
-            tr("\"%1\" is one argument too many.").arg(parser.positionalArguments().constFirst().left(64)) % again);
+    const std::optional<CliCommand> told =
+        line.parse(backup.action != Action::Unknown, description(), tr("What to do with the backups is missing."));
+    if (told)
+        return *told;
 
     OptionReader reader(parser, options);
     command.verb = CliCommand::Verb::Backup;
-    if (parser.isSet(options.data))
-        command.dataDir = parser.value(options.data);
-    command.json = parser.isSet(options.json);
-    command.verbose = parser.isSet(options.verbose);
+    line.readCommon(&command);
     if (backup.action != Action::Stop && parser.isSet(options.date))
         backup.date = readDate(reader, parser.value(options.date));
     if (backup.action == Action::Add)
@@ -178,9 +161,7 @@ CliCommand CliBackupParser::parse(const QStringList& arguments, CliCommand comma
         reader.required(options.date);
         backup.to = reader.required(options.to);
     }
-    if (!reader.error().isEmpty())
-        return CliTell::misuse(reader.error() % again);
-    return command;
+    return line.result(reader, command);
 }
 
 } // namespace vemo_client

@@ -1,5 +1,6 @@
 #include "CliQueueParser.h"
 
+#include "CliActionLine.h"
 #include "CliOptions.h"
 #include "CliTell.h"
 #include "OptionReader.h"
@@ -119,15 +120,10 @@ void readTasks(OptionReader& reader, const QCommandLineParser& parser, const Cli
 CliCommand CliQueueParser::parse(const QStringList& arguments, CliCommand command,
                                  const std::optional<QString>& environmentPassword)
 {
-    QStringList rest = arguments;
-    const bool named = rest.size() > 1 && !rest.at(1).startsWith(QLatin1Char('-'));
-    const QString name = named ? rest.takeAt(1) : QString();
-    command.queue.action = actionOf(name);
-
-    const CliOptions options;
-    QCommandLineParser parser;
-    parser.setApplicationDescription(description());
-    parser.addOptions({options.help, options.data, options.json, options.verbose});
+    CliActionLine line(QStringLiteral("queue"), arguments);
+    const CliOptions& options = line.options();
+    QCommandLineParser& parser = line.parser();
+    command.queue.action = actionOf(line.action());
     switch (command.queue.action) {
     case Action::Add:
         parser.addOptions({options.device, options.user, options.passwordFile, options.channel, options.begin,
@@ -148,36 +144,21 @@ CliCommand CliQueueParser::parse(const QStringList& arguments, CliCommand comman
         break;
     }
 
-    const QString again = QLatin1String(" ") % tr("See vemo_client queue --help.");
-    if (named && command.queue.action == Action::Unknown)
-        return CliTell::misuse(tr("\"%1\" is no action of queue.").arg(name.left(64)) % again);
-    if (!parser.parse(rest))
-        return CliTell::misuse(parser.errorText() % again);
-    if (parser.isSet(options.help))
-        return CliTell::help(parser.helpText().replace(
-            QLatin1String(" [options]"),
-            QLatin1String(" queue ") % (named ? name : QStringLiteral("<action>")) % QLatin1String(" [options]")));
-    if (!named)
-        return CliTell::misuse(tr("What to do with the queue is missing.") % again);
-    if (!parser.positionalArguments().isEmpty())
-        return CliTell::misuse(
-            tr("\"%1\" is one argument too many.").arg(parser.positionalArguments().constFirst().left(64)) % again);
+    const std::optional<CliCommand> told =
+        line.parse(command.queue.action != Action::Unknown, description(), tr("What to do with the queue is missing."));
+    if (told)
+        return *told;
 
     OptionReader reader(parser, options);
     command.verb = CliCommand::Verb::Queue;
-    if (parser.isSet(options.data))
-        command.dataDir = parser.value(options.data);
-    command.json = parser.isSet(options.json);
-    command.verbose = parser.isSet(options.verbose);
+    line.readCommon(&command);
     if (command.queue.action == Action::Add)
         readAdd(reader, parser, options, &command, environmentPassword);
     else if (command.queue.action == Action::Run)
         command.queue.waitForRetries = !parser.isSet(options.noRetry);
     else if (command.queue.action != Action::List)
         readTasks(reader, parser, options, &command.queue);
-    if (!reader.error().isEmpty())
-        return CliTell::misuse(reader.error() % again);
-    return command;
+    return line.result(reader, command);
 }
 
 } // namespace vemo_client

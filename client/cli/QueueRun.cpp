@@ -15,7 +15,6 @@
 #include <SystemMsg.h>
 #include <TaskFactsData.h>
 
-#include <QCoreApplication>
 #include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -81,7 +80,7 @@ void QueueRun::run()
 
 void QueueRun::startQueue()
 {
-    if (m_form || m_left)
+    if (m_form || m_exit.isOver())
         return;
     vemo_filesCenter::FilesCenterInit& module = vemo_filesCenter::FilesCenterInit::instance();
     module.moduleInit();
@@ -111,7 +110,7 @@ bool QueueRun::isOver() const
 
 void QueueRun::tasksChanged(const QList<DownloadTaskInfo>& tasks)
 {
-    if (m_left)
+    if (m_exit.isOver())
         return;
     const QString folder = vemo_worker::SystemConfig::instance().getDownloadPath();
     for (const DownloadTaskInfo& task : tasks) {
@@ -128,7 +127,7 @@ void QueueRun::tasksChanged(const QList<DownloadTaskInfo>& tasks)
         // Behind the writes of this turn, which keep the facts of the task.
         vemo_data::TaskFactsData::instance().get(
             task.taskId, this, [this, task, folder](const vemo_data::TaskFacts& facts) {
-                if (m_left)
+                if (m_exit.isOver())
                     return;
                 if (m_progressShown)
                     Terminal::errorStatus(QString());
@@ -203,30 +202,19 @@ ExitCode QueueRun::verdict()
 
 void QueueRun::interrupt()
 {
-    if (m_left)
-        return;
-    m_left = true;
-    m_progressTimer.stop();
     if (m_progressShown)
         Terminal::errorStatus(QString());
-    emit vemo_contact::SystemMsg::instance().signalPrepareQuitSystem();
-    DownloadTaskData::instance().flush();
-    Terminal::error(tr("Interrupted; what had arrived is kept, and the rest waits in the queue."));
-    QCoreApplication::exit(static_cast<int>(ExitCode::Interrupted));
+    leave(ExitCode::Interrupted, tr("Interrupted; what had arrived is kept, and the rest waits in the queue."));
 }
 
 void QueueRun::leave(ExitCode code, const QString& sentence)
 {
-    if (m_left)
+    if (!m_exit.leave(code, sentence))
         return;
-    m_left = true;
     m_progressTimer.stop();
-    if (!sentence.isEmpty())
-        Terminal::error(sentence);
     // As at the end of the window, for the module's other work.
     emit vemo_contact::SystemMsg::instance().signalPrepareQuitSystem();
     DownloadTaskData::instance().flush();
-    QCoreApplication::exit(static_cast<int>(code));
 }
 
 } // namespace vemo_client

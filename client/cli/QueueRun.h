@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CliCommand.h"
+#include "VerbExit.h"
 
 #include <DownloadTaskInfo.h>
 
@@ -64,7 +65,7 @@ private:
     QTimer m_progressTimer;
     QTimer m_overTimer;
     bool m_progressShown = false;
-    bool m_left = false;
+    VerbExit m_exit;
 };
 
 } // namespace vemo_client

@@ -3,6 +3,7 @@
 #include "QueueEdit.h"
 #include "QueueListing.h"
 #include "Terminal.h"
+#include "VerbStore.h"
 
 #include <BaseTools.h>
 #include <Database.h>
@@ -44,14 +45,8 @@ QueueVerb::QueueVerb(const CliCommand& command, QObject* parent)
 
 void QueueVerb::run()
 {
-    const bool usable = DownloadTaskData::instance().flush();
-    const QString notice = vemo_data::Database::instance().notice();
-    if (!usable) {
-        leave(ExitCode::Disk, notice);
+    if (!VerbStore::open(&m_exit))
         return;
-    }
-    if (!notice.isEmpty())
-        Terminal::error(notice);
     if (vemo_data::Database::instance().takeBegunAnew())
         DownloadTaskData::instance().adoptFinishedFiles(vemo_worker::SystemConfig::instance().getDownloadPath());
     switch (m_command.queue.action) {
