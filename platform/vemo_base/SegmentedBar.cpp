@@ -49,12 +49,14 @@ protected:
                            radius - 1);
         painter.setClipPath(bar);
         if (isChecked() || underMouse())
-            painter.fillRect(rect(), themeColor(mode, isChecked() ? Token::Select : Token::Hover));
+            painter.fillRect(rect().adjusted(0, 1, 0, -1),
+                             themeColor(mode, isChecked() ? Token::Select : Token::Hover));
         const bool isFirst =
             layoutDirection() == Qt::RightToLeft ? geometry().right() >= parentWidget()->width() - 1 : x() == 0;
+        const int edge = layoutDirection() == Qt::RightToLeft ? width() - 1 : 0;
         if (!isFirst)
-            StylePainter::hairline(&painter, rect(),
-                                   layoutDirection() == Qt::RightToLeft ? Qt::RightEdge : Qt::LeftEdge, mode);
+            painter.fillRect(QRect(edge, 1, 1, height() - 2),
+                             themeColor(mode, isEnabled() ? Token::Control : Token::Border));
         if (hasFocus() && m_isKeyboard)
             StylePainter::focusRingInside(&painter, QRectF(rect()).adjusted(2, 2, -2, -2), radius - 2);
         painter.setFont(isChecked() ? strongFont() : font());
