@@ -120,7 +120,11 @@ void PlaybackStage::connectSession()
 
 void PlaybackStage::connectTransport()
 {
-    connect(m_transport, &PlaybackTransport::signalPlayRequested, this, &PlaybackStage::togglePlaying);
+    connect(m_transport, &PlaybackTransport::signalPlayRequested, this, [this] {
+        togglePlaying();
+        // The keys are the player's from now on.
+        m_wall->tile(m_wall->selected())->setFocus(Qt::OtherFocusReason);
+    });
     connect(m_transport, &PlaybackTransport::signalSkipRequested, &m_session, &PlaybackSession::skip);
     connect(m_transport, &PlaybackTransport::signalStepRequested, this,
             [this](int pictures) { pictures > 0 ? m_session.stepForward() : m_session.stepBack(); });
@@ -508,7 +512,8 @@ bool PlaybackStage::eventFilter(QObject* watched, QEvent* event)
 void PlaybackStage::toggleFullScreen()
 {
     if (m_screen) {
-        const std::unique_ptr<QWidget> screen = std::move(m_screen);
+        QWidget* screen = m_screen.release();
+        screen->deleteLater(); // this may run in its event
         screen->removeEventFilter(this);
         screen->hide();
         layout()->addWidget(m_wall);

@@ -22,8 +22,8 @@ using vemo_base::TransportButton;
 
 namespace {
 
-constexpr int fieldWidth = 76;
-constexpr int wordsWidth = 208; ///< of usual words, so that the fields stay where they are
+constexpr int fieldWidth = 96;
+constexpr int wordsWidth = 184; ///< of usual words, so that the fields stay where they are
 constexpr double dayMs = 24 * 3600 * 1000.0;
 
 } // namespace

@@ -4,32 +4,45 @@
 #include "devices/RecorderDialog.h"
 #include "devices/RecorderLogins.h"
 #include "devices/RecorderTree.h"
+#include "playback/DayAxisWt.h"
 #include "playback/PlaybackPage.h"
+#include "playback/PlaybackStage.h"
+#include "video/VideoTileWt.h"
+#include "video/VideoWallWt.h"
 
 #include <BaseTools.h>
 #include <Database.h>
 #include <DevsMgrData.h>
 #include <ModuleAccess.h>
 #include <SysPaths.h>
+#include <SystemConfig.h>
+#include <SystemWorker.h>
 #include <TableWidget.h>
 #include <vms_sdk.h>
 
+#include <QApplication>
+#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimeEdit>
+#include <QWheelEvent>
 
 #include <algorithm>
 #include <memory>
 
 using vemo_client::ChannelRef;
+using vemo_client::DayAxisWt;
 using vemo_client::PlaybackPage;
+using vemo_client::PlaybackStage;
 using vemo_client::RecorderDialog;
 using vemo_client::RecorderLogins;
 using vemo_client::RecorderTree;
+using vemo_client::VideoWallWt;
 
 namespace {
 
@@ -56,6 +69,9 @@ private slots:
     void logsAStoredRecorderInAfterARestart();
     void dropsASearchWhenAnotherDayIsPicked();
     void keepsTheDialogOpenWhileItLogsInByEnter();
+    void playsFromAClickOnTheTimeLine();
+    void marksZoomsAndMovesOnTheTimeLine();
+    void refusesDownloadsWithoutThePower();
 
 private:
     void addRecorder(const QString& password);
@@ -66,6 +82,8 @@ private:
     vemo_base::TableWidget* table() const { return m_page->findChild<vemo_base::TableWidget*>(); }
     QString devId() const { return vemo_data::DevsMgrData::instance().devIds().value(0); }
     void searchChannels(const QList<int>& numbers);
+    void dragOnAxis(const QPoint& from, const QPoint& to) const;
+    DayAxisWt* axis() const { return m_page->findChild<DayAxisWt*>(); }
 
     QTemporaryDir m_folder;
     std::unique_ptr<SimulatedRecorder> m_recorder;
@@ -291,6 +309,91 @@ void tst_PlaybackPage::keepsTheDialogOpenWhileItLogsInByEnter()
     QTest::keyClick(password, Qt::Key_Return);
     QTRY_COMPARE_WITH_TIMEOUT(accepted.size(), 1, patienceMs);
     QCOMPARE(m_logins->login(devId()).phase, RecorderLogins::Phase::Online);
+}
+
+void tst_PlaybackPage::dragOnAxis(const QPoint& from, const QPoint& to) const
+{
+    QWidget* ground = axis()->viewport();
+    QTest::mousePress(ground, Qt::LeftButton, {}, from);
+    for (const QPoint& point : {(from + to) / 2, to}) {
+        QMouseEvent move(QEvent::MouseMove, point, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(ground, &move);
+    }
+    QTest::mouseRelease(ground, Qt::LeftButton, {}, to);
+}
+
+void tst_PlaybackPage::playsFromAClickOnTheTimeLine()
+{
+    addRecorder(SimulatedRecorder::password());
+    QTRY_VERIFY_WITH_TIMEOUT(tree()->topLevelItemCount() == 1 && tree()->topLevelItem(0)->childCount() > 1, patienceMs);
+    searchChannels({1, 2});
+    auto* stage = m_page->findChild<PlaybackStage*>();
+    auto* wall = m_page->findChild<VideoWallWt*>();
+    QCOMPARE(wall->tileCount(), 4);
+    const qint64 ms = QDateTime(day, QTime(8, 0)).toMSecsSinceEpoch();
+    QTest::mouseClick(axis()->viewport(), Qt::LeftButton, {}, QPoint(axis()->xOf(ms), 45));
+    const auto shownMs = [wall](int tile) { return wall->tile(tile)->currentPicture().utcNs / 1'000'000; };
+    for (const int tile : {0, 1})
+        QTRY_VERIFY2_WITH_TIMEOUT(qAbs(shownMs(tile) - stage->session()->positionMs()) <= 80,
+                                  "the tile shows another time than the clock", patienceMs);
+    QVERIFY(qAbs(stage->session()->positionMs() - ms) < 120'000); // what a pixel stands for
+    QVERIFY(!stage->session()->isPlaying());
+
+    QTest::keyClick(wall->tile(0), Qt::Key_Space);
+    QVERIFY(stage->session()->isPlaying());
+    const qint64 beforeMs = shownMs(0);
+    QTRY_VERIFY_WITH_TIMEOUT(shownMs(0) > beforeMs + 500, patienceMs);
+    QTest::keyClick(wall->tile(0), Qt::Key_Comma);
+    QVERIFY(!stage->session()->isPlaying());
+    QTest::keyClick(wall->tile(0), Qt::Key_S);
+    const QDir snapshots(vemo_worker::SystemConfig::instance().getLocalSnapshotPath());
+    QTRY_COMPARE_WITH_TIMEOUT(snapshots.entryList({QStringLiteral("*.jpg")}, QDir::Files).size(), 1, patienceMs);
+
+    // A channel that is unchecked leaves its tile; the other one fills the room.
+    tree()->setCheckedChannels({{devId(), 2}});
+    QCOMPARE(wall->tileCount(), 1);
+    QCOMPARE(stage->selectedChannel()->channelNo, 2);
+}
+
+void tst_PlaybackPage::marksZoomsAndMovesOnTheTimeLine()
+{
+    addRecorder(SimulatedRecorder::password());
+    QTRY_VERIFY_WITH_TIMEOUT(tree()->topLevelItemCount() == 1 && tree()->topLevelItem(0)->childCount() > 1, patienceMs);
+    m_page->setDay(day);
+    tree()->setCheckedChannels({{devId(), 1}});
+    const auto x = [this](int hour) { return axis()->xOf(QDateTime(day, QTime(hour, 0)).toMSecsSinceEpoch()); };
+    dragOnAxis({x(8), 45}, {x(10), 45});
+    const QTime begin = field<QTimeEdit>(QStringLiteral("Begin of the span"))->time();
+    QVERIFY2(qAbs(begin.secsTo(QTime(8, 0))) < 120, qPrintable(begin.toString()));
+    QVERIFY(download()->isEnabled());
+
+    const int nine = x(9);
+    QWheelEvent wheel(QPointF(nine, 45), QPointF(axis()->viewport()->mapToGlobal(QPoint(nine, 45))), {}, {0, 960},
+                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(axis()->viewport(), &wheel);
+    QVERIFY2(axis()->view().length() < 0.3, "the wheel did not come closer");
+    const int zoomed = x(9);
+    QVERIFY2(qAbs(zoomed - nine) <= 4, "what lay below the pointer moved away");
+    const int clockY = axis()->viewport()->height() - 12;
+    dragOnAxis({nine, clockY}, {nine - 100, clockY});
+    QVERIFY2(qAbs(x(9) - (zoomed - 100)) <= 1, "dragging the clock does not move the time line");
+    QCOMPARE(field<QTimeEdit>(QStringLiteral("Begin of the span"))->time(), begin);
+}
+
+void tst_PlaybackPage::refusesDownloadsWithoutThePower()
+{
+    addRecorder(SimulatedRecorder::password());
+    QTRY_VERIFY_WITH_TIMEOUT(tree()->topLevelItemCount() == 1 && tree()->topLevelItem(0)->childCount() > 1, patienceMs);
+    m_page->setDay(day);
+    tree()->setCheckedChannels({{devId(), 1}});
+    field<QTimeEdit>(QStringLiteral("Begin of the span"))->setTime(QTime(9, 0));
+    QVERIFY(download()->isEnabled());
+    vemo_worker::SystemWorker& worker = vemo_worker::SystemWorker::instance();
+    worker.setCurUser(QStringLiteral("guest"), vemo_worker::PowerPlayback);
+    QVERIFY(!download()->isEnabled());
+    QVERIFY2(download()->toolTip().contains(QLatin1String("not allowed")), qPrintable(download()->toolTip()));
+    worker.setCurUser(QStringLiteral("admin"), vemo_worker::SystemWorker::allPowers);
+    QVERIFY(download()->isEnabled());
 }
 
 QTEST_MAIN(tst_PlaybackPage)
