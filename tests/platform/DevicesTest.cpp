@@ -1,3 +1,4 @@
+#include "OldDatabase.h"
 #include "TestWorld.h"
 
 #include <BaseTools.h>
@@ -5,12 +6,8 @@
 #include <DevsMgrData.h>
 #include <DevStore.h>
 
-#include <QDir>
 #include <QFile>
-#include <QFileInfo>
-#include <QRegularExpression>
 #include <QSqlDatabase>
-#include <QSqlError>
 #include <QSqlQuery>
 #include <QtTest>
 
@@ -161,22 +158,7 @@ private slots:
 
     void bringsAnOldDatabaseUpToDate()
     {
-        {
-            QVERIFY(QDir().mkpath(QFileInfo(m_world->databaseFile()).path()));
-            QSqlDatabase old = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("old"));
-            old.setDatabaseName(m_world->databaseFile());
-            QVERIFY(old.open());
-            QFile fixture(QStringLiteral(SCHEMAS "/version5.sql"));
-            QVERIFY(fixture.open(QIODevice::ReadOnly));
-            // A statement begins at the begin of a line; what a trigger holds is indented.
-            const QStringList statements =
-                QString::fromUtf8(fixture.readAll()).split(QRegularExpression(QStringLiteral(";\n(?=[A-Z])")));
-            for (const QString& statement : statements) {
-                QSqlQuery query(old);
-                QVERIFY2(query.exec(statement), qPrintable(statement + query.lastError().text()));
-            }
-        }
-        QSqlDatabase::removeDatabase(QStringLiteral("old"));
+        QCOMPARE(OldDatabase::restore(QStringLiteral("version5.sql")), QString());
         m_devs.load();
         QCOMPARE(Database::instance().notice(), QString());
         QCOMPARE(m_devs.devIds(), (QStringList{QStringLiteral("{a}"), QStringLiteral("{b}")}));

@@ -1,5 +1,7 @@
+#include "OldDatabase.h"
 #include "TestWorld.h"
 
+#include <BackupTaskData.h>
 #include <DataSignals.h>
 #include <DownloadTaskData.h>
 #include <FinishedFiles.h>
@@ -83,6 +85,26 @@ private slots:
     {
         settle();
         m_world.reset();
+    }
+
+    void keepsTheTasksOfAStoreFromBeforeBackups()
+    {
+        QCOMPARE(OldDatabase::restore(QStringLiteral("version2.sql")), QString());
+        const Tasks tasks = m_data.getAllDownloadTasks();
+        QCOMPARE(Database::instance().notice(), QString());
+        QCOMPARE(tasks.size(), 2);
+        QCOMPARE(tasks.at(0).taskId + tasks.at(0).savePath, QStringLiteral("{t1}done.mp4"));
+        QCOMPARE(tasks.at(0).beginTime.toMSecsSinceEpoch(), 1768032000250LL);
+        QCOMPARE(tasks.at(0).downloadedSize, 6'000'000'000LL);
+        QCOMPARE(tasks.at(1).downloadedMs, 700'000LL);
+        QCOMPARE(TaskFactsData::instance().getAllNow().value(QStringLiteral("{t1}")).sha256, QByteArray(32, '\7'));
+        vemo_data::BackupTaskInfo backup; // and takes what is new
+        backup.taskId = QStringLiteral("{b}");
+        backup.date = QDate(2026, 1, 10);
+        backup.channelId = QStringLiteral("{dev}|3");
+        backup.timeSegments = {{QTime(8, 0), QTime(9, 0)}};
+        QVERIFY(vemo_data::BackupTaskData::instance().addBackupTasks({backup}));
+        QCOMPARE(vemo_data::BackupTaskData::instance().getBackupTasks(backup.date).value(0).emptyLooks, 0);
     }
 
     void keepsEveryFieldAndTheOrderOverAReopening()
