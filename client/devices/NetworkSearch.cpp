@@ -115,9 +115,12 @@ NetworkSearch::Found NetworkSearch::judge(const vms_sdk::DiscoveredDev& dev)
             return found;
         }
         if (isItsName) {
-            found.standing = Standing::Moved;
             found.devId = devId;
             found.address = movedAddress(record, addresses);
+            // Its services over TLS may well be where they were: only the others answer.
+            const bool isSame =
+                found.address.host() == record.address.host() && portOf(found.address) == portOf(record.address);
+            found.standing = isSame ? Standing::Known : Standing::Moved;
         }
     }
     return found;

@@ -65,6 +65,8 @@ void tst_NetworkSearch::recognisesKnownRecorders_data()
     row("asked over TLS, answers without", "https://10.0.0.5:8443", "urn:x", "http://10.0.0.5", Standing::Known, "");
     row("over TLS by another port than any usual one", "https://10.0.0.5:8443", "", "http://10.0.0.5:8001",
         Standing::New, "http://10.0.0.5:8001");
+    row("at home over TLS, and known by its name", "https://10.0.0.5:8443", "urn:x", "http://10.0.0.5:8001",
+        Standing::Known, "");
     row("a stream of the same host", "rtsp://10.0.0.5/live", "", "http://10.0.0.5", Standing::New, "http://10.0.0.5");
     row("moved", "http://10.0.0.9", "urn:x", "http://10.0.0.5/onvif", Standing::Moved, "http://10.0.0.5/onvif");
     row("moved, but never without TLS", "https://10.0.0.9:8443/onvif", "urn:x", "http://10.0.0.5/onvif",
