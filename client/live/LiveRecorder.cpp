@@ -130,7 +130,7 @@ void LiveRecorder::start()
     m_waitsForKey = false;
     m_sinceBegin.invalidate();
     m_channelName = vemo_base::BaseTools::instance().getChannelName(m_channel.devId, m_channel.channelNo);
-    m_devName = vemo_data::DevsMgrData::instance().devRecord(m_channel.devId).name;
+    m_devName = vemo_data::DevsMgrData::instance().getDevInfoById(m_channel.devId).name;
     setState(State::Preparing);
     const QString folder = vemo_worker::SystemConfig::instance().getLocalRecordingPath();
     vemo_worker::DiskCall::start(

@@ -16,8 +16,8 @@ constexpr qint64 dropBehindNs = 3000 * nsPerMs; ///< of live video: better begin
 constexpr int longestSkipMs = 100;              ///< something moves while late pictures are left out
 constexpr int problemAfterMs = 1000;
 constexpr int keyPatienceMs = 10'000;
-constexpr int rateFrames = 25;
-constexpr double rateStep = 0.75; ///< below that a frame rate is the same
+constexpr int rateFrames = 20;
+constexpr double rateStep = 0.4; ///< below that a frame rate is the same
 constexpr int mostImages = DecodeMailbox::mostPictures + 4;
 
 QString codecName(vav::Codec codec)
@@ -179,6 +179,7 @@ void DecodeWorker::takeFrame(const DecodeMailbox::Order& order)
         m_decoder->flush();
         m_waitsForKey = false;
     }
+    noteRate(header);
     setHurry(order);
     if (!m_decoder->send({order.unit->payload, header.payloadBytes, header.timeNs}))
         m_failedSincePicture = true;
@@ -212,10 +213,10 @@ bool DecodeWorker::isLate(qint64 timeNs) const
 /// A picture that is due may be overtaken by the next one; what is not due yet waits for the clock in the mailbox.
 void DecodeWorker::takePicture(DecodeMailbox::Frame frame, const DecodeMailbox::Order& order)
 {
-    if (!isLate(frame->timeNs) || (m_sinceDrawn.isValid() && m_sinceDrawn.elapsed() > longestSkipMs))
+    if (!isLate(frame->timeNs) || !m_sinceDrawn.isValid() || m_sinceDrawn.elapsed() > longestSkipMs)
         showPending(order);
     m_pending = std::move(frame);
-    if (!isLate(m_pending->timeNs))
+    if (!isLate(m_pending->timeNs) || !m_sinceDrawn.isValid())
         showPending(order);
 }
 
@@ -231,6 +232,20 @@ void DecodeWorker::showPending(const DecodeMailbox::Order& order)
     m_mailbox->addPicture(shot, m_generation);
 }
 
+/// By what is sent, since pictures are left out when decoding is late; from key frame to key frame, since the times in
+/// between are not in their order.
+void DecodeWorker::noteRate(const vav::FrameHeader& header)
+{
+    if ((header.flags & vav::KeyFrame) && (m_rateFrames == 0 || m_rateFrames >= rateFrames)) {
+        const qint64 spanNs = header.timeNs - m_rateBeginNs;
+        if (m_rateFrames > 0 && spanNs > 0)
+            m_fps = double(m_rateFrames) * 1e9 / double(spanNs);
+        m_rateBeginNs = header.timeNs;
+        m_rateFrames = 0;
+    }
+    ++m_rateFrames;
+}
+
 void DecodeWorker::noteFormat(const vemo_decode::Frame& frame)
 {
     VideoFormat format = m_format;
@@ -238,15 +253,8 @@ void DecodeWorker::noteFormat(const vemo_decode::Frame& frame)
     format.size = {frame.width, frame.height};
     format.shape = {frame.shownWidth, frame.shownHeight};
     format.decoder = QString::fromLatin1(m_decoder->device());
-    if (m_rateFrames == 0)
-        m_rateBeginNs = frame.timeNs;
-    if (m_rateFrames++ == rateFrames) {
-        const double seconds = double(frame.timeNs - m_rateBeginNs) / 1e9;
-        const double fps = seconds > 0 ? rateFrames / seconds : 0;
-        if (std::abs(fps - format.fps) > rateStep)
-            format.fps = fps;
-        m_rateFrames = 0;
-    }
+    if (std::abs(m_fps - format.fps) > rateStep)
+        format.fps = m_fps;
     if (format != m_format) {
         m_format = format;
         m_mailbox->addFormat(format);

@@ -41,6 +41,7 @@ private:
     void showPending(const DecodeMailbox::Order& order);
     bool isLate(qint64 timeNs) const;
     void setHurry(const DecodeMailbox::Order& order);
+    void noteRate(const vav::FrameHeader& header);
     void noteFormat(const vemo_decode::Frame& frame);
     void noteProblem();
     void setProblem(const QString& sentence);
@@ -68,6 +69,7 @@ private:
     VideoFormat m_format;
     qint64 m_rateBeginNs = 0; ///< the frame rate is counted from here on
     int m_rateFrames = 0;
+    double m_fps = 0;         ///< 0: not known yet
     QVector<QImage> m_images; ///< buffers; one is free when nobody else holds it
 };
 

@@ -7,10 +7,10 @@
 #include <QSignalSpy>
 #include <QtTest>
 
+using vemo_client::ChannelMime;
 using vemo_client::ChannelRef;
 using vemo_client::VideoTileWt;
 using vemo_client::VideoWallWt;
-using vemo_client::ChannelMime;
 
 class VideoWallTest final : public QObject
 {
