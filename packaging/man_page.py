@@ -58,6 +58,7 @@ def write_description(lines, out):
         match = VERB_LINE.match(line)
         if match:
             out += [".TP", f".B {roff(match.group(1))}", roff(match.group(2))]
+            open_paragraph = False
         elif line.startswith("  ") and line.strip():
             out.append(roff(line.strip()))
         elif not line.strip():

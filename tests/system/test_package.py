@@ -95,9 +95,9 @@ class Content(Test):
 
     def test_the_manual_is_clean_and_names_every_verb(self):
         page = os.path.join(unpacked("vemo"), "usr/share/man/man1/vemo_client.1.gz")
-        code, text = said("man", "--warnings", "-E", "UTF-8", "-l", "-Tutf8", "-Z", page, env=dict(os.environ, LC_ALL="C.UTF-8"))
-        self.assertNotIn("warning", text)
-        self.assertEqual(code, 0, text)
+        done = subprocess.run(["man", "--warnings", "-E", "UTF-8", "-l", "-Tutf8", "-Z", page], capture_output=True, text=True,
+                              env=dict(os.environ, LC_ALL="C.UTF-8"))
+        self.assertEqual((done.returncode, done.stderr), (0, ""))
         with gzip.open(page, "rt", encoding="utf-8") as file:
             page_text = file.read().replace("\\-", "-")
         client = os.path.join(unpacked("vemo"), "usr/bin/vemo_client")
