@@ -57,12 +57,13 @@ void DownloadBar::showChoice(const QVector<ChannelDay>& days, const std::optiona
     else if (span)
         words = SpanWords::length(span->lengthMs()) + QLatin1String(", ") + SpanWords::channels(days.size());
     else
-        reason = tr("Drag on the time line to mark a span");
+        reason = tr("No span is marked");
     m_spanBar->setWords(words.isEmpty() ? reason : words);
     m_download->setEnabled(isAllowed && !words.isEmpty());
-    m_download->setToolTip(!isAllowed        ? tr("Downloading is not allowed for this user")
-                           : words.isEmpty() ? reason
-                                             : tr("Puts it into the download queue"));
+    m_download->setToolTip(!isAllowed         ? tr("Downloading is not allowed for this user")
+                           : !words.isEmpty() ? tr("Puts it into the download queue")
+                           : span             ? reason
+                                  : tr("Drag on the time line to mark a span, or check recordings in the list"));
 }
 
 } // namespace vemo_client

@@ -22,8 +22,8 @@ using vemo_base::TransportButton;
 
 namespace {
 
-constexpr int fieldWidth = 96;
-constexpr int wordsWidth = 184; ///< of usual words, so that the fields stay where they are
+constexpr int fieldWidth = 104;
+constexpr int wordsWidth = 152; ///< whatever the words are, so that the bar keeps its place
 constexpr double dayMs = 24 * 3600 * 1000.0;
 
 } // namespace
@@ -48,6 +48,7 @@ SpanBar::SpanBar(QWidget* parent)
     m_words = new QLabel(this);
     m_words->setTextFormat(Qt::PlainText);
     m_words->setMinimumWidth(wordsWidth);
+    m_words->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     layout->addWidget(m_words, 1);
     connect(marking, &TransportButton::toggled, this, &SpanBar::signalMarkingChosen);
     connect(m_clear, &TransportButton::clicked, this, [this] {
@@ -65,8 +66,6 @@ QTimeEdit* SpanBar::addField(const QString& name)
     field->setAccessibleName(name);
     field->setToolTip(name);
     field->setWrapping(true);
-    field->setButtonSymbols(QAbstractSpinBox::NoButtons);
-    field->setAlignment(Qt::AlignCenter);
     // The line inside a spin box can be had only as a child.
     if (auto* line = field->findChild<QLineEdit*>())
         line->installEventFilter(this);
@@ -136,6 +135,7 @@ void SpanBar::setWords(const QString& words)
 void SpanBar::showWrong(bool isWrong)
 {
     m_isWrong = isWrong;
+    m_words->setToolTip(m_summary);
     m_words->setText(isWrong ? tr("The end must lie behind the begin.") : m_summary);
     QPalette palette = m_words->palette();
     palette.setColor(QPalette::WindowText,
