@@ -22,12 +22,15 @@ constexpr int iconSize = 18;
 constexpr double radius = 6;
 constexpr int groundAlpha = 204; // 80 %
 
+/// Tiles are dark in both themes, and so are their icons.
 QIcon iconOf(const VideoTileWt::Action& action, qreal ratio)
 {
-    if (!action.isAlert)
-        return Icons::icon(action.iconName);
-    return QIcon(
-        Icons::pixmap(action.iconName, iconSize, vemo_base::themeColor(ThemeMode::Dark, Token::AxisAlarm), ratio));
+    const auto shape = [&](Token token) {
+        return Icons::pixmap(action.iconName, iconSize, vemo_base::themeColor(ThemeMode::Dark, token), ratio);
+    };
+    QIcon icon(shape(action.isAlert ? Token::AxisAlarm : Token::Text));
+    icon.addPixmap(shape(Token::Text3), QIcon::Disabled);
+    return icon;
 }
 
 } // namespace

@@ -205,7 +205,11 @@ void VideoTileWt::setMessage(const QString& iconName, const QString& text, const
 {
     setState(TileFace::State::Message, iconName, text);
     m_button->setText(buttonText);
-    m_button->setIcon(buttonIcon.isEmpty() ? QIcon() : vemo_base::Icons::icon(buttonIcon));
+    m_button->setIcon(buttonIcon.isEmpty()
+                          ? QIcon()
+                          : QIcon(vemo_base::Icons::pixmap(
+                                buttonIcon, m_button->iconSize().width(),
+                                vemo_base::themeColor(ThemeMode::Dark, vemo_base::Token::Text), devicePixelRatioF())));
     m_button->setVisible(!buttonText.isEmpty());
     placeParts();
 }
