@@ -250,6 +250,12 @@ void DevsMgrData::storeInfo(const vms_sdk::DevInfo& info)
         return;
     found->info = info;
     makeChannels(&*found);
+    // Where it answers from now on it is the same device.
+    if (!info.endpoint.isEmpty() && found->record.endpoint != info.endpoint) {
+        found->record.endpoint = info.endpoint;
+        if (!found->session)
+            Database::instance().post([record = found->record](QSqlDatabase& db) { return DevStore::put(db, record); });
+    }
     if (!found->session)
         Database::instance().post([info](QSqlDatabase& db) { return DevStore::putInfo(db, info); });
     emit DataSignals::instance().signalDevInfoChanged(info.devId);
