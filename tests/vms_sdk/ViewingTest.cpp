@@ -330,7 +330,7 @@ void ViewingTest::boundsWhatTheNetworkAnswers()
     int devices = 0;
     QTimer pace;
     connect(&pace, &QTimer::timeout, this, [&] {
-        for (int i = 0; i < 50 && devices < 5000; ++i) {
+        for (int i = 0; i < 50 && devices < 20'000; ++i) {
             const QByteArray number = QByteArray::number(++devices);
             flooder.writeDatagram(
                 head + "</s:Header><s:Body><d:ProbeMatches><d:ProbeMatch><a:EndpointReference><a:Address>" + number +
