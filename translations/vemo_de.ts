@@ -5,820 +5,821 @@
     <name>CopyFolder</name>
     <message>
         <source>%1 is not the folder any more that it was at the beginning.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ist nicht mehr der Ordner, der er zu Beginn war.</translation>
     </message>
     <message>
         <source>The folder %1 can&apos;t be written to: %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>In den Ordner %1 kann nicht geschrieben werden: %2.</translation>
     </message>
 </context>
 <context>
     <name>FileCopier</name>
     <message>
         <source>%1 can&apos;t be written: %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 kann nicht geschrieben werden: %2.</translation>
     </message>
     <message>
         <source>%1 can&apos;t be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 kann nicht gelesen werden.</translation>
     </message>
     <message>
         <source>There is not enough room for %1: it needs %2 MB, %3 MB are free.</source>
-        <translation type="unfinished"></translation>
+        <translation>Für %1 ist nicht genug Platz: %2 MB werden gebraucht, %3 MB sind frei.</translation>
     </message>
     <message>
         <source>%1 can&apos;t be copied to %2: %3.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 kann nicht nach %2 kopiert werden: %3.</translation>
     </message>
     <message>
         <source>%1 can&apos;t be read: %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 kann nicht gelesen werden: %2.</translation>
     </message>
     <message>
         <source>%1 can&apos;t be read back: %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 kann nicht zurückgelesen werden: %2.</translation>
     </message>
     <message>
         <source>%1 did not come back from the disk as it was written.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 kam nicht so vom Datenträger zurück, wie es geschrieben wurde.</translation>
     </message>
     <message>
         <source>%1 changed while it was copied.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 hat sich während des Kopierens geändert.</translation>
     </message>
     <message>
         <source>%1 has %2 bytes instead of %3.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 hat %2 statt %3 Byte.</translation>
     </message>
     <message>
         <source>The folder of %1 was taken away or replaced while copying.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Ordner von %1 wurde während des Kopierens entfernt oder ersetzt.</translation>
     </message>
 </context>
 <context>
     <name>PlainFile</name>
     <message>
         <source>%1 can&apos;t be read: %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 kann nicht gelesen werden: %2.</translation>
     </message>
     <message>
         <source>%1 is not there.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ist nicht vorhanden.</translation>
     </message>
     <message>
         <source>%1 is not a file.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ist keine Datei.</translation>
     </message>
 </context>
 <context>
     <name>QObject</name>
     <message>
         <source>Page %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Seite %1</translation>
     </message>
 </context>
 <context>
     <name>VCOMMON::FileChecksum</name>
     <message>
         <source>%1 can&apos;t be read: %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 kann nicht gelesen werden: %2.</translation>
     </message>
     <message>
         <source>SHA-256 is not available.</source>
-        <translation type="unfinished"></translation>
+        <translation>SHA-256 ist nicht verfügbar.</translation>
     </message>
 </context>
 <context>
     <name>VCOMMON::LocalFolderScan</name>
     <message>
         <source>The folder %1 is not there or can&apos;t be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Ordner %1 ist nicht vorhanden oder nicht lesbar.</translation>
     </message>
     <message>
         <source>The folder %1 has more than %2 files; the rest was left out.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Ordner %1 enthält mehr als %2 Dateien; der Rest wurde ausgelassen.</translation>
     </message>
     <message>
         <source>Another disk lies at %1; the files known there are kept in the list.</source>
-        <translation type="unfinished"></translation>
+        <translation>Unter %1 liegt ein anderer Datenträger; die dort bekannten Dateien bleiben in der Liste.</translation>
     </message>
 </context>
 <context>
     <name>VCOMMON::RecordingFile</name>
     <message>
         <source>The file is empty.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei ist leer.</translation>
     </message>
     <message>
         <source>This is no MP4 file.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dies ist keine MP4-Datei.</translation>
     </message>
     <message>
         <source>The file was not finished; what there is of it can be played.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei wurde nicht abgeschlossen; der vorhandene Teil kann abgespielt werden.</translation>
     </message>
     <message>
         <source>The file is cut off: %1 of at least %2 bytes are there.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei ist abgeschnitten: %1 von mindestens %2 Byte sind vorhanden.</translation>
     </message>
     <message>
         <source>The index of the file is missing: it was not finished, or its end is damaged.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Index der Datei fehlt: Sie wurde nicht abgeschlossen, oder ihr Ende ist beschädigt.</translation>
     </message>
     <message>
         <source>The file holds no pictures.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei enthält keine Bilder.</translation>
     </message>
     <message>
         <source>The file can&apos;t be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei kann nicht gelesen werden.</translation>
     </message>
     <message>
         <source>The file is not there.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei ist nicht vorhanden.</translation>
     </message>
 </context>
 <context>
     <name>VCOMMON::SnapImageFile</name>
     <message>
         <source>The file is empty.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei ist leer.</translation>
     </message>
     <message>
         <source>This is no picture.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dies ist kein Bild.</translation>
     </message>
     <message>
         <source>The end of the picture is missing.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Ende des Bildes fehlt.</translation>
     </message>
     <message>
         <source>The file can&apos;t be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei kann nicht gelesen werden.</translation>
     </message>
 </context>
 <context>
     <name>VCOMMON::SnapImageWriter</name>
     <message>
         <source>The picture for %1 can&apos;t be encoded.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Bild für %1 kann nicht kodiert werden.</translation>
     </message>
     <message>
         <source>The folder %1 can&apos;t be made.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Ordner %1 kann nicht angelegt werden.</translation>
     </message>
     <message>
         <source>%1 can&apos;t be written: %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 kann nicht geschrieben werden: %2.</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::BaseTools</name>
     <message>
         <source>Channel %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Kanal %1</translation>
     </message>
     <message>
         <source>Device</source>
-        <translation type="unfinished"></translation>
+        <translation>Gerät</translation>
     </message>
     <message>
         <source>Platform Storage</source>
-        <translation type="unfinished"></translation>
+        <translation>Plattformspeicher</translation>
     </message>
     <message>
         <source>Edge Card</source>
-        <translation type="unfinished"></translation>
+        <translation>Speicherkarte der Kamera</translation>
     </message>
     <message>
         <source>Cloud</source>
-        <translation type="unfinished"></translation>
+        <translation>Cloud</translation>
     </message>
     <message>
         <source>This Computer</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieser Computer</translation>
     </message>
     <message>
         <source>Unknown</source>
-        <translation type="unfinished"></translation>
+        <translation>Unbekannt</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::ClientTree</name>
     <message>
         <source>Channels</source>
-        <translation type="unfinished"></translation>
+        <translation>Kanäle</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::ClientTreeWt</name>
     <message>
         <source>Filter by channel name</source>
-        <translation type="unfinished"></translation>
+        <translation>Nach Kanalname filtern</translation>
     </message>
     <message>
         <source>One list of all channels by name</source>
-        <translation type="unfinished"></translation>
+        <translation>Eine Liste aller Kanäle nach Namen</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::ClockSlider</name>
     <message>
         <source>Position</source>
-        <translation type="unfinished"></translation>
+        <translation>Position</translation>
     </message>
     <message>
         <source>Lost in transfer %1 to %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Bei der Übertragung verloren: %1 bis %2</translation>
     </message>
     <message>
         <source>No recording %1 to %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Aufnahme: %1 bis %2</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::DateSelectLineEdit</name>
     <message>
         <source>Date</source>
-        <translation type="unfinished"></translation>
+        <translation>Datum</translation>
     </message>
     <message>
         <source>Show the calendar</source>
-        <translation type="unfinished"></translation>
+        <translation>Kalender anzeigen</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::DatetimeSpanSelWt</name>
     <message>
         <source>OK</source>
-        <translation type="unfinished"></translation>
+        <translation>OK</translation>
     </message>
     <message>
         <source>Today</source>
-        <translation type="unfinished"></translation>
+        <translation>Heute</translation>
     </message>
     <message>
         <source>Yesterday</source>
-        <translation type="unfinished"></translation>
+        <translation>Gestern</translation>
     </message>
     <message>
         <source>Last 7 days</source>
-        <translation type="unfinished"></translation>
+        <translation>Letzte 7 Tage</translation>
     </message>
     <message>
         <source>Last 30 days</source>
-        <translation type="unfinished"></translation>
+        <translation>Letzte 30 Tage</translation>
     </message>
     <message>
         <source>Begin</source>
-        <translation type="unfinished"></translation>
+        <translation>Beginn</translation>
     </message>
     <message>
         <source>End</source>
-        <translation type="unfinished"></translation>
+        <translation>Ende</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Abbrechen</translation>
     </message>
     <message>
         <source>%1, clock time</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, Uhrzeit</translation>
     </message>
     <message>
         <source>%1, day</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, Tag</translation>
     </message>
     <message>
         <source>1 day</source>
-        <translation type="unfinished"></translation>
+        <translation>1 Tag</translation>
     </message>
     <message>
         <source>%1 days</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Tage</translation>
     </message>
     <message>
         <source>This clock time does not exist on that day.</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese Uhrzeit gibt es an dem Tag nicht.</translation>
     </message>
     <message>
         <source>The end must lie behind the begin.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Ende muss nach dem Beginn liegen.</translation>
     </message>
     <message>
         <source>At most %1 days can be searched at once.</source>
-        <translation type="unfinished"></translation>
+        <translation>Höchstens %1 Tage können auf einmal durchsucht werden.</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::DayCalendar</name>
     <message>
         <source>Day</source>
-        <translation type="unfinished"></translation>
+        <translation>Tag</translation>
     </message>
     <message>
         <source>Month before</source>
-        <translation type="unfinished"></translation>
+        <translation>Voriger Monat</translation>
     </message>
     <message>
         <source>Next month</source>
-        <translation type="unfinished"></translation>
+        <translation>Nächster Monat</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::DisabledWaitingWt</name>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Abbrechen</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::DiskFreeSpaceBar</name>
     <message>
         <source>%1 GB</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 GB</translation>
     </message>
     <message>
         <source>%1 TB</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 TB</translation>
     </message>
     <message>
         <source>Asking the disk...</source>
-        <translation type="unfinished"></translation>
+        <translation>Datenträger wird abgefragt...</translation>
     </message>
     <message>
         <source>%1 can&apos;t be read</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 kann nicht gelesen werden</translation>
     </message>
     <message>
         <source>%1 %2 free of %3</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 %2 frei von %3</translation>
     </message>
     <message>
         <source>%1, full</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, voll</translation>
     </message>
     <message>
         <source>%1, low</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, wenig frei</translation>
     </message>
     <message>
         <source>%1
-Backups go to %2</source>
-        <translation type="unfinished"></translation>
+%2</source>
+        <translation>%1
+%2</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::ImageViewerDlg</name>
     <message>
         <source>This image can&apos;t be read</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieses Bild kann nicht gelesen werden</translation>
     </message>
     <message>
         <source>Opening %1</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 wird geöffnet</translation>
     </message>
     <message>
         <source>%1 x %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 x %2</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::LocalPlaybackDlg</name>
     <message>
         <source>Opening %1</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 wird geöffnet</translation>
     </message>
     <message>
         <source>Snapshot saved as %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Einzelbild gespeichert als %1</translation>
     </message>
     <message>
         <source>This recording has sound only.</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese Aufnahme enthält nur Ton.</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::LocalViewTree</name>
     <message>
         <source>%1, %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, %2</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::MpvWorker</name>
     <message>
         <source>The player&apos;s library can&apos;t be loaded: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Bibliothek des Players kann nicht geladen werden: %1.</translation>
     </message>
     <message>
         <source>The player can&apos;t be started: there is not enough memory.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Player kann nicht gestartet werden: Es ist nicht genug Arbeitsspeicher frei.</translation>
     </message>
     <message>
         <source>The player can&apos;t be started: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Player kann nicht gestartet werden: %1.</translation>
     </message>
     <message>
         <source>The player can&apos;t show pictures: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Player kann keine Bilder anzeigen: %1.</translation>
     </message>
     <message>
         <source>%1 is not there any more.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ist nicht mehr vorhanden.</translation>
     </message>
     <message>
         <source>%1 is not a file.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ist keine Datei.</translation>
     </message>
     <message>
         <source>%1 is empty.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ist leer.</translation>
     </message>
     <message>
         <source>%1 can&apos;t be read: you have no permission.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 kann nicht gelesen werden: Die Berechtigung fehlt.</translation>
     </message>
     <message>
         <source>%1 can&apos;t be read as a video: it is none, or its beginning or its end is damaged.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 kann nicht als Video gelesen werden: Es ist keines, oder sein Anfang oder Ende ist beschädigt.</translation>
     </message>
     <message>
         <source>%1 has neither a picture nor sound that can be played.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 enthält weder Bild noch Ton, die abgespielt werden können.</translation>
     </message>
     <message>
         <source>%1 can&apos;t be opened. It may be damaged, or another program holds it.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 kann nicht geöffnet werden. Möglicherweise ist es beschädigt oder von einem anderen Programm belegt.</translation>
     </message>
     <message>
         <source>%1 can&apos;t be played: %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 kann nicht abgespielt werden: %2.</translation>
     </message>
     <message>
         <source>The player gives no picture: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Player liefert kein Bild: %1.</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::NavigationEntry</name>
     <message>
         <source>Group, open</source>
-        <translation type="unfinished"></translation>
+        <translation>Gruppe, geöffnet</translation>
     </message>
     <message>
         <source>Group, closed</source>
-        <translation type="unfinished"></translation>
+        <translation>Gruppe, geschlossen</translation>
     </message>
     <message>
         <source>Current page</source>
-        <translation type="unfinished"></translation>
+        <translation>Aktuelle Seite</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::NavigationWidget</name>
     <message>
         <source>Navigation</source>
-        <translation type="unfinished"></translation>
+        <translation>Navigation</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::PageEditWt</name>
     <message>
         <source>Go to</source>
-        <translation type="unfinished"></translation>
+        <translation>Gehe zu</translation>
     </message>
     <message>
         <source>Entries on a page</source>
-        <translation type="unfinished"></translation>
+        <translation>Einträge pro Seite</translation>
     </message>
     <message>
         <source>%1 / page</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 / Seite</translation>
     </message>
     <message>
         <source>Go to page</source>
-        <translation type="unfinished"></translation>
+        <translation>Gehe zu Seite</translation>
     </message>
     <message>
         <source>First page</source>
-        <translation type="unfinished"></translation>
+        <translation>Erste Seite</translation>
     </message>
     <message>
         <source>Previous page</source>
-        <translation type="unfinished"></translation>
+        <translation>Vorige Seite</translation>
     </message>
     <message>
         <source>Next page</source>
-        <translation type="unfinished"></translation>
+        <translation>Nächste Seite</translation>
     </message>
     <message>
         <source>Last page</source>
-        <translation type="unfinished"></translation>
+        <translation>Letzte Seite</translation>
     </message>
     <message>
         <source>0 entries</source>
-        <translation type="unfinished"></translation>
+        <translation>0 Einträge</translation>
     </message>
     <message>
         <source>%1-%2 of %3</source>
-        <translation type="unfinished"></translation>
+        <translation>%1-%2 von %3</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::PictureFile</name>
     <message>
         <source>This recording has no picture yet.</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese Aufnahme hat noch kein Bild.</translation>
     </message>
     <message>
         <source>The file is not there or may not be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei ist nicht vorhanden oder darf nicht gelesen werden.</translation>
     </message>
     <message>
         <source>This image can&apos;t be read</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieses Bild kann nicht gelesen werden</translation>
     </message>
     <message>
         <source>The image is too large to be shown: %1 x %2 pixels.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Bild ist zu groß zum Anzeigen: %1 x %2 Pixel.</translation>
     </message>
     <message>
         <source>The image file is too large to be shown.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Bilddatei ist zu groß zum Anzeigen.</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::PlaybackTexts</name>
     <message>
         <source>1 gap</source>
-        <translation type="unfinished"></translation>
+        <translation>1 Lücke</translation>
     </message>
     <message>
         <source>%1 gaps</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Lücken</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::PlayerTitleBar</name>
     <message>
         <source>Close (Esc)</source>
-        <translation type="unfinished"></translation>
+        <translation>Schließen (Esc)</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::ProgressButton</name>
     <message>
         <source>%1 %2%</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 %2%</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::SearchBox</name>
     <message>
         <source>Clear the filter</source>
-        <translation type="unfinished"></translation>
+        <translation>Filter zurücksetzen</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::SettingToolWt</name>
     <message>
         <source>Close</source>
-        <translation type="unfinished"></translation>
+        <translation>Schließen</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::SpanWords</name>
     <message>
         <source>%1 To %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 bis %2</translation>
     </message>
     <message>
         <source>%1 h</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 h</translation>
     </message>
     <message>
         <source>%1 h %2 min</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 h %2 min</translation>
     </message>
     <message>
         <source>%1 min</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 min</translation>
     </message>
     <message>
         <source>%1 min %2 s</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 min %2 s</translation>
     </message>
     <message>
         <source>%1 s</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 s</translation>
     </message>
     <message>
         <source>%1 of %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 von %2</translation>
     </message>
     <message>
         <source>1 recording</source>
-        <translation type="unfinished"></translation>
+        <translation>1 Aufnahme</translation>
     </message>
     <message>
         <source>%1 recordings</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Aufnahmen</translation>
     </message>
     <message>
         <source>1 channel</source>
-        <translation type="unfinished"></translation>
+        <translation>1 Kanal</translation>
     </message>
     <message>
         <source>%1 channels</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Kanäle</translation>
     </message>
     <message>
         <source>Clocks went forward here, from %1 to %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Hier wurden die Uhren von %1 auf %2 vorgestellt.</translation>
     </message>
     <message>
         <source>This hour passed twice, at %1 and at %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese Stunde gab es zweimal, mit %1 und mit %2.</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::TableOperWtStyle</name>
     <message>
         <source>Check all shown rows</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle angezeigten Zeilen markieren</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::ToastWt</name>
     <message>
         <source>Close</source>
-        <translation type="unfinished"></translation>
+        <translation>Schließen</translation>
     </message>
     <message>
         <source>%1 (%2 times)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (%2-mal)</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::TransportBar</name>
     <message>
         <source>Play (Space)</source>
-        <translation type="unfinished"></translation>
+        <translation>Abspielen (Leertaste)</translation>
     </message>
     <message>
         <source>Mute (M)</source>
-        <translation type="unfinished"></translation>
+        <translation>Ton aus (M)</translation>
     </message>
     <message>
         <source>Snapshot</source>
-        <translation type="unfinished"></translation>
+        <translation>Einzelbild</translation>
     </message>
     <message>
         <source>10 s back (Left arrow)</source>
-        <translation type="unfinished"></translation>
+        <translation>10 s zurück (Pfeil links)</translation>
     </message>
     <message>
         <source>Frame back (comma)</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein Bild zurück (Komma)</translation>
     </message>
     <message>
         <source>Frame on (period)</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein Bild vor (Punkt)</translation>
     </message>
     <message>
         <source>10 s on (Right arrow)</source>
-        <translation type="unfinished"></translation>
+        <translation>10 s vor (Pfeil rechts)</translation>
     </message>
     <message>
         <source>Stop and go to the beginning</source>
-        <translation type="unfinished"></translation>
+        <translation>Anhalten und zum Anfang</translation>
     </message>
     <message>
         <source>Speed ([ slower, ] faster)</source>
-        <translation type="unfinished"></translation>
+        <translation>Tempo ([ langsamer, ] schneller)</translation>
     </message>
     <message>
         <source>Speed</source>
-        <translation type="unfinished"></translation>
+        <translation>Tempo</translation>
     </message>
     <message>
         <source>Volume</source>
-        <translation type="unfinished"></translation>
+        <translation>Lautstärke</translation>
     </message>
     <message>
         <source>Save the shown picture (S)</source>
-        <translation type="unfinished"></translation>
+        <translation>Angezeigtes Bild speichern (S)</translation>
     </message>
     <message>
         <source>Open folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordner öffnen</translation>
     </message>
     <message>
         <source>Full screen (F)</source>
-        <translation type="unfinished"></translation>
+        <translation>Vollbild (F)</translation>
     </message>
     <message>
         <source>Pause (Space)</source>
-        <translation type="unfinished"></translation>
+        <translation>Pause (Leertaste)</translation>
     </message>
     <message>
         <source>The recording has no sound</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Aufnahme hat keinen Ton</translation>
     </message>
     <message>
         <source>Sound on (M)</source>
-        <translation type="unfinished"></translation>
+        <translation>Ton ein (M)</translation>
     </message>
     <message>
         <source>Leave full screen (F)</source>
-        <translation type="unfinished"></translation>
+        <translation>Vollbild verlassen (F)</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::VMessageBox</name>
     <message>
         <source>No</source>
-        <translation type="unfinished"></translation>
+        <translation>Nein</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Abbrechen</translation>
     </message>
     <message>
         <source>Yes</source>
-        <translation type="unfinished"></translation>
+        <translation>Ja</translation>
     </message>
     <message>
         <source>OK</source>
-        <translation type="unfinished"></translation>
+        <translation>OK</translation>
     </message>
     <message>
         <source>Information</source>
-        <translation type="unfinished"></translation>
+        <translation>Information</translation>
     </message>
     <message>
         <source>Please confirm</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte bestätigen</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::ViewerBar</name>
     <message>
         <source>Previous (Left arrow)</source>
-        <translation type="unfinished"></translation>
+        <translation>Voriges (Pfeil links)</translation>
     </message>
     <message>
         <source>Next (Right arrow)</source>
-        <translation type="unfinished"></translation>
+        <translation>Nächstes (Pfeil rechts)</translation>
     </message>
     <message>
         <source>Zoom out (-)</source>
-        <translation type="unfinished"></translation>
+        <translation>Verkleinern (-)</translation>
     </message>
     <message>
         <source>Zoom in (+)</source>
-        <translation type="unfinished"></translation>
+        <translation>Vergrößern (+)</translation>
     </message>
     <message>
         <source>Fit into the window (0)</source>
-        <translation type="unfinished"></translation>
+        <translation>In das Fenster einpassen (0)</translation>
     </message>
     <message>
         <source>Actual size (1)</source>
-        <translation type="unfinished"></translation>
+        <translation>Originalgröße (1)</translation>
     </message>
     <message>
         <source>Turn left (Shift+R)</source>
-        <translation type="unfinished"></translation>
+        <translation>Nach links drehen (Umschalt+R)</translation>
     </message>
     <message>
         <source>Turn right (R)</source>
-        <translation type="unfinished"></translation>
+        <translation>Nach rechts drehen (R)</translation>
     </message>
     <message>
         <source>Copy (Ctrl+C)</source>
-        <translation type="unfinished"></translation>
+        <translation>Kopieren (Strg+C)</translation>
     </message>
     <message>
         <source>Open the folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordner öffnen</translation>
     </message>
     <message>
         <source>Full screen (F)</source>
-        <translation type="unfinished"></translation>
+        <translation>Vollbild (F)</translation>
     </message>
     <message>
         <source>%1 of %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 von %2</translation>
     </message>
     <message>
         <source>%1%</source>
-        <translation type="unfinished"></translation>
+        <translation>%1%</translation>
     </message>
     <message>
         <source>Leave full screen (F)</source>
-        <translation type="unfinished"></translation>
+        <translation>Vollbild verlassen (F)</translation>
     </message>
 </context>
 <context>
@@ -834,27 +835,36 @@ Actions:
   export  copies the finished files of a day, with their checksums
 run ends with 8 when a task failed or stayed incomplete in it.
 </source>
-        <translation type="unfinished"></translation>
+        <translation>Plant Sicherungen, einen Auftrag je Kanal und Tag, und arbeitet sie ab, während kein Fenster des Datenordners offen ist.
+
+Aktionen:
+  list    nennt die Aufträge und wie viel von dem, was der Rekorder hat, gesichert ist
+  add     speichert einen Auftrag je Kanal und Tag
+  run     arbeitet die Aufträge des Tages und die versäumten ab, älteste zuerst, und endet
+  stop    lässt einen laufenden Lauf mit dem enden, was er hat
+  export  kopiert die fertigen Dateien eines Tages mit ihren Prüfsummen
+run endet mit 8, wenn darin ein Auftrag fehlschlug oder unvollständig blieb.
+</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is not a day; days are written as 2026-01-10.</source>
-        <translation type="unfinished"></translation>
+        <translation>&quot;%1&quot; ist kein Tag; Tage werden als 2026-01-10 geschrieben.</translation>
     </message>
     <message>
         <source>--%1 takes a number from 1 to %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>--%1 erwartet eine Zahl von 1 bis %2.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is not a span of the day; spans are written as 08:00-12:00.</source>
-        <translation type="unfinished"></translation>
+        <translation>&quot;%1&quot; ist kein Zeitraum des Tages; Zeiträume werden als 08:00-12:00 geschrieben.</translation>
     </message>
     <message>
         <source>The spans of --segments overlap at %1; an end takes its whole minute in.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Zeiträume von --segments überschneiden sich bei %1; ein Ende schließt seine ganze Minute ein.</translation>
     </message>
     <message>
         <source>At most %1 spans a day.</source>
-        <translation type="unfinished"></translation>
+        <translation>Höchstens %1 Zeiträume je Tag.</translation>
     </message>
     <message>
         <source>Works on the recordings or the snapshots that this computer holds.
@@ -869,35 +879,46 @@ bytes, ok; where ok is false, problem tells why; guessed is true for a span that
 not tell. delete and rescan need the window of the data folder closed. The exit code is 8 when a
 file could not be saved or deleted, or a folder not be looked through.
 </source>
-        <translation type="unfinished"></translation>
+        <translation>Arbeitet mit den Aufnahmen oder den Einzelbildern auf diesem Computer.
+
+Aktionen, nach &quot;recordings&quot; oder &quot;snapshots&quot;:
+  list     nennt jede Datei mit ihrem Kanal und ihren Zeiten, auch defekte
+  save-as  kopiert Dateien in einen Ordner, benannt nach Kanal und Zeit
+  delete   löscht Dateien, in den Papierkorb, wo es einen gibt, und vergisst sie
+  rescan   findet, was ohne den Client hinzukam oder entfernt wurde, beider Arten
+list --json gibt ein Objekt je Zeile aus: path, channel, begin und end (bei Einzelbildern: captured),
+bytes, ok; wo ok false ist, nennt problem den Grund; guessed ist true bei einem Zeitraum, den die
+Datei nicht nennt. Bei delete und rescan muss das Fenster des Datenordners geschlossen sein. Der
+Exit-Code ist 8, wenn eine Datei nicht gespeichert oder gelöscht oder ein Ordner nicht durchsucht werden konnte.
+</translation>
     </message>
     <message>
         <source>The end, %1, is not after the begin, %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Ende, %1, liegt nicht nach dem Beginn, %2.</translation>
     </message>
     <message>
         <source>Give either --all or what to choose by: --begin, --end, --channel.</source>
-        <translation type="unfinished"></translation>
+        <translation>Geben Sie entweder --all an oder eine Auswahl mit --begin, --end, --channel.</translation>
     </message>
     <message>
         <source>--yes is missing; list tells what would be deleted.</source>
-        <translation type="unfinished"></translation>
+        <translation>--yes fehlt; list nennt, was gelöscht würde.</translation>
     </message>
     <message>
         <source>Downloads what a recorder has of a span of time, as MP4.</source>
-        <translation type="unfinished"></translation>
+        <translation>Lädt herunter, was ein Rekorder aus einem Zeitraum hat, als MP4.</translation>
     </message>
     <message>
         <source>Lists the recordings of a channel in a span of time.</source>
-        <translation type="unfinished"></translation>
+        <translation>Listet die Aufnahmen eines Kanals in einem Zeitraum auf.</translation>
     </message>
     <message>
         <source>See vemo_client %1 --help.</source>
-        <translation type="unfinished"></translation>
+        <translation>Siehe vemo_client %1 --help.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is one argument too many.</source>
-        <translation type="unfinished"></translation>
+        <translation>&quot;%1&quot; ist ein Argument zu viel.</translation>
     </message>
     <message>
         <source>Works on the stored downloads of a data folder while no window of it is open.
@@ -915,634 +936,1027 @@ run ends with 8 when a task failed or came out incomplete in it. Passwords are k
 desktop&apos;s keyring, or in an encrypted file; VEMO_SECRETS_PASSWORD puts a password on that file,
 VEMO_KEYRING=off leaves the keyring alone.
 </source>
-        <translation type="unfinished"></translation>
+        <translation>Bearbeitet die gespeicherten Downloads eines Datenordners, während kein Fenster davon offen ist.
+
+Aktionen:
+  list    nennt jeden Auftrag
+  add     speichert einen Download eines Zeitraums oder einer Aufnahme, je Kanal einen
+  pause   hält wartende Aufträge vom Start ab
+  resume  lässt pausierte Aufträge wieder warten
+  cancel  verwirft wartende und pausierte Aufträge
+  retry   lässt fehlgeschlagene Aufträge wieder warten
+  clear   nimmt fertige und fehlgeschlagene Aufträge aus der Liste; Dateien bleiben
+  run     arbeitet die wartenden Aufträge ab, fünf zugleich, und endet, wenn keiner übrig ist
+run endet mit 8, wenn darin ein Auftrag fehlschlug oder unvollständig blieb. Passwörter liegen im
+Schlüsselbund der Arbeitsumgebung oder in einer verschlüsselten Datei; VEMO_SECRETS_PASSWORD
+schützt diese Datei mit einem Passwort, VEMO_KEYRING=off lässt den Schlüsselbund außen vor.
+</translation>
     </message>
     <message>
         <source>--ca is not kept for stored recorders; use --pin.</source>
-        <translation type="unfinished"></translation>
+        <translation>--ca wird für gespeicherte Rekorder nicht aufbewahrt; verwenden Sie --pin.</translation>
     </message>
     <message>
         <source>The name of a recording has at most %1 characters.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Name einer Aufnahme hat höchstens %1 Zeichen.</translation>
     </message>
     <message>
         <source>A recording belongs to one channel; give one --channel with --file.</source>
-        <translation type="unfinished"></translation>
+        <translation>Eine Aufnahme gehört zu einem Kanal; geben Sie mit --file genau ein --channel an.</translation>
     </message>
     <message>
         <source>This name of a recording does not tell its span; give --begin and --end.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieser Name einer Aufnahme nennt ihren Zeitraum nicht; geben Sie --begin und --end an.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is not the id of a task.</source>
-        <translation type="unfinished"></translation>
+        <translation>&quot;%1&quot; ist keine Auftrags-ID.</translation>
     </message>
     <message>
         <source>Give either --id or --all.</source>
-        <translation type="unfinished"></translation>
+        <translation>Geben Sie entweder --id oder --all an.</translation>
     </message>
     <message>
         <source>less than 1 GiB is free on the disk of the file, so the download was not begun.</source>
-        <translation type="unfinished"></translation>
+        <translation>auf dem Datenträger der Datei ist weniger als 1 GiB frei, daher wurde der Download nicht begonnen.</translation>
     </message>
     <message>
         <source>the download could not be begun.</source>
-        <translation type="unfinished"></translation>
+        <translation>der Download konnte nicht begonnen werden.</translation>
     </message>
     <message>
         <source>%1 to %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 bis %2</translation>
     </message>
     <message>
         <source> and %1 more</source>
-        <translation type="unfinished"></translation>
+        <translation> und %1 weitere</translation>
     </message>
     <message>
         <source>the recorder has footage of %1%2 that did not arrive; what arrived is in %3.</source>
-        <translation type="unfinished"></translation>
+        <translation>der Rekorder hat Aufnahmen von %1%2, die nicht ankamen; was ankam, liegt in %3.</translation>
     </message>
     <message>
         <source>the stream broke off at %1; what arrived until then is in %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>die Übertragung brach bei %1 ab; was bis dahin ankam, liegt in %2.</translation>
     </message>
     <message>
         <source>the stream broke off before the first picture.</source>
-        <translation type="unfinished"></translation>
+        <translation>die Übertragung brach vor dem ersten Bild ab.</translation>
     </message>
     <message>
         <source>the recorder lists recordings for the span, but sent no picture of them.</source>
-        <translation type="unfinished"></translation>
+        <translation>der Rekorder nennt Aufnahmen für den Zeitraum, hat aber kein Bild davon gesendet.</translation>
     </message>
     <message>
         <source>the recorder sent nothing for %1 to %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>der Rekorder hat für %1 bis %2 nichts gesendet.</translation>
     </message>
     <message>
         <source>%1 can&apos;t be written.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 kann nicht geschrieben werden.</translation>
     </message>
     <message>
         <source>the disk is full.</source>
-        <translation type="unfinished"></translation>
+        <translation>der Datenträger ist voll.</translation>
     </message>
     <message>
         <source>no recording from %1 to %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>keine Aufnahme von %1 bis %2.</translation>
     </message>
     <message>
         <source>the recorder refused the login.</source>
-        <translation type="unfinished"></translation>
+        <translation>der Rekorder hat die Anmeldung abgelehnt.</translation>
     </message>
     <message>
         <source>the recorder serves no further stream at the moment.</source>
-        <translation type="unfinished"></translation>
+        <translation>der Rekorder liefert im Moment keine weitere Übertragung.</translation>
     </message>
     <message>
         <source>the stream could not be opened.</source>
-        <translation type="unfinished"></translation>
+        <translation>die Übertragung konnte nicht geöffnet werden.</translation>
     </message>
     <message>
         <source>the download failed.</source>
-        <translation type="unfinished"></translation>
+        <translation>der Download ist fehlgeschlagen.</translation>
     </message>
     <message>
         <source>Wrong login</source>
-        <translation type="unfinished"></translation>
+        <translation>Falsche Anmeldung</translation>
     </message>
     <message>
         <source>Locked</source>
-        <translation type="unfinished"></translation>
+        <translation>Gesperrt</translation>
     </message>
     <message>
         <source>Not activated</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht aktiviert</translation>
     </message>
     <message>
         <source>Connection limit</source>
-        <translation type="unfinished"></translation>
+        <translation>Verbindungsgrenze</translation>
     </message>
     <message>
         <source>Certificate</source>
-        <translation type="unfinished"></translation>
+        <translation>Zertifikat</translation>
     </message>
     <message>
         <source>Offline</source>
-        <translation type="unfinished"></translation>
+        <translation>Offline</translation>
     </message>
     <message>
         <source>Failed</source>
-        <translation type="unfinished"></translation>
+        <translation>Fehlgeschlagen</translation>
     </message>
     <message>
         <source>The recorder refused the login</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Rekorder hat die Anmeldung abgelehnt</translation>
     </message>
     <message>
         <source>The account is locked</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Konto ist gesperrt</translation>
     </message>
     <message>
         <source>The recorder is not activated</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Rekorder ist nicht aktiviert</translation>
     </message>
     <message>
         <source>The recorder takes no more connections</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Rekorder nimmt keine weiteren Verbindungen an</translation>
     </message>
     <message>
         <source>The certificate is not trusted</source>
-        <translation type="unfinished"></translation>
+        <translation>Dem Zertifikat wird nicht vertraut</translation>
     </message>
     <message>
         <source>The recorder can&apos;t be reached</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Rekorder ist nicht erreichbar</translation>
     </message>
     <message>
         <source>The recorder does not answer</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Rekorder antwortet nicht</translation>
     </message>
     <message>
         <source>The connection broke off</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Verbindung ist abgebrochen</translation>
     </message>
     <message>
         <source>No recorder answers at this address</source>
-        <translation type="unfinished"></translation>
+        <translation>Unter dieser Adresse antwortet kein Rekorder</translation>
     </message>
     <message>
         <source>The recorder speaks another language</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Rekorder spricht ein anderes Protokoll</translation>
     </message>
     <message>
         <source>The answer can&apos;t be read</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Antwort ist nicht lesbar</translation>
     </message>
     <message>
         <source>The login failed</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Anmeldung ist fehlgeschlagen</translation>
     </message>
     <message>
         <source>Check user and password. Many recorders lock the account after a few wrong tries.</source>
-        <translation type="unfinished"></translation>
+        <translation>Prüfen Sie Benutzer und Passwort. Viele Rekorder sperren das Konto nach einigen Fehlversuchen.</translation>
     </message>
     <message>
         <source>Wait until the recorder unlocks it, often 30 min, then try again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Warten Sie, bis der Rekorder es entsperrt, oft 30 min, und versuchen Sie es dann erneut.</translation>
     </message>
     <message>
         <source>Give it its first password on its own screen or web page, then try again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Vergeben Sie sein erstes Passwort an seinem Bildschirm oder auf seiner Webseite, und versuchen Sie es dann erneut.</translation>
     </message>
     <message>
         <source>Close other programs that are connected to it. It is tried again by itself.</source>
-        <translation type="unfinished"></translation>
+        <translation>Schließen Sie andere Programme, die mit ihm verbunden sind. Es wird automatisch erneut versucht.</translation>
     </message>
     <message>
         <source>Nothing was sent to it. Check the address, or ask who runs the recorder.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es wurde nichts an ihn gesendet. Prüfen Sie die Adresse, oder fragen Sie den Betreiber des Rekorders.</translation>
     </message>
     <message>
         <source>Check address, cable and power. It is tried again by itself.</source>
-        <translation type="unfinished"></translation>
+        <translation>Prüfen Sie Adresse, Kabel und Stromversorgung. Es wird automatisch erneut versucht.</translation>
     </message>
     <message>
         <source>Check address and port, and whether ONVIF is switched on in the recorder&apos;s settings.</source>
-        <translation type="unfinished"></translation>
+        <translation>Prüfen Sie Adresse und Port und ob ONVIF in den Einstellungen des Rekorders eingeschaltet ist.</translation>
     </message>
     <message>
         <source>Try again. If it stays so, the recorder&apos;s own log tells more.</source>
-        <translation type="unfinished"></translation>
+        <translation>Versuchen Sie es erneut. Bleibt es dabei, sagt das Protokoll des Rekorders mehr.</translation>
     </message>
     <message>
         <source>The recorder shows another key than the trusted one</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Rekorder zeigt einen anderen Schlüssel als den vertrauten</translation>
     </message>
     <message>
         <source>Its certificate was renewed, or something stands between you and it. Nothing was sent to it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Sein Zertifikat wurde erneuert, oder etwas steht zwischen Ihnen und ihm. Es wurde nichts an ihn gesendet.</translation>
     </message>
     <message>
         <source>SHA-256 of the new key:</source>
-        <translation type="unfinished"></translation>
+        <translation>SHA-256 des neuen Schlüssels:</translation>
     </message>
     <message>
         <source>The recorder&apos;s key is not known yet</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Compare it with the one that the recorder shows. Nothing was sent to it so far.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Schlüssel des Rekorders ist noch nicht bekannt</translation>
     </message>
     <message>
         <source>SHA-256 of the key:</source>
-        <translation type="unfinished"></translation>
+        <translation>SHA-256 des Schlüssels:</translation>
     </message>
     <message>
         <source>The address carries a login. Put user and password into their own fields.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Adresse enthält Anmeldedaten. Tragen Sie Benutzer und Passwort in ihre eigenen Felder ein.</translation>
     </message>
     <message>
         <source>The address names no host. Example: 192.168.1.20</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Adresse nennt keinen Host. Beispiel: 192.168.1.20</translation>
     </message>
     <message>
         <source>The port must be a number from 1 to 65535.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Port muss eine Zahl von 1 bis 65535 sein.</translation>
     </message>
     <message>
         <source>An address of numbers has four of them from 0 to 255. Example: 192.168.1.20</source>
-        <translation type="unfinished"></translation>
+        <translation>Eine Adresse aus Zahlen hat vier davon, jeweils von 0 bis 255. Beispiel: 192.168.1.20</translation>
+    </message>
+    <message>
+        <source>Works on the users who may log in to the window, for whoever owns the data folder in the operating
+system; no login is asked for, as with every verb. The window has to be closed for changes.
+
+Actions, after &quot;user&quot;:
+  add       adds a user; the first one is to be an administrator. Accounts that can&apos;t be opened any
+            more are kept under another name, and the new administrator begins anew
+  list      tells the users and what they may do; with --json an object a line: name,
+            administrator, powers, enabled, last_login
+  password  sets a new password, which is the way back in for one that was forgotten
+  remove    removes a user
+</source>
+        <translation>Verwaltet die Benutzer, die sich am Fenster anmelden dürfen, für den Besitzer des Datenordners im
+Betriebssystem; wie bei jedem Befehl wird keine Anmeldung verlangt. Für Änderungen muss das Fenster zu sein.
+
+Aktionen, nach &quot;user&quot;:
+  add       fügt einen Benutzer hinzu; der erste muss Administrator sein. Konten, die sich nicht mehr
+            öffnen lassen, werden unter anderem Namen aufbewahrt, und der neue Administrator fängt neu an
+  list      nennt die Benutzer und was sie dürfen; mit --json ein Objekt je Zeile: name,
+            administrator, powers, enabled, last_login
+  password  setzt ein neues Passwort, der Rückweg, wenn eines vergessen wurde
+  remove    entfernt einen Benutzer
+</translation>
+    </message>
+    <message>
+        <source>Give either --administrator or --powers.</source>
+        <translation>Geben Sie entweder --administrator oder --powers an.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no power; there are: %2.</source>
+        <translation>&quot;%1&quot; ist kein Recht; es gibt: %2.</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>Recorder</source>
+        <translation>Rekorder</translation>
+    </message>
+    <message>
+        <source>Log in again</source>
+        <translation>Neu anmelden</translation>
+    </message>
+    <message>
+        <source>No.</source>
+        <translation>Nr.</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Recordings</source>
+        <translation>Aufnahmen</translation>
+    </message>
+    <message>
+        <source>Channels</source>
+        <translation>Kanäle</translation>
+    </message>
+    <message>
+        <source>Change...</source>
+        <translation>Ändern...</translation>
+    </message>
+    <message>
+        <source>Live view alone</source>
+        <translation>Nur Live-Ansicht</translation>
+    </message>
+    <message>
+        <source>Live view, playback and backup</source>
+        <translation>Live-Ansicht, Wiedergabe und Sicherung</translation>
+    </message>
+    <message>
+        <source>Live view and playback</source>
+        <translation>Live-Ansicht und Wiedergabe</translation>
+    </message>
+    <message>
+        <source>Devices</source>
+        <translation>Geräte</translation>
+    </message>
+    <message>
+        <source>Find on the network...</source>
+        <translation>Im Netzwerk suchen...</translation>
+    </message>
+    <message>
+        <source>Add by address...</source>
+        <translation>Über Adresse hinzufügen...</translation>
+    </message>
+    <message>
+        <source>Filter by name, address, group or channel</source>
+        <translation>Nach Name, Adresse, Gruppe oder Kanal filtern</translation>
+    </message>
+    <message>
+        <source>Enable</source>
+        <translation>Aktivieren</translation>
+    </message>
+    <message>
+        <source>Disable</source>
+        <translation>Deaktivieren</translation>
+    </message>
+    <message>
+        <source>Group...</source>
+        <translation>Gruppe...</translation>
+    </message>
+    <message>
+        <source>Remove...</source>
+        <translation>Entfernen...</translation>
+    </message>
+    <message>
+        <source>Searching...</source>
+        <translation>Suche läuft...</translation>
+    </message>
+    <message>
+        <source>Searching... 1 recorder has answered.</source>
+        <translation>Suche läuft... 1 Rekorder hat geantwortet.</translation>
+    </message>
+    <message>
+        <source>Searching... %1 recorders have answered.</source>
+        <translation>Suche läuft... %1 Rekorder haben geantwortet.</translation>
+    </message>
+    <message>
+        <source>No recorder has answered.</source>
+        <translation>Kein Rekorder hat geantwortet.</translation>
+    </message>
+    <message>
+        <source>1 recorder has answered.</source>
+        <translation>1 Rekorder hat geantwortet.</translation>
+    </message>
+    <message>
+        <source>%1 recorders have answered.</source>
+        <translation>%1 Rekorder haben geantwortet.</translation>
+    </message>
+    <message>
+        <source>Compare the key with the one that the recorder shows. Nothing was sent to it so far.</source>
+        <translation>Vergleichen Sie den Schlüssel mit dem, den der Rekorder anzeigt. Bisher wurde nichts an ihn gesendet.</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>SHA-256 of the trusted key:</source>
+        <translation>SHA-256 des vertrauten Schlüssels:</translation>
+    </message>
+    <message>
+        <source>The address carries a password, which would be stored readable. Put it into its own field.</source>
+        <translation>Die Adresse enthält ein Passwort, das lesbar gespeichert würde. Tragen Sie es in sein eigenes Feld ein.</translation>
+    </message>
+    <message>
+        <source>There is an @ behind the host. Put user and password into their own fields, or write it as %40.</source>
+        <translation>Hinter dem Host steht ein @. Tragen Sie Benutzer und Passwort in ihre eigenen Felder ein, oder schreiben Sie es als %40.</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::AddressWatch</name>
+    <message>
+        <source>%1 answers at %2 now</source>
+        <translation>%1 antwortet jetzt unter %2</translation>
+    </message>
+    <message>
+        <source>It can&apos;t be reached at %1 any more. Use the new address?</source>
+        <translation>Unter %1 ist er nicht mehr erreichbar. Neue Adresse verwenden?</translation>
+    </message>
+    <message>
+        <source>Use the new address</source>
+        <translation>Neue Adresse verwenden</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::AdministratorPage</name>
     <message>
         <source>Password</source>
-        <translation type="unfinished"></translation>
+        <translation>Passwort</translation>
     </message>
     <message>
         <source>Repeat the password</source>
-        <translation type="unfinished"></translation>
+        <translation>Passwort wiederholen</translation>
     </message>
     <message>
         <source>Theme</source>
-        <translation type="unfinished"></translation>
+        <translation>Design</translation>
     </message>
     <message>
         <source>Create the administrator</source>
-        <translation type="unfinished"></translation>
+        <translation>Administrator anlegen</translation>
     </message>
     <message>
         <source>This account manages users, recorders and storage. It is kept on this computer only.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieses Konto verwaltet Benutzer, Rekorder und Speicher. Es wird nur auf diesem Computer geführt.</translation>
     </message>
     <message>
         <source>User name</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzername</translation>
     </message>
     <message>
         <source>%1 characters or more</source>
-        <translation type="unfinished"></translation>
+        <translation>Mindestens %1 Zeichen</translation>
     </message>
     <message>
         <source>Dark</source>
-        <translation type="unfinished"></translation>
+        <translation>Dunkel</translation>
     </message>
     <message>
         <source>Light</source>
-        <translation type="unfinished"></translation>
+        <translation>Hell</translation>
     </message>
     <message>
         <source>System</source>
-        <translation type="unfinished"></translation>
+        <translation>System</translation>
     </message>
     <message>
         <source>Create and continue</source>
-        <translation type="unfinished"></translation>
+        <translation>Anlegen und fortfahren</translation>
     </message>
     <message>
         <source>A lost password cannot be recovered. Another administrator can set a new one.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein verlorenes Passwort lässt sich nicht wiederherstellen. Ein anderer Administrator kann ein neues setzen.</translation>
     </message>
     <message>
         <source>The two passwords differ</source>
-        <translation type="unfinished"></translation>
+        <translation>Die beiden Passwörter sind verschieden</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::AuthForm</name>
     <message>
         <source>Step %1 of %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Schritt %1 von %2</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::AuthWt</name>
     <message>
         <source>Version %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Version %1</translation>
     </message>
     <message>
         <source>Every hour that matters,
 safe on your own disks.</source>
-        <translation type="unfinished"></translation>
+        <translation>Jede Stunde, die zählt,
+sicher auf Ihren eigenen Datenträgern.</translation>
     </message>
     <message>
         <source>Live view, playback, downloads and planned backup of your network recorders.</source>
-        <translation type="unfinished"></translation>
+        <translation>Live-Ansicht, Wiedergabe, Downloads und geplante Sicherung Ihrer Netzwerkrekorder.</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::BackupListing</name>
     <message>
         <source>ID</source>
-        <translation type="unfinished"></translation>
+        <translation>ID</translation>
     </message>
     <message>
         <source>DAY</source>
-        <translation type="unfinished"></translation>
+        <translation>TAG</translation>
     </message>
     <message>
         <source>CHANNEL</source>
-        <translation type="unfinished"></translation>
+        <translation>KANAL</translation>
     </message>
     <message>
         <source>STATE</source>
-        <translation type="unfinished"></translation>
+        <translation>STATUS</translation>
     </message>
     <message>
         <source>SAFE</source>
-        <translation type="unfinished"></translation>
+        <translation>GESICHERT</translation>
     </message>
     <message>
         <source>the recorder was not asked yet</source>
-        <translation type="unfinished"></translation>
+        <translation>der Rekorder wurde noch nicht gefragt</translation>
     </message>
     <message>
         <source>nothing recorded</source>
-        <translation type="unfinished"></translation>
+        <translation>nichts aufgezeichnet</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::BackupRun</name>
     <message>
         <source>Failed to export file:%1</source>
-        <translation type="unfinished"></translation>
+        <translation>Datei konnte nicht exportiert werden: %1</translation>
     </message>
     <message>
         <source>The folder for backups, %1, is not there or can&apos;t be written.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Ordner für Sicherungen, %1, ist nicht vorhanden oder nicht beschreibbar.</translation>
     </message>
     <message>
         <source>The folder %1 is not there or can&apos;t be written.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Ordner %1 ist nicht vorhanden oder nicht beschreibbar.</translation>
     </message>
     <message>
         <source>The disk space is insufficient, total file size:%1M, disk free space:%2M, disk name:%3</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht genug Speicherplatz. Gesamtgröße der Dateien: %1 MB, frei: %2 MB, Datenträger: %3</translation>
     </message>
     <message>
         <source>%1 tasks failed; see vemo_client backup list.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Aufträge sind fehlgeschlagen; siehe vemo_client backup list.</translation>
     </message>
     <message>
         <source>Stopped; what had arrived is kept, and the rest is fetched by the next run.</source>
-        <translation type="unfinished"></translation>
+        <translation>Angehalten; was angekommen ist, bleibt erhalten, der Rest wird beim nächsten Lauf geholt.</translation>
     </message>
     <message>
         <source>Export backup files finished, files total count:%1, success count:%2, failure count:%3</source>
-        <translation type="unfinished"></translation>
+        <translation>Export der Sicherungsdateien beendet. Dateien: %1, erfolgreich: %2, fehlgeschlagen: %3</translation>
     </message>
     <message>
         <source>Interrupted; what had arrived is kept, and the rest is fetched by the next run.</source>
-        <translation type="unfinished"></translation>
+        <translation>Abgebrochen; was angekommen ist, bleibt erhalten, der Rest wird beim nächsten Lauf geholt.</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::BackupVerb</name>
     <message>
         <source>Interrupted.</source>
-        <translation type="unfinished"></translation>
+        <translation>Abgebrochen.</translation>
     </message>
     <message>
         <source>No run of the backups is at work in this data folder.</source>
-        <translation type="unfinished"></translation>
+        <translation>In diesem Datenordner läuft gerade keine Sicherung.</translation>
     </message>
     <message>
         <source>No task was added: a day has at most %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es wurde kein Auftrag hinzugefügt: Ein Tag hat höchstens %1.</translation>
     </message>
     <message>
         <source>The database could not be written.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datenbank konnte nicht geschrieben werden.</translation>
     </message>
     <message>
         <source>%1 tasks are planned already.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Aufträge sind bereits geplant.</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::BlockedPage</name>
     <message>
         <source>The accounts can&apos;t be opened</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Konten lassen sich nicht öffnen</translation>
     </message>
     <message>
         <source>Nobody can log in until that is mended. Recordings and settings are untouched.</source>
-        <translation type="unfinished"></translation>
+        <translation>Bis das behoben ist, kann sich niemand anmelden. Aufnahmen und Einstellungen sind unberührt.</translation>
     </message>
     <message>
         <source>Whoever owns this computer account can make a new administrator in a terminal; the files that can&apos;t be opened are kept under another name:
 vemo_client user add --name NAME --password-file FILE --administrator</source>
-        <translation type="unfinished"></translation>
+        <translation>Wem dieses Computerkonto gehört, kann in einem Terminal einen neuen Administrator anlegen; die Dateien, die sich nicht öffnen lassen, werden unter anderem Namen aufbewahrt:
+vemo_client user add --name NAME --password-file FILE --administrator</translation>
     </message>
     <message>
         <source>Close</source>
-        <translation type="unfinished"></translation>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::CertificateDialog</name>
+    <message>
+        <source>Is this the recorder?</source>
+        <translation>Ist das der Rekorder?</translation>
+    </message>
+    <message>
+        <source>%1 shows another key than the one that was trusted. Nothing was sent to it.</source>
+        <translation>%1 zeigt einen anderen Schlüssel als den, dem vertraut wurde. Es wurde nichts an ihn gesendet.</translation>
+    </message>
+    <message>
+        <source>%1 is reached by TLS, and its key is not known yet. Nothing was sent to it.</source>
+        <translation>%1 wird über TLS erreicht, und sein Schlüssel ist noch nicht bekannt. Es wurde nichts an ihn gesendet.</translation>
+    </message>
+    <message>
+        <source>Its certificate was renewed, or something stands between you and it</source>
+        <translation>Sein Zertifikat wurde erneuert, oder etwas steht zwischen Ihnen und ihm</translation>
+    </message>
+    <message>
+        <source>Compare the key with the one that the recorder shows on its own screen or web page</source>
+        <translation>Vergleichen Sie den Schlüssel mit dem, den der Rekorder auf seinem Bildschirm oder seiner Webseite anzeigt</translation>
+    </message>
+    <message>
+        <source>Trusted key (SHA-256)</source>
+        <translation>Vertrauter Schlüssel (SHA-256)</translation>
+    </message>
+    <message>
+        <source>New key (SHA-256)</source>
+        <translation>Neuer Schlüssel (SHA-256)</translation>
+    </message>
+    <message>
+        <source>Key (SHA-256)</source>
+        <translation>Schlüssel (SHA-256)</translation>
+    </message>
+    <message>
+        <source>Don&apos;t trust it</source>
+        <translation>Nicht vertrauen</translation>
+    </message>
+    <message>
+        <source>Trust the new key</source>
+        <translation>Neuem Schlüssel vertrauen</translation>
+    </message>
+    <message>
+        <source>Trust this key</source>
+        <translation>Diesem Schlüssel vertrauen</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::CertificateWords</name>
+    <message>
+        <source>itself</source>
+        <translation>sich selbst</translation>
+    </message>
+    <message>
+        <source>Issued for</source>
+        <translation>Ausgestellt für</translation>
+    </message>
+    <message>
+        <source>nobody that it names</source>
+        <translation>niemanden, den es nennt</translation>
+    </message>
+    <message>
+        <source>Names</source>
+        <translation>Namen</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>keine</translation>
+    </message>
+    <message>
+        <source>Issued by</source>
+        <translation>Ausgestellt von</translation>
+    </message>
+    <message>
+        <source>Valid</source>
+        <translation>Gültig</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 bis %2</translation>
+    </message>
+    <message>
+        <source>It has run out on %1.</source>
+        <translation>Es ist am %1 abgelaufen.</translation>
+    </message>
+    <message>
+        <source>It is not valid before %1. Are the clocks right?</source>
+        <translation>Es ist erst ab %1 gültig. Gehen die Uhren richtig?</translation>
+    </message>
+    <message>
+        <source>It is not issued for %1.</source>
+        <translation>Es ist nicht für %1 ausgestellt.</translation>
+    </message>
+    <message>
+        <source>Nobody but the recorder itself vouches for it.</source>
+        <translation>Nur der Rekorder selbst bürgt dafür.</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::ChannelDayWords</name>
+    <message>
+        <source>Searching...</source>
+        <translation>Suche läuft...</translation>
+    </message>
+    <message>
+        <source>No recording on this day</source>
+        <translation>Keine Aufnahme an diesem Tag</translation>
+    </message>
+    <message>
+        <source>No recording</source>
+        <translation>Keine Aufnahme</translation>
+    </message>
+    <message>
+        <source>Alarm</source>
+        <translation>Alarm</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>Aufnahme</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::ChannelDownload</name>
     <message>
         <source>%1: interrupted; what had arrived is kept in %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: abgebrochen; was angekommen ist, liegt in %2.</translation>
     </message>
     <message>
         <source>%1: interrupted before anything had arrived.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: abgebrochen, bevor etwas angekommen ist.</translation>
     </message>
     <message>
         <source>%1: no recording from %2 to %3.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: keine Aufnahme von %2 bis %3.</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::ChannelNameWt</name>
+    <message>
+        <source>Channel %1</source>
+        <translation>Kanal %1</translation>
+    </message>
+    <message>
+        <source>Name of channel %1</source>
+        <translation>Name von Kanal %1</translation>
+    </message>
+    <message>
+        <source>The recorder&apos;s own name: %1</source>
+        <translation>Name laut Rekorder: %1</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::CliBackupParser</name>
     <message>
-        <source>See vemo_client backup --help.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; is no action of backup.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>What to do with the backups is missing.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; is one argument too many.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es fehlt, was mit den Sicherungen geschehen soll.</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::CliLocalParser</name>
     <message>
         <source>See vemo_client local --help.</source>
-        <translation type="unfinished"></translation>
+        <translation>Siehe vemo_client local --help.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is neither recordings nor snapshots.</source>
-        <translation type="unfinished"></translation>
+        <translation>&quot;%1&quot; ist weder recordings noch snapshots.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is no action of local.</source>
-        <translation type="unfinished"></translation>
+        <translation>&quot;%1&quot; ist keine Aktion von local.</translation>
     </message>
     <message>
         <source>What to do with the local files is missing.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es fehlt, was mit den lokalen Dateien geschehen soll.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is one argument too many.</source>
-        <translation type="unfinished"></translation>
+        <translation>&quot;%1&quot; ist ein Argument zu viel.</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::CliParser</name>
     <message>
         <source>Shows this help.</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeigt diese Hilfe.</translation>
     </message>
     <message>
         <source>Shows the version.</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeigt die Version.</translation>
     </message>
     <message>
         <source>Keeps settings and data below &lt;dir&gt;.</source>
-        <translation type="unfinished"></translation>
+        <translation>Legt Einstellungen und Daten unter &lt;dir&gt; ab.</translation>
     </message>
     <message>
         <source>dir</source>
-        <translation type="unfinished"></translation>
+        <translation>dir</translation>
     </message>
     <message>
         <source>Starts the window in this theme: dark or light.</source>
-        <translation type="unfinished"></translation>
+        <translation>Startet das Fenster in diesem Design: dark oder light.</translation>
     </message>
     <message>
         <source>name</source>
-        <translation type="unfinished"></translation>
+        <translation>name</translation>
     </message>
     <message>
         <source>Address of the recorder: its ONVIF device service (http, https; the path may be left out), or a replay address (rtsp, rtsps; {channel} stands for the channel&apos;s number).</source>
-        <translation type="unfinished"></translation>
+        <translation>Adresse des Rekorders: sein ONVIF-Gerätedienst (http, https; der Pfad kann fehlen) oder eine Wiedergabeadresse (rtsp, rtsps; {channel} steht für die Kanalnummer).</translation>
     </message>
     <message>
         <source>url</source>
-        <translation type="unfinished"></translation>
+        <translation>url</translation>
     </message>
     <message>
         <source>User on the recorder.</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzer auf dem Rekorder.</translation>
     </message>
     <message>
         <source>File whose first line is the password. Without it, the environment variable VEMO_PASSWORD.</source>
-        <translation type="unfinished"></translation>
+        <translation>Datei, deren erste Zeile das Passwort ist. Ohne sie gilt die Umgebungsvariable VEMO_PASSWORD.</translation>
     </message>
     <message>
         <source>file</source>
-        <translation type="unfinished"></translation>
+        <translation>file</translation>
     </message>
     <message>
         <source>Channel number from 1; several: 1,2,3.</source>
-        <translation type="unfinished"></translation>
+        <translation>Kanalnummer ab 1; mehrere: 1,2,3.</translation>
     </message>
     <message>
         <source>n</source>
-        <translation type="unfinished"></translation>
+        <translation>n</translation>
     </message>
     <message>
         <source>Begin, as 2026-01-10T08:00:00; local time unless an offset follows.</source>
-        <translation type="unfinished"></translation>
+        <translation>Beginn, etwa 2026-01-10T08:00:00; Ortszeit, wenn kein Zeitversatz folgt.</translation>
     </message>
     <message>
         <source>time</source>
-        <translation type="unfinished"></translation>
+        <translation>time</translation>
     </message>
     <message>
         <source>End, likewise.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ende, ebenso.</translation>
     </message>
     <message>
         <source>Accepts only the recorder whose public key has this SHA-256.</source>
-        <translation type="unfinished"></translation>
+        <translation>Akzeptiert nur den Rekorder, dessen öffentlicher Schlüssel diesen SHA-256 hat.</translation>
     </message>
     <message>
         <source>hex</source>
-        <translation type="unfinished"></translation>
+        <translation>hex</translation>
     </message>
     <message>
         <source>PEM file of certificates to trust beside the system&apos;s own.</source>
-        <translation type="unfinished"></translation>
+        <translation>PEM-Datei mit Zertifikaten, denen neben denen des Systems vertraut wird.</translation>
     </message>
     <message>
         <source>Name of one recording, as search tells it; --begin and --end are only needed when the name has no span.</source>
-        <translation type="unfinished"></translation>
+        <translation>Name einer Aufnahme, wie search ihn nennt; --begin und --end sind nur nötig, wenn der Name keinen Zeitraum enthält.</translation>
     </message>
     <message>
         <source>Task to act on, as list tells it; several times for several.</source>
-        <translation type="unfinished"></translation>
+        <translation>Auftrag, um den es geht, wie list ihn nennt; mehrfach für mehrere.</translation>
     </message>
     <message>
         <source>id</source>
-        <translation type="unfinished"></translation>
+        <translation>id</translation>
     </message>
     <message>
         <source>Acts on every task for which it makes sense.</source>
-        <translation type="unfinished"></translation>
+        <translation>Gilt für alle Aufträge, bei denen es sinnvoll ist.</translation>
     </message>
     <message>
         <source>Ends without waiting for the next try of failed tasks.</source>
-        <translation type="unfinished"></translation>
+        <translation>Endet, ohne auf den nächsten Versuch fehlgeschlagener Aufträge zu warten.</translation>
     </message>
     <message>
         <source>Day, as 2026-01-10, today or yesterday.</source>
-        <translation type="unfinished"></translation>
+        <translation>Tag, etwa 2026-01-10, today oder yesterday.</translation>
     </message>
     <message>
         <source>day</source>
-        <translation type="unfinished"></translation>
+        <translation>day</translation>
     </message>
     <message>
         <source>For so many days from that day on; 1 when left out.</source>
-        <translation type="unfinished"></translation>
+        <translation>So viele Tage ab diesem Tag; ohne Angabe 1.</translation>
     </message>
     <message>
         <source>Times of day to back up, as 08:00-12:00,13:00-18:00; an end takes its whole minute in. Without it, the whole day.</source>
-        <translation type="unfinished"></translation>
+        <translation>Zu sichernde Tageszeiten, etwa 08:00-12:00,13:00-18:00; ein Ende schließt seine ganze Minute ein. Ohne Angabe der ganze Tag.</translation>
     </message>
     <message>
         <source>times</source>
-        <translation type="unfinished"></translation>
+        <translation>times</translation>
     </message>
     <message>
         <source>Gives a task up in this run after so many failures; 3 when left out.</source>
-        <translation type="unfinished"></translation>
+        <translation>Gibt einen Auftrag in diesem Lauf nach so vielen Fehlschlägen auf; ohne Angabe 3.</translation>
     </message>
     <message>
         <source>Folder to copy the files into; it must be there.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordner, in den die Dateien kopiert werden; er muss vorhanden sein.</translation>
     </message>
     <message>
         <source>folder</source>
-        <translation type="unfinished"></translation>
+        <translation>folder</translation>
     </message>
     <message>
         <source>Writes one JSON object a line.</source>
-        <translation type="unfinished"></translation>
+        <translation>Gibt ein JSON-Objekt je Zeile aus.</translation>
     </message>
     <message>
         <source>Writes diagnostics to the standard error stream.</source>
-        <translation type="unfinished"></translation>
+        <translation>Gibt Diagnosen auf der Standardfehlerausgabe aus.</translation>
     </message>
     <message>
         <source>File to write, or folder; with several channels a folder. Files there are never overwritten.</source>
-        <translation type="unfinished"></translation>
+        <translation>Zu schreibende Datei oder Ordner; bei mehreren Kanälen ein Ordner. Vorhandene Dateien werden nie überschrieben.</translation>
     </message>
     <message>
         <source>path</source>
-        <translation type="unfinished"></translation>
+        <translation>path</translation>
+    </message>
+    <message>
+        <source>What to do without a window.</source>
+        <translation>Was ohne Fenster zu tun ist.</translation>
+    </message>
+    <message>
+        <source>See vemo_client --help.</source>
+        <translation>Siehe vemo_client --help.</translation>
+    </message>
+    <message>
+        <source>--theme is dark or light.</source>
+        <translation>--theme ist dark oder light.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a verb.</source>
+        <translation>&quot;%1&quot; ist kein Befehl.</translation>
+    </message>
+    <message>
+        <source>Exit codes: 0 done, 1 failed, 2 wrong use, 3 login refused, 4 recorder not reachable, 5 the recorder&apos;s limit is
+reached, 6 disk full or not writable, 7 no recording in the span, 8 incomplete (a playable part is there),
+130 interrupted (what had arrived is kept).
+</source>
+        <translation>Exit-Codes: 0 erledigt, 1 fehlgeschlagen, 2 falsch aufgerufen, 3 Anmeldung abgelehnt, 4 Rekorder nicht erreichbar,
+5 Grenze des Rekorders erreicht, 6 Datenträger voll oder nicht beschreibbar, 7 keine Aufnahme im Zeitraum,
+8 unvollständig (ein abspielbarer Teil ist da), 130 abgebrochen (was angekommen ist, bleibt erhalten).
+</translation>
+    </message>
+    <message>
+        <source>--%1 is missing.</source>
+        <translation>--%1 fehlt.</translation>
+    </message>
+    <message>
+        <source>The address of the recorder must be an http, https, rtsp or rtsps address with a host.</source>
+        <translation>Die Adresse des Rekorders muss eine http-, https-, rtsp- oder rtsps-Adresse mit einem Host sein.</translation>
+    </message>
+    <message>
+        <source>The address of the recorder carries a login; give it by --user and --password-file.</source>
+        <translation>Die Adresse des Rekorders enthält Anmeldedaten; geben Sie sie mit --user und --password-file an.</translation>
+    </message>
+    <message>
+        <source>The password file %1 can&apos;t be read: %2.</source>
+        <translation>Die Passwortdatei %1 kann nicht gelesen werden: %2.</translation>
+    </message>
+    <message>
+        <source>The first line of the password file %1 is longer than %2 bytes.</source>
+        <translation>Die erste Zeile der Passwortdatei %1 ist länger als %2 Byte.</translation>
+    </message>
+    <message>
+        <source>The password is missing: give --password-file or set VEMO_PASSWORD.</source>
+        <translation>Das Passwort fehlt: Geben Sie --password-file an oder setzen Sie VEMO_PASSWORD.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a channel; channels are numbers from 1 to %2.</source>
+        <translation>&quot;%1&quot; ist kein Kanal; Kanäle sind Zahlen von 1 bis %2.</translation>
+    </message>
+    <message>
+        <source>At most %1 channels at once.</source>
+        <translation>Höchstens %1 Kanäle auf einmal.</translation>
+    </message>
+    <message>
+        <source>--pin takes a SHA-256: 64 hexadecimal digits.</source>
+        <translation>--pin erwartet einen SHA-256: 64 hexadezimale Ziffern.</translation>
+    </message>
+    <message>
+        <source>The certificate file %1 can&apos;t be read: %2.</source>
+        <translation>Die Zertifikatsdatei %1 kann nicht gelesen werden: %2.</translation>
+    </message>
+    <message>
+        <source>The file %1 holds no PEM certificate.</source>
+        <translation>Die Datei %1 enthält kein PEM-Zertifikat.</translation>
+    </message>
+    <message>
+        <source>See vemo_client %1 --help.</source>
+        <translation>Siehe vemo_client %1 --help.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no action of %2.</source>
+        <translation>&quot;%1&quot; ist keine Aktion von %2.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is one argument too many.</source>
+        <translation>&quot;%1&quot; ist ein Argument zu viel.</translation>
+    </message>
+    <message>
+        <source>Keeps what is at least this grave in the program&apos;s log: debug, info, warning or error; info when left out.</source>
+        <translation>Hält im Programmprotokoll fest, was mindestens so schwer wiegt: debug, info, warning oder error; ohne Angabe info.</translation>
+    </message>
+    <message>
+        <source>level</source>
+        <translation>level</translation>
     </message>
     <message>
         <source>Vemo, a client for network video recorders. Without a verb it opens the window.
@@ -1553,125 +1967,558 @@ Verbs:
   queue     works on the stored downloads while no window is open
   backup    plans backups of whole days, and works them off while no window is open
   local     lists, saves and deletes the recordings and snapshots on this computer
+  user      adds and lists those who may log in to the window, and sets their passwords
 Their options: vemo_client &lt;verb&gt; --help
 </source>
-        <translation type="unfinished"></translation>
+        <translation>Vemo, ein Client für Netzwerk-Videorekorder. Ohne Befehl öffnet er das Fenster.
+
+Befehle:
+  search    listet die Aufnahmen eines Kanals in einem Zeitraum auf
+  download  lädt einen Zeitraum als MP4 herunter
+  queue     bearbeitet die gespeicherten Downloads, während kein Fenster offen ist
+  backup    plant Sicherungen ganzer Tage und arbeitet sie ab, während kein Fenster offen ist
+  local     listet, speichert und löscht die Aufnahmen und Einzelbilder auf diesem Computer
+  user      legt an und listet, wer sich am Fenster anmelden darf, und setzt Passwörter
+Ihre Optionen: vemo_client &lt;verb&gt; --help
+</translation>
     </message>
     <message>
-        <source>What to do without a window.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>See vemo_client --help.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>--theme is dark or light.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; is not a verb.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Exit codes: 0 done, 1 failed, 2 wrong use, 3 login refused, 4 recorder not reachable, 5 the recorder&apos;s limit is
-reached, 6 disk full or not writable, 7 no recording in the span, 8 incomplete (a playable part is there),
-130 interrupted (what had arrived is kept).
-</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>--%1 is missing.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>The address of the recorder must be an http, https, rtsp or rtsps address with a host.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>The address of the recorder carries a login; give it by --user and --password-file.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>The password file %1 can&apos;t be read: %2.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>The first line of the password file %1 is longer than %2 bytes.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>The password is missing: give --password-file or set VEMO_PASSWORD.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; is not a channel; channels are numbers from 1 to %2.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>At most %1 channels at once.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>--pin takes a SHA-256: 64 hexadecimal digits.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>The certificate file %1 can&apos;t be read: %2.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>The file %1 holds no PEM certificate.</source>
-        <translation type="unfinished"></translation>
+        <source>--log-level is debug, info, warning or error.</source>
+        <translation>--log-level ist debug, info, warning oder error.</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::CliQueueParser</name>
     <message>
-        <source>See vemo_client queue --help.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; is no action of queue.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>What to do with the queue is missing.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es fehlt, was mit der Warteschlange geschehen soll.</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::CliUserParser</name>
+    <message>
+        <source>See vemo_client user --help.</source>
+        <translation>Siehe vemo_client user --help.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no action of user.</source>
+        <translation>&quot;%1&quot; ist keine Aktion von user.</translation>
+    </message>
+    <message>
+        <source>What to do with the users is missing.</source>
+        <translation>Es fehlt, was mit den Benutzern geschehen soll.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is one argument too many.</source>
-        <translation type="unfinished"></translation>
+        <translation>&quot;%1&quot; ist ein Argument zu viel.</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::DayAxisWt</name>
     <message>
         <source>Recordings of the day</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Searching...</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>No recording on this day</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>No recording</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Alarm</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Recording</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufnahmen des Tages</translation>
     </message>
     <message>
         <source>%1: %2 of %3 recorded</source>
+        <translation>%1: %2 von %3 aufgezeichnet</translation>
+    </message>
+    <message>
+        <source>Zoom in (plus)</source>
+        <translation>Vergrößern (Plus)</translation>
+    </message>
+    <message>
+        <source>Zoom out (minus)</source>
+        <translation>Verkleinern (Minus)</translation>
+    </message>
+    <message>
+        <source>Show the whole day</source>
+        <translation>Ganzen Tag anzeigen</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::DecodeWorker</name>
+    <message>
+        <source>The library that decodes video is missing. Installing the client anew brings it back.</source>
+        <translation>Die Bibliothek zum Dekodieren von Video fehlt. Eine Neuinstallation des Clients bringt sie zurück.</translation>
+    </message>
+    <message>
+        <source>This channel sends no pictures that the client can show.</source>
+        <translation>Dieser Kanal sendet keine Bilder, die der Client anzeigen kann.</translation>
+    </message>
+    <message>
+        <source>Video of this kind can&apos;t be shown on this computer.</source>
+        <translation>Video dieser Art kann auf diesem Computer nicht angezeigt werden.</translation>
+    </message>
+    <message>
+        <source>The pictures of this channel are damaged and can&apos;t be decoded.</source>
+        <translation>Die Bilder dieses Kanals sind beschädigt und können nicht dekodiert werden.</translation>
+    </message>
+    <message>
+        <source>This channel has not sent a complete picture yet.</source>
+        <translation>Dieser Kanal hat noch kein vollständiges Bild gesendet.</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::DeviceDetailsWt</name>
+    <message>
+        <source>The recorder is disabled</source>
+        <translation>Der Rekorder ist deaktiviert</translation>
+    </message>
+    <message>
+        <source>It is not logged in. Its channels can&apos;t be watched, played, downloaded or backed up.</source>
+        <translation>Er ist nicht angemeldet. Seine Kanäle können nicht angesehen, wiedergegeben, heruntergeladen oder gesichert werden.</translation>
+    </message>
+    <message>
+        <source>Enable</source>
+        <translation>Aktivieren</translation>
+    </message>
+    <message>
+        <source>Check the key...</source>
+        <translation>Schlüssel prüfen...</translation>
+    </message>
+    <message>
+        <source>Type the login...</source>
+        <translation>Anmeldedaten eingeben...</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Status</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Adresse</translation>
+    </message>
+    <message>
+        <source>User name</source>
+        <translation>Benutzername</translation>
+    </message>
+    <message>
+        <source>Group</source>
+        <translation>Gruppe</translation>
+    </message>
+    <message>
+        <source>Used for</source>
+        <translation>Verwendet für</translation>
+    </message>
+    <message>
+        <source>Maker</source>
+        <translation>Hersteller</translation>
+    </message>
+    <message>
+        <source>Model</source>
+        <translation>Modell</translation>
+    </message>
+    <message>
+        <source>Firmware</source>
+        <translation>Firmware</translation>
+    </message>
+    <message>
+        <source>Serial number</source>
+        <translation>Seriennummer</translation>
+    </message>
+    <message>
+        <source>Last seen</source>
+        <translation>Zuletzt gesehen</translation>
+    </message>
+    <message>
+        <source>Its channels are known once it was logged in.</source>
+        <translation>Seine Kanäle sind nach der ersten Anmeldung bekannt.</translation>
+    </message>
+    <message>
+        <source>1 channel</source>
+        <translation>1 Kanal</translation>
+    </message>
+    <message>
+        <source>%1 channels</source>
+        <translation>%1 Kanäle</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>Nein</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>Ja</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::DeviceFacts</name>
+    <message>
+        <source>Now</source>
+        <translation>Jetzt</translation>
+    </message>
+    <message>
+        <source>Never</source>
+        <translation>Nie</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::DeviceListBt</name>
+    <message>
+        <source>Export or import the list</source>
+        <translation>Liste exportieren oder importieren</translation>
+    </message>
+    <message>
+        <source>Export the list...</source>
+        <translation>Liste exportieren...</translation>
+    </message>
+    <message>
+        <source>Import a list...</source>
+        <translation>Liste importieren...</translation>
+    </message>
+    <message>
+        <source>Export the list of recorders</source>
+        <translation>Rekorderliste exportieren</translation>
+    </message>
+    <message>
+        <source>recorders</source>
+        <translation>Rekorder</translation>
+    </message>
+    <message>
+        <source>CSV files (*.csv)</source>
+        <translation>CSV-Dateien (*.csv)</translation>
+    </message>
+    <message>
+        <source>Import a list of recorders</source>
+        <translation>Rekorderliste importieren</translation>
+    </message>
+    <message>
+        <source>The list of recorders could not be written</source>
+        <translation>Die Rekorderliste konnte nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>1 recorder was exported</source>
+        <translation>1 Rekorder wurde exportiert</translation>
+    </message>
+    <message>
+        <source>%1 recorders were exported</source>
+        <translation>%1 Rekorder wurden exportiert</translation>
+    </message>
+    <message>
+        <source>%1 holds no passwords.</source>
+        <translation>%1 enthält keine Passwörter.</translation>
+    </message>
+    <message>
+        <source>The disk does not answer.</source>
+        <translation>Der Datenträger antwortet nicht.</translation>
+    </message>
+    <message>
+        <source>The list of recorders could not be read</source>
+        <translation>Die Rekorderliste konnte nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>1 recorder was added</source>
+        <translation>1 Rekorder wurde hinzugefügt</translation>
+    </message>
+    <message>
+        <source>%1 recorders were added</source>
+        <translation>%1 Rekorder wurden hinzugefügt</translation>
+    </message>
+    <message>
+        <source>1 was known already.</source>
+        <translation>1 war bereits bekannt.</translation>
+    </message>
+    <message>
+        <source>%1 were known already.</source>
+        <translation>%1 waren bereits bekannt.</translation>
+    </message>
+    <message>
+        <source>Their passwords are asked for in the list.</source>
+        <translation>Ihre Passwörter werden in der Liste abgefragt.</translation>
+    </message>
+    <message>
+        <source>The file lists none.</source>
+        <translation>Die Datei enthält keine.</translation>
+    </message>
+    <message>
+        <source>These lines were left out:</source>
+        <translation>Diese Zeilen wurden ausgelassen:</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::DeviceListFile</name>
+    <message>
+        <source>The file is larger than a list of recorders can be.</source>
+        <translation>Die Datei ist größer, als eine Rekorderliste sein kann.</translation>
+    </message>
+    <message>
+        <source>The first line names no column &quot;address&quot;.</source>
+        <translation>Die erste Zeile nennt keine Spalte &quot;address&quot;.</translation>
+    </message>
+    <message>
+        <source>Line %1: %2</source>
+        <translation>Zeile %1: %2</translation>
+    </message>
+    <message>
+        <source>More recorders than can be kept.</source>
+        <translation>Mehr Rekorder, als verwaltet werden können.</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::DeviceOperWt</name>
+    <message>
+        <source>Log in again</source>
+        <translation>Neu anmelden</translation>
+    </message>
+    <message>
+        <source>Log in again (the recorder is disabled)</source>
+        <translation>Neu anmelden (der Rekorder ist deaktiviert)</translation>
+    </message>
+    <message>
+        <source>Disable</source>
+        <translation>Deaktivieren</translation>
+    </message>
+    <message>
+        <source>Enable</source>
+        <translation>Aktivieren</translation>
+    </message>
+    <message>
+        <source>Change</source>
+        <translation>Ändern</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::DevicesPage</name>
+    <message>
+        <source>Enter</source>
+        <translation>Eingabe</translation>
+    </message>
+    <message>
+        <source>details</source>
+        <translation>Details</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>Leertaste</translation>
+    </message>
+    <message>
+        <source>select</source>
+        <translation>auswählen</translation>
+    </message>
+    <message>
+        <source>Del</source>
+        <translation>Entf</translation>
+    </message>
+    <message>
+        <source>remove</source>
+        <translation>entfernen</translation>
+    </message>
+    <message>
+        <source>No recorder is known yet.</source>
+        <translation>Noch kein Rekorder bekannt.</translation>
+    </message>
+    <message>
+        <source>Let the client look for recorders on your network, or add one by its address.</source>
+        <translation>Lassen Sie den Client in Ihrem Netzwerk nach Rekordern suchen, oder fügen Sie einen über seine Adresse hinzu.</translation>
+    </message>
+    <message>
+        <source>Find on the network...</source>
+        <translation>Im Netzwerk suchen...</translation>
+    </message>
+    <message>
+        <source>No recorder matches the filter.</source>
+        <translation>Kein Rekorder entspricht dem Filter.</translation>
+    </message>
+    <message>
+        <source>Names, addresses, groups, models and channels are looked through.</source>
+        <translation>Durchsucht werden Namen, Adressen, Gruppen, Modelle und Kanäle.</translation>
+    </message>
+    <message>
+        <source>Clear the filter</source>
+        <translation>Filter zurücksetzen</translation>
+    </message>
+    <message>
+        <source>1 recorder</source>
+        <translation>1 Rekorder</translation>
+    </message>
+    <message>
+        <source>%1 recorders</source>
+        <translation>%1 Rekorder</translation>
+    </message>
+    <message>
+        <source>%1, %2 not online</source>
+        <translation>%1, %2 nicht online</translation>
+    </message>
+    <message>
+        <source>1 selected</source>
+        <translation>1 ausgewählt</translation>
+    </message>
+    <message>
+        <source>%1 selected</source>
+        <translation>%1 ausgewählt</translation>
+    </message>
+    <message>
+        <source>Select recorders in the list first.</source>
+        <translation>Wählen Sie zuerst Rekorder in der Liste aus.</translation>
+    </message>
+    <message>
+        <source>Details</source>
+        <translation>Details</translation>
+    </message>
+    <message>
+        <source>Log in again</source>
+        <translation>Neu anmelden</translation>
+    </message>
+    <message>
+        <source>Check the key...</source>
+        <translation>Schlüssel prüfen...</translation>
+    </message>
+    <message>
+        <source>Change...</source>
+        <translation>Ändern...</translation>
+    </message>
+    <message>
+        <source>Enable</source>
+        <translation>Aktivieren</translation>
+    </message>
+    <message>
+        <source>Disable</source>
+        <translation>Deaktivieren</translation>
+    </message>
+    <message>
+        <source>Group...</source>
+        <translation>Gruppe...</translation>
+    </message>
+    <message>
+        <source>Rename the group...</source>
+        <translation>Gruppe umbenennen...</translation>
+    </message>
+    <message>
+        <source>Remove...</source>
+        <translation>Entfernen...</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::DevicesTable</name>
+    <message>
+        <source>All</source>
+        <translation>Alle</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Status</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Adresse</translation>
+    </message>
+    <message>
+        <source>Group</source>
+        <translation>Gruppe</translation>
+    </message>
+    <message>
+        <source>Channels</source>
+        <translation>Kanäle</translation>
+    </message>
+    <message>
+        <source>Model</source>
+        <translation>Modell</translation>
+    </message>
+    <message>
+        <source>Backup</source>
+        <translation>Sicherung</translation>
+    </message>
+    <message>
+        <source>Last seen</source>
+        <translation>Zuletzt gesehen</translation>
+    </message>
+    <message>
+        <source>Oper</source>
+        <translation>Aktion</translation>
+    </message>
+    <message>
+        <source>Recorders</source>
+        <translation>Rekorder</translation>
+    </message>
+    <message>
+        <source>%1, %2, %3</source>
+        <translation>%1, %2, %3</translation>
+    </message>
+    <message>
+        <source>%1, firmware %2</source>
+        <translation>%1, Firmware %2</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>Ja</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>Nein</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::DiscoveryDialog</name>
+    <message>
+        <source>%1 answers at %2 now</source>
+        <translation>%1 antwortet jetzt unter %2</translation>
+    </message>
+    <message>
+        <source>It is stored with the address %1. Login, channels and tasks stay as they are.</source>
+        <translation>Er ist mit der Adresse %1 gespeichert. Anmeldedaten, Kanäle und Aufträge bleiben, wie sie sind.</translation>
+    </message>
+    <message>
+        <source>Use the new address</source>
+        <translation>Neue Adresse verwenden</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>Hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add 1 recorder</source>
+        <translation>1 Rekorder hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add %1 recorders</source>
+        <translation>%1 Rekorder hinzufügen</translation>
+    </message>
+    <message>
+        <source>Check that the recorder is switched on and in the same network as this computer, that ONVIF and its discovery are switched on in the recorder&apos;s settings, and that no firewall holds back UDP port 3702.
+
+A recorder in another network does not hear the question: add it by its address.</source>
+        <translation>Prüfen Sie, ob der Rekorder eingeschaltet und im selben Netzwerk wie dieser Computer ist, ob ONVIF und die ONVIF-Suche in den Einstellungen des Rekorders eingeschaltet sind und ob keine Firewall den UDP-Port 3702 sperrt.
+
+Ein Rekorder in einem anderen Netzwerk hört die Anfrage nicht: Fügen Sie ihn über seine Adresse hinzu.</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::DownloadBar</name>
+    <message>
+        <source>Download</source>
+        <translation>Herunterladen</translation>
+    </message>
+    <message>
+        <source>The span has not come yet</source>
+        <translation>Der Zeitraum liegt in der Zukunft</translation>
+    </message>
+    <message>
+        <source>No channel is chosen</source>
+        <translation>Kein Kanal ausgewählt</translation>
+    </message>
+    <message>
+        <source>Downloading is not allowed for this user</source>
+        <translation>Dieser Benutzer darf nicht herunterladen</translation>
+    </message>
+    <message>
+        <source>Puts it into the download queue</source>
+        <translation>Stellt ihn in die Download-Warteschlange</translation>
+    </message>
+    <message>
+        <source>No span is marked</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Drag on the time line to mark a span, or check recordings in the list</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1679,1044 +2526,2349 @@ reached, 6 disk full or not writable, 7 no recording in the span, 8 incomplete (
     <name>vemo_client::DownloadPrinter</name>
     <message>
         <source>%1 left</source>
-        <translation type="unfinished"></translation>
+        <translation>noch %1</translation>
     </message>
     <message>
         <source>%1 of %2 running</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 von %2 laufen</translation>
     </message>
     <message>
         <source>%1 to %2, %3 MB in %4 s (%5 MB/s), %6</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 bis %2, %3 MB in %4 s (%5 MB/s), %6</translation>
     </message>
     <message>
         <source>the recorder gave no list of recordings to compare this with</source>
-        <translation type="unfinished"></translation>
+        <translation>der Rekorder gab keine Aufnahmeliste zum Vergleichen</translation>
     </message>
     <message>
         <source>gap %1 to %2: %3</source>
-        <translation type="unfinished"></translation>
+        <translation>Lücke %1 bis %2: %3</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::Failures</name>
     <message>
         <source>The recorder gave no reason</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Rekorder nannte keinen Grund</translation>
     </message>
     <message>
         <source>%1 shows another key than the pinned one, so nothing was sent to it; the SHA-256 of its key is %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 zeigt einen anderen Schlüssel als den festgelegten, daher wurde nichts an ihn gesendet; der SHA-256 seines Schlüssels ist %2.</translation>
     </message>
     <message>
         <source>The certificate of %1 is not trusted (%2), so nothing was sent to it; if this is the key of your recorder, add --pin %3.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dem Zertifikat von %1 wird nicht vertraut (%2), daher wurde nichts an ihn gesendet; wenn das der Schlüssel Ihres Rekorders ist, fügen Sie --pin %3 hinzu.</translation>
     </message>
     <message>
         <source>%1 has no channels, so there is no channel %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 hat keine Kanäle, also auch keinen Kanal %2.</translation>
     </message>
     <message>
         <source>%1 has no channel %2; its channels are %3.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 hat keinen Kanal %2; seine Kanäle sind %3.</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::FirstRecorderWt</name>
     <message>
         <source>Keep it offline</source>
-        <translation type="unfinished"></translation>
+        <translation>Offline behalten</translation>
     </message>
     <message>
         <source>Add your first recorder</source>
-        <translation type="unfinished"></translation>
+        <translation>Ersten Rekorder hinzufügen</translation>
     </message>
     <message>
         <source>Its recordings can be searched and fetched as soon as the client is logged in.</source>
-        <translation type="unfinished"></translation>
+        <translation>Seine Aufnahmen lassen sich durchsuchen und holen, sobald der Client angemeldet ist.</translation>
     </message>
     <message>
         <source>Every hour that matters,
 safe on your own disks.</source>
-        <translation type="unfinished"></translation>
+        <translation>Jede Stunde, die zählt,
+sicher auf Ihren eigenen Datenträgern.</translation>
     </message>
     <message>
         <source>Search the days of your network recorders and fetch what you need as files.</source>
-        <translation type="unfinished"></translation>
+        <translation>Durchsuchen Sie die Tage Ihrer Netzwerkrekorder und holen Sie, was Sie brauchen, als Dateien.</translation>
     </message>
     <message>
         <source>Connecting...</source>
-        <translation type="unfinished"></translation>
+        <translation>Verbindung wird aufgebaut...</translation>
     </message>
     <message>
         <source>Try again</source>
-        <translation type="unfinished"></translation>
+        <translation>Erneut versuchen</translation>
     </message>
     <message>
         <source>Add and log in</source>
-        <translation type="unfinished"></translation>
+        <translation>Hinzufügen und anmelden</translation>
+    </message>
+    <message>
+        <source>Find on the network...</source>
+        <translation>Im Netzwerk suchen...</translation>
+    </message>
+    <message>
+        <source>No recorder is known yet</source>
+        <translation>Noch kein Rekorder bekannt</translation>
+    </message>
+    <message>
+        <source>Somebody who may look after devices adds the first one; its recordings show here.</source>
+        <translation>Wer Geräte verwalten darf, fügt den ersten hinzu; seine Aufnahmen erscheinen dann hier.</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::FolderEdit</name>
+    <message>
+        <source>Make folder</source>
+        <translation>Ordner anlegen</translation>
+    </message>
+    <message>
+        <source>Browse</source>
+        <translation>Durchsuchen</translation>
+    </message>
+    <message>
+        <source>Browse: %1</source>
+        <translation>Durchsuchen: %1</translation>
+    </message>
+    <message>
+        <source>The folder can&apos;t be made here. Choose another one.</source>
+        <translation>Der Ordner kann hier nicht angelegt werden. Wählen Sie einen anderen.</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::FolderField</name>
     <message>
         <source>Browse</source>
-        <translation type="unfinished"></translation>
+        <translation>Durchsuchen</translation>
     </message>
     <message>
         <source>Browse: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Durchsuchen: %1</translation>
     </message>
     <message>
         <source>%1 free of %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 frei von %2</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::FoldersPage</name>
     <message>
         <source>Choose where files are kept</source>
-        <translation type="unfinished"></translation>
+        <translation>Speicherorte wählen</translation>
     </message>
     <message>
         <source>Footage takes much room. Each folder may lie on a disk of its own and can be changed later in the settings.</source>
-        <translation type="unfinished"></translation>
+        <translation>Videomaterial braucht viel Platz. Jeder Ordner kann auf einem eigenen Datenträger liegen und später in den Einstellungen geändert werden.</translation>
     </message>
     <message>
         <source>Recordings and snapshots of live video</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufnahmen und Einzelbilder der Live-Ansicht</translation>
     </message>
     <message>
         <source>Downloads</source>
-        <translation type="unfinished"></translation>
+        <translation>Downloads</translation>
     </message>
     <message>
         <source>Recordings backup</source>
-        <translation type="unfinished"></translation>
+        <translation>Sicherung der Aufnahmen</translation>
     </message>
     <message>
         <source>Continue</source>
-        <translation type="unfinished"></translation>
+        <translation>Weiter</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::GroupDialog</name>
+    <message>
+        <source>Group</source>
+        <translation>Gruppe</translation>
+    </message>
+    <message>
+        <source>The recorder is listed below this group. An empty name takes it out of any.</source>
+        <translation>Der Rekorder wird unter dieser Gruppe aufgeführt. Ein leerer Name nimmt ihn aus jeder Gruppe heraus.</translation>
+    </message>
+    <message>
+        <source>%1 recorders are listed below this group. An empty name takes them out of any.</source>
+        <translation>%1 Rekorder werden unter dieser Gruppe aufgeführt. Ein leerer Name nimmt sie aus jeder Gruppe heraus.</translation>
+    </message>
+    <message>
+        <source>Name of the group</source>
+        <translation>Name der Gruppe</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>Anwenden</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::GuideWindow</name>
     <message>
         <source>Guide</source>
-        <translation type="unfinished"></translation>
+        <translation>Handbuch</translation>
     </message>
     <message>
         <source>Headings</source>
-        <translation type="unfinished"></translation>
+        <translation>Überschriften</translation>
     </message>
     <message>
         <source>The guide is not installed</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Handbuch ist nicht installiert</translation>
     </message>
     <message>
         <source>It belongs to the program&apos;s files. Installing Vemo again brings it back.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es gehört zu den Programmdateien. Eine Neuinstallation von Vemo bringt es zurück.</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::LanguageButton</name>
+    <message>
+        <source>Language</source>
+        <translation>Sprache</translation>
+    </message>
+    <message>
+        <source>Language: %1</source>
+        <translation>Sprache: %1</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::LiveBar</name>
+    <message>
+        <source>View</source>
+        <translation>Ansicht</translation>
+    </message>
+    <message>
+        <source>The channels that are watched together</source>
+        <translation>Die Kanäle, die zusammen angesehen werden</translation>
+    </message>
+    <message>
+        <source>Save, rename or delete the view</source>
+        <translation>Ansicht speichern, umbenennen oder löschen</translation>
+    </message>
+    <message>
+        <source>Save view as...</source>
+        <translation>Ansicht speichern als...</translation>
+    </message>
+    <message>
+        <source>Rename view...</source>
+        <translation>Ansicht umbenennen...</translation>
+    </message>
+    <message>
+        <source>Delete view...</source>
+        <translation>Ansicht löschen...</translation>
+    </message>
+    <message>
+        <source>One channel (1)</source>
+        <translation>Ein Kanal (1)</translation>
+    </message>
+    <message>
+        <source>Four channels (4)</source>
+        <translation>Vier Kanäle (4)</translation>
+    </message>
+    <message>
+        <source>Nine channels (9)</source>
+        <translation>Neun Kanäle (9)</translation>
+    </message>
+    <message>
+        <source>Snapshot</source>
+        <translation>Einzelbild</translation>
+    </message>
+    <message>
+        <source>Stop recording</source>
+        <translation>Aufnahme beenden</translation>
+    </message>
+    <message>
+        <source>Record</source>
+        <translation>Aufnehmen</translation>
+    </message>
+    <message>
+        <source>Full screen (F)</source>
+        <translation>Vollbild (F)</translation>
+    </message>
+    <message>
+        <source>View without a name</source>
+        <translation>Ansicht ohne Namen</translation>
+    </message>
+    <message>
+        <source>Save the picture of the selected tile (S)</source>
+        <translation>Bild der ausgewählten Kachel speichern (S)</translation>
+    </message>
+    <message>
+        <source>The selected tile shows no picture</source>
+        <translation>Die ausgewählte Kachel zeigt kein Bild</translation>
+    </message>
+    <message>
+        <source>The selected tile shows no channel</source>
+        <translation>Die ausgewählte Kachel zeigt keinen Kanal</translation>
+    </message>
+    <message>
+        <source>Finish the file of the selected tile (R)</source>
+        <translation>Datei der ausgewählten Kachel abschließen (R)</translation>
+    </message>
+    <message>
+        <source>Record the channel of the selected tile on this computer (R)</source>
+        <translation>Kanal der ausgewählten Kachel auf diesem Computer aufnehmen (R)</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::LiveColumn</name>
+    <message>
+        <source>Filter by channel name</source>
+        <translation>Nach Kanalname filtern</translation>
+    </message>
+    <message>
+        <source>Drag a channel onto a tile, or press Enter to show it in the next free one.</source>
+        <translation>Ziehen Sie einen Kanal auf eine Kachel, oder zeigen Sie ihn mit der Eingabetaste in der nächsten freien.</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::LivePage</name>
+    <message>
+        <source>1 channel, %1 Mbit/s</source>
+        <translation>1 Kanal, %1 Mbit/s</translation>
+    </message>
+    <message>
+        <source>%1 channels, %2 Mbit/s</source>
+        <translation>%1 Kanäle, %2 Mbit/s</translation>
+    </message>
+    <message>
+        <source>A live channel is being recorded. The recording ends, and what was recorded is kept.</source>
+        <translation>Ein Live-Kanal wird gerade aufgenommen. Die Aufnahme endet, das Aufgenommene bleibt erhalten.</translation>
+    </message>
+    <message>
+        <source>%1 live channels are being recorded. The recordings end, and what was recorded is kept.</source>
+        <translation>%1 Live-Kanäle werden gerade aufgenommen. Die Aufnahmen enden, das Aufgenommene bleibt erhalten.</translation>
+    </message>
+    <message>
+        <source>Save view</source>
+        <translation>Ansicht speichern</translation>
+    </message>
+    <message>
+        <source>The channels in their tiles are kept under this name. A view of the same name is replaced.</source>
+        <translation>Die Kanäle werden mit ihren Kacheln unter diesem Namen gespeichert. Eine Ansicht gleichen Namens wird ersetzt.</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>There are too many views already. Delete one first.</source>
+        <translation>Es gibt bereits zu viele Ansichten. Löschen Sie zuerst eine.</translation>
+    </message>
+    <message>
+        <source>Rename view</source>
+        <translation>Ansicht umbenennen</translation>
+    </message>
+    <message>
+        <source>The view %1 gets another name.</source>
+        <translation>Die Ansicht %1 erhält einen anderen Namen.</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Umbenennen</translation>
+    </message>
+    <message>
+        <source>There is a view of this name already.</source>
+        <translation>Eine Ansicht dieses Namens gibt es bereits.</translation>
+    </message>
+    <message>
+        <source>Delete view</source>
+        <translation>Ansicht löschen</translation>
+    </message>
+    <message>
+        <source>Delete the view %1? The channels stay in their tiles.</source>
+        <translation>Ansicht %1 löschen? Die Kanäle bleiben in ihren Kacheln.</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Live</source>
+        <translation>Live</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::LiveRecorder</name>
+    <message>
+        <source>The folder for recordings can&apos;t be used: %1</source>
+        <translation>Der Ordner für Aufnahmen kann nicht verwendet werden: %1</translation>
+    </message>
+    <message>
+        <source>The disk of the folder for recordings has less than 1 GB left.</source>
+        <translation>Auf dem Datenträger des Aufnahmeordners ist weniger als 1 GB frei.</translation>
+    </message>
+    <message>
+        <source>The disk of the folder for recordings does not answer.</source>
+        <translation>Der Datenträger des Aufnahmeordners antwortet nicht.</translation>
+    </message>
+    <message>
+        <source>The recording could not be started.</source>
+        <translation>Die Aufnahme konnte nicht gestartet werden.</translation>
+    </message>
+    <message>
+        <source>The recording was broken off.</source>
+        <translation>Die Aufnahme wurde abgebrochen.</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::LiveStage</name>
+    <message>
+        <source>Every tile is being recorded</source>
+        <translation>Jede Kachel wird gerade aufgenommen</translation>
+    </message>
+    <message>
+        <source>Stop a recording, or show more tiles, to see another channel.</source>
+        <translation>Beenden Sie eine Aufnahme, oder zeigen Sie mehr Kacheln an, um einen weiteren Kanal zu sehen.</translation>
+    </message>
+    <message>
+        <source>Snapshot of %1</source>
+        <translation>Einzelbild von %1</translation>
+    </message>
+    <message>
+        <source>The recording of %1 has ended</source>
+        <translation>Die Aufnahme von %1 ist beendet</translation>
+    </message>
+    <message>
+        <source>%1 What was recorded until then is kept.</source>
+        <translation>%1 Was bis dahin aufgenommen wurde, bleibt erhalten.</translation>
+    </message>
+    <message>
+        <source>Nothing of %1 was recorded</source>
+        <translation>Von %1 wurde nichts aufgenommen</translation>
+    </message>
+    <message>
+        <source>No picture came before the recording was stopped.</source>
+        <translation>Bis zum Ende der Aufnahme kam kein Bild.</translation>
+    </message>
+    <message>
+        <source>The recording of %1 is saved</source>
+        <translation>Die Aufnahme von %1 ist gespeichert</translation>
+    </message>
+    <message>
+        <source>Show in folder</source>
+        <translation>Im Ordner anzeigen</translation>
+    </message>
+    <message>
+        <source>Snapshot (S)</source>
+        <translation>Einzelbild (S)</translation>
+    </message>
+    <message>
+        <source>Stop recording (R)</source>
+        <translation>Aufnahme beenden (R)</translation>
+    </message>
+    <message>
+        <source>Record (R)</source>
+        <translation>Aufnehmen (R)</translation>
+    </message>
+    <message>
+        <source>Show all tiles (Enter)</source>
+        <translation>Alle Kacheln anzeigen (Eingabe)</translation>
+    </message>
+    <message>
+        <source>Enlarge (Enter)</source>
+        <translation>Vergrößern (Eingabe)</translation>
+    </message>
+    <message>
+        <source>Close the channel (Del)</source>
+        <translation>Kanal schließen (Entf)</translation>
+    </message>
+    <message>
+        <source>Drag a channel here</source>
+        <translation>Kanal hierher ziehen</translation>
+    </message>
+    <message>
+        <source>REC %1</source>
+        <translation>REC %1</translation>
+    </message>
+    <message>
+        <source>Decoded by the processor</source>
+        <translation>Dekodierung durch den Prozessor</translation>
+    </message>
+    <message>
+        <source>Decoded by the hardware: %1</source>
+        <translation>Dekodierung durch die Hardware: %1</translation>
+    </message>
+    <message>
+        <source>Connecting...</source>
+        <translation>Verbindung wird aufgebaut...</translation>
+    </message>
+    <message>
+        <source>No signal.</source>
+        <translation>Kein Signal.</translation>
+    </message>
+    <message>
+        <source>The login can be changed on the page Devices.</source>
+        <translation>Die Anmeldedaten lassen sich auf der Seite Geräte ändern.</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>Erneut versuchen</translation>
+    </message>
+    <message>
+        <source>Trying again in %1 s</source>
+        <translation>Neuer Versuch in %1 s</translation>
+    </message>
+    <message>
+        <source>Try now</source>
+        <translation>Jetzt versuchen</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::LocalListing</name>
     <message>
         <source>Begin</source>
-        <translation type="unfinished"></translation>
+        <translation>Beginn</translation>
     </message>
     <message>
         <source>End</source>
-        <translation type="unfinished"></translation>
+        <translation>Ende</translation>
     </message>
     <message>
         <source>Size</source>
-        <translation type="unfinished"></translation>
+        <translation>Größe</translation>
     </message>
     <message>
         <source>Channel</source>
-        <translation type="unfinished"></translation>
+        <translation>Kanal</translation>
     </message>
     <message>
         <source>File</source>
-        <translation type="unfinished"></translation>
+        <translation>Datei</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::LocalVerb</name>
     <message>
         <source>Capture time:%1</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufnahmezeit: %1</translation>
     </message>
     <message>
         <source>Record begin time:%1,file size:%2</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufnahmebeginn: %1, Dateigröße: %2</translation>
     </message>
     <message>
         <source>Interrupted.</source>
-        <translation type="unfinished"></translation>
+        <translation>Abgebrochen.</translation>
     </message>
     <message>
         <source>%1 recordings, %2 snapshots; %3 new or changed, %4 of them broken; %5 gone.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Aufnahmen, %2 Einzelbilder; %3 neu oder geändert, davon %4 defekt; %5 verschwunden.</translation>
     </message>
     <message>
         <source>There are more than %1 recordings; only the oldest are taken. Give --begin and --end.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es gibt mehr als %1 Aufnahmen; nur die ältesten werden genommen. Geben Sie --begin und --end an.</translation>
     </message>
     <message>
         <source>The folder %1 can&apos;t be made.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Ordner %1 kann nicht angelegt werden.</translation>
     </message>
     <message>
         <source>%1 could not be saved: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 konnte nicht gespeichert werden: %2</translation>
     </message>
     <message>
         <source>The files could not be saved.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Dateien konnten nicht gespeichert werden.</translation>
     </message>
     <message>
         <source>The database could not be written.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datenbank konnte nicht geschrieben werden.</translation>
     </message>
     <message>
         <source>%1 could not be deleted.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 konnte nicht gelöscht werden.</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::LocalVerbOptions</name>
     <message>
         <source>Only what touches the time from here on, as 2026-01-10T08:00:00.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nur was in die Zeit ab hier fällt, etwa 2026-01-10T08:00:00.</translation>
     </message>
     <message>
         <source>time</source>
-        <translation type="unfinished"></translation>
+        <translation>time</translation>
     </message>
     <message>
         <source>Only what touches the time up to here.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nur was in die Zeit bis hier fällt.</translation>
     </message>
     <message>
         <source>Only of the channel with this name.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nur vom Kanal dieses Namens.</translation>
     </message>
     <message>
         <source>name</source>
-        <translation type="unfinished"></translation>
+        <translation>name</translation>
     </message>
     <message>
         <source>Every file, of every time and channel.</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle Dateien, jeder Zeit und jedes Kanals.</translation>
     </message>
     <message>
         <source>Folder to save in. Files there are never overwritten.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordner, in den gespeichert wird. Vorhandene Dateien werden nie überschrieben.</translation>
     </message>
     <message>
         <source>dir</source>
-        <translation type="unfinished"></translation>
+        <translation>dir</translation>
     </message>
     <message>
         <source>Deletes without a further question.</source>
-        <translation type="unfinished"></translation>
+        <translation>Löscht ohne weitere Rückfrage.</translation>
     </message>
     <message>
         <source>Folder to look through with what is below it, instead of the client&apos;s own; its files are known from then on.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordner, der samt Unterordnern statt der eigenen des Clients durchsucht wird; seine Dateien sind danach bekannt.</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::LogExport</name>
+    <message>
+        <source>The export was cancelled. Nothing was written.</source>
+        <translation>Der Export wurde abgebrochen. Es wurde nichts geschrieben.</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Time (UTC)</source>
+        <translation>Zeit (UTC)</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Device</source>
+        <translation>Gerät</translation>
+    </message>
+    <message>
+        <source>Channel number</source>
+        <translation>Kanalnummer</translation>
+    </message>
+    <message>
+        <source>Channel</source>
+        <translation>Kanal</translation>
+    </message>
+    <message>
+        <source>Event</source>
+        <translation>Ereignis</translation>
+    </message>
+    <message>
+        <source>The file %1 could not be written: %2</source>
+        <translation>Die Datei %1 konnte nicht geschrieben werden: %2</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::LogWords</name>
+    <message>
+        <source>Download</source>
+        <translation>Herunterladen</translation>
+    </message>
+    <message>
+        <source>Recording deleted</source>
+        <translation>Aufnahme gelöscht</translation>
+    </message>
+    <message>
+        <source>Snapshot deleted</source>
+        <translation>Einzelbild gelöscht</translation>
+    </message>
+    <message>
+        <source>Backup</source>
+        <translation>Sicherung</translation>
+    </message>
+    <message>
+        <source>Other</source>
+        <translation>Sonstiges</translation>
+    </message>
+    <message>
+        <source>Channel %1</source>
+        <translation>Kanal %1</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::LoginPage</name>
     <message>
         <source>Password</source>
-        <translation type="unfinished"></translation>
+        <translation>Passwort</translation>
     </message>
     <message>
         <source>Stay logged in on this computer</source>
-        <translation type="unfinished"></translation>
+        <translation>Auf diesem Computer angemeldet bleiben</translation>
     </message>
     <message>
         <source>Log in</source>
-        <translation type="unfinished"></translation>
+        <translation>Anmelden</translation>
     </message>
     <message>
         <source>User name</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzername</translation>
     </message>
     <message>
         <source>Caps Lock is on</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Feststelltaste ist an</translation>
     </message>
     <message>
         <source>Capital and small letters are told apart.</source>
-        <translation type="unfinished"></translation>
+        <translation>Groß- und Kleinbuchstaben werden unterschieden.</translation>
     </message>
     <message>
         <source>1 download is waiting and goes on after login.</source>
-        <translation type="unfinished"></translation>
+        <translation>1 Download wartet und läuft nach der Anmeldung weiter.</translation>
     </message>
     <message>
         <source>%1 downloads are waiting and go on after login.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Downloads warten und laufen nach der Anmeldung weiter.</translation>
     </message>
     <message>
         <source>Give the name and the password of your account.</source>
-        <translation type="unfinished"></translation>
+        <translation>Geben Sie Name und Passwort Ihres Kontos ein.</translation>
     </message>
     <message>
         <source>Last login of %1: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Letzte Anmeldung von %1: %2</translation>
     </message>
     <message>
         <source>Logging in...</source>
-        <translation type="unfinished"></translation>
+        <translation>Anmeldung läuft...</translation>
     </message>
     <message>
         <source>You do not stay logged in</source>
-        <translation type="unfinished"></translation>
+        <translation>Sie bleiben nicht angemeldet</translation>
     </message>
     <message>
         <source>It could not be stored. The next start asks for the password again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das konnte nicht gespeichert werden. Beim nächsten Start wird wieder nach dem Passwort gefragt.</translation>
     </message>
     <message>
         <source>This account is disabled. An administrator can enable it again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieses Konto ist deaktiviert. Ein Administrator kann es wieder aktivieren.</translation>
     </message>
     <message>
         <source>The user name or the password is wrong.</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzername oder Passwort ist falsch.</translation>
     </message>
     <message>
         <source>The user name or the password is wrong. After one more wrong try the account is locked.</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzername oder Passwort ist falsch. Nach einem weiteren Fehlversuch wird das Konto gesperrt.</translation>
     </message>
     <message>
         <source>The account can be used again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Konto kann wieder verwendet werden.</translation>
     </message>
     <message>
         <source>Too many wrong passwords. The account is locked for %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Zu viele falsche Passwörter. Das Konto ist für %1 gesperrt.</translation>
     </message>
     <message>
         <source>%1 s</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 s</translation>
     </message>
     <message>
         <source>%1 min %2 s</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 min %2 s</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::LoginWords</name>
     <message>
         <source>Online</source>
-        <translation type="unfinished"></translation>
+        <translation>Online</translation>
     </message>
     <message>
         <source>Password wanted</source>
-        <translation type="unfinished"></translation>
+        <translation>Passwort nötig</translation>
     </message>
     <message>
         <source>Certificate</source>
-        <translation type="unfinished"></translation>
+        <translation>Zertifikat</translation>
     </message>
     <message>
         <source>Connecting</source>
-        <translation type="unfinished"></translation>
+        <translation>Verbinden</translation>
     </message>
     <message>
         <source>The password is wanted</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Passwort wird gebraucht</translation>
     </message>
     <message>
         <source>It is not kept on this computer, or can&apos;t be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es ist auf diesem Computer nicht gespeichert oder nicht lesbar.</translation>
     </message>
     <message>
         <source>Type it once more.</source>
-        <translation type="unfinished"></translation>
+        <translation>Geben Sie es noch einmal ein.</translation>
+    </message>
+    <message>
+        <source>Disabled</source>
+        <translation>Deaktiviert</translation>
+    </message>
+    <message>
+        <source>Default password</source>
+        <translation>Standardpasswort</translation>
+    </message>
+    <message>
+        <source>Login limit</source>
+        <translation>Anmeldegrenze</translation>
+    </message>
+    <message>
+        <source>Relay broken</source>
+        <translation>Relay getrennt</translation>
+    </message>
+    <message>
+        <source>The keyring is closed</source>
+        <translation>Der Schlüsselbund ist gesperrt</translation>
+    </message>
+    <message>
+        <source>The password lies in the desktop&apos;s keyring, which does not open it.</source>
+        <translation>Das Passwort liegt im Schlüsselbund der Arbeitsumgebung, der sich nicht öffnet.</translation>
+    </message>
+    <message>
+        <source>Unlock the keyring and log in again, or type the password: it is then kept in an encrypted file.</source>
+        <translation>Entsperren Sie den Schlüsselbund und melden Sie sich neu an, oder geben Sie das Passwort ein: Es liegt dann in einer verschlüsselten Datei.</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::LogsPage</name>
+    <message>
+        <source>Logs</source>
+        <translation>Protokolle</translation>
+    </message>
+    <message>
+        <source>Span of time</source>
+        <translation>Zeitraum</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Kind of entries</source>
+        <translation>Art der Einträge</translation>
+    </message>
+    <message>
+        <source>Every kind</source>
+        <translation>Jede Art</translation>
+    </message>
+    <message>
+        <source>Channel</source>
+        <translation>Kanal</translation>
+    </message>
+    <message>
+        <source>Channel that the entries are about</source>
+        <translation>Kanal, um den es in den Einträgen geht</translation>
+    </message>
+    <message>
+        <source>Every channel</source>
+        <translation>Jeder Kanal</translation>
+    </message>
+    <message>
+        <source>Filter by words</source>
+        <translation>Nach Wörtern filtern</translation>
+    </message>
+    <message>
+        <source>Export as CSV</source>
+        <translation>Als CSV exportieren</translation>
+    </message>
+    <message>
+        <source>Writes all entries that match, of every page, into a file for spreadsheets.</source>
+        <translation>Schreibt alle passenden Einträge aller Seiten in eine Datei für Tabellenprogramme.</translation>
+    </message>
+    <message>
+        <source>Nothing was logged in this span.</source>
+        <translation>In diesem Zeitraum wurde nichts protokolliert.</translation>
+    </message>
+    <message>
+        <source>Downloads that end, backups, and files that are deleted leave their entries here. Choose another span.</source>
+        <translation>Beendete Downloads, Sicherungen und gelöschte Dateien hinterlassen hier Einträge. Wählen Sie einen anderen Zeitraum.</translation>
+    </message>
+    <message>
+        <source>No entry matches the filters.</source>
+        <translation>Kein Eintrag entspricht den Filtern.</translation>
+    </message>
+    <message>
+        <source>The words are looked for in device, channel and event.</source>
+        <translation>Die Wörter werden in Gerät, Kanal und Ereignis gesucht.</translation>
+    </message>
+    <message>
+        <source>Clear the filters</source>
+        <translation>Filter zurücksetzen</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>1 entry, newest first</source>
+        <translation>1 Eintrag, neueste zuerst</translation>
+    </message>
+    <message>
+        <source>%1 entries, newest first</source>
+        <translation>%1 Einträge, neueste zuerst</translation>
+    </message>
+    <message>
+        <source>CSV files (*.csv)</source>
+        <translation>CSV-Dateien (*.csv)</translation>
+    </message>
+    <message>
+        <source>Exporting the log:%1%</source>
+        <translation>Protokoll wird exportiert: %1%</translation>
+    </message>
+    <message>
+        <source>1 log entry was exported</source>
+        <translation>1 Protokolleintrag wurde exportiert</translation>
+    </message>
+    <message>
+        <source>%1 log entries were exported</source>
+        <translation>%1 Protokolleinträge wurden exportiert</translation>
+    </message>
+    <message>
+        <source>Open the folder</source>
+        <translation>Ordner öffnen</translation>
+    </message>
+    <message>
+        <source>The log was not exported</source>
+        <translation>Das Protokoll wurde nicht exportiert</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::LogsTable</name>
+    <message>
+        <source>No.</source>
+        <translation>Nr.</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Device</source>
+        <translation>Gerät</translation>
+    </message>
+    <message>
+        <source>Channel</source>
+        <translation>Kanal</translation>
+    </message>
+    <message>
+        <source>Event</source>
+        <translation>Ereignis</translation>
+    </message>
+    <message>
+        <source>Log entries</source>
+        <translation>Protokolleinträge</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::MainWindow</name>
     <message>
         <source>Stored data</source>
-        <translation type="unfinished"></translation>
+        <translation>Gespeicherte Daten</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::ModulePages</name>
     <message>
         <source>Playback</source>
-        <translation type="unfinished"></translation>
+        <translation>Wiedergabe</translation>
     </message>
     <message>
         <source>Files Center</source>
-        <translation type="unfinished"></translation>
+        <translation>Dateien</translation>
+    </message>
+    <message>
+        <source>Devices</source>
+        <translation>Geräte</translation>
+    </message>
+    <message>
+        <source>Live</source>
+        <translation>Live</translation>
+    </message>
+    <message>
+        <source>Logs</source>
+        <translation>Protokolle</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::NoticeBell</name>
     <message>
         <source>Notices</source>
-        <translation type="unfinished"></translation>
+        <translation>Meldungen</translation>
     </message>
     <message>
         <source>Notices: %1 new</source>
-        <translation type="unfinished"></translation>
+        <translation>Meldungen: %1 neu</translation>
     </message>
     <message>
         <source>Notices: %1 new, %2 of them tell of failures</source>
-        <translation type="unfinished"></translation>
+        <translation>Meldungen: %1 neu, davon %2 über Fehler</translation>
     </message>
     <message>
         <source>%1+</source>
-        <translation type="unfinished"></translation>
+        <translation>%1+</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::NoticesModel</name>
     <message>
         <source>%1 (%2 times)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (%2-mal)</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::NoticesPopup</name>
     <message>
         <source>Clear</source>
-        <translation type="unfinished"></translation>
+        <translation>Leeren</translation>
     </message>
     <message>
         <source>Notices</source>
-        <translation type="unfinished"></translation>
+        <translation>Meldungen</translation>
     </message>
     <message>
         <source>Forget all notices</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle Meldungen verwerfen</translation>
     </message>
     <message>
         <source>No notices. What the client has to tell is kept here.</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Meldungen. Was der Client mitzuteilen hat, wird hier aufbewahrt.</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::OutPath</name>
     <message>
         <source>%1 is a file; several channels need a folder.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ist eine Datei; mehrere Kanäle brauchen einen Ordner.</translation>
     </message>
     <message>
         <source>%1 is neither a file nor a folder.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ist weder Datei noch Ordner.</translation>
     </message>
     <message>
         <source>The folder %1 can&apos;t be made.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Ordner %1 kann nicht angelegt werden.</translation>
     </message>
     <message>
         <source>The folder %1 does not exist.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Ordner %1 existiert nicht.</translation>
     </message>
     <message>
         <source>The folder %1 can&apos;t be written.</source>
-        <translation type="unfinished"></translation>
+        <translation>In den Ordner %1 kann nicht geschrieben werden.</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::PasswordEdit</name>
     <message>
         <source>Show the password</source>
-        <translation type="unfinished"></translation>
+        <translation>Passwort anzeigen</translation>
     </message>
     <message>
         <source>Hide the password</source>
-        <translation type="unfinished"></translation>
+        <translation>Passwort verbergen</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::PictureSaver</name>
+    <message>
+        <source>Snapshot saved</source>
+        <translation>Einzelbild gespeichert</translation>
+    </message>
+    <message>
+        <source>The snapshot could not be saved</source>
+        <translation>Das Einzelbild konnte nicht gespeichert werden</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::PlaybackDays</name>
+    <message>
+        <source>No list of recordings: click on a time to play, or mark a span</source>
+        <translation>Keine Aufnahmeliste: Klicken Sie zum Abspielen auf eine Zeit, oder markieren Sie einen Zeitraum</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::PlaybackPage</name>
     <message>
-        <source>Playback</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Download</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Day before</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Next day</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>No list of recordings: mark a span and press Download</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>The span has not come yet</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>No channel is chosen</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Check recordings or mark a span first</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Puts it into the download queue</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Kanal ausgewählt</translation>
     </message>
     <message>
         <source>, the first %1 are listed</source>
-        <translation type="unfinished"></translation>
+        <translation>, die ersten %1 sind aufgeführt</translation>
     </message>
     <message>
         <source>%1 of %2 channels could not be searched</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 von %2 Kanälen konnten nicht durchsucht werden</translation>
     </message>
     <message>
         <source>Search</source>
-        <translation type="unfinished"></translation>
+        <translation>Suchen</translation>
     </message>
     <message>
         <source>The recordings of %1 are searched</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Aufnahmen vom %1 werden gesucht</translation>
     </message>
     <message>
         <source>They appear here channel by channel.</source>
-        <translation type="unfinished"></translation>
+        <translation>Sie erscheinen hier Kanal für Kanal.</translation>
     </message>
     <message>
         <source>Check up to %1 channels, pick a day and press Search.</source>
-        <translation type="unfinished"></translation>
+        <translation>Markieren Sie bis zu %1 Kanäle, wählen Sie einen Tag und klicken Sie auf Suchen.</translation>
     </message>
     <message>
         <source>This recorder has no list of recordings</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieser Rekorder hat keine Aufnahmeliste</translation>
     </message>
     <message>
         <source>Mark a span on the axis, or type two times, and press Download.</source>
-        <translation type="unfinished"></translation>
+        <translation>Markieren Sie einen Zeitraum auf der Achse, oder geben Sie zwei Zeiten ein, und klicken Sie auf Herunterladen.</translation>
     </message>
     <message>
         <source>The recordings could not be searched</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Aufnahmen konnten nicht gesucht werden</translation>
     </message>
     <message>
         <source>Retry</source>
-        <translation type="unfinished"></translation>
+        <translation>Wiederholen</translation>
     </message>
     <message>
         <source>There is no recording on %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Am %1 gibt es keine Aufnahme</translation>
     </message>
     <message>
         <source>Pick another day, or check other channels.</source>
-        <translation type="unfinished"></translation>
+        <translation>Wählen Sie einen anderen Tag, oder markieren Sie andere Kanäle.</translation>
     </message>
     <message>
         <source>%1 was not searched yet</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 wurde noch nicht durchsucht</translation>
     </message>
     <message>
         <source>Press Search to see what the recorder has.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Trust this key</source>
-        <translation type="unfinished"></translation>
+        <translation>Klicken Sie auf Suchen, um zu sehen, was der Rekorder hat.</translation>
     </message>
     <message>
         <source>Type the login</source>
-        <translation type="unfinished"></translation>
+        <translation>Anmeldedaten eingeben</translation>
+    </message>
+    <message>
+        <source>Recordings as a list</source>
+        <translation>Aufnahmen als Liste</translation>
+    </message>
+    <message>
+        <source>Check the key...</source>
+        <translation>Schlüssel prüfen...</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::PlaybackStage</name>
+    <message>
+        <source>No recording from %1 to %2: playing on from there.</source>
+        <translation>Keine Aufnahme von %1 bis %2: Die Wiedergabe geht danach weiter.</translation>
+    </message>
+    <message>
+        <source>There is no further recording on this day.</source>
+        <translation>An diesem Tag gibt es keine weitere Aufnahme.</translation>
+    </message>
+    <message>
+        <source>Save the shown picture</source>
+        <translation>Angezeigtes Bild speichern</translation>
+    </message>
+    <message>
+        <source>Show all channels</source>
+        <translation>Alle Kanäle anzeigen</translation>
+    </message>
+    <message>
+        <source>Enlarge</source>
+        <translation>Vergrößern</translation>
+    </message>
+    <message>
+        <source>Close this channel</source>
+        <translation>Diesen Kanal schließen</translation>
+    </message>
+    <message>
+        <source>Check a channel in the list, or drag it here.</source>
+        <translation>Markieren Sie einen Kanal in der Liste, oder ziehen Sie ihn hierher.</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Wiederholen</translation>
+    </message>
+    <message>
+        <source>Searching for recordings...</source>
+        <translation>Aufnahmen werden gesucht...</translation>
+    </message>
+    <message>
+        <source>Loading the picture...</source>
+        <translation>Bild wird geladen...</translation>
+    </message>
+    <message>
+        <source>Press Play, or click on the time line.</source>
+        <translation>Klicken Sie auf Abspielen oder auf die Zeitachse.</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Abspielen</translation>
+    </message>
+    <message>
+        <source>No recording from %1 to %2</source>
+        <translation>Keine Aufnahme von %1 bis %2</translation>
+    </message>
+    <message>
+        <source>Jump to %1</source>
+        <translation>Zu %1 springen</translation>
+    </message>
+    <message>
+        <source>%1
+Trying again...</source>
+        <translation>%1
+Neuer Versuch...</translation>
+    </message>
+    <message>
+        <source>Playback</source>
+        <translation>Wiedergabe</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::PlaybackTransport</name>
+    <message>
+        <source>10 s back (Left arrow)</source>
+        <translation>10 s zurück (Pfeil links)</translation>
+    </message>
+    <message>
+        <source>Frame back (comma)</source>
+        <translation>Ein Bild zurück (Komma)</translation>
+    </message>
+    <message>
+        <source>Play (Space)</source>
+        <translation>Abspielen (Leertaste)</translation>
+    </message>
+    <message>
+        <source>Frame on (period)</source>
+        <translation>Ein Bild vor (Punkt)</translation>
+    </message>
+    <message>
+        <source>10 s on (Right arrow)</source>
+        <translation>10 s vor (Pfeil rechts)</translation>
+    </message>
+    <message>
+        <source>Speed ([ slower, ] faster)</source>
+        <translation>Tempo ([ langsamer, ] schneller)</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Tempo</translation>
+    </message>
+    <message>
+        <source>All channels play the same time</source>
+        <translation>Alle Kanäle spielen dieselbe Zeit</translation>
+    </message>
+    <message>
+        <source>Save the shown picture (S)</source>
+        <translation>Angezeigtes Bild speichern (S)</translation>
+    </message>
+    <message>
+        <source>One channel</source>
+        <translation>Ein Kanal</translation>
+    </message>
+    <message>
+        <source>Four channels</source>
+        <translation>Vier Kanäle</translation>
+    </message>
+    <message>
+        <source>Full screen (F)</source>
+        <translation>Vollbild (F)</translation>
+    </message>
+    <message>
+        <source>No channel is chosen</source>
+        <translation>Kein Kanal ausgewählt</translation>
+    </message>
+    <message>
+        <source>Pause (Space)</source>
+        <translation>Pause (Leertaste)</translation>
+    </message>
+    <message>
+        <source>Leave full screen (F)</source>
+        <translation>Vollbild verlassen (F)</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::PowerWords</name>
+    <message>
+        <source>live view</source>
+        <translation>Live-Ansicht</translation>
+    </message>
+    <message>
+        <source>Watch live video, record it, take snapshots</source>
+        <translation>Live-Video ansehen, aufnehmen, Einzelbilder speichern</translation>
+    </message>
+    <message>
+        <source>playback</source>
+        <translation>Wiedergabe</translation>
+    </message>
+    <message>
+        <source>Search and play what the recorders hold</source>
+        <translation>Suchen und abspielen, was die Rekorder haben</translation>
+    </message>
+    <message>
+        <source>downloads</source>
+        <translation>Downloads</translation>
+    </message>
+    <message>
+        <source>Download recordings and plan backups</source>
+        <translation>Aufnahmen herunterladen und Sicherungen planen</translation>
+    </message>
+    <message>
+        <source>local recordings</source>
+        <translation>lokale Aufnahmen</translation>
+    </message>
+    <message>
+        <source>Play, save and delete local recordings</source>
+        <translation>Lokale Aufnahmen abspielen, speichern und löschen</translation>
+    </message>
+    <message>
+        <source>local snapshots</source>
+        <translation>lokale Einzelbilder</translation>
+    </message>
+    <message>
+        <source>View, save and delete local snapshots</source>
+        <translation>Lokale Einzelbilder ansehen, speichern und löschen</translation>
+    </message>
+    <message>
+        <source>recorders</source>
+        <translation>Rekorder</translation>
+    </message>
+    <message>
+        <source>Add, change and remove recorders</source>
+        <translation>Rekorder hinzufügen, ändern und entfernen</translation>
+    </message>
+    <message>
+        <source>logs</source>
+        <translation>Protokolle</translation>
+    </message>
+    <message>
+        <source>Read and export the logs</source>
+        <translation>Protokolle lesen und exportieren</translation>
+    </message>
+    <message>
+        <source>settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Change settings that concern everybody here</source>
+        <translation>Einstellungen ändern, die hier alle betreffen</translation>
+    </message>
+    <message>
+        <source>Administrator</source>
+        <translation>Administrator</translation>
+    </message>
+    <message>
+        <source>nothing but local files</source>
+        <translation>nur lokale Dateien</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::PowersEdit</name>
+    <message>
+        <source>Administrator: everything, other users included</source>
+        <translation>Administrator: alles, auch die anderen Benutzer</translation>
+    </message>
+    <message>
+        <source>An administrator may do everything.</source>
+        <translation>Ein Administrator darf alles.</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::QueueEdit</name>
     <message>
         <source>The task %1 is in no state for that.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Zustand von Auftrag %1 lässt das nicht zu.</translation>
     </message>
     <message>
         <source>There is no task %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es gibt keinen Auftrag %1.</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::QueueListing</name>
     <message>
         <source>The recorder refused the login.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Rekorder hat die Anmeldung abgelehnt.</translation>
     </message>
     <message>
         <source>The recorder could not be reached.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Rekorder war nicht erreichbar.</translation>
     </message>
     <message>
         <source>The download broke off.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Download ist abgebrochen.</translation>
     </message>
     <message>
         <source>The file is missing or can&apos;t be used.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei fehlt oder ist nicht verwendbar.</translation>
     </message>
     <message>
         <source>The recorder gave no address to replay from.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Rekorder nannte keine Wiedergabeadresse.</translation>
     </message>
     <message>
         <source>The reason is not known.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Grund ist nicht bekannt.</translation>
     </message>
     <message>
         <source>Id</source>
-        <translation type="unfinished"></translation>
+        <translation>ID</translation>
     </message>
     <message>
         <source>State</source>
-        <translation type="unfinished"></translation>
+        <translation>Status</translation>
     </message>
     <message>
         <source>Channel</source>
-        <translation type="unfinished"></translation>
+        <translation>Kanal</translation>
     </message>
     <message>
         <source>Begin</source>
-        <translation type="unfinished"></translation>
+        <translation>Beginn</translation>
     </message>
     <message>
         <source>End</source>
-        <translation type="unfinished"></translation>
+        <translation>Ende</translation>
     </message>
     <message>
         <source>MB</source>
-        <translation type="unfinished"></translation>
+        <translation>MB</translation>
     </message>
     <message>
         <source>File, or reason</source>
-        <translation type="unfinished"></translation>
+        <translation>Datei oder Grund</translation>
     </message>
     <message>
         <source>failed</source>
-        <translation type="unfinished"></translation>
+        <translation>fehlgeschlagen</translation>
     </message>
     <message>
         <source>waiting</source>
-        <translation type="unfinished"></translation>
+        <translation>wartet</translation>
     </message>
     <message>
         <source>paused</source>
-        <translation type="unfinished"></translation>
+        <translation>pausiert</translation>
     </message>
     <message>
         <source>partly</source>
-        <translation type="unfinished"></translation>
+        <translation>teilweise</translation>
     </message>
     <message>
         <source>done</source>
-        <translation type="unfinished"></translation>
+        <translation>fertig</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::QueueRun</name>
     <message>
         <source>The folder for videos, %1, does not exist.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Ordner für Videos, %1, existiert nicht.</translation>
     </message>
     <message>
         <source>%1 running, %2 waiting</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 laufen, %2 warten</translation>
     </message>
     <message>
         <source>, %1 to be tried again</source>
-        <translation type="unfinished"></translation>
+        <translation>, %1 werden erneut versucht</translation>
     </message>
     <message>
         <source>%1 tasks failed or are incomplete; see vemo_client queue list.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Aufträge sind fehlgeschlagen oder unvollständig; siehe vemo_client queue list.</translation>
     </message>
     <message>
         <source>Interrupted; what had arrived is kept, and the rest waits in the queue.</source>
-        <translation type="unfinished"></translation>
+        <translation>Abgebrochen; was angekommen ist, bleibt erhalten, der Rest wartet in der Warteschlange.</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::QueueTray</name>
     <message>
         <source>Vemo, download queue: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Vemo, Download-Warteschlange: %1</translation>
     </message>
     <message>
         <source>1 file</source>
-        <translation type="unfinished"></translation>
+        <translation>1 Datei</translation>
     </message>
     <message>
         <source>%1 files</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Dateien</translation>
     </message>
     <message>
         <source>All downloads are done: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle Downloads sind fertig: %1</translation>
     </message>
     <message>
         <source>The download queue is empty: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Download-Warteschlange ist leer: %1</translation>
     </message>
     <message>
         <source>What arrived lies in the folder of downloads.</source>
-        <translation type="unfinished"></translation>
+        <translation>Was angekommen ist, liegt im Download-Ordner.</translation>
     </message>
     <message>
         <source>1 download has failed; Download Failure says why.</source>
-        <translation type="unfinished"></translation>
+        <translation>1 Download ist fehlgeschlagen; der Grund steht unter Fehlgeschlagen.</translation>
     </message>
     <message>
         <source>%1 downloads have failed; Download Failure says why.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Downloads sind fehlgeschlagen; die Gründe stehen unter Fehlgeschlagen.</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::QueueVerb</name>
     <message>
         <source>Interrupted.</source>
-        <translation type="unfinished"></translation>
+        <translation>Abgebrochen.</translation>
     </message>
     <message>
         <source>The database could not be written.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datenbank konnte nicht geschrieben werden.</translation>
     </message>
     <message>
         <source>%1 tasks were removed.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Aufträge wurden entfernt.</translation>
     </message>
     <message>
         <source>%1 of %2 requests are in the queue already.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 von %2 Anforderungen sind bereits in der Warteschlange.</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::QueueWatch</name>
     <message>
         <source>%1 running</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 laufen</translation>
     </message>
     <message>
         <source>%1 waiting</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 warten</translation>
     </message>
     <message>
         <source>%1 to be retried</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 werden wiederholt</translation>
     </message>
     <message>
         <source>%1 paused</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 pausiert</translation>
     </message>
     <message>
         <source>empty</source>
-        <translation type="unfinished"></translation>
+        <translation>leer</translation>
     </message>
     <message>
         <source>%1 running, %2 waiting, %3 paused, %4 to be retried</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 laufen, %2 warten, %3 pausiert, %4 werden wiederholt</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::RecorderAddress</name>
     <message>
         <source>Type the address of the recorder. Example: 192.168.1.20</source>
-        <translation type="unfinished"></translation>
+        <translation>Geben Sie die Adresse des Rekorders ein. Beispiel: 192.168.1.20</translation>
     </message>
     <message>
         <source>The address is longer than any address is.</source>
-        <translation type="unfinished"></translation>
+        <translation>So lang ist keine Adresse.</translation>
     </message>
     <message>
         <source>An address holds no spaces.</source>
-        <translation type="unfinished"></translation>
+        <translation>Eine Adresse enthält keine Leerzeichen.</translation>
     </message>
     <message>
         <source>The address must begin with http, https, rtsp or rtsps.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Adresse muss mit http, https, rtsp oder rtsps beginnen.</translation>
     </message>
     <message>
         <source>This can&apos;t be read as an address. Example: 192.168.1.20</source>
-        <translation type="unfinished"></translation>
+        <translation>Das ist nicht als Adresse lesbar. Beispiel: 192.168.1.20</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::RecorderColumn</name>
     <message>
         <source>Filter by channel name</source>
-        <translation type="unfinished"></translation>
+        <translation>Nach Kanalname filtern</translation>
     </message>
     <message>
         <source>Add a recorder</source>
-        <translation type="unfinished"></translation>
+        <translation>Rekorder hinzufügen</translation>
     </message>
     <message>
-        <source>Remove the recorder</source>
-        <translation type="unfinished"></translation>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
     </message>
     <message>
-        <source>%1 and its password are forgotten. Files and finished downloads stay; downloads of it that wait or have failed can&apos;t go on.</source>
-        <translation type="unfinished"></translation>
+        <source>Search</source>
+        <translation>Suchen</translation>
     </message>
     <message>
-        <source>Remove</source>
-        <translation type="unfinished"></translation>
+        <source>No channel is chosen</source>
+        <translation>Kein Kanal ausgewählt</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::RecorderDialog</name>
     <message>
         <source>Keep it offline</source>
-        <translation type="unfinished"></translation>
+        <translation>Offline behalten</translation>
     </message>
     <message>
         <source>Add a recorder</source>
-        <translation type="unfinished"></translation>
+        <translation>Rekorder hinzufügen</translation>
     </message>
     <message>
         <source>Change the recorder</source>
-        <translation type="unfinished"></translation>
+        <translation>Rekorder ändern</translation>
     </message>
     <message>
         <source>The client logs in at once and keeps the recorder for the next start.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Client meldet sich sofort an und behält den Rekorder für den nächsten Start.</translation>
     </message>
     <message>
         <source>Connecting...</source>
-        <translation type="unfinished"></translation>
+        <translation>Verbindung wird aufgebaut...</translation>
     </message>
     <message>
         <source>Try again</source>
-        <translation type="unfinished"></translation>
+        <translation>Erneut versuchen</translation>
     </message>
     <message>
         <source>Add</source>
-        <translation type="unfinished"></translation>
+        <translation>Hinzufügen</translation>
     </message>
     <message>
         <source>Save</source>
-        <translation type="unfinished"></translation>
+        <translation>Speichern</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::RecorderForm</name>
     <message>
         <source>Address</source>
-        <translation type="unfinished"></translation>
+        <translation>Adresse</translation>
     </message>
     <message>
         <source>192.168.1.20 or https://nvr.example/onvif/device_service</source>
-        <translation type="unfinished"></translation>
+        <translation>192.168.1.20 oder https://nvr.example/onvif/device_service</translation>
     </message>
     <message>
         <source>User name</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzername</translation>
     </message>
     <message>
         <source>Password</source>
-        <translation type="unfinished"></translation>
+        <translation>Passwort</translation>
     </message>
     <message>
         <source>Show the password</source>
-        <translation type="unfinished"></translation>
+        <translation>Passwort anzeigen</translation>
     </message>
     <message>
         <source>Name</source>
-        <translation type="unfinished"></translation>
+        <translation>Name</translation>
     </message>
     <message>
         <source>as the recorder calls itself</source>
-        <translation type="unfinished"></translation>
+        <translation>wie der Rekorder sich selbst nennt</translation>
     </message>
     <message>
         <source>unchanged</source>
-        <translation type="unfinished"></translation>
+        <translation>unverändert</translation>
     </message>
     <message>
         <source>IP address or name, with a port where it needs one.</source>
-        <translation type="unfinished"></translation>
+        <translation>IP-Adresse oder Name, wo nötig mit Port.</translation>
     </message>
     <message>
         <source>Replay address: it has no list of recordings, spans of time can be fetched.</source>
-        <translation type="unfinished"></translation>
+        <translation>Wiedergabeadresse: Sie hat keine Aufnahmeliste, Zeiträume lassen sich holen.</translation>
     </message>
     <message>
         <source>ONVIF over %1 at %2</source>
-        <translation type="unfinished"></translation>
+        <translation>ONVIF über %1 unter %2</translation>
     </message>
     <message>
         <source>TLS</source>
-        <translation type="unfinished"></translation>
+        <translation>TLS</translation>
     </message>
     <message>
         <source>HTTP</source>
-        <translation type="unfinished"></translation>
+        <translation>HTTP</translation>
     </message>
     <message>
         <source>Trust this key</source>
-        <translation type="unfinished"></translation>
+        <translation>Diesem Schlüssel vertrauen</translation>
+    </message>
+    <message>
+        <source>Live view alone</source>
+        <translation>Nur Live-Ansicht</translation>
+    </message>
+    <message>
+        <source>Recordings by time</source>
+        <translation>Aufnahmen nach Zeit</translation>
+    </message>
+    <message>
+        <source>Used for</source>
+        <translation>Verwendet für</translation>
+    </message>
+    <message>
+        <source>Channels</source>
+        <translation>Kanäle</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>keine</translation>
+    </message>
+    <message>
+        <source>Group</source>
+        <translation>Gruppe</translation>
+    </message>
+    <message>
+        <source>User and password of the address were put into their own fields.</source>
+        <translation>Benutzer und Passwort aus der Adresse wurden in ihre eigenen Felder übernommen.</translation>
+    </message>
+    <message>
+        <source>A stream to watch: it can&apos;t be played back, downloaded or backed up.</source>
+        <translation>Eine Quelle zum Ansehen: Wiedergeben, Herunterladen und Sichern sind damit nicht möglich.</translation>
+    </message>
+    <message>
+        <source>Write {channel} in the address where the number of the channel goes.</source>
+        <translation>Schreiben Sie {channel} in die Adresse, wo die Kanalnummer steht.</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::RecorderLogins</name>
     <message>
         <source>The recorder stopped answering.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Rekorder antwortet nicht mehr.</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::RecorderSession</name>
     <message>
         <source>%1, channel %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, Kanal %2</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::RecorderTree</name>
     <message>
         <source>Recorders and channels</source>
-        <translation type="unfinished"></translation>
+        <translation>Rekorder und Kanäle</translation>
     </message>
     <message>
         <source>Search this channel</source>
-        <translation type="unfinished"></translation>
+        <translation>Diesen Kanal durchsuchen</translation>
     </message>
     <message>
         <source>Log in again</source>
-        <translation type="unfinished"></translation>
+        <translation>Neu anmelden</translation>
     </message>
     <message>
         <source>Change...</source>
-        <translation type="unfinished"></translation>
+        <translation>Ändern...</translation>
     </message>
     <message>
         <source>Remove...</source>
-        <translation type="unfinished"></translation>
+        <translation>Entfernen...</translation>
+    </message>
+    <message>
+        <source>The recorder is disabled.</source>
+        <translation>Der Rekorder ist deaktiviert.</translation>
+    </message>
+    <message>
+        <source>A source for live view alone: it has no recordings.</source>
+        <translation>Eine Quelle nur für die Live-Ansicht: Sie hat keine Aufnahmen.</translation>
+    </message>
+    <message>
+        <source>Channel %1</source>
+        <translation>Kanal %1</translation>
+    </message>
+    <message>
+        <source>%1, is being played</source>
+        <translation>%1, wird gerade abgespielt</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::RecordersPage</name>
     <message>
         <source>Add your recorders</source>
-        <translation type="unfinished"></translation>
+        <translation>Ihre Rekorder hinzufügen</translation>
     </message>
     <message>
         <source>The client finds recorders in your network by itself; others are added by their address. Their passwords are kept encrypted on this computer.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Client findet Rekorder in Ihrem Netzwerk selbst; andere werden über ihre Adresse hinzugefügt. Ihre Passwörter werden auf diesem Computer verschlüsselt aufbewahrt.</translation>
     </message>
     <message>
         <source>Look for recorders</source>
-        <translation type="unfinished"></translation>
+        <translation>Rekorder suchen</translation>
     </message>
     <message>
         <source>Later</source>
-        <translation type="unfinished"></translation>
+        <translation>Später</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::RecordingSearch</name>
     <message>
         <source>The recorder did not answer the search for recordings in time.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Rekorder hat die Aufnahmesuche nicht rechtzeitig beantwortet.</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::RecordingsTable</name>
     <message>
         <source>All</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle</translation>
     </message>
     <message>
         <source>Channel Name</source>
-        <translation type="unfinished"></translation>
+        <translation>Kanalname</translation>
     </message>
     <message>
         <source>Begin</source>
-        <translation type="unfinished"></translation>
+        <translation>Beginn</translation>
     </message>
     <message>
         <source>End</source>
-        <translation type="unfinished"></translation>
+        <translation>Ende</translation>
     </message>
     <message>
         <source>Length</source>
-        <translation type="unfinished"></translation>
+        <translation>Dauer</translation>
     </message>
     <message>
         <source>Type</source>
-        <translation type="unfinished"></translation>
+        <translation>Typ</translation>
     </message>
     <message>
         <source>Recordings</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufnahmen</translation>
     </message>
     <message>
         <source>Alarm</source>
-        <translation type="unfinished"></translation>
+        <translation>Alarm</translation>
     </message>
     <message>
         <source>Continuous</source>
-        <translation type="unfinished"></translation>
+        <translation>Dauerhaft</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::RemoveQuestion</name>
+    <message>
+        <source>%1 and its password are forgotten. Files, finished downloads and finished backups stay; downloads and backups of it that wait or have failed can&apos;t go on.</source>
+        <translation>%1 und das Passwort werden vergessen. Dateien, fertige Downloads und fertige Sicherungen bleiben; wartende oder fehlgeschlagene Downloads und Sicherungen davon können nicht fortgesetzt werden.</translation>
+    </message>
+    <message>
+        <source>%1 recorders and their passwords are forgotten. Files, finished downloads and finished backups stay; downloads and backups of them that wait or have failed can&apos;t go on.</source>
+        <translation>%1 Rekorder und ihre Passwörter werden vergessen. Dateien, fertige Downloads und fertige Sicherungen bleiben; wartende oder fehlgeschlagene Downloads und Sicherungen davon können nicht fortgesetzt werden.</translation>
+    </message>
+    <message>
+        <source>Remove the recorder</source>
+        <translation>Rekorder entfernen</translation>
+    </message>
+    <message>
+        <source>Remove the recorders</source>
+        <translation>Rekorder entfernen</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::RenameGroupDialog</name>
+    <message>
+        <source>Rename the group</source>
+        <translation>Gruppe umbenennen</translation>
+    </message>
+    <message>
+        <source>All recorders of the group go along.</source>
+        <translation>Alle Rekorder der Gruppe ziehen mit um.</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Umbenennen</translation>
+    </message>
+    <message>
+        <source>Name of the group</source>
+        <translation>Name der Gruppe</translation>
+    </message>
+    <message>
+        <source>There is a group of this name; the two become one.</source>
+        <translation>Es gibt schon eine Gruppe dieses Namens; die beiden werden zu einer.</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::SearchVerb</name>
     <message>
         <source>Interrupted.</source>
-        <translation type="unfinished"></translation>
+        <translation>Abgebrochen.</translation>
     </message>
     <message>
         <source>Channel</source>
-        <translation type="unfinished"></translation>
+        <translation>Kanal</translation>
     </message>
     <message>
         <source>Begin</source>
-        <translation type="unfinished"></translation>
+        <translation>Beginn</translation>
     </message>
     <message>
         <source>End</source>
-        <translation type="unfinished"></translation>
+        <translation>Ende</translation>
     </message>
     <message>
         <source>Type</source>
-        <translation type="unfinished"></translation>
+        <translation>Typ</translation>
     </message>
     <message>
         <source>Name</source>
-        <translation type="unfinished"></translation>
+        <translation>Name</translation>
     </message>
     <message>
         <source>alarm</source>
-        <translation type="unfinished"></translation>
+        <translation>Alarm</translation>
     </message>
     <message>
         <source>normal</source>
-        <translation type="unfinished"></translation>
+        <translation>normal</translation>
     </message>
     <message>
         <source>%1: no recording from %2 to %3.</source>
+        <translation>%1: keine Aufnahme von %2 bis %3.</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::SettingsPage</name>
+    <message>
+        <source>Search settings</source>
+        <translation>Einstellungen durchsuchen</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>Verwerfen</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>Mend what is marked in red, then the changes can be saved.</source>
+        <translation>Berichtigen Sie das rot Markierte, dann lassen sich die Änderungen speichern.</translation>
+    </message>
+    <message>
+        <source>1 change not saved</source>
+        <translation>1 Änderung nicht gespeichert</translation>
+    </message>
+    <message>
+        <source>%1 changes not saved</source>
+        <translation>%1 Änderungen nicht gespeichert</translation>
+    </message>
+    <message>
+        <source>Changes that are not saved</source>
+        <translation>Nicht gespeicherte Änderungen</translation>
+    </message>
+    <message>
+        <source>1 change of the settings is not saved. Give it up and go on?</source>
+        <translation>1 Änderung der Einstellungen ist nicht gespeichert. Verwerfen und fortfahren?</translation>
+    </message>
+    <message>
+        <source>%1 changes of the settings are not saved. Give them up and go on?</source>
+        <translation>%1 Änderungen der Einstellungen sind nicht gespeichert. Verwerfen und fortfahren?</translation>
+    </message>
+    <message>
+        <source>These settings concern everybody on this computer. Only users with the power to change settings may change them.</source>
+        <translation>Diese Einstellungen betreffen alle auf diesem Computer. Nur Benutzer mit dem Recht, Einstellungen zu ändern, dürfen sie ändern.</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::SettingsSections</name>
+    <message>
+        <source>General</source>
+        <translation>Allgemein</translation>
+    </message>
+    <message>
+        <source>Program</source>
+        <translation>Programm</translation>
+    </message>
+    <message>
+        <source>As the desktop</source>
+        <translation>Wie die Arbeitsumgebung</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Sprache</translation>
+    </message>
+    <message>
+        <source>Holds from the next start of the client on.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>When you log in to this computer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Start the client</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Logs</source>
+        <translation>Protokolle</translation>
+    </message>
+    <message>
+        <source>What is kept of what happened to files</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Keep log entries</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>30 days</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>90 days</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>1 year</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>3 years</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>As long as there is room</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Never more than 1,000,000 entries; the oldest go first.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>Storage</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Folders</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Where files are written</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Download path</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Downloads that run already end where they were begun.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Recordings backup path</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A backup stops when less than 1 GB is free. A notice appears below 10 GB.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Local recording and snapshot path</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Recordings of live video and snapshots lie in folders of their own below it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Downloads and backups lie one in the other. Choose folders of their own, so that neither fills the other&apos;s.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Files</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Names and kinds</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Date format</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Used in tables, file names and logs.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Snapshot format</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No limit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 GB</source>
+        <translation>%1 GB</translation>
+    </message>
+    <message>
+        <source>Largest file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>then the download goes on in a new file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Behaviour</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>When the client starts</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Go on with downloads that were waiting</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>When a copy is deleted</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Move files to the recycle bin where the drive has one</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Downloads</source>
+        <translation>Downloads</translation>
+    </message>
+    <message>
+        <source>Network</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Highest rate</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>MB/s</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>For all downloads and backups together. Holds at once, for those that run as well.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Readable time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Wall clock</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add a text track with the recording&apos;s time to every file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ordinary players show it as subtitles. The picture itself is not changed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Recordings Backup</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Plan</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What is backed up, and when</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Times of day</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Days, channels and times of day are chosen on the page Recordings Backup of the Files Center.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open Files Center</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The folder of backups is chosen under Storage.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open Storage</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Appearance</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Look</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Yours alone</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Theme</source>
+        <translation>Design</translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation>Dunkel</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation>Hell</translation>
+    </message>
+    <message>
+        <source>Users</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Shortcuts</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Window</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Tables</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Player</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Notifications</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>In the window</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The bell keeps every notice, shown or not</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Good news</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show a notice when something is done</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Warnings</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show a notice when something needs care</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Errors are always shown.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>On the desktop</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Tell when the queue is done and the window is not being looked at</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Version %1</source>
+        <translation>Version %1</translation>
+    </message>
+    <message>
+        <source>Places</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Where the client keeps what it knows</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Data</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Program log</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Libraries</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The client stands on the work of others</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -2768,11 +4920,114 @@ safe on your own disks.</source>
     </message>
 </context>
 <context>
-    <name>vemo_client::SpanBar</name>
+    <name>vemo_client::ShortcutsWt</name>
     <message>
-        <source>Span</source>
+        <source>Ctrl</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Shift</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>Leertaste</translation>
+    </message>
+    <message>
+        <source>Enter</source>
+        <translation>Eingabe</translation>
+    </message>
+    <message>
+        <source>Del</source>
+        <translation>Entf</translation>
+    </message>
+    <message>
+        <source>Esc</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Go to the next area: top bar, navigation, tool bar, content, status bar</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Tab</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Go to the next control in reading order</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Close what lies on top</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Go from row to row</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Check or uncheck the row</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Do the row&apos;s first action</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ask to delete what is checked</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select all rows</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Go to the filter</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open the row&apos;s menu</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Go from picture to picture</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Check or uncheck the picture</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open the picture</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Play or pause</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>One picture back or on</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>10 s back or on</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Slower or faster</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Keep the picture as a snapshot</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Full screen on or off</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::SpanBar</name>
     <message>
         <source>Begin of the span</source>
         <translation type="unfinished"></translation>
@@ -2786,19 +5041,86 @@ safe on your own disks.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>00:00:00 means the end of the day</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Clear the span</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Drag on the axis, or type two times.</source>
+        <source>The end must lie behind the begin.</source>
+        <translation>Das Ende muss nach dem Beginn liegen.</translation>
+    </message>
+    <message>
+        <source>Dragging on the time line marks a span</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>The end must lie behind the begin.</source>
+        <source>End of the span; 00:00:00 means the end of the day</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::StandingWords</name>
+    <message>
+        <source>Find recorders on the network</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Recorders that speak ONVIF answer by themselves. Choose which to add; all are logged in to with the same user and password, and how each login goes is shown in the list.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Search again</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time of the search</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add by address...</source>
+        <translation>Über Adresse hinzufügen...</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>Alle</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Model</source>
+        <translation>Modell</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Adresse</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Status</translation>
+    </message>
+    <message>
+        <source>Recorders that answered</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>User name</source>
+        <translation>Benutzername</translation>
+    </message>
+    <message>
+        <source>Password</source>
+        <translation>Passwort</translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New address</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Already added</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -2806,11 +5128,11 @@ safe on your own disks.</source>
     <name>vemo_client::StatusBar</name>
     <message>
         <source>%1 GB</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 GB</translation>
     </message>
     <message>
         <source>%1 TB</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 TB</translation>
     </message>
     <message>
         <source>%1 MB/s</source>
@@ -2854,7 +5176,7 @@ safe on your own disks.</source>
     </message>
     <message>
         <source>%1 %2 free of %3</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 %2 frei von %3</translation>
     </message>
     <message>
         <source>, full: no download can start</source>
@@ -2878,7 +5200,7 @@ Opens the folder of downloads: %2</source>
     <name>vemo_client::StoredRecorder</name>
     <message>
         <source>The password is missing: give --password-file or set VEMO_PASSWORD.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Passwort fehlt: Geben Sie --password-file an oder setzen Sie VEMO_PASSWORD.</translation>
     </message>
     <message>
         <source>The password could not be kept; nothing was added to the queue.</source>
@@ -2912,19 +5234,19 @@ Opens the folder of downloads: %2</source>
     <name>vemo_client::ThemeButton</name>
     <message>
         <source>Theme</source>
-        <translation type="unfinished"></translation>
+        <translation>Design</translation>
     </message>
     <message>
         <source>Dark</source>
-        <translation type="unfinished"></translation>
+        <translation>Dunkel</translation>
     </message>
     <message>
         <source>Light</source>
-        <translation type="unfinished"></translation>
+        <translation>Hell</translation>
     </message>
     <message>
         <source>As the desktop</source>
-        <translation type="unfinished"></translation>
+        <translation>Wie die Arbeitsumgebung</translation>
     </message>
 </context>
 <context>
@@ -2947,22 +5269,239 @@ Opens the folder of downloads: %2</source>
     </message>
 </context>
 <context>
+    <name>vemo_client::TitledDialog</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
     <name>vemo_client::TopBar</name>
     <message>
-        <source>Theme</source>
+        <source>Guide</source>
+        <translation>Handbuch</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::UserDialog</name>
+    <message>
+        <source>Add</source>
+        <translation>Hinzufügen</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Add a user</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Dark</source>
+        <source>What %1 may do</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Light</source>
+        <source>A new password for %1</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>As the desktop</source>
+        <source>Change your password</source>
         <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The user logs in on this computer with this name and password.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>It holds from the next login of %1 on.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The old one stops working at once, and a lock after wrong passwords ends.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Where you stay logged in, the password is asked for once more.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>User name</source>
+        <translation>Benutzername</translation>
+    </message>
+    <message>
+        <source>Current password</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New password</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Repeat the password</source>
+        <translation>Passwort wiederholen</translation>
+    </message>
+    <message>
+        <source>May do</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The current password is missing.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The two passwords differ</source>
+        <translation>Die beiden Passwörter sind verschieden</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::UserMenu</name>
+    <message>
+        <source>Change password...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Log out</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Logged in as %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::UserRow</name>
+    <message>
+        <source>What %1 may do</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A new password for %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Disable %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enable %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You can&apos;t do that to yourself; another administrator can.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Disabled. %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1. Never logged in</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1. Last login %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 (you)</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::UserVerb</name>
+    <message>
+        <source>%1 The accounts were kept under another name; they begin anew.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>disabled</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>administrator</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>powers %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>That %1 stays logged in could not be stored.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::UserVerbOptions</name>
+    <message>
+        <source>Name of the user.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>name</source>
+        <translation>name</translation>
+    </message>
+    <message>
+        <source>File whose first line is the user&apos;s password; &quot;-&quot; reads it from the standard input.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>file</source>
+        <translation>file</translation>
+    </message>
+    <message>
+        <source>What the user may do, of: live, playback, download, recordings, snapshots, devices, logs, settings.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>list</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The user may do everything and manages the others.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The window opens for this user without asking for the password.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::UsersSettingsWt</name>
+    <message>
+        <source>Accounts</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add a user</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Your password</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You are logged in as %1. A new password holds from now on.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Change password</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The user can&apos;t log in any more. Downloads, recordings and logs stay.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
     </message>
 </context>
 <context>
@@ -2988,6 +5527,17 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Recording. %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::ViewNameDialog</name>
+    <message>
+        <source>Name of the view</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The view needs a name.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -3037,11 +5587,11 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Abbrechen</translation>
     </message>
     <message>
         <source>Add</source>
-        <translation type="unfinished"></translation>
+        <translation>Hinzufügen</translation>
     </message>
     <message>
         <source>for %1</source>
@@ -3088,7 +5638,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>No recording</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Aufnahme</translation>
     </message>
     <message>
         <source>On the recorder</source>
@@ -3096,7 +5646,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Alarm</source>
-        <translation type="unfinished"></translation>
+        <translation>Alarm</translation>
     </message>
     <message>
         <source>Time axis</source>
@@ -3166,11 +5716,11 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>The disk space is insufficient, total file size:%1M, disk free space:%2M, disk name:%3</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht genug Speicherplatz. Gesamtgröße der Dateien: %1 MB, frei: %2 MB, Datenträger: %3</translation>
     </message>
     <message>
         <source>Failed to export file:%1</source>
-        <translation type="unfinished"></translation>
+        <translation>Datei konnte nicht exportiert werden: %1</translation>
     </message>
     <message>
         <source>and %1 more</source>
@@ -3178,6 +5728,10 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Export backup files finished, files total count:%1, success count:%2, failure count:%3</source>
+        <translation>Export der Sicherungsdateien beendet. Dateien: %1, erfolgreich: %2, fehlgeschlagen: %3</translation>
+    </message>
+    <message>
+        <source>Export backup files cancelled, files that were exported before:%1</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -3193,7 +5747,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>No recording</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Aufnahme</translation>
     </message>
     <message>
         <source>On the recorder</source>
@@ -3201,7 +5755,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Alarm</source>
-        <translation type="unfinished"></translation>
+        <translation>Alarm</translation>
     </message>
     <message>
         <source>Now, %1</source>
@@ -3274,7 +5828,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>nothing recorded</source>
-        <translation type="unfinished"></translation>
+        <translation>nichts aufgezeichnet</translation>
     </message>
     <message>
         <source>%1 safe</source>
@@ -3313,10 +5867,6 @@ Opens the folder of downloads: %2</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Waiting to try again</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Not started</source>
         <translation type="unfinished"></translation>
     </message>
@@ -3326,7 +5876,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>%1, %2, %3</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, %2, %3</translation>
     </message>
     <message>
         <source>channel no longer exists</source>
@@ -3334,6 +5884,14 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>stop backup</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>cancel the export</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Retry at %1</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -3453,7 +6011,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Date</source>
-        <translation type="unfinished"></translation>
+        <translation>Datum</translation>
     </message>
     <message>
         <source>Day before</source>
@@ -3465,7 +6023,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Add</source>
-        <translation type="unfinished"></translation>
+        <translation>Hinzufügen</translation>
     </message>
     <message>
         <source>Start</source>
@@ -3481,11 +6039,11 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>Löschen</translation>
     </message>
     <message>
         <source>Apply</source>
-        <translation type="unfinished"></translation>
+        <translation>Anwenden</translation>
     </message>
     <message>
         <source>Exporting backup files, please wait a moment</source>
@@ -3525,6 +6083,10 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Press Add to pick channels and time segments.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel the export</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -3592,7 +6154,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Space</source>
-        <translation type="unfinished"></translation>
+        <translation>Leertaste</translation>
     </message>
     <message>
         <source>check</source>
@@ -3600,7 +6162,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Enter</source>
-        <translation type="unfinished"></translation>
+        <translation>Eingabe</translation>
     </message>
     <message>
         <source>start or stop</source>
@@ -3608,7 +6170,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Del</source>
-        <translation type="unfinished"></translation>
+        <translation>Entf</translation>
     </message>
     <message>
         <source>clean the task</source>
@@ -3616,11 +6178,11 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>All</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle</translation>
     </message>
     <message>
         <source>Channel Name</source>
-        <translation type="unfinished"></translation>
+        <translation>Kanalname</translation>
     </message>
     <message>
         <source>Datetime Range</source>
@@ -3636,7 +6198,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Oper</source>
-        <translation type="unfinished"></translation>
+        <translation>Aktion</translation>
     </message>
     <message>
         <source>Batch Start</source>
@@ -3720,7 +6282,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Details</source>
-        <translation type="unfinished"></translation>
+        <translation>Details</translation>
     </message>
 </context>
 <context>
@@ -3734,11 +6296,11 @@ Opens the folder of downloads: %2</source>
     <name>vemo_filesCenter::EndedTasksTable</name>
     <message>
         <source>All</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle</translation>
     </message>
     <message>
         <source>Channel Name</source>
-        <translation type="unfinished"></translation>
+        <translation>Kanalname</translation>
     </message>
     <message>
         <source>Datetime Range</source>
@@ -3750,7 +6312,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Oper</source>
-        <translation type="unfinished"></translation>
+        <translation>Aktion</translation>
     </message>
     <message>
         <source>please check tasks to clean</source>
@@ -3770,7 +6332,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Details</source>
-        <translation type="unfinished"></translation>
+        <translation>Details</translation>
     </message>
 </context>
 <context>
@@ -3811,7 +6373,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Space</source>
-        <translation type="unfinished"></translation>
+        <translation>Leertaste</translation>
     </message>
     <message>
         <source>check</source>
@@ -3819,7 +6381,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Enter</source>
-        <translation type="unfinished"></translation>
+        <translation>Eingabe</translation>
     </message>
     <message>
         <source>redownload</source>
@@ -3827,7 +6389,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Del</source>
-        <translation type="unfinished"></translation>
+        <translation>Entf</translation>
     </message>
     <message>
         <source>clean the task</source>
@@ -3835,7 +6397,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>State</source>
-        <translation type="unfinished"></translation>
+        <translation>Status</translation>
     </message>
     <message>
         <source>Batch Redownload</source>
@@ -3971,7 +6533,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>Löschen</translation>
     </message>
     <message>
         <source>Save AS</source>
@@ -3999,7 +6561,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Clear the filter</source>
-        <translation type="unfinished"></translation>
+        <translation>Filter zurücksetzen</translation>
     </message>
     <message>
         <source>This folder is no longer there.</source>
@@ -4059,7 +6621,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Show in folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Im Ordner anzeigen</translation>
     </message>
     <message>
         <source>Copy</source>
@@ -4071,11 +6633,11 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>1 file</source>
-        <translation type="unfinished"></translation>
+        <translation>1 Datei</translation>
     </message>
     <message>
         <source>%1 files</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Dateien</translation>
     </message>
     <message>
         <source>1 video</source>
@@ -4155,15 +6717,15 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Search</source>
-        <translation type="unfinished"></translation>
+        <translation>Suchen</translation>
     </message>
     <message>
         <source>Filter by channel name</source>
-        <translation type="unfinished"></translation>
+        <translation>Nach Kanalname filtern</translation>
     </message>
     <message>
         <source>Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>Löschen</translation>
     </message>
     <message>
         <source>Save AS</source>
@@ -4171,11 +6733,11 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>All</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle</translation>
     </message>
     <message>
         <source>Channel Name</source>
-        <translation type="unfinished"></translation>
+        <translation>Kanalname</translation>
     </message>
     <message>
         <source>Start Time</source>
@@ -4183,11 +6745,11 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Size</source>
-        <translation type="unfinished"></translation>
+        <translation>Größe</translation>
     </message>
     <message>
         <source>Oper</source>
-        <translation type="unfinished"></translation>
+        <translation>Aktion</translation>
     </message>
     <message>
         <source>Local Recording</source>
@@ -4215,7 +6777,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Clear the filter</source>
-        <translation type="unfinished"></translation>
+        <translation>Filter zurücksetzen</translation>
     </message>
     <message>
         <source>searching local recordings...</source>
@@ -4291,7 +6853,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Record begin time:%1,file size:%2</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufnahmebeginn: %1, Dateigröße: %2</translation>
     </message>
     <message>
         <source>and %1 more</source>
@@ -4330,11 +6892,11 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>This image can&apos;t be read</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieses Bild kann nicht gelesen werden</translation>
     </message>
     <message>
         <source>%1 x %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 x %2</translation>
     </message>
 </context>
 <context>
@@ -4368,15 +6930,15 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Search</source>
-        <translation type="unfinished"></translation>
+        <translation>Suchen</translation>
     </message>
     <message>
         <source>Filter by channel name</source>
-        <translation type="unfinished"></translation>
+        <translation>Nach Kanalname filtern</translation>
     </message>
     <message>
         <source>Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>Löschen</translation>
     </message>
     <message>
         <source>Save AS</source>
@@ -4384,7 +6946,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Capture time:%1</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufnahmezeit: %1</translation>
     </message>
     <message>
         <source>Failed to delete snap images</source>
@@ -4423,7 +6985,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Clear the filter</source>
-        <translation type="unfinished"></translation>
+        <translation>Filter zurücksetzen</translation>
     </message>
     <message>
         <source>search none local snap images</source>
@@ -4443,7 +7005,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>%1 of %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 von %2</translation>
     </message>
     <message>
         <source>1 snapshot</source>
@@ -4455,17 +7017,25 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>1 channel</source>
-        <translation type="unfinished"></translation>
+        <translation>1 Kanal</translation>
     </message>
     <message>
         <source>%1 channels</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Kanäle</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::RecordingsBackUpTree</name>
     <message>
         <source>no replay</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>disabled</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>live view alone</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -4500,7 +7070,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Space</source>
-        <translation type="unfinished"></translation>
+        <translation>Leertaste</translation>
     </message>
     <message>
         <source>check</source>
@@ -4508,7 +7078,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Enter</source>
-        <translation type="unfinished"></translation>
+        <translation>Eingabe</translation>
     </message>
     <message>
         <source>open the file</source>
@@ -4516,7 +7086,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Del</source>
-        <translation type="unfinished"></translation>
+        <translation>Entf</translation>
     </message>
     <message>
         <source>clean the task</source>
@@ -4524,7 +7094,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Size</source>
-        <translation type="unfinished"></translation>
+        <translation>Größe</translation>
     </message>
     <message>
         <source>Open Folder</source>
@@ -4582,7 +7152,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>none</source>
-        <translation type="unfinished"></translation>
+        <translation>keine</translation>
     </message>
     <message>
         <source>lost in transfer</source>
@@ -4646,11 +7216,11 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Channel</source>
-        <translation type="unfinished"></translation>
+        <translation>Kanal</translation>
     </message>
     <message>
         <source>%1 of %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 von %2</translation>
     </message>
     <message>
         <source>Asked</source>
@@ -4658,7 +7228,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Size</source>
-        <translation type="unfinished"></translation>
+        <translation>Größe</translation>
     </message>
     <message>
         <source>Rate</source>
@@ -4674,7 +7244,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>File</source>
-        <translation type="unfinished"></translation>
+        <translation>Datei</translation>
     </message>
     <message>
         <source>SHA-256</source>
@@ -4697,11 +7267,11 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Open folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordner öffnen</translation>
     </message>
     <message>
         <source>Details</source>
-        <translation type="unfinished"></translation>
+        <translation>Details</translation>
     </message>
     <message>
         <source>Close the details</source>
@@ -4795,11 +7365,11 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>The recorder refused the login.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Rekorder hat die Anmeldung abgelehnt.</translation>
     </message>
     <message>
         <source>The recorder could not be reached.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Rekorder war nicht erreichbar.</translation>
     </message>
     <message>
         <source>The download broke off. What arrived is kept.</source>
@@ -4819,11 +7389,11 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>%1 min</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 min</translation>
     </message>
     <message>
         <source>%1 h %2 min</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 h %2 min</translation>
     </message>
     <message>
         <source>%1 MB/s</source>
@@ -4944,6 +7514,10 @@ Opens the folder of downloads: %2</source>
         <source>This folder is not there yet.</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>%1 is a file. Choose a folder.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>vemo_worker::SealedFile</name>
@@ -5046,7 +7620,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Channel %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Kanal %1</translation>
     </message>
     <message>
         <source>The device&apos;s address must begin with http, https, rtsp or rtsps.</source>
@@ -5084,7 +7658,7 @@ Opens the folder of downloads: %2</source>
     <name>vms_sdk::LoginFlow</name>
     <message>
         <source>Channel %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Kanal %1</translation>
     </message>
 </context>
 <context>
@@ -5357,116 +7931,6 @@ Opens the folder of downloads: %2</source>
     </message>
 </context>
 <context>
-    <name>vms_sdk::rtsp</name>
-    <message>
-        <source>%1 does not have the requested recording.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 has not enough bandwidth for a further stream.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 has reached its limit of connections.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 does not send recordings over TCP.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 refused the request: %2 %3</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 wants a login, and there is none for it.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 refused user name or password.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 refused the login after the limit of %2 rounds.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 wants the password in clear text over a connection that is not secure.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 offers no way to log in that is known or as safe as before.</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
-    <name>vms_sdk::rtsp::ReplayClient</name>
-    <message>
-        <source>The replay address is none of RTSP.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 has stopped sending.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 did not answer within %2 s.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>a picture beyond the limit of %1 MiB</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>a picture beyond the limit of %1 NAL units</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 sent %2.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 has nothing recorded for the requested time.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 has ended the live video.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 does not know the session any more.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 points to an address that is none of RTSP.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 redirects beyond the limit of %2 times.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 redirects from a secure to an open connection.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 sent no readable description of the recording.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 sends nothing that can be received: %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 does not send recordings over TCP.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 moved the stream elsewhere.</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
     <name>vms_sdk::rtsp::RtspConnection</name>
     <message>
         <source>%1 did not answer when a connection was tried.</source>
@@ -5530,6 +7994,109 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>%1 sent %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>vms_sdk::rtsp::StreamClient</name>
+    <message>
+        <source>%1 does not know the requested recording or channel.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 has nothing recorded for the requested time.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 has not enough bandwidth for a further stream.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 has reached its limit of connections.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 does not send over TCP.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 refused the request: %2 %3</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 wants a login, and there is none for it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 refused user name or password.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 refused the login after the limit of %2 rounds.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 wants the password in clear text over a connection that is not secure.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 offers no way to log in that is known or as safe as before.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The stream&apos;s address is none of RTSP.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 has stopped sending.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 did not answer within %2 s.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a picture beyond the limit of %1 MiB</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a picture beyond the limit of %1 NAL units</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 sent %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 has ended the live video.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 does not know the session any more.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 points to an address that is none of RTSP.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 redirects beyond the limit of %2 times.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 redirects from a secure to an open connection.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 sent no readable description of the stream.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 sends nothing that can be received: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 moved the stream elsewhere.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
