@@ -22,8 +22,11 @@ function(vemo_install)
     install(TARGETS ${libraries} COMPONENT client LIBRARY DESTINATION ${VEMO_LIBRARY_FOLDER} RUNTIME DESTINATION bin)
     install(TARGETS vemo_client COMPONENT client RUNTIME DESTINATION bin)
     install(TARGETS recorder_sim COMPONENT simulator RUNTIME DESTINATION ${VEMO_LIBRARY_FOLDER})
+    # The same in the build tree: a path that is exchanged while installing gets filled up with empty entries before, and those
+    # mean the folder in which one happens to be.
+    set_target_properties(${libraries} vemo_client PROPERTIES BUILD_WITH_INSTALL_RPATH ON)
     set_target_properties(${libraries} PROPERTIES INSTALL_RPATH "$ORIGIN")
-    set_target_properties(vemo_client PROPERTIES INSTALL_RPATH "$ORIGIN/../${VEMO_LIBRARY_FOLDER}")
+    set_target_properties(vemo_client PROPERTIES INSTALL_RPATH "$ORIGIN/../${VEMO_LIBRARY_FOLDER};$ORIGIN/../lib")
 
     install(DIRECTORY "${PROJECT_SOURCE_DIR}/docs/guide/" COMPONENT client DESTINATION share/vemo/guide)
     # A program that was built and not installed finds its guide at the same place.
