@@ -107,7 +107,8 @@ void StreamDecoderTest::showsEveryPictureOfLiveVideoInItsColours_data()
     QTest::newRow("H.265")
         << "l2.mp4"
         << QString(red.arg(QStringLiteral("640:480")) +
-                   QStringLiteral("-c:v libx265 -x265-params log-level=none:keyint=25:open-gop=0 -tag:v hvc1 -pix_fmt yuv420p"))
+                   QStringLiteral(
+                       "-c:v libx265 -x265-params log-level=none:keyint=25:open-gop=0 -tag:v hvc1 -pix_fmt yuv420p"))
         << "H.265" << QSize(640, 480) << QSize(320, 240);
     QTest::newRow("MJPEG") << "l3.mp4"
                            << QString(red.arg(QStringLiteral("200:400")) + QStringLiteral("-c:v mjpeg -q:v 3"))
