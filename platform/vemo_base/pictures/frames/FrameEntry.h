@@ -6,7 +6,8 @@
 
 namespace vemo_frames {
 
-/// A decoded picture, 32 bits a pixel in the order blue, green, red, unused, rows packed.
+/// A decoded picture, 32 bits a pixel in the order blue, green, red, unused, rows packed; bytes behind the last row
+/// mean nothing.
 struct Frame
 {
     int width = 0; ///< as shown: by the sample aspect ratio

@@ -23,6 +23,8 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
+/// Bytes: the scaler's vector code writes past the end of a row.
+constexpr std::size_t roomBehind = 256;
 constexpr int maxEdge = 16384;
 constexpr std::int64_t maxPixels = 64'000'000;
 constexpr int probeBytes = 1024 * 1024;
@@ -135,7 +137,7 @@ bool scale(const AVFrame& from, const FrameWish& wish, const AVRational& aspect,
                        SWS_AREA, nullptr, nullptr, nullptr));
     if (!scaler)
         return false;
-    to.pixels.resize(std::size_t(to.width) * std::size_t(to.height) * 4);
+    to.pixels.resize(std::size_t(to.width) * std::size_t(to.height) * 4 + roomBehind);
     std::uint8_t* rows[] = {to.pixels.data(), nullptr, nullptr, nullptr};
     const int strides[] = {to.width * 4, 0, 0, 0};
     return sws_scale(scaler.get(), from.data, from.linesize, 0, from.height, rows, strides) == to.height;
