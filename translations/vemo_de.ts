@@ -4525,15 +4525,15 @@ Neuer Versuch...</translation>
     </message>
     <message>
         <source>Holds from the next start of the client on.</source>
-        <translation type="unfinished"></translation>
+        <translation>Gilt ab dem nächsten Start des Clients.</translation>
     </message>
     <message>
         <source>When you log in to this computer</source>
-        <translation type="unfinished"></translation>
+        <translation>Bei Ihrer Anmeldung am Computer</translation>
     </message>
     <message>
         <source>Start the client</source>
-        <translation type="unfinished"></translation>
+        <translation>Client starten</translation>
     </message>
     <message>
         <source>Logs</source>
@@ -4541,35 +4541,35 @@ Neuer Versuch...</translation>
     </message>
     <message>
         <source>What is kept of what happened to files</source>
-        <translation type="unfinished"></translation>
+        <translation>Was davon aufbewahrt wird, was mit Dateien geschah</translation>
     </message>
     <message>
         <source>Keep log entries</source>
-        <translation type="unfinished"></translation>
+        <translation>Protokolleinträge aufbewahren</translation>
     </message>
     <message>
         <source>30 days</source>
-        <translation type="unfinished"></translation>
+        <translation>30 Tage</translation>
     </message>
     <message>
         <source>90 days</source>
-        <translation type="unfinished"></translation>
+        <translation>90 Tage</translation>
     </message>
     <message>
         <source>1 year</source>
-        <translation type="unfinished"></translation>
+        <translation>1 Jahr</translation>
     </message>
     <message>
         <source>3 years</source>
-        <translation type="unfinished"></translation>
+        <translation>3 Jahre</translation>
     </message>
     <message>
         <source>As long as there is room</source>
-        <translation type="unfinished"></translation>
+        <translation>Solange Platz ist</translation>
     </message>
     <message>
         <source>Never more than 1,000,000 entries; the oldest go first.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nie mehr als 1.000.000 Einträge; die ältesten gehen zuerst.</translation>
     </message>
     <message>
         <source>%1 (%2)</source>
@@ -4577,67 +4577,67 @@ Neuer Versuch...</translation>
     </message>
     <message>
         <source>Storage</source>
-        <translation type="unfinished"></translation>
+        <translation>Speicher</translation>
     </message>
     <message>
         <source>Folders</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordner</translation>
     </message>
     <message>
         <source>Where files are written</source>
-        <translation type="unfinished"></translation>
+        <translation>Wohin Dateien geschrieben werden</translation>
     </message>
     <message>
         <source>Download path</source>
-        <translation type="unfinished"></translation>
+        <translation>Download-Ordner</translation>
     </message>
     <message>
         <source>Downloads that run already end where they were begun.</source>
-        <translation type="unfinished"></translation>
+        <translation>Bereits laufende Downloads enden dort, wo sie begonnen wurden.</translation>
     </message>
     <message>
         <source>Recordings backup path</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordner für Sicherungen</translation>
     </message>
     <message>
         <source>A backup stops when less than 1 GB is free. A notice appears below 10 GB.</source>
-        <translation type="unfinished"></translation>
+        <translation>Eine Sicherung hält an, wenn weniger als 1 GB frei ist. Unter 10 GB erscheint eine Meldung.</translation>
     </message>
     <message>
         <source>Local recording and snapshot path</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordner für lokale Aufnahmen und Einzelbilder</translation>
     </message>
     <message>
         <source>Recordings of live video and snapshots lie in folders of their own below it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufnahmen der Live-Ansicht und Einzelbilder liegen darunter in eigenen Ordnern.</translation>
     </message>
     <message>
         <source>Downloads and backups lie one in the other. Choose folders of their own, so that neither fills the other&apos;s.</source>
-        <translation type="unfinished"></translation>
+        <translation>Downloads und Sicherungen liegen ineinander. Wählen Sie eigene Ordner, damit keines den Platz des anderen füllt.</translation>
     </message>
     <message>
         <source>Files</source>
-        <translation type="unfinished"></translation>
+        <translation>Dateien</translation>
     </message>
     <message>
         <source>Names and kinds</source>
-        <translation type="unfinished"></translation>
+        <translation>Namen und Arten</translation>
     </message>
     <message>
         <source>Date format</source>
-        <translation type="unfinished"></translation>
+        <translation>Datumsformat</translation>
     </message>
     <message>
         <source>Used in tables, file names and logs.</source>
-        <translation type="unfinished"></translation>
+        <translation>Wird in Tabellen, Dateinamen und Protokollen verwendet.</translation>
     </message>
     <message>
         <source>Snapshot format</source>
-        <translation type="unfinished"></translation>
+        <translation>Einzelbildformat</translation>
     </message>
     <message>
         <source>No limit</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Grenze</translation>
     </message>
     <message>
         <source>%1 GB</source>
@@ -4645,31 +4645,31 @@ Neuer Versuch...</translation>
     </message>
     <message>
         <source>Largest file</source>
-        <translation type="unfinished"></translation>
+        <translation>Maximale Dateigröße</translation>
     </message>
     <message>
         <source>then the download goes on in a new file</source>
-        <translation type="unfinished"></translation>
+        <translation>danach geht der Download in einer neuen Datei weiter</translation>
     </message>
     <message>
         <source>Behaviour</source>
-        <translation type="unfinished"></translation>
+        <translation>Verhalten</translation>
     </message>
     <message>
         <source>When the client starts</source>
-        <translation type="unfinished"></translation>
+        <translation>Beim Start des Clients</translation>
     </message>
     <message>
         <source>Go on with downloads that were waiting</source>
-        <translation type="unfinished"></translation>
+        <translation>Wartende Downloads fortsetzen</translation>
     </message>
     <message>
         <source>When a copy is deleted</source>
-        <translation type="unfinished"></translation>
+        <translation>Beim Löschen einer Kopie</translation>
     </message>
     <message>
         <source>Move files to the recycle bin where the drive has one</source>
-        <translation type="unfinished"></translation>
+        <translation>Dateien in den Papierkorb verschieben, wo das Laufwerk einen hat</translation>
     </message>
     <message>
         <source>Downloads</source>
@@ -4677,83 +4677,83 @@ Neuer Versuch...</translation>
     </message>
     <message>
         <source>Network</source>
-        <translation type="unfinished"></translation>
+        <translation>Netzwerk</translation>
     </message>
     <message>
         <source>Highest rate</source>
-        <translation type="unfinished"></translation>
+        <translation>Maximale Datenrate</translation>
     </message>
     <message>
         <source>MB/s</source>
-        <translation type="unfinished"></translation>
+        <translation>MB/s</translation>
     </message>
     <message>
         <source>For all downloads and backups together. Holds at once, for those that run as well.</source>
-        <translation type="unfinished"></translation>
+        <translation>Für alle Downloads und Sicherungen zusammen. Gilt sofort, auch für laufende.</translation>
     </message>
     <message>
         <source>Readable time</source>
-        <translation type="unfinished"></translation>
+        <translation>Lesbare Zeit</translation>
     </message>
     <message>
         <source>Wall clock</source>
-        <translation type="unfinished"></translation>
+        <translation>Uhrzeit</translation>
     </message>
     <message>
         <source>Add a text track with the recording&apos;s time to every file</source>
-        <translation type="unfinished"></translation>
+        <translation>Jeder Datei eine Textspur mit der Zeit der Aufnahme hinzufügen</translation>
     </message>
     <message>
         <source>Ordinary players show it as subtitles. The picture itself is not changed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Gewöhnliche Player zeigen sie als Untertitel. Das Bild selbst wird nicht verändert.</translation>
     </message>
     <message>
         <source>Recordings Backup</source>
-        <translation type="unfinished"></translation>
+        <translation>Sicherung der Aufnahmen</translation>
     </message>
     <message>
         <source>Plan</source>
-        <translation type="unfinished"></translation>
+        <translation>Plan</translation>
     </message>
     <message>
         <source>What is backed up, and when</source>
-        <translation type="unfinished"></translation>
+        <translation>Was wann gesichert wird</translation>
     </message>
     <message>
         <source>Times of day</source>
-        <translation type="unfinished"></translation>
+        <translation>Tageszeiten</translation>
     </message>
     <message>
         <source>Days, channels and times of day are chosen on the page Recordings Backup of the Files Center.</source>
-        <translation type="unfinished"></translation>
+        <translation>Tage, Kanäle und Tageszeiten werden unter Dateien auf der Seite Sicherung der Aufnahmen gewählt.</translation>
     </message>
     <message>
         <source>Open Files Center</source>
-        <translation type="unfinished"></translation>
+        <translation>Dateien öffnen</translation>
     </message>
     <message>
         <source>Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordner</translation>
     </message>
     <message>
         <source>The folder of backups is chosen under Storage.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Ordner für Sicherungen wird unter Speicher gewählt.</translation>
     </message>
     <message>
         <source>Open Storage</source>
-        <translation type="unfinished"></translation>
+        <translation>Speicher öffnen</translation>
     </message>
     <message>
         <source>Appearance</source>
-        <translation type="unfinished"></translation>
+        <translation>Darstellung</translation>
     </message>
     <message>
         <source>Look</source>
-        <translation type="unfinished"></translation>
+        <translation>Aussehen</translation>
     </message>
     <message>
         <source>Yours alone</source>
-        <translation type="unfinished"></translation>
+        <translation>Gilt nur für Sie</translation>
     </message>
     <message>
         <source>Theme</source>
@@ -4769,75 +4769,75 @@ Neuer Versuch...</translation>
     </message>
     <message>
         <source>Users</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzer</translation>
     </message>
     <message>
         <source>Shortcuts</source>
-        <translation type="unfinished"></translation>
+        <translation>Tastenkürzel</translation>
     </message>
     <message>
         <source>Window</source>
-        <translation type="unfinished"></translation>
+        <translation>Fenster</translation>
     </message>
     <message>
         <source>Tables</source>
-        <translation type="unfinished"></translation>
+        <translation>Tabellen</translation>
     </message>
     <message>
         <source>Pictures</source>
-        <translation type="unfinished"></translation>
+        <translation>Bilder</translation>
     </message>
     <message>
         <source>Player</source>
-        <translation type="unfinished"></translation>
+        <translation>Player</translation>
     </message>
     <message>
         <source>Notifications</source>
-        <translation type="unfinished"></translation>
+        <translation>Benachrichtigungen</translation>
     </message>
     <message>
         <source>In the window</source>
-        <translation type="unfinished"></translation>
+        <translation>Im Fenster</translation>
     </message>
     <message>
         <source>The bell keeps every notice, shown or not</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Glocke bewahrt jede Meldung auf, ob gezeigt oder nicht</translation>
     </message>
     <message>
         <source>Good news</source>
-        <translation type="unfinished"></translation>
+        <translation>Gute Nachrichten</translation>
     </message>
     <message>
         <source>Show a notice when something is done</source>
-        <translation type="unfinished"></translation>
+        <translation>Meldung zeigen, wenn etwas fertig ist</translation>
     </message>
     <message>
         <source>Warnings</source>
-        <translation type="unfinished"></translation>
+        <translation>Warnungen</translation>
     </message>
     <message>
         <source>Show a notice when something needs care</source>
-        <translation type="unfinished"></translation>
+        <translation>Meldung zeigen, wenn etwas Aufmerksamkeit braucht</translation>
     </message>
     <message>
         <source>Errors are always shown.</source>
-        <translation type="unfinished"></translation>
+        <translation>Fehler werden immer gezeigt.</translation>
     </message>
     <message>
         <source>On the desktop</source>
-        <translation type="unfinished"></translation>
+        <translation>Auf dem Desktop</translation>
     </message>
     <message>
         <source>Tell when the queue is done and the window is not being looked at</source>
-        <translation type="unfinished"></translation>
+        <translation>Melden, wenn die Warteschlange fertig ist und das Fenster nicht im Blick ist</translation>
     </message>
     <message>
         <source>Open</source>
-        <translation type="unfinished"></translation>
+        <translation>Öffnen</translation>
     </message>
     <message>
         <source>About</source>
-        <translation type="unfinished"></translation>
+        <translation>Über</translation>
     </message>
     <message>
         <source>Version %1</source>
@@ -4845,15 +4845,15 @@ Neuer Versuch...</translation>
     </message>
     <message>
         <source>Places</source>
-        <translation type="unfinished"></translation>
+        <translation>Orte</translation>
     </message>
     <message>
         <source>Where the client keeps what it knows</source>
-        <translation type="unfinished"></translation>
+        <translation>Wo der Client aufbewahrt, was er weiß</translation>
     </message>
     <message>
         <source>Data</source>
-        <translation type="unfinished"></translation>
+        <translation>Daten</translation>
     </message>
     <message>
         <source>Settings</source>
@@ -4861,73 +4861,73 @@ Neuer Versuch...</translation>
     </message>
     <message>
         <source>Program log</source>
-        <translation type="unfinished"></translation>
+        <translation>Programmprotokoll</translation>
     </message>
     <message>
         <source>Libraries</source>
-        <translation type="unfinished"></translation>
+        <translation>Bibliotheken</translation>
     </message>
     <message>
         <source>The client stands on the work of others</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Client baut auf der Arbeit anderer auf</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::ShellWt</name>
     <message>
         <source>The password could not be kept</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Passwort konnte nicht gespeichert werden</translation>
     </message>
     <message>
         <source>It holds while the client runs; after the next start it is asked for again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es gilt, solange der Client läuft; nach dem nächsten Start wird wieder danach gefragt.</translation>
     </message>
     <message>
         <source>Quit Vemo?</source>
-        <translation type="unfinished"></translation>
+        <translation>Vemo beenden?</translation>
     </message>
     <message>
         <source>Quit</source>
-        <translation type="unfinished"></translation>
+        <translation>Beenden</translation>
     </message>
     <message>
         <source>1 is in it already.</source>
-        <translation type="unfinished"></translation>
+        <translation>1 ist bereits darin.</translation>
     </message>
     <message>
         <source>%1 are in it already.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 sind bereits darin.</translation>
     </message>
     <message>
         <source>1 recording was added to the queue</source>
-        <translation type="unfinished"></translation>
+        <translation>1 Aufnahme wurde in die Warteschlange gestellt</translation>
     </message>
     <message>
         <source>%1 recordings were added to the queue</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Aufnahmen wurden in die Warteschlange gestellt</translation>
     </message>
     <message>
         <source>Up to five are fetched at a time.</source>
-        <translation type="unfinished"></translation>
+        <translation>Bis zu fünf werden gleichzeitig geholt.</translation>
     </message>
     <message>
         <source>Nothing was added to the queue</source>
-        <translation type="unfinished"></translation>
+        <translation>Nichts wurde in die Warteschlange gestellt</translation>
     </message>
     <message>
         <source>Show the queue</source>
-        <translation type="unfinished"></translation>
+        <translation>Warteschlange anzeigen</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::ShortcutsWt</name>
     <message>
         <source>Ctrl</source>
-        <translation type="unfinished"></translation>
+        <translation>Strg</translation>
     </message>
     <message>
         <source>Shift</source>
-        <translation type="unfinished"></translation>
+        <translation>Umschalt</translation>
     </message>
     <message>
         <source>Space</source>
@@ -4943,106 +4943,106 @@ Neuer Versuch...</translation>
     </message>
     <message>
         <source>Esc</source>
-        <translation type="unfinished"></translation>
+        <translation>Esc</translation>
     </message>
     <message>
         <source>Go to the next area: top bar, navigation, tool bar, content, status bar</source>
-        <translation type="unfinished"></translation>
+        <translation>Zum nächsten Bereich: obere Leiste, Navigation, Werkzeugleiste, Inhalt, Statusleiste</translation>
     </message>
     <message>
         <source>Tab</source>
-        <translation type="unfinished"></translation>
+        <translation>Tab</translation>
     </message>
     <message>
         <source>Go to the next control in reading order</source>
-        <translation type="unfinished"></translation>
+        <translation>Zum nächsten Bedienelement in Lesereihenfolge</translation>
     </message>
     <message>
         <source>Close what lies on top</source>
-        <translation type="unfinished"></translation>
+        <translation>Schließen, was obenauf liegt</translation>
     </message>
     <message>
         <source>Go from row to row</source>
-        <translation type="unfinished"></translation>
+        <translation>Von Zeile zu Zeile gehen</translation>
     </message>
     <message>
         <source>Check or uncheck the row</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeile markieren oder Markierung aufheben</translation>
     </message>
     <message>
         <source>Do the row&apos;s first action</source>
-        <translation type="unfinished"></translation>
+        <translation>Erste Aktion der Zeile ausführen</translation>
     </message>
     <message>
         <source>Ask to delete what is checked</source>
-        <translation type="unfinished"></translation>
+        <translation>Löschen des Markierten anfragen</translation>
     </message>
     <message>
         <source>Select all rows</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle Zeilen auswählen</translation>
     </message>
     <message>
         <source>Go to the filter</source>
-        <translation type="unfinished"></translation>
+        <translation>Zum Filter gehen</translation>
     </message>
     <message>
         <source>Open the row&apos;s menu</source>
-        <translation type="unfinished"></translation>
+        <translation>Menü der Zeile öffnen</translation>
     </message>
     <message>
         <source>Go from picture to picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Von Bild zu Bild gehen</translation>
     </message>
     <message>
         <source>Check or uncheck the picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Bild markieren oder Markierung aufheben</translation>
     </message>
     <message>
         <source>Open the picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Bild öffnen</translation>
     </message>
     <message>
         <source>Play or pause</source>
-        <translation type="unfinished"></translation>
+        <translation>Abspielen oder Pause</translation>
     </message>
     <message>
         <source>One picture back or on</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein Bild zurück oder vor</translation>
     </message>
     <message>
         <source>10 s back or on</source>
-        <translation type="unfinished"></translation>
+        <translation>10 s zurück oder vor</translation>
     </message>
     <message>
         <source>Slower or faster</source>
-        <translation type="unfinished"></translation>
+        <translation>Langsamer oder schneller</translation>
     </message>
     <message>
         <source>Keep the picture as a snapshot</source>
-        <translation type="unfinished"></translation>
+        <translation>Bild als Einzelbild speichern</translation>
     </message>
     <message>
         <source>Full screen on or off</source>
-        <translation type="unfinished"></translation>
+        <translation>Vollbild ein oder aus</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::SpanBar</name>
     <message>
         <source>Begin of the span</source>
-        <translation type="unfinished"></translation>
+        <translation>Beginn des Zeitraums</translation>
     </message>
     <message>
         <source>To</source>
-        <translation type="unfinished"></translation>
+        <translation>Bis</translation>
     </message>
     <message>
         <source>End of the span</source>
-        <translation type="unfinished"></translation>
+        <translation>Ende des Zeitraums</translation>
     </message>
     <message>
         <source>Clear the span</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeitraum aufheben</translation>
     </message>
     <message>
         <source>The end must lie behind the begin.</source>
@@ -5050,30 +5050,30 @@ Neuer Versuch...</translation>
     </message>
     <message>
         <source>Dragging on the time line marks a span</source>
-        <translation type="unfinished"></translation>
+        <translation>Ziehen auf der Zeitachse markiert einen Zeitraum</translation>
     </message>
     <message>
         <source>End of the span; 00:00:00 means the end of the day</source>
-        <translation type="unfinished"></translation>
+        <translation>Ende des Zeitraums; 00:00:00 bedeutet das Ende des Tages</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::StandingWords</name>
     <message>
         <source>Find recorders on the network</source>
-        <translation type="unfinished"></translation>
+        <translation>Rekorder im Netzwerk suchen</translation>
     </message>
     <message>
         <source>Recorders that speak ONVIF answer by themselves. Choose which to add; all are logged in to with the same user and password, and how each login goes is shown in the list.</source>
-        <translation type="unfinished"></translation>
+        <translation>Rekorder, die ONVIF sprechen, antworten von selbst. Wählen Sie aus, welche hinzugefügt werden; an allen wird mit demselben Benutzer und Passwort angemeldet, und der Verlauf jeder Anmeldung steht in der Liste.</translation>
     </message>
     <message>
         <source>Search again</source>
-        <translation type="unfinished"></translation>
+        <translation>Erneut suchen</translation>
     </message>
     <message>
         <source>Time of the search</source>
-        <translation type="unfinished"></translation>
+        <translation>Suchdauer</translation>
     </message>
     <message>
         <source>Add by address...</source>
@@ -5101,7 +5101,7 @@ Neuer Versuch...</translation>
     </message>
     <message>
         <source>Recorders that answered</source>
-        <translation type="unfinished"></translation>
+        <translation>Rekorder, die geantwortet haben</translation>
     </message>
     <message>
         <source>User name</source>
@@ -5113,15 +5113,15 @@ Neuer Versuch...</translation>
     </message>
     <message>
         <source>New</source>
-        <translation type="unfinished"></translation>
+        <translation>Neu</translation>
     </message>
     <message>
         <source>New address</source>
-        <translation type="unfinished"></translation>
+        <translation>Neue Adresse</translation>
     </message>
     <message>
         <source>Already added</source>
-        <translation type="unfinished"></translation>
+        <translation>Bereits hinzugefügt</translation>
     </message>
 </context>
 <context>
@@ -5136,43 +5136,43 @@ Neuer Versuch...</translation>
     </message>
     <message>
         <source>%1 MB/s</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 MB/s</translation>
     </message>
     <message>
         <source>less than a minute left</source>
-        <translation type="unfinished"></translation>
+        <translation>noch weniger als eine Minute</translation>
     </message>
     <message>
         <source>about %1 min left</source>
-        <translation type="unfinished"></translation>
+        <translation>noch etwa %1 min</translation>
     </message>
     <message>
         <source>about %1 h %2 min left</source>
-        <translation type="unfinished"></translation>
+        <translation>noch etwa %1 h %2 min</translation>
     </message>
     <message>
         <source>Queue</source>
-        <translation type="unfinished"></translation>
+        <translation>Warteschlange</translation>
     </message>
     <message>
         <source>Download queue: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Download-Warteschlange: %1</translation>
     </message>
     <message>
         <source>%1 of %2 recorders offline</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 von %2 Rekordern offline</translation>
     </message>
     <message>
         <source>Shows the recorder and why it is not logged in</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeigt den Rekorder und warum er nicht angemeldet ist</translation>
     </message>
     <message>
         <source>What all downloads together receive: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Was alle Downloads zusammen empfangen: %1</translation>
     </message>
     <message>
         <source>%1 %2 free</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 %2 frei</translation>
     </message>
     <message>
         <source>%1 %2 free of %3</source>
@@ -5180,20 +5180,21 @@ Neuer Versuch...</translation>
     </message>
     <message>
         <source>, full: no download can start</source>
-        <translation type="unfinished"></translation>
+        <translation>, voll: kein Download kann starten</translation>
     </message>
     <message>
         <source>, full</source>
-        <translation type="unfinished"></translation>
+        <translation>, voll</translation>
     </message>
     <message>
         <source>, nearly full</source>
-        <translation type="unfinished"></translation>
+        <translation>, fast voll</translation>
     </message>
     <message>
         <source>%1
 Opens the folder of downloads: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1
+Öffnet den Download-Ordner: %2</translation>
     </message>
 </context>
 <context>
@@ -5204,30 +5205,30 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>The password could not be kept; nothing was added to the queue.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Passwort konnte nicht gespeichert werden; nichts wurde in die Warteschlange gestellt.</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::StrengthBar</name>
     <message>
         <source>Weak</source>
-        <translation type="unfinished"></translation>
+        <translation>Schwach</translation>
     </message>
     <message>
         <source>Medium</source>
-        <translation type="unfinished"></translation>
+        <translation>Mittel</translation>
     </message>
     <message>
         <source>Very strong</source>
-        <translation type="unfinished"></translation>
+        <translation>Sehr stark</translation>
     </message>
     <message>
         <source>Strong</source>
-        <translation type="unfinished"></translation>
+        <translation>Stark</translation>
     </message>
     <message>
         <source>Strength of the password: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Stärke des Passworts: %1</translation>
     </message>
 </context>
 <context>
@@ -5253,19 +5254,19 @@ Opens the folder of downloads: %2</source>
     <name>vemo_client::TimeText</name>
     <message>
         <source>&quot;%1&quot; is not a time; write it as 2026-01-10T08:00:00.</source>
-        <translation type="unfinished"></translation>
+        <translation>&quot;%1&quot; ist keine Zeit; schreiben Sie sie als 2026-01-10T08:00:00.</translation>
     </message>
     <message>
         <source>There is no such time as &quot;%1&quot;.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Zeit &quot;%1&quot; gibt es nicht.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; does not exist on this computer&apos;s clock: summer time begins then.</source>
-        <translation type="unfinished"></translation>
+        <translation>&quot;%1&quot; gibt es auf der Uhr dieses Computers nicht: Da beginnt die Sommerzeit.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; has an offset that no place on earth has.</source>
-        <translation type="unfinished"></translation>
+        <translation>&quot;%1&quot; hat einen Zeitversatz, den kein Ort der Erde hat.</translation>
     </message>
 </context>
 <context>
@@ -5294,35 +5295,35 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Add a user</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzer hinzufügen</translation>
     </message>
     <message>
         <source>What %1 may do</source>
-        <translation type="unfinished"></translation>
+        <translation>Was %1 darf</translation>
     </message>
     <message>
         <source>A new password for %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Neues Passwort für %1</translation>
     </message>
     <message>
         <source>Change your password</source>
-        <translation type="unfinished"></translation>
+        <translation>Eigenes Passwort ändern</translation>
     </message>
     <message>
         <source>The user logs in on this computer with this name and password.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Benutzer meldet sich auf diesem Computer mit diesem Namen und Passwort an.</translation>
     </message>
     <message>
         <source>It holds from the next login of %1 on.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es gilt ab der nächsten Anmeldung von %1.</translation>
     </message>
     <message>
         <source>The old one stops working at once, and a lock after wrong passwords ends.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das alte gilt sofort nicht mehr, und eine Sperre nach falschen Passwörtern endet.</translation>
     </message>
     <message>
         <source>Where you stay logged in, the password is asked for once more.</source>
-        <translation type="unfinished"></translation>
+        <translation>Wo Sie angemeldet bleiben, wird noch einmal nach dem Passwort gefragt.</translation>
     </message>
     <message>
         <source>User name</source>
@@ -5330,11 +5331,11 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Current password</source>
-        <translation type="unfinished"></translation>
+        <translation>Aktuelles Passwort</translation>
     </message>
     <message>
         <source>New password</source>
-        <translation type="unfinished"></translation>
+        <translation>Neues Passwort</translation>
     </message>
     <message>
         <source>Repeat the password</source>
@@ -5342,11 +5343,11 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>May do</source>
-        <translation type="unfinished"></translation>
+        <translation>Darf</translation>
     </message>
     <message>
         <source>The current password is missing.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das aktuelle Passwort fehlt.</translation>
     </message>
     <message>
         <source>The two passwords differ</source>
@@ -5357,88 +5358,88 @@ Opens the folder of downloads: %2</source>
     <name>vemo_client::UserMenu</name>
     <message>
         <source>Change password...</source>
-        <translation type="unfinished"></translation>
+        <translation>Passwort ändern...</translation>
     </message>
     <message>
         <source>Log out</source>
-        <translation type="unfinished"></translation>
+        <translation>Abmelden</translation>
     </message>
     <message>
         <source>Logged in as %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Angemeldet als %1</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::UserRow</name>
     <message>
         <source>What %1 may do</source>
-        <translation type="unfinished"></translation>
+        <translation>Was %1 darf</translation>
     </message>
     <message>
         <source>A new password for %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Neues Passwort für %1</translation>
     </message>
     <message>
         <source>Disable %1</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 deaktivieren</translation>
     </message>
     <message>
         <source>Enable %1</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 aktivieren</translation>
     </message>
     <message>
         <source>Remove %1</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 entfernen</translation>
     </message>
     <message>
         <source>You can&apos;t do that to yourself; another administrator can.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das können Sie nicht an sich selbst tun; ein anderer Administrator kann es.</translation>
     </message>
     <message>
         <source>Disabled. %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Deaktiviert. %1</translation>
     </message>
     <message>
         <source>%1. Never logged in</source>
-        <translation type="unfinished"></translation>
+        <translation>%1. Noch nie angemeldet</translation>
     </message>
     <message>
         <source>%1. Last login %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1. Letzte Anmeldung %2</translation>
     </message>
     <message>
         <source>%1 (you)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (Sie)</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::UserVerb</name>
     <message>
         <source>%1 The accounts were kept under another name; they begin anew.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Die Konten wurden unter anderem Namen aufbewahrt; sie fangen neu an.</translation>
     </message>
     <message>
         <source>disabled</source>
-        <translation type="unfinished"></translation>
+        <translation>deaktiviert</translation>
     </message>
     <message>
         <source>administrator</source>
-        <translation type="unfinished"></translation>
+        <translation>Administrator</translation>
     </message>
     <message>
         <source>powers %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Rechte %1</translation>
     </message>
     <message>
         <source>That %1 stays logged in could not be stored.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dass %1 angemeldet bleibt, konnte nicht gespeichert werden.</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::UserVerbOptions</name>
     <message>
         <source>Name of the user.</source>
-        <translation type="unfinished"></translation>
+        <translation>Name des Benutzers.</translation>
     </message>
     <message>
         <source>name</source>
@@ -5446,7 +5447,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>File whose first line is the user&apos;s password; &quot;-&quot; reads it from the standard input.</source>
-        <translation type="unfinished"></translation>
+        <translation>Datei, deren erste Zeile das Passwort des Benutzers ist; &quot;-&quot; liest es von der Standardeingabe.</translation>
     </message>
     <message>
         <source>file</source>
@@ -5454,50 +5455,50 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>What the user may do, of: live, playback, download, recordings, snapshots, devices, logs, settings.</source>
-        <translation type="unfinished"></translation>
+        <translation>Was der Benutzer darf, aus: live, playback, download, recordings, snapshots, devices, logs, settings.</translation>
     </message>
     <message>
         <source>list</source>
-        <translation type="unfinished"></translation>
+        <translation>list</translation>
     </message>
     <message>
         <source>The user may do everything and manages the others.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Benutzer darf alles und verwaltet die anderen.</translation>
     </message>
     <message>
         <source>The window opens for this user without asking for the password.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Fenster öffnet sich für diesen Benutzer ohne Passwortabfrage.</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::UsersSettingsWt</name>
     <message>
         <source>Accounts</source>
-        <translation type="unfinished"></translation>
+        <translation>Konten</translation>
     </message>
     <message>
         <source>Add a user</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzer hinzufügen</translation>
     </message>
     <message>
         <source>Your password</source>
-        <translation type="unfinished"></translation>
+        <translation>Ihr Passwort</translation>
     </message>
     <message>
         <source>You are logged in as %1. A new password holds from now on.</source>
-        <translation type="unfinished"></translation>
+        <translation>Sie sind als %1 angemeldet. Ein neues Passwort gilt ab sofort.</translation>
     </message>
     <message>
         <source>Change password</source>
-        <translation type="unfinished"></translation>
+        <translation>Passwort ändern</translation>
     </message>
     <message>
         <source>Remove %1</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 entfernen</translation>
     </message>
     <message>
         <source>The user can&apos;t log in any more. Downloads, recordings and logs stay.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Benutzer kann sich nicht mehr anmelden. Downloads, Aufnahmen und Protokolle bleiben.</translation>
     </message>
     <message>
         <source>Remove</source>
@@ -5508,82 +5509,82 @@ Opens the folder of downloads: %2</source>
     <name>vemo_client::VerbFolder</name>
     <message>
         <source>The data folder %1 can&apos;t be used.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Datenordner %1 kann nicht verwendet werden.</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::VideoTileWt</name>
     <message>
         <source>%1 %2 x %3</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 %2 x %3</translation>
     </message>
     <message>
         <source>%1 %2 x %3, %4 fps</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 %2 x %3, %4 fps</translation>
     </message>
     <message>
         <source>Empty tile</source>
-        <translation type="unfinished"></translation>
+        <translation>Leere Kachel</translation>
     </message>
     <message>
         <source>Recording. %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufnahme läuft. %1</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::ViewNameDialog</name>
     <message>
         <source>Name of the view</source>
-        <translation type="unfinished"></translation>
+        <translation>Name der Ansicht</translation>
     </message>
     <message>
         <source>The view needs a name.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Ansicht braucht einen Namen.</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::WindowLock</name>
     <message>
         <source>A window or another run is at work in the data folder %1; close it first.</source>
-        <translation type="unfinished"></translation>
+        <translation>Im Datenordner %1 arbeitet ein Fenster oder ein anderer Lauf; schließen Sie es zuerst.</translation>
     </message>
     <message>
         <source>The data folder %1 can&apos;t be used.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Datenordner %1 kann nicht verwendet werden.</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::WindowRun</name>
     <message>
         <source>A window is open on the data folder %1 already; it was asked to come to the front.</source>
-        <translation type="unfinished"></translation>
+        <translation>Im Datenordner %1 ist bereits ein Fenster offen; es wurde nach vorn gebeten.</translation>
     </message>
     <message>
         <source>The data folder is in use</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Datenordner ist in Gebrauch</translation>
     </message>
     <message>
         <source>Another vemo_client works on it and shows no window. Wait until it is done, or end it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein anderer vemo_client arbeitet darin und zeigt kein Fenster. Warten Sie, bis er fertig ist, oder beenden Sie ihn.</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::AddBackupTasksToolWt</name>
     <message>
         <source>Add backup tasks</source>
-        <translation type="unfinished"></translation>
+        <translation>Sicherungsaufträge hinzufügen</translation>
     </message>
     <message>
         <source>Please Select The Backup Channels</source>
-        <translation type="unfinished"></translation>
+        <translation>Zu sichernde Kanäle auswählen</translation>
     </message>
     <message>
         <source>Tips:Only support Nuvira 2.0 device to backup</source>
-        <translation type="unfinished"></translation>
+        <translation>Hinweis: Die Sicherung wird nur für Geräte mit Nuvira 2.0 unterstützt</translation>
     </message>
     <message>
         <source>Please Set The Backup Time Segments</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeitabschnitte der Sicherung festlegen</translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -5595,46 +5596,46 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>for %1</source>
-        <translation type="unfinished"></translation>
+        <translation>für %1</translation>
     </message>
     <message>
         <source>1 channel selected</source>
-        <translation type="unfinished"></translation>
+        <translation>1 Kanal ausgewählt</translation>
     </message>
     <message>
         <source>%1 channels selected</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Kanäle ausgewählt</translation>
     </message>
     <message>
         <source>%1 of %2 tasks on this day</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 von %2 Aufträgen an diesem Tag</translation>
     </message>
     <message>
         <source>Please select Nuvira 2.0 device channels</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte wählen Sie Kanäle von Geräten mit Nuvira 2.0 aus</translation>
     </message>
     <message>
         <source>A maximum of %1 tasks can be added in one day, %2 have been added,%3 to be added, please reduce the selected channels</source>
-        <translation type="unfinished"></translation>
+        <translation>An einem Tag sind höchstens %1 Aufträge möglich; %2 sind vorhanden, %3 sollen hinzukommen. Bitte wählen Sie weniger Kanäle</translation>
     </message>
     <message>
         <source>Please set backup time segments</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte legen Sie Zeitabschnitte fest</translation>
     </message>
     <message>
         <source>Failed to add backup tasks</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Sicherungsaufträge konnten nicht hinzugefügt werden</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::BackupAxisWt</name>
     <message>
         <source>Time segment</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeitabschnitt</translation>
     </message>
     <message>
         <source>Backed up</source>
-        <translation type="unfinished"></translation>
+        <translation>Gesichert</translation>
     </message>
     <message>
         <source>No recording</source>
@@ -5642,7 +5643,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>On the recorder</source>
-        <translation type="unfinished"></translation>
+        <translation>Auf dem Rekorder</translation>
     </message>
     <message>
         <source>Alarm</source>
@@ -5650,69 +5651,69 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Time axis</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeitachse</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::BackupDeviceCheck</name>
     <message>
         <source>Failed to start backup:device offline</source>
-        <translation type="unfinished"></translation>
+        <translation>Sicherung nicht gestartet: Gerät offline</translation>
     </message>
     <message>
         <source>Failed to start backup:device uses weak password</source>
-        <translation type="unfinished"></translation>
+        <translation>Sicherung nicht gestartet: Das Gerät hat ein schwaches Passwort</translation>
     </message>
     <message>
         <source>Failed to start backup:wrong user name or password for connecting device</source>
-        <translation type="unfinished"></translation>
+        <translation>Sicherung nicht gestartet: Benutzername oder Passwort für das Gerät ist falsch</translation>
     </message>
     <message>
         <source>Failed to start backup:the connection limit of the device has been reached</source>
-        <translation type="unfinished"></translation>
+        <translation>Sicherung nicht gestartet: Die Verbindungsgrenze des Geräts ist erreicht</translation>
     </message>
     <message>
         <source>Failed to start backup:device uses default password</source>
-        <translation type="unfinished"></translation>
+        <translation>Sicherung nicht gestartet: Das Gerät hat noch das Standardpasswort</translation>
     </message>
     <message>
         <source>Failed to start backup:device not active</source>
-        <translation type="unfinished"></translation>
+        <translation>Sicherung nicht gestartet: Das Gerät ist nicht aktiviert</translation>
     </message>
     <message>
         <source>Failed to start backup:device login is locked</source>
-        <translation type="unfinished"></translation>
+        <translation>Sicherung nicht gestartet: Die Anmeldung am Gerät ist gesperrt</translation>
     </message>
     <message>
         <source>Failed to start backup:the login limit of the device has been reached</source>
-        <translation type="unfinished"></translation>
+        <translation>Sicherung nicht gestartet: Die Anmeldegrenze des Geräts ist erreicht</translation>
     </message>
     <message>
         <source>Failed to start backup:device relay connection broken</source>
-        <translation type="unfinished"></translation>
+        <translation>Sicherung nicht gestartet: Die Relay-Verbindung zum Gerät ist getrennt</translation>
     </message>
     <message>
         <source>Failed to start backup:device status unknown</source>
-        <translation type="unfinished"></translation>
+        <translation>Sicherung nicht gestartet: Der Zustand des Geräts ist unbekannt</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::BackupExport</name>
     <message>
         <source>Select Export Path</source>
-        <translation type="unfinished"></translation>
+        <translation>Exportordner auswählen</translation>
     </message>
     <message>
         <source>No backup files available for export</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Sicherungsdateien zum Exportieren vorhanden</translation>
     </message>
     <message>
         <source>Files can&apos;t be written to %1, please select another folder</source>
-        <translation type="unfinished"></translation>
+        <translation>In %1 können keine Dateien geschrieben werden, bitte wählen Sie einen anderen Ordner</translation>
     </message>
     <message>
         <source>Disk not detected, please try again later, disk name:%1</source>
-        <translation type="unfinished"></translation>
+        <translation>Datenträger nicht erkannt, bitte versuchen Sie es später erneut. Datenträger: %1</translation>
     </message>
     <message>
         <source>The disk space is insufficient, total file size:%1M, disk free space:%2M, disk name:%3</source>
@@ -5724,7 +5725,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>and %1 more</source>
-        <translation type="unfinished"></translation>
+        <translation>und %1 weitere</translation>
     </message>
     <message>
         <source>Export backup files finished, files total count:%1, success count:%2, failure count:%3</source>
@@ -5732,18 +5733,18 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Export backup files cancelled, files that were exported before:%1</source>
-        <translation type="unfinished"></translation>
+        <translation>Export der Sicherungsdateien abgebrochen. Bis dahin exportierte Dateien: %1</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::BackupLegendWt</name>
     <message>
         <source>Time segment</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeitabschnitt</translation>
     </message>
     <message>
         <source>Backed up</source>
-        <translation type="unfinished"></translation>
+        <translation>Gesichert</translation>
     </message>
     <message>
         <source>No recording</source>
@@ -5751,7 +5752,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>On the recorder</source>
-        <translation type="unfinished"></translation>
+        <translation>Auf dem Rekorder</translation>
     </message>
     <message>
         <source>Alarm</source>
@@ -5759,72 +5760,72 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Now, %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Jetzt, %1</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::BackupSearch</name>
     <message>
         <source>Failed to search video recordings(%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Videoaufnahmen konnten nicht gesucht werden (%1)</translation>
     </message>
     <message>
         <source>Non-video recordings</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Videoaufnahmen</translation>
     </message>
     <message>
         <source>Query video recording timeout</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeitüberschreitung bei der Suche nach Videoaufnahmen</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::BackupTargetDay</name>
     <message>
         <source>Days with backup tasks</source>
-        <translation type="unfinished"></translation>
+        <translation>Tage mit Sicherungsaufträgen</translation>
     </message>
     <message>
         <source>The backup tasks are those of %1, please select another day</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Sicherungsaufträge sind die vom %1, bitte wählen Sie einen anderen Tag</translation>
     </message>
     <message>
         <source>A maximum of %1 tasks can be added in one day, %2 have been added,%3 to be added, please select another day</source>
-        <translation type="unfinished"></translation>
+        <translation>An einem Tag sind höchstens %1 Aufträge möglich; %2 sind vorhanden, %3 sollen hinzukommen. Bitte wählen Sie einen anderen Tag</translation>
     </message>
     <message>
         <source>Apply backup tasks to %1 success</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Sicherungsaufträge wurden auf %1 angewendet</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::BackupTaskTimeAxisWt</name>
     <message>
         <source>start backup</source>
-        <translation type="unfinished"></translation>
+        <translation>Sicherung starten</translation>
     </message>
     <message>
         <source>export backup files</source>
-        <translation type="unfinished"></translation>
+        <translation>Sicherungsdateien exportieren</translation>
     </message>
     <message>
         <source>delete backup task</source>
-        <translation type="unfinished"></translation>
+        <translation>Sicherungsauftrag löschen</translation>
     </message>
     <message>
         <source>apply to other day</source>
-        <translation type="unfinished"></translation>
+        <translation>Auf anderen Tag anwenden</translation>
     </message>
     <message>
         <source>%1(Not Exist)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (nicht vorhanden)</translation>
     </message>
     <message>
         <source>Do you want to delete the video recording backup task?</source>
-        <translation type="unfinished"></translation>
+        <translation>Sicherungsauftrag für die Videoaufnahmen löschen?</translation>
     </message>
     <message>
         <source>not searched yet</source>
-        <translation type="unfinished"></translation>
+        <translation>noch nicht gesucht</translation>
     </message>
     <message>
         <source>nothing recorded</source>
@@ -5832,47 +5833,47 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>%1 safe</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 gesichert</translation>
     </message>
     <message>
         <source>A start searches what the recorder holds</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein Start sucht, was der Rekorder hat</translation>
     </message>
     <message>
         <source>The recorder held nothing of these times when it was last searched</source>
-        <translation type="unfinished"></translation>
+        <translation>Bei der letzten Suche hatte der Rekorder nichts aus diesen Zeiten</translation>
     </message>
     <message>
         <source>%1 that the recorder holds is in files here</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 dessen, was der Rekorder hat, liegt hier in Dateien</translation>
     </message>
     <message>
         <source>Exporting, %1%</source>
-        <translation type="unfinished"></translation>
+        <translation>Export läuft, %1%</translation>
     </message>
     <message>
         <source>Searching recordings</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufnahmen werden gesucht</translation>
     </message>
     <message>
         <source>Running, %1%</source>
-        <translation type="unfinished"></translation>
+        <translation>Läuft, %1%</translation>
     </message>
     <message>
         <source>Finished</source>
-        <translation type="unfinished"></translation>
+        <translation>Fertig</translation>
     </message>
     <message>
         <source>Waiting</source>
-        <translation type="unfinished"></translation>
+        <translation>Wartet</translation>
     </message>
     <message>
         <source>Not started</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht gestartet</translation>
     </message>
     <message>
         <source>Stopped</source>
-        <translation type="unfinished"></translation>
+        <translation>Angehalten</translation>
     </message>
     <message>
         <source>%1, %2, %3</source>
@@ -5880,134 +5881,134 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>channel no longer exists</source>
-        <translation type="unfinished"></translation>
+        <translation>Kanal existiert nicht mehr</translation>
     </message>
     <message>
         <source>stop backup</source>
-        <translation type="unfinished"></translation>
+        <translation>Sicherung anhalten</translation>
     </message>
     <message>
         <source>cancel the export</source>
-        <translation type="unfinished"></translation>
+        <translation>Export abbrechen</translation>
     </message>
     <message>
         <source>Retry at %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Neuer Versuch um %1</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::BackupTimeSegmentWt</name>
     <message>
         <source>Time Segment 1</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeitabschnitt 1</translation>
     </message>
     <message>
         <source>delete time segment</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeitabschnitt löschen</translation>
     </message>
     <message>
         <source>To</source>
-        <translation type="unfinished"></translation>
+        <translation>Bis</translation>
     </message>
     <message>
         <source>Time Segment %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeitabschnitt %1</translation>
     </message>
     <message>
         <source>%1, start</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, Beginn</translation>
     </message>
     <message>
         <source>%1, end</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, Ende</translation>
     </message>
     <message>
         <source>This segment starts after its end: it holds no recording. Let it end at 23:59 and add another one from 00:00.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieser Abschnitt beginnt nach seinem Ende und enthält keine Aufnahme. Lassen Sie ihn um 23:59 enden, und fügen Sie einen weiteren ab 00:00 hinzu.</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::BackupTimeSegmentsSettingWt</name>
     <message>
         <source>add time segment</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeitabschnitt hinzufügen</translation>
     </message>
     <message>
         <source>%1 of %2 segments. Overlapping ones are merged.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 von %2 Abschnitten. Überlappende werden zusammengefasst.</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::BackupWorker</name>
     <message>
         <source>Waiting for backup...</source>
-        <translation type="unfinished"></translation>
+        <translation>Warten auf die Sicherung...</translation>
     </message>
     <message>
         <source>Backup is abnormal,the backup will be attempted again later</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Sicherung ist gestört, sie wird später erneut versucht</translation>
     </message>
     <message>
         <source>The folder for backups, %1, is not there or lies on another disk, the backup will be attempted again later</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Ordner für Sicherungen, %1, ist nicht vorhanden oder liegt auf einem anderen Datenträger; die Sicherung wird später erneut versucht</translation>
     </message>
     <message>
         <source>The backup time is later than the current time, no video recordings can be backed up</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Sicherungszeit liegt in der Zukunft, es können keine Videoaufnahmen gesichert werden</translation>
     </message>
     <message>
         <source>The disk free space &lt; 1GB,please switch the disk to continue the backup</source>
-        <translation type="unfinished"></translation>
+        <translation>Weniger als 1 GB auf dem Datenträger frei, bitte wechseln Sie ihn, um die Sicherung fortzusetzen</translation>
     </message>
     <message>
         <source>The backup limit of he device has been reached, the backup will be attempted again later</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Sicherungsgrenze des Geräts ist erreicht, die Sicherung wird später erneut versucht</translation>
     </message>
     <message>
         <source>stop back up, stop time:%1</source>
-        <translation type="unfinished"></translation>
+        <translation>Sicherung angehalten, Zeitpunkt: %1</translation>
     </message>
     <message>
         <source>delete back up task, back up date:%1</source>
-        <translation type="unfinished"></translation>
+        <translation>Sicherungsauftrag gelöscht, Sicherungstag: %1</translation>
     </message>
     <message>
         <source>No video recording</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Videoaufnahme</translation>
     </message>
     <message>
         <source>Video recording backup success</source>
-        <translation type="unfinished"></translation>
+        <translation>Videoaufnahmen gesichert</translation>
     </message>
     <message>
         <source>%1, time range:%2 %3~%4</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, Zeitraum: %2 %3~%4</translation>
     </message>
     <message>
         <source>start back up, start time:%1</source>
-        <translation type="unfinished"></translation>
+        <translation>Sicherung gestartet, Zeitpunkt: %1</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::ChannelSnapImagesWt</name>
     <message>
         <source>1 snapshot</source>
-        <translation type="unfinished"></translation>
+        <translation>1 Einzelbild</translation>
     </message>
     <message>
         <source>%1 snapshots</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Einzelbilder</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::DevRecordingsBackupPage</name>
     <message>
         <source>Recordings Backup</source>
-        <translation type="unfinished"></translation>
+        <translation>Sicherung der Aufnahmen</translation>
     </message>
     <message>
         <source>Days with backup tasks</source>
-        <translation type="unfinished"></translation>
+        <translation>Tage mit Sicherungsaufträgen</translation>
     </message>
     <message>
         <source>Date</source>
@@ -6015,11 +6016,11 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Day before</source>
-        <translation type="unfinished"></translation>
+        <translation>Voriger Tag</translation>
     </message>
     <message>
         <source>Next day</source>
-        <translation type="unfinished"></translation>
+        <translation>Nächster Tag</translation>
     </message>
     <message>
         <source>Add</source>
@@ -6027,15 +6028,15 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Start</source>
-        <translation type="unfinished"></translation>
+        <translation>Starten</translation>
     </message>
     <message>
         <source>Stop</source>
-        <translation type="unfinished"></translation>
+        <translation>Anhalten</translation>
     </message>
     <message>
         <source>Export</source>
-        <translation type="unfinished"></translation>
+        <translation>Exportieren</translation>
     </message>
     <message>
         <source>Delete</source>
@@ -6047,110 +6048,110 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Exporting backup files, please wait a moment</source>
-        <translation type="unfinished"></translation>
+        <translation>Sicherungsdateien werden exportiert, bitte warten Sie einen Moment</translation>
     </message>
     <message>
         <source>Exporting backup files, please check other backup tasks after the export is finished</source>
-        <translation type="unfinished"></translation>
+        <translation>Sicherungsdateien werden exportiert, bitte sehen Sie sich andere Sicherungsaufträge nach dem Export an</translation>
     </message>
     <message>
         <source>No backup task on %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Sicherungsauftrag am %1</translation>
     </message>
     <message>
         <source>A maximum of %1 tasks can be added in one day</source>
-        <translation type="unfinished"></translation>
+        <translation>An einem Tag sind höchstens %1 Aufträge möglich</translation>
     </message>
     <message>
         <source>Do you want to delete all the backup tasks on %1?</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle Sicherungsaufträge vom %1 löschen?</translation>
     </message>
     <message>
         <source>1 task</source>
-        <translation type="unfinished"></translation>
+        <translation>1 Auftrag</translation>
     </message>
     <message>
         <source>%1 tasks</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Aufträge</translation>
     </message>
     <message>
         <source>%1, %2 safe</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, %2 gesichert</translation>
     </message>
     <message>
         <source>No backup is planned for %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Für %1 ist keine Sicherung geplant.</translation>
     </message>
     <message>
         <source>Press Add to pick channels and time segments.</source>
-        <translation type="unfinished"></translation>
+        <translation>Mit Hinzufügen wählen Sie Kanäle und Zeitabschnitte.</translation>
     </message>
     <message>
         <source>Cancel the export</source>
-        <translation type="unfinished"></translation>
+        <translation>Export abbrechen</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::DownloadAccess</name>
     <message>
         <source>No download recording permission, please contact the administrator</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Recht zum Herunterladen von Aufnahmen, bitte wenden Sie sich an den Administrator</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::DownloadStateWt</name>
     <message>
         <source>pause</source>
-        <translation type="unfinished"></translation>
+        <translation>Pause</translation>
     </message>
     <message>
         <source>waiting download...</source>
-        <translation type="unfinished"></translation>
+        <translation>Wartet auf Download...</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::DownloadingOperWt</name>
     <message>
         <source>start downloading</source>
-        <translation type="unfinished"></translation>
+        <translation>Download starten</translation>
     </message>
     <message>
         <source>clean the task</source>
-        <translation type="unfinished"></translation>
+        <translation>Auftrag entfernen</translation>
     </message>
     <message>
         <source>open folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordner öffnen</translation>
     </message>
     <message>
         <source>stop downloading</source>
-        <translation type="unfinished"></translation>
+        <translation>Download anhalten</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::DownloadingRows</name>
     <message>
         <source>waiting download...</source>
-        <translation type="unfinished"></translation>
+        <translation>Wartet auf Download...</translation>
     </message>
     <message>
         <source>pause</source>
-        <translation type="unfinished"></translation>
+        <translation>Pause</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::DownloadingTable</name>
     <message>
         <source>Downloading</source>
-        <translation type="unfinished"></translation>
+        <translation>Laufend</translation>
     </message>
     <message>
         <source>Nothing is being downloaded.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es wird gerade nichts heruntergeladen.</translation>
     </message>
     <message>
         <source>Mark a span in Playback and press Download.</source>
-        <translation type="unfinished"></translation>
+        <translation>Markieren Sie in der Wiedergabe einen Zeitraum, und klicken Sie auf Herunterladen.</translation>
     </message>
     <message>
         <source>Space</source>
@@ -6158,7 +6159,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>check</source>
-        <translation type="unfinished"></translation>
+        <translation>markieren</translation>
     </message>
     <message>
         <source>Enter</source>
@@ -6166,7 +6167,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>start or stop</source>
-        <translation type="unfinished"></translation>
+        <translation>starten oder anhalten</translation>
     </message>
     <message>
         <source>Del</source>
@@ -6174,7 +6175,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>clean the task</source>
-        <translation type="unfinished"></translation>
+        <translation>Auftrag entfernen</translation>
     </message>
     <message>
         <source>All</source>
@@ -6186,15 +6187,15 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Datetime Range</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeitraum</translation>
     </message>
     <message>
         <source>Location</source>
-        <translation type="unfinished"></translation>
+        <translation>Speicherort</translation>
     </message>
     <message>
         <source>Download Progress</source>
-        <translation type="unfinished"></translation>
+        <translation>Fortschritt</translation>
     </message>
     <message>
         <source>Oper</source>
@@ -6202,83 +6203,83 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Batch Start</source>
-        <translation type="unfinished"></translation>
+        <translation>Markierte starten</translation>
     </message>
     <message>
         <source>Batch Stop</source>
-        <translation type="unfinished"></translation>
+        <translation>Markierte anhalten</translation>
     </message>
     <message>
         <source>Batch Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Markierte abbrechen</translation>
     </message>
     <message>
         <source>Download path does not exist, please configure available download path in system configuration</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Download-Ordner existiert nicht, bitte legen Sie in den Einstellungen einen vorhandenen fest</translation>
     </message>
     <message>
         <source>downloading break off, disk free space &lt; 1GB, disk name:%1</source>
-        <translation type="unfinished"></translation>
+        <translation>Download abgebrochen, weniger als 1 GB auf dem Datenträger frei. Datenträger: %1</translation>
     </message>
     <message>
         <source>please check tasks to start</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte markieren Sie Aufträge zum Starten</translation>
     </message>
     <message>
         <source>please check tasks to stop</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte markieren Sie Aufträge zum Anhalten</translation>
     </message>
     <message>
         <source>please check tasks to cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte markieren Sie Aufträge zum Abbrechen</translation>
     </message>
     <message>
         <source>Do you want to cancel checked tasks?</source>
-        <translation type="unfinished"></translation>
+        <translation>Markierte Aufträge abbrechen?</translation>
     </message>
     <message>
         <source>file does not exist</source>
-        <translation type="unfinished"></translation>
+        <translation>Datei existiert nicht</translation>
     </message>
     <message>
         <source>%1 running, %2 waiting, %3 paused.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 laufen, %2 warten, %3 pausiert.</translation>
     </message>
     <message>
         <source>About %1 left.</source>
-        <translation type="unfinished"></translation>
+        <translation>Noch etwa %1.</translation>
     </message>
     <message>
         <source>Less than a minute left.</source>
-        <translation type="unfinished"></translation>
+        <translation>Noch weniger als eine Minute.</translation>
     </message>
     <message>
         <source>about %1 left</source>
-        <translation type="unfinished"></translation>
+        <translation>noch etwa %1</translation>
     </message>
     <message>
         <source>Being started</source>
-        <translation type="unfinished"></translation>
+        <translation>Wird gestartet</translation>
     </message>
     <message>
         <source>Waits for one of five places</source>
-        <translation type="unfinished"></translation>
+        <translation>Wartet auf einen von fünf Plätzen</translation>
     </message>
     <message>
         <source>The channel no longer exists in this client</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Kanal existiert in diesem Client nicht mehr</translation>
     </message>
     <message>
         <source>start downloading</source>
-        <translation type="unfinished"></translation>
+        <translation>Download starten</translation>
     </message>
     <message>
         <source>stop downloading</source>
-        <translation type="unfinished"></translation>
+        <translation>Download anhalten</translation>
     </message>
     <message>
         <source>open folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordner öffnen</translation>
     </message>
     <message>
         <source>Details</source>
@@ -6289,7 +6290,7 @@ Opens the folder of downloads: %2</source>
     <name>vemo_filesCenter::EmptyPage</name>
     <message>
         <source>This page comes with a later version.</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese Seite kommt mit einer späteren Version.</translation>
     </message>
 </context>
 <context>
@@ -6304,11 +6305,11 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Datetime Range</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeitraum</translation>
     </message>
     <message>
         <source>Location</source>
-        <translation type="unfinished"></translation>
+        <translation>Speicherort</translation>
     </message>
     <message>
         <source>Oper</source>
@@ -6316,19 +6317,19 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>please check tasks to clean</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte markieren Sie Aufträge zum Entfernen</translation>
     </message>
     <message>
         <source>Do you want to clean checked tasks?</source>
-        <translation type="unfinished"></translation>
+        <translation>Markierte Aufträge entfernen?</translation>
     </message>
     <message>
         <source>Batch Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>Markierte löschen</translation>
     </message>
     <message>
         <source>clean the task</source>
-        <translation type="unfinished"></translation>
+        <translation>Auftrag entfernen</translation>
     </message>
     <message>
         <source>Details</source>
@@ -6339,37 +6340,37 @@ Opens the folder of downloads: %2</source>
     <name>vemo_filesCenter::ExportBackupFiles</name>
     <message>
         <source>%1 is not any more what it was when it was backed up.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ist nicht mehr, was es beim Sichern war.</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::FailedOperWt</name>
     <message>
         <source>redownload</source>
-        <translation type="unfinished"></translation>
+        <translation>Erneut herunterladen</translation>
     </message>
     <message>
         <source>clean the task</source>
-        <translation type="unfinished"></translation>
+        <translation>Auftrag entfernen</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::FailedTable</name>
     <message>
         <source>Download Failure</source>
-        <translation type="unfinished"></translation>
+        <translation>Fehlgeschlagen</translation>
     </message>
     <message>
         <source>No download has failed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Download ist fehlgeschlagen.</translation>
     </message>
     <message>
         <source>What fails is kept here until it is fetched or cleaned.</source>
-        <translation type="unfinished"></translation>
+        <translation>Was fehlschlägt, bleibt hier, bis es geholt oder entfernt wird.</translation>
     </message>
     <message>
         <source>What may pass is tried again after about a minute.</source>
-        <translation type="unfinished"></translation>
+        <translation>Was vorübergehen kann, wird nach etwa einer Minute erneut versucht.</translation>
     </message>
     <message>
         <source>Space</source>
@@ -6377,7 +6378,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>check</source>
-        <translation type="unfinished"></translation>
+        <translation>markieren</translation>
     </message>
     <message>
         <source>Enter</source>
@@ -6385,7 +6386,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>redownload</source>
-        <translation type="unfinished"></translation>
+        <translation>Erneut herunterladen</translation>
     </message>
     <message>
         <source>Del</source>
@@ -6393,7 +6394,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>clean the task</source>
-        <translation type="unfinished"></translation>
+        <translation>Auftrag entfernen</translation>
     </message>
     <message>
         <source>State</source>
@@ -6401,135 +6402,135 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Batch Redownload</source>
-        <translation type="unfinished"></translation>
+        <translation>Markierte erneut laden</translation>
     </message>
     <message>
         <source>Batch Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>Markierte löschen</translation>
     </message>
     <message>
         <source>please check tasks to redownload</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte markieren Sie Aufträge zum erneuten Herunterladen</translation>
     </message>
     <message numerus="yes">
         <source>%n task(s), newest first</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Auftrag, neueste zuerst</numerusform>
+            <numerusform>%n Aufträge, neueste zuerst</numerusform>
         </translation>
     </message>
     <message>
         <source>The channel no longer exists in this client, so it can&apos;t be tried again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Kanal existiert in diesem Client nicht mehr, daher ist kein neuer Versuch möglich.</translation>
     </message>
     <message>
         <source>Retry in %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Neuer Versuch in %1.</translation>
     </message>
     <message>
         <source>Check user and password of the recorder, then press &quot;redownload&quot;.</source>
-        <translation type="unfinished"></translation>
+        <translation>Prüfen Sie Benutzer und Passwort des Rekorders, und klicken Sie dann auf &quot;Erneut herunterladen&quot;.</translation>
     </message>
     <message>
         <source>It is not tried again by itself: press &quot;redownload&quot;.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es wird nicht automatisch erneut versucht: Klicken Sie auf &quot;Erneut herunterladen&quot;.</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::FileVerifier</name>
     <message>
         <source>It had %L1 bytes when it was finished and has %L2 now</source>
-        <translation type="unfinished"></translation>
+        <translation>Sie hatte beim Abschließen %L1 Byte und hat jetzt %L2</translation>
     </message>
     <message>
         <source>Its length is the same, its content is not</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Länge ist gleich, der Inhalt nicht</translation>
     </message>
     <message>
         <source>%1 is what was downloaded: its SHA-256 is the one kept when it was finished.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ist, was heruntergeladen wurde: Der SHA-256 ist der beim Abschließen gespeicherte.</translation>
     </message>
     <message>
         <source>%1 is not what was downloaded. %2. Download it again if the recorder still has it.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ist nicht, was heruntergeladen wurde. %2. Laden Sie die Datei erneut herunter, wenn der Rekorder sie noch hat.</translation>
     </message>
     <message>
         <source>%1 is not there any more, so nothing can be compared.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ist nicht mehr vorhanden, daher kann nichts verglichen werden.</translation>
     </message>
     <message>
         <source>No SHA-256 of %1 was kept when it was finished. Its present one is kept from now on.</source>
-        <translation type="unfinished"></translation>
+        <translation>Für %1 wurde beim Abschließen kein SHA-256 gespeichert. Der jetzige wird ab sofort aufbewahrt.</translation>
     </message>
     <message>
         <source>%1 can&apos;t be verified: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 kann nicht geprüft werden: %2</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::FilesCenterForm</name>
     <message>
         <source>FilesCenterForm</source>
-        <translation type="unfinished"></translation>
+        <translation>Dateien</translation>
     </message>
     <message>
         <source>Download Mgr</source>
-        <translation type="unfinished"></translation>
+        <translation>Downloads</translation>
     </message>
     <message>
         <source>Downloading</source>
-        <translation type="unfinished"></translation>
+        <translation>Laufend</translation>
     </message>
     <message>
         <source>Download Success</source>
-        <translation type="unfinished"></translation>
+        <translation>Abgeschlossen</translation>
     </message>
     <message>
         <source>Download Failure</source>
-        <translation type="unfinished"></translation>
+        <translation>Fehlgeschlagen</translation>
     </message>
     <message>
         <source>Local Recording</source>
-        <translation type="unfinished"></translation>
+        <translation>Lokale Aufnahmen</translation>
     </message>
     <message>
         <source>Local Snapshot</source>
-        <translation type="unfinished"></translation>
+        <translation>Lokale Einzelbilder</translation>
     </message>
     <message>
         <source>Local Files</source>
-        <translation type="unfinished"></translation>
+        <translation>Lokale Dateien</translation>
     </message>
     <message>
         <source>Recordings Backup</source>
-        <translation type="unfinished"></translation>
+        <translation>Sicherung der Aufnahmen</translation>
     </message>
     <message>
         <source>Downloading(%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>Laufend (%1)</translation>
     </message>
     <message>
         <source>Download Success(%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>Abgeschlossen (%1)</translation>
     </message>
     <message>
         <source>Download Failure(%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>Fehlgeschlagen (%1)</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::LocalFilesMgrPage</name>
     <message>
         <source>Files Directory</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordner</translation>
     </message>
     <message>
         <source>Open Dir</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordner öffnen</translation>
     </message>
     <message>
         <source>Filter by name</source>
-        <translation type="unfinished"></translation>
+        <translation>Nach Name filtern</translation>
     </message>
     <message>
         <source>Delete</source>
@@ -6537,27 +6538,27 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Save AS</source>
-        <translation type="unfinished"></translation>
+        <translation>Speichern unter</translation>
     </message>
     <message>
         <source>Local Files</source>
-        <translation type="unfinished"></translation>
+        <translation>Lokale Dateien</translation>
     </message>
     <message>
         <source>There are no recordings or images in this folder.</source>
-        <translation type="unfinished"></translation>
+        <translation>In diesem Ordner sind keine Aufnahmen oder Bilder.</translation>
     </message>
     <message>
         <source>Files ending in mp4, jpg or png are shown. Open another folder.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dateien mit den Endungen mp4, jpg oder png werden angezeigt. Öffnen Sie einen anderen Ordner.</translation>
     </message>
     <message>
         <source>No file matches the filter.</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Datei entspricht dem Filter.</translation>
     </message>
     <message>
         <source>The filter looks for a part of the file&apos;s name.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Filter sucht einen Teil des Dateinamens.</translation>
     </message>
     <message>
         <source>Clear the filter</source>
@@ -6565,59 +6566,59 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>This folder is no longer there.</source>
-        <translation type="unfinished"></translation>
+        <translation>Diesen Ordner gibt es nicht mehr.</translation>
     </message>
     <message>
         <source>It was removed, or its disk is not connected. Open another folder.</source>
-        <translation type="unfinished"></translation>
+        <translation>Er wurde entfernt, oder sein Datenträger ist nicht angeschlossen. Öffnen Sie einen anderen Ordner.</translation>
     </message>
     <message>
         <source>Failed to delete file</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei konnte nicht gelöscht werden</translation>
     </message>
     <message>
         <source>Saving As:%1%</source>
-        <translation type="unfinished"></translation>
+        <translation>Wird gespeichert: %1%</translation>
     </message>
     <message>
         <source>Save file as successful</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei wurde gespeichert</translation>
     </message>
     <message>
         <source>Save file as failure</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei konnte nicht gespeichert werden</translation>
     </message>
     <message>
         <source>Open Directory</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordner öffnen</translation>
     </message>
     <message>
         <source>Please select a file to delete</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte wählen Sie eine Datei zum Löschen aus</translation>
     </message>
     <message>
         <source>Do you want to delete file:%1?</source>
-        <translation type="unfinished"></translation>
+        <translation>Datei löschen: %1?</translation>
     </message>
     <message>
         <source>Please select a file to save as</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte wählen Sie eine Datei zum Speichern aus</translation>
     </message>
     <message>
         <source>Video(*.mp4)</source>
-        <translation type="unfinished"></translation>
+        <translation>Video (*.mp4)</translation>
     </message>
     <message>
         <source>Images(*.jpg *.png)</source>
-        <translation type="unfinished"></translation>
+        <translation>Bilder (*.jpg *.png)</translation>
     </message>
     <message>
         <source>Save As</source>
-        <translation type="unfinished"></translation>
+        <translation>Speichern unter</translation>
     </message>
     <message>
         <source>Open</source>
-        <translation type="unfinished"></translation>
+        <translation>Öffnen</translation>
     </message>
     <message>
         <source>Show in folder</source>
@@ -6625,11 +6626,11 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Copy</source>
-        <translation type="unfinished"></translation>
+        <translation>Kopieren</translation>
     </message>
     <message>
         <source>%1: %2, %3</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: %2, %3</translation>
     </message>
     <message>
         <source>1 file</source>
@@ -6641,79 +6642,79 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>1 video</source>
-        <translation type="unfinished"></translation>
+        <translation>1 Video</translation>
     </message>
     <message>
         <source>%1 videos</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Videos</translation>
     </message>
     <message>
         <source>1 image</source>
-        <translation type="unfinished"></translation>
+        <translation>1 Bild</translation>
     </message>
     <message>
         <source>%1 images</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Bilder</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::LocalFilesSaveAs</name>
     <message>
         <source>Select Save As Path</source>
-        <translation type="unfinished"></translation>
+        <translation>Zielordner auswählen</translation>
     </message>
     <message>
         <source>Saving As:%1/%2(%3%)</source>
-        <translation type="unfinished"></translation>
+        <translation>Wird gespeichert: %1/%2 (%3%)</translation>
     </message>
     <message>
         <source>Save as file failed:%1(%2)</source>
-        <translation type="unfinished"></translation>
+        <translation>Datei konnte nicht gespeichert werden: %1 (%2)</translation>
     </message>
     <message>
         <source>and %1 more</source>
-        <translation type="unfinished"></translation>
+        <translation>und %1 weitere</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::LocalRecordingOperWt</name>
     <message>
         <source>open the file</source>
-        <translation type="unfinished"></translation>
+        <translation>Datei öffnen</translation>
     </message>
     <message>
         <source>open folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordner öffnen</translation>
     </message>
     <message>
         <source>delete file</source>
-        <translation type="unfinished"></translation>
+        <translation>Datei löschen</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::LocalRecordingRows</name>
     <message>
         <source>Damaged</source>
-        <translation type="unfinished"></translation>
+        <translation>Beschädigt</translation>
     </message>
     <message>
         <source>The file does not tell its time. This one comes from when it was last written.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei nennt ihre Zeit nicht. Diese stammt vom letzten Schreiben der Datei.</translation>
     </message>
     <message>
         <source>Missing</source>
-        <translation type="unfinished"></translation>
+        <translation>Fehlt</translation>
     </message>
     <message>
         <source>file does not exist</source>
-        <translation type="unfinished"></translation>
+        <translation>Datei existiert nicht</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::LocalRecordingsMgrPage</name>
     <message>
         <source>Time Space Sel</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeitraum</translation>
     </message>
     <message>
         <source>Search</source>
@@ -6729,7 +6730,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Save AS</source>
-        <translation type="unfinished"></translation>
+        <translation>Speichern unter</translation>
     </message>
     <message>
         <source>All</source>
@@ -6741,7 +6742,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Start Time</source>
-        <translation type="unfinished"></translation>
+        <translation>Beginn</translation>
     </message>
     <message>
         <source>Size</source>
@@ -6753,27 +6754,27 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Local Recording</source>
-        <translation type="unfinished"></translation>
+        <translation>Lokale Aufnahmen</translation>
     </message>
     <message>
         <source>There are no recordings in this span.</source>
-        <translation type="unfinished"></translation>
+        <translation>In diesem Zeitraum gibt es keine Aufnahmen.</translation>
     </message>
     <message>
         <source>What live view records appears here. Choose another span, or look for files that came into the folder another way.</source>
-        <translation type="unfinished"></translation>
+        <translation>Was die Live-Ansicht aufnimmt, erscheint hier. Wählen Sie einen anderen Zeitraum, oder suchen Sie nach Dateien, die auf anderem Weg in den Ordner kamen.</translation>
     </message>
     <message>
         <source>Look for new files</source>
-        <translation type="unfinished"></translation>
+        <translation>Nach neuen Dateien suchen</translation>
     </message>
     <message>
         <source>No recording matches the filter.</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Aufnahme entspricht dem Filter.</translation>
     </message>
     <message>
         <source>The filter looks for a part of the channel&apos;s name.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Filter sucht einen Teil des Kanalnamens.</translation>
     </message>
     <message>
         <source>Clear the filter</source>
@@ -6781,75 +6782,75 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>searching local recordings...</source>
-        <translation type="unfinished"></translation>
+        <translation>Lokale Aufnahmen werden gesucht...</translation>
     </message>
     <message>
         <source>Looking for new files...</source>
-        <translation type="unfinished"></translation>
+        <translation>Neue Dateien werden gesucht...</translation>
     </message>
     <message>
         <source>The first %L1 of this span; choose a shorter one to see all</source>
-        <translation type="unfinished"></translation>
+        <translation>Die ersten %L1 dieses Zeitraums; wählen Sie einen kürzeren, um alle zu sehen</translation>
     </message>
     <message>
         <source>Video kept on this computer while live view recorded</source>
-        <translation type="unfinished"></translation>
+        <translation>Video, das bei der Live-Ansicht auf diesem Computer aufgenommen wurde</translation>
     </message>
     <message>
         <source>search none local recordings</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine lokalen Aufnahmen gefunden</translation>
     </message>
     <message>
         <source>file does not exist</source>
-        <translation type="unfinished"></translation>
+        <translation>Datei existiert nicht</translation>
     </message>
     <message>
         <source>open the file</source>
-        <translation type="unfinished"></translation>
+        <translation>Datei öffnen</translation>
     </message>
     <message>
         <source>open folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordner öffnen</translation>
     </message>
     <message>
         <source>delete file</source>
-        <translation type="unfinished"></translation>
+        <translation>Datei löschen</translation>
     </message>
     <message>
         <source>Copy path</source>
-        <translation type="unfinished"></translation>
+        <translation>Pfad kopieren</translation>
     </message>
     <message>
         <source>Delete checked</source>
-        <translation type="unfinished"></translation>
+        <translation>Markierte löschen</translation>
     </message>
     <message>
         <source>Save checked as</source>
-        <translation type="unfinished"></translation>
+        <translation>Markierte speichern unter</translation>
     </message>
     <message>
         <source>Please select local recordings to save as</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte wählen Sie lokale Aufnahmen zum Speichern aus</translation>
     </message>
     <message>
         <source>Do you want to delete the recording:%1(%2)?</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufnahme löschen: %1 (%2)?</translation>
     </message>
     <message>
         <source>Please select local recordings to delete</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte wählen Sie lokale Aufnahmen zum Löschen aus</translation>
     </message>
     <message>
         <source>Do you want to delete select local recordings?</source>
-        <translation type="unfinished"></translation>
+        <translation>Ausgewählte lokale Aufnahmen löschen?</translation>
     </message>
     <message>
         <source>delete local recordings...</source>
-        <translation type="unfinished"></translation>
+        <translation>Lokale Aufnahmen werden gelöscht...</translation>
     </message>
     <message>
         <source>Failed to delete local recordings</source>
-        <translation type="unfinished"></translation>
+        <translation>Lokale Aufnahmen konnten nicht gelöscht werden</translation>
     </message>
     <message>
         <source>Record begin time:%1,file size:%2</source>
@@ -6857,38 +6858,38 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>and %1 more</source>
-        <translation type="unfinished"></translation>
+        <translation>und %1 weitere</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::LocalSnapImageCard</name>
     <message>
         <source>enlarge</source>
-        <translation type="unfinished"></translation>
+        <translation>Vergrößern</translation>
     </message>
     <message>
         <source>save as</source>
-        <translation type="unfinished"></translation>
+        <translation>Speichern unter</translation>
     </message>
     <message>
         <source>delete</source>
-        <translation type="unfinished"></translation>
+        <translation>Löschen</translation>
     </message>
     <message>
         <source>Do you want to delete the snap image?</source>
-        <translation type="unfinished"></translation>
+        <translation>Einzelbild löschen?</translation>
     </message>
     <message>
         <source>Save As</source>
-        <translation type="unfinished"></translation>
+        <translation>Speichern unter</translation>
     </message>
     <message>
         <source>Images(*.bmp)</source>
-        <translation type="unfinished"></translation>
+        <translation>Bilder (*.bmp)</translation>
     </message>
     <message>
         <source>Images (*.jpg)</source>
-        <translation type="unfinished"></translation>
+        <translation>Bilder (*.jpg)</translation>
     </message>
     <message>
         <source>This image can&apos;t be read</source>
@@ -6903,30 +6904,30 @@ Opens the folder of downloads: %2</source>
     <name>vemo_filesCenter::LocalSnapImageCardsBox</name>
     <message>
         <source>enlarge</source>
-        <translation type="unfinished"></translation>
+        <translation>Vergrößern</translation>
     </message>
     <message>
         <source>save as</source>
-        <translation type="unfinished"></translation>
+        <translation>Speichern unter</translation>
     </message>
     <message>
         <source>delete</source>
-        <translation type="unfinished"></translation>
+        <translation>Löschen</translation>
     </message>
     <message>
         <source>open folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordner öffnen</translation>
     </message>
     <message>
         <source>Copy path</source>
-        <translation type="unfinished"></translation>
+        <translation>Pfad kopieren</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::LocalSnapImagesMgrPage</name>
     <message>
         <source>Time Space Sel</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeitraum</translation>
     </message>
     <message>
         <source>Search</source>
@@ -6942,7 +6943,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Save AS</source>
-        <translation type="unfinished"></translation>
+        <translation>Speichern unter</translation>
     </message>
     <message>
         <source>Capture time:%1</source>
@@ -6950,38 +6951,38 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Failed to delete snap images</source>
-        <translation type="unfinished"></translation>
+        <translation>Einzelbilder konnten nicht gelöscht werden</translation>
     </message>
     <message numerus="yes">
         <source>and %n more</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>und %n weiteres</numerusform>
+            <numerusform>und %n weitere</numerusform>
         </translation>
     </message>
     <message>
         <source>Local Snapshot</source>
-        <translation type="unfinished"></translation>
+        <translation>Lokale Einzelbilder</translation>
     </message>
     <message>
         <source>There are no snapshots in this span.</source>
-        <translation type="unfinished"></translation>
+        <translation>In diesem Zeitraum gibt es keine Einzelbilder.</translation>
     </message>
     <message>
         <source>What is captured in live view or the player appears here. Choose another span, or search again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Was in der Live-Ansicht oder im Player festgehalten wird, erscheint hier. Wählen Sie einen anderen Zeitraum, oder suchen Sie erneut.</translation>
     </message>
     <message>
         <source>Search again</source>
-        <translation type="unfinished"></translation>
+        <translation>Erneut suchen</translation>
     </message>
     <message>
         <source>No channel matches the filter.</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Kanal entspricht dem Filter.</translation>
     </message>
     <message>
         <source>The filter looks for a part of the channel&apos;s name.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Filter sucht einen Teil des Kanalnamens.</translation>
     </message>
     <message>
         <source>Clear the filter</source>
@@ -6989,19 +6990,19 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>search none local snap images</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine lokalen Einzelbilder gefunden</translation>
     </message>
     <message>
         <source>please select snap images to delete</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte wählen Sie Einzelbilder zum Löschen aus</translation>
     </message>
     <message>
         <source>Do you want to delete selected snap images?</source>
-        <translation type="unfinished"></translation>
+        <translation>Ausgewählte Einzelbilder löschen?</translation>
     </message>
     <message>
         <source>Please select snap images to save as</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte wählen Sie Einzelbilder zum Speichern aus</translation>
     </message>
     <message>
         <source>%1 of %2</source>
@@ -7009,11 +7010,11 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>1 snapshot</source>
-        <translation type="unfinished"></translation>
+        <translation>1 Einzelbild</translation>
     </message>
     <message>
         <source>%1 snapshots</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Einzelbilder</translation>
     </message>
     <message>
         <source>1 channel</source>
@@ -7028,45 +7029,45 @@ Opens the folder of downloads: %2</source>
     <name>vemo_filesCenter::RecordingsBackUpTree</name>
     <message>
         <source>no replay</source>
-        <translation type="unfinished"></translation>
+        <translation>keine Wiedergabe</translation>
     </message>
     <message>
         <source>disabled</source>
-        <translation type="unfinished"></translation>
+        <translation>deaktiviert</translation>
     </message>
     <message>
         <source>live view alone</source>
-        <translation type="unfinished"></translation>
+        <translation>nur Live-Ansicht</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::SuccessOperWt</name>
     <message>
         <source>open the file</source>
-        <translation type="unfinished"></translation>
+        <translation>Datei öffnen</translation>
     </message>
     <message>
         <source>open folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordner öffnen</translation>
     </message>
     <message>
         <source>clean the task</source>
-        <translation type="unfinished"></translation>
+        <translation>Auftrag entfernen</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::SuccessTable</name>
     <message>
         <source>Download Success</source>
-        <translation type="unfinished"></translation>
+        <translation>Abgeschlossen</translation>
     </message>
     <message>
         <source>No download has finished yet.</source>
-        <translation type="unfinished"></translation>
+        <translation>Noch kein Download ist abgeschlossen.</translation>
     </message>
     <message>
         <source>Finished files appear here, the newest at the top. Mark a span in Playback and press Download.</source>
-        <translation type="unfinished"></translation>
+        <translation>Fertige Dateien erscheinen hier, die neueste oben. Markieren Sie in der Wiedergabe einen Zeitraum, und klicken Sie auf Herunterladen.</translation>
     </message>
     <message>
         <source>Space</source>
@@ -7074,7 +7075,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>check</source>
-        <translation type="unfinished"></translation>
+        <translation>markieren</translation>
     </message>
     <message>
         <source>Enter</source>
@@ -7082,7 +7083,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>open the file</source>
-        <translation type="unfinished"></translation>
+        <translation>Datei öffnen</translation>
     </message>
     <message>
         <source>Del</source>
@@ -7090,7 +7091,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>clean the task</source>
-        <translation type="unfinished"></translation>
+        <translation>Auftrag entfernen</translation>
     </message>
     <message>
         <source>Size</source>
@@ -7098,57 +7099,57 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Open Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordner öffnen</translation>
     </message>
     <message>
         <source>Batch Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>Markierte löschen</translation>
     </message>
     <message>
         <source>Download success,record source:%1, time range:%2, file size:%3</source>
-        <translation type="unfinished"></translation>
+        <translation>Download abgeschlossen, Quelle: %1, Zeitraum: %2, Dateigröße: %3</translation>
     </message>
     <message numerus="yes">
         <source>%n file(s), newest first</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Datei, neueste zuerst</numerusform>
+            <numerusform>%n Dateien, neueste zuerst</numerusform>
         </translation>
     </message>
     <message>
         <source>file does not exist</source>
-        <translation type="unfinished"></translation>
+        <translation>Datei existiert nicht</translation>
     </message>
     <message>
         <source>download path is invalid</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Download-Ordner ist ungültig</translation>
     </message>
     <message>
         <source>open folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordner öffnen</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::TaskDetailsText</name>
     <message>
         <source>%1 to %2 (%3)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 bis %2 (%3)</translation>
     </message>
     <message>
         <source>; begins %1 later than asked</source>
-        <translation type="unfinished"></translation>
+        <translation>; beginnt %1 später als angefordert</translation>
     </message>
     <message>
         <source>; ends %1 earlier than asked</source>
-        <translation type="unfinished"></translation>
+        <translation>; endet %1 früher als angefordert</translation>
     </message>
     <message>
         <source>Received</source>
-        <translation type="unfinished"></translation>
+        <translation>Empfangen</translation>
     </message>
     <message>
         <source>Gaps</source>
-        <translation type="unfinished"></translation>
+        <translation>Lücken</translation>
     </message>
     <message>
         <source>none</source>
@@ -7156,63 +7157,63 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>lost in transfer</source>
-        <translation type="unfinished"></translation>
+        <translation>bei der Übertragung verloren</translation>
     </message>
     <message>
         <source>not recorded</source>
-        <translation type="unfinished"></translation>
+        <translation>nicht aufgezeichnet</translation>
     </message>
     <message>
         <source>%1 to %2, %3, %4</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 bis %2, %3, %4</translation>
     </message>
     <message>
         <source>and %1 more</source>
-        <translation type="unfinished"></translation>
+        <translation>und %1 weitere</translation>
     </message>
     <message>
         <source>Losses</source>
-        <translation type="unfinished"></translation>
+        <translation>Verluste</translation>
     </message>
     <message>
         <source>%L1 frames did not arrive whole</source>
-        <translation type="unfinished"></translation>
+        <translation>%L1 Bilder kamen nicht vollständig an</translation>
     </message>
     <message>
         <source>Media</source>
-        <translation type="unfinished"></translation>
+        <translation>Medien</translation>
     </message>
     <message>
         <source>%1 MB (%L2 bytes)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 MB (%L2 Byte)</translation>
     </message>
     <message>
         <source>The recorder refused the login. It is not tried again by itself: correct user and password of the recorder, then redownload.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Rekorder hat die Anmeldung abgelehnt. Es wird nicht automatisch erneut versucht: Berichtigen Sie Benutzer und Passwort des Rekorders, und laden Sie dann erneut herunter.</translation>
     </message>
     <message>
         <source>The recorder could not be reached, or had no connection left. It is tried again by itself; check network and power of the recorder if that goes on.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Rekorder war nicht erreichbar oder hatte keine Verbindung mehr frei. Es wird automatisch erneut versucht; prüfen Sie Netzwerk und Stromversorgung des Rekorders, wenn das anhält.</translation>
     </message>
     <message>
         <source>The download broke off. What arrived is kept as a file of its own; the rest is fetched again by itself.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Download ist abgebrochen. Was ankam, wird als eigene Datei aufbewahrt; der Rest wird automatisch erneut geholt.</translation>
     </message>
     <message>
         <source>The recording can&apos;t be read, or the file can&apos;t be written. It is not tried again by itself: check the download folder and its disk, then redownload.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Aufnahme kann nicht gelesen oder die Datei nicht geschrieben werden. Es wird nicht automatisch erneut versucht: Prüfen Sie den Download-Ordner und seinen Datenträger, und laden Sie dann erneut herunter.</translation>
     </message>
     <message>
         <source>The recorder gave no address for the recording, which it may have overwritten. It is tried again by itself; search the recordings of that day to see what is left.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Rekorder nannte keine Adresse für die Aufnahme; vielleicht hat er sie überschrieben. Es wird automatisch erneut versucht; suchen Sie die Aufnahmen dieses Tages, um zu sehen, was noch da ist.</translation>
     </message>
     <message>
         <source>Reason</source>
-        <translation type="unfinished"></translation>
+        <translation>Grund</translation>
     </message>
     <message>
         <source>What next</source>
-        <translation type="unfinished"></translation>
+        <translation>Wie weiter</translation>
     </message>
     <message>
         <source>Channel</source>
@@ -7224,7 +7225,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Asked</source>
-        <translation type="unfinished"></translation>
+        <translation>Angefordert</translation>
     </message>
     <message>
         <source>Size</source>
@@ -7232,15 +7233,15 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Rate</source>
-        <translation type="unfinished"></translation>
+        <translation>Datenrate</translation>
     </message>
     <message>
         <source>%1 MB/s, %2 in all</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 MB/s, insgesamt %2</translation>
     </message>
     <message>
         <source>less than 1 s</source>
-        <translation type="unfinished"></translation>
+        <translation>weniger als 1 s</translation>
     </message>
     <message>
         <source>File</source>
@@ -7248,22 +7249,22 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>SHA-256</source>
-        <translation type="unfinished"></translation>
+        <translation>SHA-256</translation>
     </message>
     <message>
         <source>not summed yet</source>
-        <translation type="unfinished"></translation>
+        <translation>noch nicht berechnet</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::TaskDetailsWt</name>
     <message>
         <source>Verify</source>
-        <translation type="unfinished"></translation>
+        <translation>Prüfen</translation>
     </message>
     <message>
         <source>Copy checksum</source>
-        <translation type="unfinished"></translation>
+        <translation>Prüfsumme kopieren</translation>
     </message>
     <message>
         <source>Open folder</source>
@@ -7275,93 +7276,93 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Close the details</source>
-        <translation type="unfinished"></translation>
+        <translation>Details schließen</translation>
     </message>
     <message>
         <source>Reading the file.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei wird gelesen.</translation>
     </message>
     <message>
         <source>Copied as a line that &quot;sha256sum -c&quot; reads.</source>
-        <translation type="unfinished"></translation>
+        <translation>Als Zeile kopiert, die &quot;sha256sum -c&quot; liest.</translation>
     </message>
     <message>
         <source>The file is not there any more: it was deleted, moved or renamed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei ist nicht mehr vorhanden: Sie wurde gelöscht, verschoben oder umbenannt.</translation>
     </message>
     <message>
         <source>There is no file yet.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es gibt noch keine Datei.</translation>
     </message>
     <message>
         <source>Reading the file: %1%</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei wird gelesen: %1%</translation>
     </message>
     <message>
         <source>Only a finished download can be verified</source>
-        <translation type="unfinished"></translation>
+        <translation>Nur ein fertiger Download kann geprüft werden</translation>
     </message>
     <message>
         <source>The file is being read</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei wird gerade gelesen</translation>
     </message>
     <message>
         <source>Compare the file with the checksum kept when it was finished</source>
-        <translation type="unfinished"></translation>
+        <translation>Datei mit der beim Abschließen gespeicherten Prüfsumme vergleichen</translation>
     </message>
     <message>
         <source>Copy the checksum as a line that &quot;sha256sum -c&quot; reads</source>
-        <translation type="unfinished"></translation>
+        <translation>Prüfsumme als Zeile kopieren, die &quot;sha256sum -c&quot; liest</translation>
     </message>
     <message>
         <source>No checksum is kept yet</source>
-        <translation type="unfinished"></translation>
+        <translation>Noch keine Prüfsumme gespeichert</translation>
     </message>
     <message>
         <source>Open the folder with the file selected</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordner öffnen und Datei auswählen</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::TaskPageFrame</name>
     <message>
         <source>Open Playback</source>
-        <translation type="unfinished"></translation>
+        <translation>Wiedergabe öffnen</translation>
     </message>
     <message>
         <source>%1 of %2 checked</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 von %2 markiert</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::TaskTexts</name>
     <message>
         <source>%1(No longer exists)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (existiert nicht mehr)</translation>
     </message>
     <message>
         <source>Device does not exist</source>
-        <translation type="unfinished"></translation>
+        <translation>Gerät existiert nicht</translation>
     </message>
     <message>
         <source>Login Dev Failed</source>
-        <translation type="unfinished"></translation>
+        <translation>Anmeldung am Gerät fehlgeschlagen</translation>
     </message>
     <message>
         <source>Connect Failed</source>
-        <translation type="unfinished"></translation>
+        <translation>Verbindung fehlgeschlagen</translation>
     </message>
     <message>
         <source>Download Abnormal</source>
-        <translation type="unfinished"></translation>
+        <translation>Download gestört</translation>
     </message>
     <message>
         <source>Invalid File</source>
-        <translation type="unfinished"></translation>
+        <translation>Ungültige Datei</translation>
     </message>
     <message>
         <source>Get Url Failed</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Adresse erhalten</translation>
     </message>
     <message>
         <source>The recorder refused the login.</source>
@@ -7373,19 +7374,19 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>The download broke off. What arrived is kept.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Download ist abgebrochen. Was ankam, bleibt erhalten.</translation>
     </message>
     <message>
         <source>The file was gone when the download ended.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei war beim Ende des Downloads verschwunden.</translation>
     </message>
     <message>
         <source>The recorder gave no address to replay the recording from.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Rekorder nannte keine Adresse zur Wiedergabe der Aufnahme.</translation>
     </message>
     <message>
         <source>less than a minute</source>
-        <translation type="unfinished"></translation>
+        <translation>weniger als eine Minute</translation>
     </message>
     <message>
         <source>%1 min</source>
@@ -7397,226 +7398,226 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>%1 MB/s</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 MB/s</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::TasksTableCommonOper</name>
     <message>
         <source>Do you want to delete download task:%1(%2)?</source>
-        <translation type="unfinished"></translation>
+        <translation>Download-Auftrag löschen: %1 (%2)?</translation>
     </message>
 </context>
 <context>
     <name>vemo_worker</name>
     <message>
         <source>There is no user %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es gibt keinen Benutzer %1.</translation>
     </message>
     <message>
         <source>The password can&apos;t be worked on: the system has not enough free memory.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Passwort kann nicht verarbeitet werden: Das System hat nicht genug freien Arbeitsspeicher.</translation>
     </message>
 </context>
 <context>
     <name>vemo_worker::ClientSecretKey</name>
     <message>
         <source>The system gives no random numbers.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das System liefert keine Zufallszahlen.</translation>
     </message>
     <message>
         <source>The key file %1 can&apos;t be written.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Schlüsseldatei %1 kann nicht geschrieben werden.</translation>
     </message>
     <message>
         <source>The key file %1 can&apos;t be read: %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Schlüsseldatei %1 kann nicht gelesen werden: %2.</translation>
     </message>
     <message>
         <source>The stored passwords are locked; set VEMO_SECRETS_PASSWORD.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die gespeicherten Passwörter sind gesperrt; setzen Sie VEMO_SECRETS_PASSWORD.</translation>
     </message>
     <message>
         <source>VEMO_SECRETS_PASSWORD is not the password of the stored passwords.</source>
-        <translation type="unfinished"></translation>
+        <translation>VEMO_SECRETS_PASSWORD ist nicht das Passwort der gespeicherten Passwörter.</translation>
     </message>
     <message>
         <source>The key file %1 is damaged.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Schlüsseldatei %1 ist beschädigt.</translation>
     </message>
 </context>
 <context>
     <name>vemo_worker::DictDef</name>
     <message>
         <source>Alert</source>
-        <translation type="unfinished"></translation>
+        <translation>Alarm</translation>
     </message>
     <message>
         <source>Prompt</source>
-        <translation type="unfinished"></translation>
+        <translation>Hinweis</translation>
     </message>
     <message>
         <source>Warning</source>
-        <translation type="unfinished"></translation>
+        <translation>Warnung</translation>
     </message>
 </context>
 <context>
     <name>vemo_worker::FolderCheck</name>
     <message>
         <source>The disk or network place does not answer. Choose another folder or connect it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Datenträger oder Netzwerkort antwortet nicht. Wählen Sie einen anderen Ordner, oder schließen Sie ihn an.</translation>
     </message>
     <message>
         <source>Give the whole path of a folder.</source>
-        <translation type="unfinished"></translation>
+        <translation>Geben Sie den vollständigen Pfad eines Ordners an.</translation>
     </message>
     <message>
         <source>This is a file. Choose a folder.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dies ist eine Datei. Wählen Sie einen Ordner.</translation>
     </message>
     <message>
         <source>The disk is read-only. Choose another folder.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Datenträger ist schreibgeschützt. Wählen Sie einen anderen Ordner.</translation>
     </message>
     <message>
         <source>Files can&apos;t be made in this folder. Choose another one or have its access rights changed.</source>
-        <translation type="unfinished"></translation>
+        <translation>In diesem Ordner können keine Dateien angelegt werden. Wählen Sie einen anderen, oder lassen Sie seine Zugriffsrechte ändern.</translation>
     </message>
     <message>
         <source>Less than 1 GB is free on this disk. Make room or choose another folder.</source>
-        <translation type="unfinished"></translation>
+        <translation>Auf diesem Datenträger ist weniger als 1 GB frei. Schaffen Sie Platz, oder wählen Sie einen anderen Ordner.</translation>
     </message>
     <message>
         <source>Writing a file in this folder failed: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Schreiben einer Datei in diesem Ordner ist fehlgeschlagen: %1</translation>
     </message>
     <message>
         <source>Less than 10 GB is free on this disk.</source>
-        <translation type="unfinished"></translation>
+        <translation>Auf diesem Datenträger sind weniger als 10 GB frei.</translation>
     </message>
     <message>
         <source>Writing here is slow: %1 MB/s. Downloads may have to wait for this disk.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Schreiben ist hier langsam: %1 MB/s. Downloads müssen womöglich auf diesen Datenträger warten.</translation>
     </message>
     <message>
         <source>The network place can&apos;t be reached. Choose another folder or connect it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Netzwerkort ist nicht erreichbar. Wählen Sie einen anderen Ordner, oder stellen Sie die Verbindung her.</translation>
     </message>
     <message>
         <source>Drive %1 is not connected. Choose another folder or connect the drive.</source>
-        <translation type="unfinished"></translation>
+        <translation>Laufwerk %1 ist nicht angeschlossen. Wählen Sie einen anderen Ordner, oder schließen Sie das Laufwerk an.</translation>
     </message>
     <message>
         <source>The disk of this folder is not connected. Choose another folder or connect the disk.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Datenträger dieses Ordners ist nicht angeschlossen. Wählen Sie einen anderen Ordner, oder schließen Sie ihn an.</translation>
     </message>
     <message>
         <source>This folder is not there yet.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieser Ordner ist noch nicht vorhanden.</translation>
     </message>
     <message>
         <source>%1 is a file. Choose a folder.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ist eine Datei. Wählen Sie einen Ordner.</translation>
     </message>
 </context>
 <context>
     <name>vemo_worker::SealedFile</name>
     <message>
         <source>The file %1 is damaged.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei %1 ist beschädigt.</translation>
     </message>
 </context>
 <context>
     <name>vemo_worker::UserRules</name>
     <message>
         <source>The user name is missing.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Benutzername fehlt.</translation>
     </message>
     <message>
         <source>The user name is longer than %1 characters.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Benutzername ist länger als %1 Zeichen.</translation>
     </message>
     <message>
         <source>The user name has a character that can&apos;t be seen.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Benutzername enthält ein unsichtbares Zeichen.</translation>
     </message>
     <message>
         <source>The password of an administrator has %1 characters or more.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Passwort eines Administrators hat mindestens %1 Zeichen.</translation>
     </message>
     <message>
         <source>The password has %1 characters or more.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Passwort hat mindestens %1 Zeichen.</translation>
     </message>
     <message>
         <source>The password is longer than %1 characters.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Passwort ist länger als %1 Zeichen.</translation>
     </message>
     <message>
         <source>The password is the user name; choose another one.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Passwort ist der Benutzername; wählen Sie ein anderes.</translation>
     </message>
     <message>
         <source>The password is too easy to guess. Mix letters with digits or signs.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Passwort ist zu leicht zu erraten. Mischen Sie Buchstaben mit Ziffern oder Zeichen.</translation>
     </message>
 </context>
 <context>
     <name>vemo_worker::UserStore</name>
     <message>
         <source>The file %1 is of another version.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei %1 hat eine andere Version.</translation>
     </message>
     <message>
         <source>The file %1 can&apos;t be written; nothing was changed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei %1 kann nicht geschrieben werden; es wurde nichts geändert.</translation>
     </message>
     <message>
         <source>There is a user %1 already.</source>
-        <translation type="unfinished"></translation>
+        <translation>Einen Benutzer %1 gibt es bereits.</translation>
     </message>
     <message>
         <source>The first user has to be an administrator.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der erste Benutzer muss Administrator sein.</translation>
     </message>
     <message>
         <source>The accounts can&apos;t be opened.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Konten lassen sich nicht öffnen.</translation>
     </message>
     <message>
         <source>There are %1 users already, which is the limit.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es gibt bereits %1 Benutzer, mehr sind nicht möglich.</translation>
     </message>
     <message>
         <source>The account is locked after too many wrong passwords. Try again later.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Konto ist nach zu vielen falschen Passwörtern gesperrt. Versuchen Sie es später erneut.</translation>
     </message>
     <message>
         <source>The current password is wrong.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das aktuelle Passwort ist falsch.</translation>
     </message>
     <message>
         <source>%1 is the only administrator; make another one first.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ist der einzige Administrator; bestimmen Sie zuerst einen anderen.</translation>
     </message>
     <message>
         <source>%1 is the only administrator and stays enabled; make another one first.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ist der einzige Administrator und bleibt aktiviert; bestimmen Sie zuerst einen anderen.</translation>
     </message>
     <message>
         <source>%1 is the only administrator and can&apos;t be removed.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ist der einzige Administrator und kann nicht entfernt werden.</translation>
     </message>
 </context>
 <context>
     <name>vms_sdk::DeviceSession</name>
     <message>
         <source>The device at %1 cannot be reached: %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät unter %1 ist nicht erreichbar: %2.</translation>
     </message>
     <message>
         <source>The device at %1 cannot be reached: no connection within %2 s.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät unter %1 ist nicht erreichbar: keine Verbindung innerhalb von %2 s.</translation>
     </message>
     <message>
         <source>Channel %1</source>
@@ -7624,34 +7625,34 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>The device&apos;s address must begin with http, https, rtsp or rtsps.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Adresse des Geräts muss mit http, https, rtsp oder rtsps beginnen.</translation>
     </message>
     <message>
         <source>The device has no channel %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät hat keinen Kanal %1.</translation>
     </message>
     <message>
         <source>The device offers no replay of channel %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät bietet keine Wiedergabe von Kanal %1.</translation>
     </message>
     <message>
         <source>The device gives no replay address for the recording.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät nennt keine Wiedergabeadresse für die Aufnahme.</translation>
     </message>
     <message>
         <source>The device offers no live video of channel %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät bietet kein Live-Video von Kanal %1.</translation>
     </message>
     <message>
         <source>The device was logged out.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät wurde abgemeldet.</translation>
     </message>
 </context>
 <context>
     <name>vms_sdk::DiscoveryJob</name>
     <message>
         <source>This computer is connected to no network.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieser Computer ist mit keinem Netzwerk verbunden.</translation>
     </message>
 </context>
 <context>
@@ -7665,439 +7666,439 @@ Opens the folder of downloads: %2</source>
     <name>vms_sdk::SdkCore</name>
     <message>
         <source>The end of the time span lies before its begin.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Ende des Zeitraums liegt vor seinem Beginn.</translation>
     </message>
 </context>
 <context>
     <name>vms_sdk::SearchJob</name>
     <message>
         <source>The device has no channel %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät hat keinen Kanal %1.</translation>
     </message>
     <message>
         <source>The device offers no search of recordings.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät bietet keine Suche nach Aufnahmen.</translation>
     </message>
     <message>
         <source>The device was logged out.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät wurde abgemeldet.</translation>
     </message>
     <message>
         <source>The device does not get on with its search.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät kommt mit seiner Suche nicht voran.</translation>
     </message>
     <message>
         <source>The device&apos;s answer cannot be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Antwort des Geräts ist nicht lesbar.</translation>
     </message>
     <message>
         <source>The device tells of more than %1 events in this time; search a shorter one.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät nennt mehr als %1 Ereignisse in dieser Zeit; durchsuchen Sie eine kürzere.</translation>
     </message>
     <message>
         <source>The device tells of more than %1 recordings in this time; search a shorter one.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät nennt mehr als %1 Aufnahmen in dieser Zeit; durchsuchen Sie eine kürzere.</translation>
     </message>
     <message>
         <source>The search was cancelled.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Suche wurde abgebrochen.</translation>
     </message>
 </context>
 <context>
     <name>vms_sdk::SearchRequests</name>
     <message>
         <source>The search was not answered within %1 s.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Suche wurde nicht innerhalb von %1 s beantwortet.</translation>
     </message>
 </context>
 <context>
     <name>vms_sdk::SoapWorker</name>
     <message>
         <source>The device is not known.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät ist nicht bekannt.</translation>
     </message>
 </context>
 <context>
     <name>vms_sdk::StreamRegistry</name>
     <message>
         <source>The recording&apos;s name is not one that a search gave.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Name der Aufnahme stammt nicht aus einer Suche.</translation>
     </message>
     <message>
         <source>The recording ends before the place to play from.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Aufnahme endet vor der Stelle, ab der abgespielt werden soll.</translation>
     </message>
     <message>
         <source>The time to play from is not a time.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Zeit, ab der abgespielt werden soll, ist keine Zeit.</translation>
     </message>
     <message>
         <source>The end of the time span lies before its begin.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Ende des Zeitraums liegt vor seinem Beginn.</translation>
     </message>
     <message>
         <source>The device was logged out.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät wurde abgemeldet.</translation>
     </message>
 </context>
 <context>
     <name>vms_sdk::onvif::HttpAnswerReader</name>
     <message>
         <source>The device closed the connection in the middle of its answer.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät hat die Verbindung mitten in seiner Antwort geschlossen.</translation>
     </message>
     <message>
         <source>The device&apos;s answer has a line longer than %1 bytes.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Antwort des Geräts hat eine Zeile von mehr als %1 Byte.</translation>
     </message>
     <message>
         <source>The device&apos;s answer cannot be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Antwort des Geräts ist nicht lesbar.</translation>
     </message>
     <message>
         <source>The device&apos;s answer has more than %1 headers.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Antwort des Geräts hat mehr als %1 Kopfzeilen.</translation>
     </message>
     <message>
         <source>The device does not answer in HTTP.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät antwortet nicht in HTTP.</translation>
     </message>
     <message>
         <source>The device&apos;s answer is larger than %1 bytes.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Antwort des Geräts ist größer als %1 Byte.</translation>
     </message>
 </context>
 <context>
     <name>vms_sdk::onvif::HttpConnection</name>
     <message>
         <source>The device at %1 is not trusted: %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dem Gerät unter %1 wird nicht vertraut: %2.</translation>
     </message>
     <message>
         <source>The connection to %1 broke off.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Verbindung zu %1 ist abgebrochen.</translation>
     </message>
     <message>
         <source>No secure connection to %1: %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine sichere Verbindung zu %1: %2.</translation>
     </message>
     <message>
         <source>The device at %1 cannot be reached: %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät unter %1 ist nicht erreichbar: %2.</translation>
     </message>
     <message>
         <source>The device at %1 did not answer within %2 s.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät unter %1 hat nicht innerhalb von %2 s geantwortet.</translation>
     </message>
     <message>
         <source>The device at %1 cannot be reached: no connection within %2 s.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät unter %1 ist nicht erreichbar: keine Verbindung innerhalb von %2 s.</translation>
     </message>
 </context>
 <context>
     <name>vms_sdk::onvif::SoapAnswer</name>
     <message>
         <source>The device refuses the user name or password.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät lehnt Benutzername oder Passwort ab.</translation>
     </message>
     <message>
         <source>The device has locked the account.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät hat das Konto gesperrt.</translation>
     </message>
     <message>
         <source>The device has not been activated yet.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät wurde noch nicht aktiviert.</translation>
     </message>
     <message>
         <source>The device does not support what was asked.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät unterstützt die Anfrage nicht.</translation>
     </message>
     <message>
         <source>The device has reached a limit of its own.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät hat eine eigene Grenze erreicht.</translation>
     </message>
     <message>
         <source>The device does not know what was asked for.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät kennt das Angefragte nicht.</translation>
     </message>
     <message>
         <source>The device refuses the request.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät lehnt die Anfrage ab.</translation>
     </message>
     <message>
         <source>The device refuses the request: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät lehnt die Anfrage ab: %1</translation>
     </message>
     <message>
         <source>The device&apos;s answer cannot be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Antwort des Geräts ist nicht lesbar.</translation>
     </message>
 </context>
 <context>
     <name>vms_sdk::onvif::SoapClient</name>
     <message>
         <source>The device redirects more than %1 times.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät leitet mehr als %1-mal um.</translation>
     </message>
     <message>
         <source>The device redirects to an address that cannot be used.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät leitet auf eine Adresse um, die nicht verwendbar ist.</translation>
     </message>
     <message>
         <source>The device redirects to another host (%1), where the login is not sent.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät leitet auf einen anderen Host (%1) um, an den die Anmeldung nicht gesendet wird.</translation>
     </message>
     <message>
         <source>The device redirects from a secure to an open connection, where the login is not sent.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät leitet von einer sicheren auf eine offene Verbindung um, über die die Anmeldung nicht gesendet wird.</translation>
     </message>
     <message>
         <source>The device refuses the user name or password.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät lehnt Benutzername oder Passwort ab.</translation>
     </message>
     <message>
         <source>The device still asks for the login after %1 rounds.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät verlangt nach %1 Runden immer noch die Anmeldung.</translation>
     </message>
     <message>
         <source>The device wants the password in clear, which is not sent on an open connection.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät verlangt das Passwort im Klartext, das über eine offene Verbindung nicht gesendet wird.</translation>
     </message>
     <message>
         <source>The device offers no way of login that can be used.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät bietet kein verwendbares Anmeldeverfahren.</translation>
     </message>
     <message>
         <source>There is no ONVIF service at this address.</source>
-        <translation type="unfinished"></translation>
+        <translation>Unter dieser Adresse gibt es keinen ONVIF-Dienst.</translation>
     </message>
     <message>
         <source>The device has locked the account.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät hat das Konto gesperrt.</translation>
     </message>
     <message>
         <source>The device is busy or has reached a limit of its own.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät ist beschäftigt oder hat eine eigene Grenze erreicht.</translation>
     </message>
     <message>
         <source>The device refuses the request (HTTP %1).</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät lehnt die Anfrage ab (HTTP %1).</translation>
     </message>
 </context>
 <context>
     <name>vms_sdk::onvif::TlsCheck</name>
     <message>
         <source>its key is not the one that was accepted before</source>
-        <translation type="unfinished"></translation>
+        <translation>sein Schlüssel ist nicht der zuvor akzeptierte</translation>
     </message>
     <message>
         <source>it shows no certificate</source>
-        <translation type="unfinished"></translation>
+        <translation>es zeigt kein Zertifikat</translation>
     </message>
 </context>
 <context>
     <name>vms_sdk::onvif::XmlGuard</name>
     <message>
         <source>The device&apos;s answer is larger than %1 bytes.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Antwort des Geräts ist größer als %1 Byte.</translation>
     </message>
     <message>
         <source>The device&apos;s answer is not UTF-8 text.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Antwort des Geräts ist kein UTF-8-Text.</translation>
     </message>
     <message>
         <source>The device&apos;s answer contains a document type definition.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Antwort des Geräts enthält eine Dokumenttypdefinition.</translation>
     </message>
     <message>
         <source>The device&apos;s answer ends in the middle of its markup.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Antwort des Geräts endet mitten in einer Auszeichnung.</translation>
     </message>
     <message>
         <source>The device&apos;s answer has more than %1 elements.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Antwort des Geräts hat mehr als %1 Elemente.</translation>
     </message>
     <message>
         <source>The device&apos;s answer has a tag longer than %1 bytes.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Antwort des Geräts hat ein Tag von mehr als %1 Byte.</translation>
     </message>
     <message>
         <source>The device&apos;s answer has an element with more than %1 attributes.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Antwort des Geräts hat ein Element mit mehr als %1 Attributen.</translation>
     </message>
     <message>
         <source>The device&apos;s answer is nested deeper than %1 elements.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Antwort des Geräts ist tiefer als %1 Elemente verschachtelt.</translation>
     </message>
 </context>
 <context>
     <name>vms_sdk::rtsp::RtspConnection</name>
     <message>
         <source>%1 did not answer when a connection was tried.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 hat auf den Verbindungsversuch nicht geantwortet.</translation>
     </message>
     <message>
         <source>The key of the recorder&apos;s certificate has changed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Schlüssel im Zertifikat des Rekorders hat sich geändert.</translation>
     </message>
     <message>
         <source>The certificate of %1 is not trusted: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Dem Zertifikat von %1 wird nicht vertraut: %2</translation>
     </message>
     <message>
         <source>%1 asks without reading the answers, beyond the limit of %2 bytes.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 fragt über die Grenze von %2 Byte hinaus, ohne die Antworten zu lesen.</translation>
     </message>
     <message>
         <source>%1 closed the connection.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 hat die Verbindung geschlossen.</translation>
     </message>
     <message>
         <source>%1 refused the connection.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 hat die Verbindung abgelehnt.</translation>
     </message>
     <message>
         <source>There is no host named %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es gibt keinen Host namens %1.</translation>
     </message>
     <message>
         <source>No secure connection to %1 is possible; it needs TLS 1.2 or newer.</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine sichere Verbindung zu %1 möglich; sie braucht TLS 1.2 oder neuer.</translation>
     </message>
     <message>
         <source>%1 ended the attempt of a secure connection.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 hat den Versuch einer sicheren Verbindung beendet.</translation>
     </message>
     <message>
         <source>%1 cannot be reached.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ist nicht erreichbar.</translation>
     </message>
     <message>
         <source>a line longer than the limit of %1 bytes</source>
-        <translation type="unfinished"></translation>
+        <translation>eine Zeile über der Grenze von %1 Byte</translation>
     </message>
     <message>
         <source>an answer beyond the limit of %1 headers</source>
-        <translation type="unfinished"></translation>
+        <translation>eine Antwort über der Grenze von %1 Kopfzeilen</translation>
     </message>
     <message>
         <source>an answer beyond the limit of %1 bytes</source>
-        <translation type="unfinished"></translation>
+        <translation>eine Antwort über der Grenze von %1 Byte</translation>
     </message>
     <message>
         <source>an answer whose length is no number</source>
-        <translation type="unfinished"></translation>
+        <translation>eine Antwort, deren Länge keine Zahl ist</translation>
     </message>
     <message>
         <source>something that is no RTSP</source>
-        <translation type="unfinished"></translation>
+        <translation>etwas, das kein RTSP ist</translation>
     </message>
     <message>
         <source>%1 sent %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 hat gesendet: %2.</translation>
     </message>
 </context>
 <context>
     <name>vms_sdk::rtsp::StreamClient</name>
     <message>
         <source>%1 does not know the requested recording or channel.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 kennt die angeforderte Aufnahme oder den Kanal nicht.</translation>
     </message>
     <message>
         <source>%1 has nothing recorded for the requested time.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 hat für die angeforderte Zeit nichts aufgezeichnet.</translation>
     </message>
     <message>
         <source>%1 has not enough bandwidth for a further stream.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 hat nicht genug Bandbreite für eine weitere Übertragung.</translation>
     </message>
     <message>
         <source>%1 has reached its limit of connections.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 hat seine Verbindungsgrenze erreicht.</translation>
     </message>
     <message>
         <source>%1 does not send over TCP.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 sendet nicht über TCP.</translation>
     </message>
     <message>
         <source>%1 refused the request: %2 %3</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 hat die Anfrage abgelehnt: %2 %3</translation>
     </message>
     <message>
         <source>%1 wants a login, and there is none for it.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 verlangt eine Anmeldung, und es gibt keine dafür.</translation>
     </message>
     <message>
         <source>%1 refused user name or password.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 hat Benutzername oder Passwort abgelehnt.</translation>
     </message>
     <message>
         <source>%1 refused the login after the limit of %2 rounds.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 hat die Anmeldung nach der Grenze von %2 Runden abgelehnt.</translation>
     </message>
     <message>
         <source>%1 wants the password in clear text over a connection that is not secure.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 verlangt das Passwort im Klartext über eine unsichere Verbindung.</translation>
     </message>
     <message>
         <source>%1 offers no way to log in that is known or as safe as before.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 bietet kein Anmeldeverfahren, das bekannt oder so sicher wie zuvor ist.</translation>
     </message>
     <message>
         <source>The stream&apos;s address is none of RTSP.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Adresse der Übertragung ist keine RTSP-Adresse.</translation>
     </message>
     <message>
         <source>%1 has stopped sending.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 sendet nicht mehr.</translation>
     </message>
     <message>
         <source>%1 did not answer within %2 s.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 hat nicht innerhalb von %2 s geantwortet.</translation>
     </message>
     <message>
         <source>a picture beyond the limit of %1 MiB</source>
-        <translation type="unfinished"></translation>
+        <translation>ein Bild über der Grenze von %1 MiB</translation>
     </message>
     <message>
         <source>a picture beyond the limit of %1 NAL units</source>
-        <translation type="unfinished"></translation>
+        <translation>ein Bild über der Grenze von %1 NAL-Einheiten</translation>
     </message>
     <message>
         <source>%1 sent %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 hat gesendet: %2.</translation>
     </message>
     <message>
         <source>%1 has ended the live video.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 hat das Live-Video beendet.</translation>
     </message>
     <message>
         <source>%1 does not know the session any more.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 kennt die Sitzung nicht mehr.</translation>
     </message>
     <message>
         <source>%1 points to an address that is none of RTSP.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 verweist auf eine Adresse, die keine RTSP-Adresse ist.</translation>
     </message>
     <message>
         <source>%1 redirects beyond the limit of %2 times.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 leitet über die Grenze von %2-mal hinaus um.</translation>
     </message>
     <message>
         <source>%1 redirects from a secure to an open connection.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 leitet von einer sicheren auf eine offene Verbindung um.</translation>
     </message>
     <message>
         <source>%1 sent no readable description of the stream.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 hat keine lesbare Beschreibung der Übertragung gesendet.</translation>
     </message>
     <message>
         <source>%1 sends nothing that can be received: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 sendet nichts, was empfangen werden kann: %2</translation>
     </message>
     <message>
         <source>%1 moved the stream elsewhere.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 hat die Übertragung verlegt.</translation>
     </message>
 </context>
 </TS>
