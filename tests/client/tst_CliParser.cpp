@@ -118,6 +118,8 @@ void tst_CliParser::refusesWhatMakesNoSense_data()
     const QString program = QStringLiteral("vemo_client");
     QTest::newRow("unknown verb") << QStringList{program, QStringLiteral("upload")}
                                   << QStringLiteral("\"upload\" is not a verb");
+    QTest::newRow("unknown log level") << QStringList{program, QStringLiteral("--log-level"), QStringLiteral("loud")}
+                                       << QStringLiteral("debug, info, warning or error");
     QTest::newRow("unknown theme") << QStringList{program, QStringLiteral("--theme"), QStringLiteral("pink")}
                                    << QStringLiteral("dark or light");
     QTest::newRow("one argument too many")
