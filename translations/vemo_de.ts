@@ -835,7 +835,8 @@ Actions:
   export  copies the finished files of a day, with their checksums
 run ends with 8 when a task failed or stayed incomplete in it.
 </source>
-        <translation>Plant Sicherungen, einen Auftrag je Kanal und Tag, und arbeitet sie ab, während kein Fenster des Datenordners offen ist.
+        <translation>Plant Sicherungen, einen Auftrag je Kanal und Tag, und arbeitet sie ab, während kein Fenster des
+Datenordners offen ist.
 
 Aktionen:
   list    nennt die Aufträge und wie viel von dem, was der Rekorder hat, gesichert ist
@@ -886,10 +887,11 @@ Aktionen, nach &quot;recordings&quot; oder &quot;snapshots&quot;:
   save-as  kopiert Dateien in einen Ordner, benannt nach Kanal und Zeit
   delete   löscht Dateien, in den Papierkorb, wo es einen gibt, und vergisst sie
   rescan   findet, was ohne den Client hinzukam oder entfernt wurde, beider Arten
-list --json gibt ein Objekt je Zeile aus: path, channel, begin und end (bei Einzelbildern: captured),
-bytes, ok; wo ok false ist, nennt problem den Grund; guessed ist true bei einem Zeitraum, den die
-Datei nicht nennt. Bei delete und rescan muss das Fenster des Datenordners geschlossen sein. Der
-Exit-Code ist 8, wenn eine Datei nicht gespeichert oder gelöscht oder ein Ordner nicht durchsucht werden konnte.
+list --json gibt ein Objekt je Zeile aus: path, channel, begin und end (eines Einzelbilds:
+captured), bytes, ok; wo ok false ist, nennt problem den Grund; guessed ist true bei einem
+Zeitraum, den die Datei nicht nennt. Bei delete und rescan muss das Fenster des Datenordners
+geschlossen sein. Der Exit-Code ist 8, wenn eine Datei nicht gespeichert oder gelöscht oder ein
+Ordner nicht durchsucht werden konnte.
 </translation>
     </message>
     <message>
@@ -936,19 +938,19 @@ run ends with 8 when a task failed or came out incomplete in it. Passwords are k
 desktop&apos;s keyring, or in an encrypted file; VEMO_SECRETS_PASSWORD puts a password on that file,
 VEMO_KEYRING=off leaves the keyring alone.
 </source>
-        <translation>Bearbeitet die gespeicherten Downloads eines Datenordners, während kein Fenster davon offen ist.
+        <translation>Bearbeitet gespeicherte Downloads eines Datenordners, während kein Fenster davon offen ist.
 
 Aktionen:
   list    nennt jeden Auftrag
-  add     speichert einen Download eines Zeitraums oder einer Aufnahme, je Kanal einen
+  add     speichert je Kanal einen Download eines Zeitraums oder einer Aufnahme
   pause   hält wartende Aufträge vom Start ab
   resume  lässt pausierte Aufträge wieder warten
   cancel  verwirft wartende und pausierte Aufträge
   retry   lässt fehlgeschlagene Aufträge wieder warten
   clear   nimmt fertige und fehlgeschlagene Aufträge aus der Liste; Dateien bleiben
   run     arbeitet die wartenden Aufträge ab, fünf zugleich, und endet, wenn keiner übrig ist
-run endet mit 8, wenn darin ein Auftrag fehlschlug oder unvollständig blieb. Passwörter liegen im
-Schlüsselbund der Arbeitsumgebung oder in einer verschlüsselten Datei; VEMO_SECRETS_PASSWORD
+run endet mit 8, wenn darin ein Auftrag fehlschlug oder unvollständig blieb. Passwörter liegen
+im Schlüsselbund der Arbeitsumgebung oder in einer verschlüsselten Datei; VEMO_SECRETS_PASSWORD
 schützt diese Datei mit einem Passwort, VEMO_KEYRING=off lässt den Schlüsselbund außen vor.
 </translation>
     </message>
@@ -1196,15 +1198,17 @@ Actions, after &quot;user&quot;:
   password  sets a new password, which is the way back in for one that was forgotten
   remove    removes a user
 </source>
-        <translation>Verwaltet die Benutzer, die sich am Fenster anmelden dürfen, für den Besitzer des Datenordners im
-Betriebssystem; wie bei jedem Befehl wird keine Anmeldung verlangt. Für Änderungen muss das Fenster zu sein.
+        <translation>Verwaltet die Benutzer, die sich am Fenster anmelden dürfen, für den Besitzer des Datenordners
+im Betriebssystem; wie bei jedem Befehl wird keine Anmeldung verlangt. Für Änderungen muss das
+Fenster geschlossen sein.
 
 Aktionen, nach &quot;user&quot;:
-  add       fügt einen Benutzer hinzu; der erste muss Administrator sein. Konten, die sich nicht mehr
-            öffnen lassen, werden unter anderem Namen aufbewahrt, und der neue Administrator fängt neu an
+  add       fügt einen Benutzer hinzu; der erste muss Administrator sein. Konten, die sich nicht
+            mehr öffnen lassen, werden unter anderem Namen aufbewahrt, und der neue Administrator
+            fängt neu an
   list      nennt die Benutzer und was sie dürfen; mit --json ein Objekt je Zeile: name,
             administrator, powers, enabled, last_login
-  password  setzt ein neues Passwort, der Rückweg, wenn eines vergessen wurde
+  password  setzt ein neues Passwort; so geht es weiter, wenn eines vergessen wurde
   remove    entfernt einen Benutzer
 </translation>
     </message>
@@ -1592,7 +1596,7 @@ vemo_client user add --name NAME --password-file FILE --administrator</translati
     <name>vemo_client::CertificateWords</name>
     <message>
         <source>itself</source>
-        <translation>sich selbst</translation>
+        <translation>ihm selbst</translation>
     </message>
     <message>
         <source>Issued for</source>
@@ -1600,7 +1604,7 @@ vemo_client user add --name NAME --password-file FILE --administrator</translati
     </message>
     <message>
         <source>nobody that it names</source>
-        <translation>niemanden, den es nennt</translation>
+        <translation>keine Angabe</translation>
     </message>
     <message>
         <source>Names</source>
@@ -1975,9 +1979,9 @@ Their options: vemo_client &lt;verb&gt; --help
 Befehle:
   search    listet die Aufnahmen eines Kanals in einem Zeitraum auf
   download  lädt einen Zeitraum als MP4 herunter
-  queue     bearbeitet die gespeicherten Downloads, während kein Fenster offen ist
-  backup    plant Sicherungen ganzer Tage und arbeitet sie ab, während kein Fenster offen ist
-  local     listet, speichert und löscht die Aufnahmen und Einzelbilder auf diesem Computer
+  queue     bearbeitet die gespeicherten Downloads ohne offenes Fenster
+  backup    plant Sicherungen ganzer Tage, arbeitet sie ohne offenes Fenster ab
+  local     listet, speichert und löscht Aufnahmen und Einzelbilder auf diesem Computer
   user      legt an und listet, wer sich am Fenster anmelden darf, und setzt Passwörter
 Ihre Optionen: vemo_client &lt;verb&gt; --help
 </translation>
@@ -2515,11 +2519,11 @@ Ein Rekorder in einem anderen Netzwerk hört die Anfrage nicht: Fügen Sie ihn �
     </message>
     <message>
         <source>No span is marked</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Zeitraum markiert</translation>
     </message>
     <message>
         <source>Drag on the time line to mark a span, or check recordings in the list</source>
-        <translation type="unfinished"></translation>
+        <translation>Auf der Zeitachse ziehen, um einen Zeitraum zu markieren, oder Aufnahmen in der Liste markieren</translation>
     </message>
 </context>
 <context>
@@ -3166,7 +3170,7 @@ sicher auf Ihren eigenen Datenträgern.</translation>
     <name>vemo_client::LogWords</name>
     <message>
         <source>Download</source>
-        <translation>Herunterladen</translation>
+        <translation>Download</translation>
     </message>
     <message>
         <source>Recording deleted</source>
@@ -3288,7 +3292,7 @@ sicher auf Ihren eigenen Datenträgern.</translation>
     </message>
     <message>
         <source>Connecting</source>
-        <translation>Verbinden</translation>
+        <translation>Verbindet</translation>
     </message>
     <message>
         <source>The password is wanted</source>
@@ -4729,7 +4733,7 @@ Neuer Versuch...</translation>
     </message>
     <message>
         <source>Open Files Center</source>
-        <translation>Dateien öffnen</translation>
+        <translation>Seite Dateien öffnen</translation>
     </message>
     <message>
         <source>Folder</source>
@@ -6102,7 +6106,7 @@ Opens the folder of downloads: %2</source>
     <name>vemo_filesCenter::DownloadStateWt</name>
     <message>
         <source>pause</source>
-        <translation>Pause</translation>
+        <translation>Pausiert</translation>
     </message>
     <message>
         <source>waiting download...</source>
@@ -6136,7 +6140,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>pause</source>
-        <translation>Pause</translation>
+        <translation>Pausiert</translation>
     </message>
 </context>
 <context>
@@ -6325,7 +6329,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Batch Delete</source>
-        <translation>Markierte löschen</translation>
+        <translation>Markierte entfernen</translation>
     </message>
     <message>
         <source>clean the task</source>
@@ -6406,7 +6410,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Batch Delete</source>
-        <translation>Markierte löschen</translation>
+        <translation>Markierte entfernen</translation>
     </message>
     <message>
         <source>please check tasks to redownload</source>
@@ -7103,7 +7107,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Batch Delete</source>
-        <translation>Markierte löschen</translation>
+        <translation>Markierte entfernen</translation>
     </message>
     <message>
         <source>Download success,record source:%1, time range:%2, file size:%3</source>
