@@ -1596,7 +1596,7 @@ vemo_client user add --name NAME --password-file FILE --administrator</translati
     <name>vemo_client::CertificateWords</name>
     <message>
         <source>itself</source>
-        <translation>ihm selbst</translation>
+        <translation>sich selbst</translation>
     </message>
     <message>
         <source>Issued for</source>
@@ -2515,7 +2515,7 @@ Ein Rekorder in einem anderen Netzwerk hört die Anfrage nicht: Fügen Sie ihn �
     </message>
     <message>
         <source>Puts it into the download queue</source>
-        <translation>Stellt ihn in die Download-Warteschlange</translation>
+        <translation>Stellt die Auswahl in die Download-Warteschlange</translation>
     </message>
     <message>
         <source>No span is marked</source>
@@ -7454,7 +7454,7 @@ Opens the folder of downloads: %2</source>
     <name>vemo_worker::DictDef</name>
     <message>
         <source>Alert</source>
-        <translation>Alarm</translation>
+        <translation>Achtung</translation>
     </message>
     <message>
         <source>Prompt</source>
