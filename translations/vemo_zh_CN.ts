@@ -5,820 +5,821 @@
     <name>CopyFolder</name>
     <message>
         <source>%1 is not the folder any more that it was at the beginning.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1已不是开始时的那个文件夹。</translation>
     </message>
     <message>
         <source>The folder %1 can&apos;t be written to: %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法写入文件夹%1：%2。</translation>
     </message>
 </context>
 <context>
     <name>FileCopier</name>
     <message>
         <source>%1 can&apos;t be written: %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法写入%1：%2。</translation>
     </message>
     <message>
         <source>%1 can&apos;t be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法读取%1。</translation>
     </message>
     <message>
         <source>There is not enough room for %1: it needs %2 MB, %3 MB are free.</source>
-        <translation type="unfinished"></translation>
+        <translation>空间不足，无法保存%1：需要%2 MB，可用%3 MB。</translation>
     </message>
     <message>
         <source>%1 can&apos;t be copied to %2: %3.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法将%1复制到%2：%3。</translation>
     </message>
     <message>
         <source>%1 can&apos;t be read: %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法读取%1：%2。</translation>
     </message>
     <message>
         <source>%1 can&apos;t be read back: %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法回读%1：%2。</translation>
     </message>
     <message>
         <source>%1 did not come back from the disk as it was written.</source>
-        <translation type="unfinished"></translation>
+        <translation>从磁盘回读的%1与写入的内容不一致。</translation>
     </message>
     <message>
         <source>%1 changed while it was copied.</source>
-        <translation type="unfinished"></translation>
+        <translation>复制期间%1发生了变化。</translation>
     </message>
     <message>
         <source>%1 has %2 bytes instead of %3.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1的大小为%2字节，应为%3字节。</translation>
     </message>
     <message>
         <source>The folder of %1 was taken away or replaced while copying.</source>
-        <translation type="unfinished"></translation>
+        <translation>复制期间%1所在的文件夹被移走或替换。</translation>
     </message>
 </context>
 <context>
     <name>PlainFile</name>
     <message>
         <source>%1 can&apos;t be read: %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法读取%1：%2。</translation>
     </message>
     <message>
         <source>%1 is not there.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1不存在。</translation>
     </message>
     <message>
         <source>%1 is not a file.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1不是文件。</translation>
     </message>
 </context>
 <context>
     <name>QObject</name>
     <message>
         <source>Page %1</source>
-        <translation type="unfinished"></translation>
+        <translation>第%1页</translation>
     </message>
 </context>
 <context>
     <name>VCOMMON::FileChecksum</name>
     <message>
         <source>%1 can&apos;t be read: %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法读取%1：%2。</translation>
     </message>
     <message>
         <source>SHA-256 is not available.</source>
-        <translation type="unfinished"></translation>
+        <translation>SHA-256不可用。</translation>
     </message>
 </context>
 <context>
     <name>VCOMMON::LocalFolderScan</name>
     <message>
         <source>The folder %1 is not there or can&apos;t be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>文件夹%1不存在或无法读取。</translation>
     </message>
     <message>
         <source>The folder %1 has more than %2 files; the rest was left out.</source>
-        <translation type="unfinished"></translation>
+        <translation>文件夹%1中的文件超过%2个，其余文件已略过。</translation>
     </message>
     <message>
         <source>Another disk lies at %1; the files known there are kept in the list.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1处现在是另一块磁盘；该处已知的文件仍保留在列表中。</translation>
     </message>
 </context>
 <context>
     <name>VCOMMON::RecordingFile</name>
     <message>
         <source>The file is empty.</source>
-        <translation type="unfinished"></translation>
+        <translation>文件为空。</translation>
     </message>
     <message>
         <source>This is no MP4 file.</source>
-        <translation type="unfinished"></translation>
+        <translation>这不是MP4文件。</translation>
     </message>
     <message>
         <source>The file was not finished; what there is of it can be played.</source>
-        <translation type="unfinished"></translation>
+        <translation>文件未写完，已有部分可以播放。</translation>
     </message>
     <message>
         <source>The file is cut off: %1 of at least %2 bytes are there.</source>
-        <translation type="unfinished"></translation>
+        <translation>文件被截断：应至少有%2字节，现有%1字节。</translation>
     </message>
     <message>
         <source>The index of the file is missing: it was not finished, or its end is damaged.</source>
-        <translation type="unfinished"></translation>
+        <translation>文件缺少索引：文件未写完，或末尾已损坏。</translation>
     </message>
     <message>
         <source>The file holds no pictures.</source>
-        <translation type="unfinished"></translation>
+        <translation>文件中没有画面。</translation>
     </message>
     <message>
         <source>The file can&apos;t be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法读取文件。</translation>
     </message>
     <message>
         <source>The file is not there.</source>
-        <translation type="unfinished"></translation>
+        <translation>文件不存在。</translation>
     </message>
 </context>
 <context>
     <name>VCOMMON::SnapImageFile</name>
     <message>
         <source>The file is empty.</source>
-        <translation type="unfinished"></translation>
+        <translation>文件为空。</translation>
     </message>
     <message>
         <source>This is no picture.</source>
-        <translation type="unfinished"></translation>
+        <translation>这不是图片。</translation>
     </message>
     <message>
         <source>The end of the picture is missing.</source>
-        <translation type="unfinished"></translation>
+        <translation>图片末尾缺失。</translation>
     </message>
     <message>
         <source>The file can&apos;t be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法读取文件。</translation>
     </message>
 </context>
 <context>
     <name>VCOMMON::SnapImageWriter</name>
     <message>
         <source>The picture for %1 can&apos;t be encoded.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法为%1编码图片。</translation>
     </message>
     <message>
         <source>The folder %1 can&apos;t be made.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法创建文件夹%1。</translation>
     </message>
     <message>
         <source>%1 can&apos;t be written: %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法写入%1：%2。</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::BaseTools</name>
     <message>
         <source>Channel %1</source>
-        <translation type="unfinished"></translation>
+        <translation>通道%1</translation>
     </message>
     <message>
         <source>Device</source>
-        <translation type="unfinished"></translation>
+        <translation>设备</translation>
     </message>
     <message>
         <source>Platform Storage</source>
-        <translation type="unfinished"></translation>
+        <translation>平台存储</translation>
     </message>
     <message>
         <source>Edge Card</source>
-        <translation type="unfinished"></translation>
+        <translation>前端存储卡</translation>
     </message>
     <message>
         <source>Cloud</source>
-        <translation type="unfinished"></translation>
+        <translation>云</translation>
     </message>
     <message>
         <source>This Computer</source>
-        <translation type="unfinished"></translation>
+        <translation>本机</translation>
     </message>
     <message>
         <source>Unknown</source>
-        <translation type="unfinished"></translation>
+        <translation>未知</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::ClientTree</name>
     <message>
         <source>Channels</source>
-        <translation type="unfinished"></translation>
+        <translation>通道</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::ClientTreeWt</name>
     <message>
         <source>Filter by channel name</source>
-        <translation type="unfinished"></translation>
+        <translation>按通道名称筛选</translation>
     </message>
     <message>
         <source>One list of all channels by name</source>
-        <translation type="unfinished"></translation>
+        <translation>所有通道按名称排成一个列表</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::ClockSlider</name>
     <message>
         <source>Position</source>
-        <translation type="unfinished"></translation>
+        <translation>位置</translation>
     </message>
     <message>
         <source>Lost in transfer %1 to %2</source>
-        <translation type="unfinished"></translation>
+        <translation>传输中丢失：%1至%2</translation>
     </message>
     <message>
         <source>No recording %1 to %2</source>
-        <translation type="unfinished"></translation>
+        <translation>无录像：%1至%2</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::DateSelectLineEdit</name>
     <message>
         <source>Date</source>
-        <translation type="unfinished"></translation>
+        <translation>日期</translation>
     </message>
     <message>
         <source>Show the calendar</source>
-        <translation type="unfinished"></translation>
+        <translation>显示日历</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::DatetimeSpanSelWt</name>
     <message>
         <source>OK</source>
-        <translation type="unfinished"></translation>
+        <translation>确定</translation>
     </message>
     <message>
         <source>Today</source>
-        <translation type="unfinished"></translation>
+        <translation>今天</translation>
     </message>
     <message>
         <source>Yesterday</source>
-        <translation type="unfinished"></translation>
+        <translation>昨天</translation>
     </message>
     <message>
         <source>Last 7 days</source>
-        <translation type="unfinished"></translation>
+        <translation>最近7天</translation>
     </message>
     <message>
         <source>Last 30 days</source>
-        <translation type="unfinished"></translation>
+        <translation>最近30天</translation>
     </message>
     <message>
         <source>Begin</source>
-        <translation type="unfinished"></translation>
+        <translation>开始</translation>
     </message>
     <message>
         <source>End</source>
-        <translation type="unfinished"></translation>
+        <translation>结束</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>取消</translation>
     </message>
     <message>
         <source>%1, clock time</source>
-        <translation type="unfinished"></translation>
+        <translation>%1，时刻</translation>
     </message>
     <message>
         <source>%1, day</source>
-        <translation type="unfinished"></translation>
+        <translation>%1，日期</translation>
     </message>
     <message>
         <source>1 day</source>
-        <translation type="unfinished"></translation>
+        <translation>1天</translation>
     </message>
     <message>
         <source>%1 days</source>
-        <translation type="unfinished"></translation>
+        <translation>%1天</translation>
     </message>
     <message>
         <source>This clock time does not exist on that day.</source>
-        <translation type="unfinished"></translation>
+        <translation>当天不存在该时刻。</translation>
     </message>
     <message>
         <source>The end must lie behind the begin.</source>
-        <translation type="unfinished"></translation>
+        <translation>结束时间必须晚于开始时间。</translation>
     </message>
     <message>
         <source>At most %1 days can be searched at once.</source>
-        <translation type="unfinished"></translation>
+        <translation>一次最多可搜索%1天。</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::DayCalendar</name>
     <message>
         <source>Day</source>
-        <translation type="unfinished"></translation>
+        <translation>日</translation>
     </message>
     <message>
         <source>Month before</source>
-        <translation type="unfinished"></translation>
+        <translation>上个月</translation>
     </message>
     <message>
         <source>Next month</source>
-        <translation type="unfinished"></translation>
+        <translation>下个月</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::DisabledWaitingWt</name>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>取消</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::DiskFreeSpaceBar</name>
     <message>
         <source>%1 GB</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 GB</translation>
     </message>
     <message>
         <source>%1 TB</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 TB</translation>
     </message>
     <message>
         <source>Asking the disk...</source>
-        <translation type="unfinished"></translation>
+        <translation>正在查询磁盘...</translation>
     </message>
     <message>
         <source>%1 can&apos;t be read</source>
-        <translation type="unfinished"></translation>
+        <translation>无法读取%1</translation>
     </message>
     <message>
         <source>%1 %2 free of %3</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 可用%2，共%3</translation>
     </message>
     <message>
         <source>%1, full</source>
-        <translation type="unfinished"></translation>
+        <translation>%1，已满</translation>
     </message>
     <message>
         <source>%1, low</source>
-        <translation type="unfinished"></translation>
+        <translation>%1，空间不足</translation>
     </message>
     <message>
         <source>%1
-Backups go to %2</source>
-        <translation type="unfinished"></translation>
+%2</source>
+        <translation>%1
+%2</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::ImageViewerDlg</name>
     <message>
         <source>This image can&apos;t be read</source>
-        <translation type="unfinished"></translation>
+        <translation>无法读取该图片</translation>
     </message>
     <message>
         <source>Opening %1</source>
-        <translation type="unfinished"></translation>
+        <translation>正在打开%1</translation>
     </message>
     <message>
         <source>%1 x %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 x %2</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::LocalPlaybackDlg</name>
     <message>
         <source>Opening %1</source>
-        <translation type="unfinished"></translation>
+        <translation>正在打开%1</translation>
     </message>
     <message>
         <source>Snapshot saved as %1</source>
-        <translation type="unfinished"></translation>
+        <translation>抓图已保存为%1</translation>
     </message>
     <message>
         <source>This recording has sound only.</source>
-        <translation type="unfinished"></translation>
+        <translation>该录像只有声音。</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::LocalViewTree</name>
     <message>
         <source>%1, %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1，%2</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::MpvWorker</name>
     <message>
         <source>The player&apos;s library can&apos;t be loaded: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法加载播放器库：%1。</translation>
     </message>
     <message>
         <source>The player can&apos;t be started: there is not enough memory.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法启动播放器：内存不足。</translation>
     </message>
     <message>
         <source>The player can&apos;t be started: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法启动播放器：%1。</translation>
     </message>
     <message>
         <source>The player can&apos;t show pictures: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>播放器无法显示画面：%1。</translation>
     </message>
     <message>
         <source>%1 is not there any more.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1已不存在。</translation>
     </message>
     <message>
         <source>%1 is not a file.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1不是文件。</translation>
     </message>
     <message>
         <source>%1 is empty.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1为空。</translation>
     </message>
     <message>
         <source>%1 can&apos;t be read: you have no permission.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法读取%1：没有权限。</translation>
     </message>
     <message>
         <source>%1 can&apos;t be read as a video: it is none, or its beginning or its end is damaged.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法将%1作为视频读取：它不是视频，或其开头或末尾已损坏。</translation>
     </message>
     <message>
         <source>%1 has neither a picture nor sound that can be played.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1中没有可播放的画面或声音。</translation>
     </message>
     <message>
         <source>%1 can&apos;t be opened. It may be damaged, or another program holds it.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法打开%1。文件可能已损坏，或正被其他程序占用。</translation>
     </message>
     <message>
         <source>%1 can&apos;t be played: %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法播放%1：%2。</translation>
     </message>
     <message>
         <source>The player gives no picture: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>播放器没有画面：%1。</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::NavigationEntry</name>
     <message>
         <source>Group, open</source>
-        <translation type="unfinished"></translation>
+        <translation>分组，已展开</translation>
     </message>
     <message>
         <source>Group, closed</source>
-        <translation type="unfinished"></translation>
+        <translation>分组，已收起</translation>
     </message>
     <message>
         <source>Current page</source>
-        <translation type="unfinished"></translation>
+        <translation>当前页</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::NavigationWidget</name>
     <message>
         <source>Navigation</source>
-        <translation type="unfinished"></translation>
+        <translation>导航</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::PageEditWt</name>
     <message>
         <source>Go to</source>
-        <translation type="unfinished"></translation>
+        <translation>跳至</translation>
     </message>
     <message>
         <source>Entries on a page</source>
-        <translation type="unfinished"></translation>
+        <translation>每页条数</translation>
     </message>
     <message>
         <source>%1 / page</source>
-        <translation type="unfinished"></translation>
+        <translation>%1条/页</translation>
     </message>
     <message>
         <source>Go to page</source>
-        <translation type="unfinished"></translation>
+        <translation>跳至页码</translation>
     </message>
     <message>
         <source>First page</source>
-        <translation type="unfinished"></translation>
+        <translation>第一页</translation>
     </message>
     <message>
         <source>Previous page</source>
-        <translation type="unfinished"></translation>
+        <translation>上一页</translation>
     </message>
     <message>
         <source>Next page</source>
-        <translation type="unfinished"></translation>
+        <translation>下一页</translation>
     </message>
     <message>
         <source>Last page</source>
-        <translation type="unfinished"></translation>
+        <translation>最后一页</translation>
     </message>
     <message>
         <source>0 entries</source>
-        <translation type="unfinished"></translation>
+        <translation>0条</translation>
     </message>
     <message>
         <source>%1-%2 of %3</source>
-        <translation type="unfinished"></translation>
+        <translation>%1-%2，共%3</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::PictureFile</name>
     <message>
         <source>This recording has no picture yet.</source>
-        <translation type="unfinished"></translation>
+        <translation>该录像还没有画面。</translation>
     </message>
     <message>
         <source>The file is not there or may not be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>文件不存在或无权读取。</translation>
     </message>
     <message>
         <source>This image can&apos;t be read</source>
-        <translation type="unfinished"></translation>
+        <translation>无法读取该图片</translation>
     </message>
     <message>
         <source>The image is too large to be shown: %1 x %2 pixels.</source>
-        <translation type="unfinished"></translation>
+        <translation>图片过大，无法显示：%1 x %2像素。</translation>
     </message>
     <message>
         <source>The image file is too large to be shown.</source>
-        <translation type="unfinished"></translation>
+        <translation>图片文件过大，无法显示。</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::PlaybackTexts</name>
     <message>
         <source>1 gap</source>
-        <translation type="unfinished"></translation>
+        <translation>1处缺口</translation>
     </message>
     <message>
         <source>%1 gaps</source>
-        <translation type="unfinished"></translation>
+        <translation>%1处缺口</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::PlayerTitleBar</name>
     <message>
         <source>Close (Esc)</source>
-        <translation type="unfinished"></translation>
+        <translation>关闭 (Esc)</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::ProgressButton</name>
     <message>
         <source>%1 %2%</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 %2%</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::SearchBox</name>
     <message>
         <source>Clear the filter</source>
-        <translation type="unfinished"></translation>
+        <translation>清除筛选</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::SettingToolWt</name>
     <message>
         <source>Close</source>
-        <translation type="unfinished"></translation>
+        <translation>关闭</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::SpanWords</name>
     <message>
         <source>%1 To %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1至%2</translation>
     </message>
     <message>
         <source>%1 h</source>
-        <translation type="unfinished"></translation>
+        <translation>%1小时</translation>
     </message>
     <message>
         <source>%1 h %2 min</source>
-        <translation type="unfinished"></translation>
+        <translation>%1小时%2分</translation>
     </message>
     <message>
         <source>%1 min</source>
-        <translation type="unfinished"></translation>
+        <translation>%1分钟</translation>
     </message>
     <message>
         <source>%1 min %2 s</source>
-        <translation type="unfinished"></translation>
+        <translation>%1分%2秒</translation>
     </message>
     <message>
         <source>%1 s</source>
-        <translation type="unfinished"></translation>
+        <translation>%1秒</translation>
     </message>
     <message>
         <source>%1 of %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1/%2</translation>
     </message>
     <message>
         <source>1 recording</source>
-        <translation type="unfinished"></translation>
+        <translation>1段录像</translation>
     </message>
     <message>
         <source>%1 recordings</source>
-        <translation type="unfinished"></translation>
+        <translation>%1段录像</translation>
     </message>
     <message>
         <source>1 channel</source>
-        <translation type="unfinished"></translation>
+        <translation>1个通道</translation>
     </message>
     <message>
         <source>%1 channels</source>
-        <translation type="unfinished"></translation>
+        <translation>%1个通道</translation>
     </message>
     <message>
         <source>Clocks went forward here, from %1 to %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>此处时钟拨快，由%1拨至%2。</translation>
     </message>
     <message>
         <source>This hour passed twice, at %1 and at %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>这一小时经过两次，分别为%1和%2。</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::TableOperWtStyle</name>
     <message>
         <source>Check all shown rows</source>
-        <translation type="unfinished"></translation>
+        <translation>勾选所有显示的行</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::ToastWt</name>
     <message>
         <source>Close</source>
-        <translation type="unfinished"></translation>
+        <translation>关闭</translation>
     </message>
     <message>
         <source>%1 (%2 times)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1（%2次）</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::TransportBar</name>
     <message>
         <source>Play (Space)</source>
-        <translation type="unfinished"></translation>
+        <translation>播放 (空格)</translation>
     </message>
     <message>
         <source>Mute (M)</source>
-        <translation type="unfinished"></translation>
+        <translation>静音 (M)</translation>
     </message>
     <message>
         <source>Snapshot</source>
-        <translation type="unfinished"></translation>
+        <translation>抓图</translation>
     </message>
     <message>
         <source>10 s back (Left arrow)</source>
-        <translation type="unfinished"></translation>
+        <translation>后退10秒 (左方向键)</translation>
     </message>
     <message>
         <source>Frame back (comma)</source>
-        <translation type="unfinished"></translation>
+        <translation>上一帧 (逗号)</translation>
     </message>
     <message>
         <source>Frame on (period)</source>
-        <translation type="unfinished"></translation>
+        <translation>下一帧 (句号)</translation>
     </message>
     <message>
         <source>10 s on (Right arrow)</source>
-        <translation type="unfinished"></translation>
+        <translation>前进10秒 (右方向键)</translation>
     </message>
     <message>
         <source>Stop and go to the beginning</source>
-        <translation type="unfinished"></translation>
+        <translation>停止并回到开头</translation>
     </message>
     <message>
         <source>Speed ([ slower, ] faster)</source>
-        <translation type="unfinished"></translation>
+        <translation>速度 ([ 减慢，] 加快)</translation>
     </message>
     <message>
         <source>Speed</source>
-        <translation type="unfinished"></translation>
+        <translation>速度</translation>
     </message>
     <message>
         <source>Volume</source>
-        <translation type="unfinished"></translation>
+        <translation>音量</translation>
     </message>
     <message>
         <source>Save the shown picture (S)</source>
-        <translation type="unfinished"></translation>
+        <translation>保存当前画面 (S)</translation>
     </message>
     <message>
         <source>Open folder</source>
-        <translation type="unfinished"></translation>
+        <translation>打开文件夹</translation>
     </message>
     <message>
         <source>Full screen (F)</source>
-        <translation type="unfinished"></translation>
+        <translation>全屏 (F)</translation>
     </message>
     <message>
         <source>Pause (Space)</source>
-        <translation type="unfinished"></translation>
+        <translation>暂停 (空格)</translation>
     </message>
     <message>
         <source>The recording has no sound</source>
-        <translation type="unfinished"></translation>
+        <translation>该录像没有声音</translation>
     </message>
     <message>
         <source>Sound on (M)</source>
-        <translation type="unfinished"></translation>
+        <translation>打开声音 (M)</translation>
     </message>
     <message>
         <source>Leave full screen (F)</source>
-        <translation type="unfinished"></translation>
+        <translation>退出全屏 (F)</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::VMessageBox</name>
     <message>
         <source>No</source>
-        <translation type="unfinished"></translation>
+        <translation>否</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>取消</translation>
     </message>
     <message>
         <source>Yes</source>
-        <translation type="unfinished"></translation>
+        <translation>是</translation>
     </message>
     <message>
         <source>OK</source>
-        <translation type="unfinished"></translation>
+        <translation>确定</translation>
     </message>
     <message>
         <source>Information</source>
-        <translation type="unfinished"></translation>
+        <translation>信息</translation>
     </message>
     <message>
         <source>Please confirm</source>
-        <translation type="unfinished"></translation>
+        <translation>请确认</translation>
     </message>
 </context>
 <context>
     <name>vemo_base::ViewerBar</name>
     <message>
         <source>Previous (Left arrow)</source>
-        <translation type="unfinished"></translation>
+        <translation>上一个 (左方向键)</translation>
     </message>
     <message>
         <source>Next (Right arrow)</source>
-        <translation type="unfinished"></translation>
+        <translation>下一个 (右方向键)</translation>
     </message>
     <message>
         <source>Zoom out (-)</source>
-        <translation type="unfinished"></translation>
+        <translation>缩小 (-)</translation>
     </message>
     <message>
         <source>Zoom in (+)</source>
-        <translation type="unfinished"></translation>
+        <translation>放大 (+)</translation>
     </message>
     <message>
         <source>Fit into the window (0)</source>
-        <translation type="unfinished"></translation>
+        <translation>适应窗口 (0)</translation>
     </message>
     <message>
         <source>Actual size (1)</source>
-        <translation type="unfinished"></translation>
+        <translation>实际大小 (1)</translation>
     </message>
     <message>
         <source>Turn left (Shift+R)</source>
-        <translation type="unfinished"></translation>
+        <translation>向左旋转 (Shift+R)</translation>
     </message>
     <message>
         <source>Turn right (R)</source>
-        <translation type="unfinished"></translation>
+        <translation>向右旋转 (R)</translation>
     </message>
     <message>
         <source>Copy (Ctrl+C)</source>
-        <translation type="unfinished"></translation>
+        <translation>复制 (Ctrl+C)</translation>
     </message>
     <message>
         <source>Open the folder</source>
-        <translation type="unfinished"></translation>
+        <translation>打开文件夹</translation>
     </message>
     <message>
         <source>Full screen (F)</source>
-        <translation type="unfinished"></translation>
+        <translation>全屏 (F)</translation>
     </message>
     <message>
         <source>%1 of %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1/%2</translation>
     </message>
     <message>
         <source>%1%</source>
-        <translation type="unfinished"></translation>
+        <translation>%1%</translation>
     </message>
     <message>
         <source>Leave full screen (F)</source>
-        <translation type="unfinished"></translation>
+        <translation>退出全屏 (F)</translation>
     </message>
 </context>
 <context>
@@ -834,27 +835,36 @@ Actions:
   export  copies the finished files of a day, with their checksums
 run ends with 8 when a task failed or stayed incomplete in it.
 </source>
-        <translation type="unfinished"></translation>
+        <translation>按通道和日期创建备份任务，并在没有窗口打开该数据文件夹时执行任务。
+
+操作：
+  list    列出任务，以及录像机上的内容已备份多少
+  add     为每个通道和每一天创建一个任务
+  run     从最早的开始，执行当天任务和错过的任务，完成后结束
+  stop    让正在进行的执行结束，并保留已有内容
+  export  复制某一天已完成的文件及其校验和
+如果执行中有任务失败或不完整，run的退出码为8。
+</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is not a day; days are written as 2026-01-10.</source>
-        <translation type="unfinished"></translation>
+        <translation>“%1”不是日期；日期的写法如2026-01-10。</translation>
     </message>
     <message>
         <source>--%1 takes a number from 1 to %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>--%1的取值为1到%2之间的数字。</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is not a span of the day; spans are written as 08:00-12:00.</source>
-        <translation type="unfinished"></translation>
+        <translation>“%1”不是一天中的时段；时段的写法如08:00-12:00。</translation>
     </message>
     <message>
         <source>The spans of --segments overlap at %1; an end takes its whole minute in.</source>
-        <translation type="unfinished"></translation>
+        <translation>--segments的时段在%1处重叠；结束时刻包含其整分钟。</translation>
     </message>
     <message>
         <source>At most %1 spans a day.</source>
-        <translation type="unfinished"></translation>
+        <translation>每天最多%1个时段。</translation>
     </message>
     <message>
         <source>Works on the recordings or the snapshots that this computer holds.
@@ -869,35 +879,46 @@ bytes, ok; where ok is false, problem tells why; guessed is true for a span that
 not tell. delete and rescan need the window of the data folder closed. The exit code is 8 when a
 file could not be saved or deleted, or a folder not be looked through.
 </source>
-        <translation type="unfinished"></translation>
+        <translation>处理本机保存的录像或抓图。
+
+操作（写在“recordings”或“snapshots”之后）：
+  list     列出每个文件及其通道和时间，包括已损坏的文件
+  save-as  将文件复制到文件夹，以通道和时间命名
+  delete   删除文件（有回收站时移入回收站），并清除其记录
+  rescan   查找未经客户端添加或移除的文件，录像和抓图都会查找
+list --json每行输出一个对象：path、channel、begin和end（抓图为captured）、
+bytes、ok；ok为false时，problem说明原因；文件未注明时间段时，
+guessed为true。delete和rescan要求该数据文件夹的窗口已关闭。如果有
+文件无法保存或删除，或有文件夹无法查找，退出码为8。
+</translation>
     </message>
     <message>
         <source>The end, %1, is not after the begin, %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>结束时间%1不晚于开始时间%2。</translation>
     </message>
     <message>
         <source>Give either --all or what to choose by: --begin, --end, --channel.</source>
-        <translation type="unfinished"></translation>
+        <translation>请指定--all，或指定选择条件：--begin、--end、--channel。</translation>
     </message>
     <message>
         <source>--yes is missing; list tells what would be deleted.</source>
-        <translation type="unfinished"></translation>
+        <translation>缺少--yes；list可列出将要删除的内容。</translation>
     </message>
     <message>
         <source>Downloads what a recorder has of a span of time, as MP4.</source>
-        <translation type="unfinished"></translation>
+        <translation>将录像机上某一时间段的录像下载为MP4。</translation>
     </message>
     <message>
         <source>Lists the recordings of a channel in a span of time.</source>
-        <translation type="unfinished"></translation>
+        <translation>列出某一通道在某一时间段内的录像。</translation>
     </message>
     <message>
         <source>See vemo_client %1 --help.</source>
-        <translation type="unfinished"></translation>
+        <translation>请参阅vemo_client %1 --help。</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is one argument too many.</source>
-        <translation type="unfinished"></translation>
+        <translation>“%1”是多余的参数。</translation>
     </message>
     <message>
         <source>Works on the stored downloads of a data folder while no window of it is open.
@@ -915,634 +936,1027 @@ run ends with 8 when a task failed or came out incomplete in it. Passwords are k
 desktop&apos;s keyring, or in an encrypted file; VEMO_SECRETS_PASSWORD puts a password on that file,
 VEMO_KEYRING=off leaves the keyring alone.
 </source>
-        <translation type="unfinished"></translation>
+        <translation>在没有窗口打开数据文件夹时，处理其中保存的下载任务。
+
+操作：
+  list    列出所有任务
+  add     为每个通道添加一个时间段或一段录像的下载
+  pause   使等待中的任务暂不开始
+  resume  使已暂停的任务重新等待
+  cancel  移除等待中和已暂停的任务
+  retry   使失败的任务重新等待
+  clear   从列表中清除已完成和失败的任务；文件保留
+  run     执行等待中的任务，每次五个，全部完成后结束
+如果执行中有任务失败或不完整，run的退出码为8。密码保存在桌面的
+密钥环或加密文件中；VEMO_SECRETS_PASSWORD为该文件设置密码，
+VEMO_KEYRING=off表示不使用密钥环。
+</translation>
     </message>
     <message>
         <source>--ca is not kept for stored recorders; use --pin.</source>
-        <translation type="unfinished"></translation>
+        <translation>已保存的录像机不会保留--ca；请使用--pin。</translation>
     </message>
     <message>
         <source>The name of a recording has at most %1 characters.</source>
-        <translation type="unfinished"></translation>
+        <translation>录像名称最多%1个字符。</translation>
     </message>
     <message>
         <source>A recording belongs to one channel; give one --channel with --file.</source>
-        <translation type="unfinished"></translation>
+        <translation>一段录像只属于一个通道；使用--file时请只指定一个--channel。</translation>
     </message>
     <message>
         <source>This name of a recording does not tell its span; give --begin and --end.</source>
-        <translation type="unfinished"></translation>
+        <translation>该录像名称未包含时间段；请指定--begin和--end。</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is not the id of a task.</source>
-        <translation type="unfinished"></translation>
+        <translation>“%1”不是任务编号。</translation>
     </message>
     <message>
         <source>Give either --id or --all.</source>
-        <translation type="unfinished"></translation>
+        <translation>请指定--id或--all。</translation>
     </message>
     <message>
         <source>less than 1 GiB is free on the disk of the file, so the download was not begun.</source>
-        <translation type="unfinished"></translation>
+        <translation>文件所在磁盘的可用空间不足1 GiB，下载未开始。</translation>
     </message>
     <message>
         <source>the download could not be begun.</source>
-        <translation type="unfinished"></translation>
+        <translation>下载无法开始。</translation>
     </message>
     <message>
         <source>%1 to %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1至%2</translation>
     </message>
     <message>
         <source> and %1 more</source>
-        <translation type="unfinished"></translation>
+        <translation> 及另外%1段</translation>
     </message>
     <message>
         <source>the recorder has footage of %1%2 that did not arrive; what arrived is in %3.</source>
-        <translation type="unfinished"></translation>
+        <translation>录像机上%1%2的录像未能到达；已到达的部分保存在%3。</translation>
     </message>
     <message>
         <source>the stream broke off at %1; what arrived until then is in %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>码流在%1处中断；此前已到达的部分保存在%2。</translation>
     </message>
     <message>
         <source>the stream broke off before the first picture.</source>
-        <translation type="unfinished"></translation>
+        <translation>码流在第一帧画面之前中断。</translation>
     </message>
     <message>
         <source>the recorder lists recordings for the span, but sent no picture of them.</source>
-        <translation type="unfinished"></translation>
+        <translation>录像机列出了该时间段的录像，但未发送任何画面。</translation>
     </message>
     <message>
         <source>the recorder sent nothing for %1 to %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>录像机未发送%1至%2的任何内容。</translation>
     </message>
     <message>
         <source>%1 can&apos;t be written.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法写入%1。</translation>
     </message>
     <message>
         <source>the disk is full.</source>
-        <translation type="unfinished"></translation>
+        <translation>磁盘已满。</translation>
     </message>
     <message>
         <source>no recording from %1 to %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1至%2没有录像。</translation>
     </message>
     <message>
         <source>the recorder refused the login.</source>
-        <translation type="unfinished"></translation>
+        <translation>录像机拒绝登录。</translation>
     </message>
     <message>
         <source>the recorder serves no further stream at the moment.</source>
-        <translation type="unfinished"></translation>
+        <translation>录像机目前无法再提供码流。</translation>
     </message>
     <message>
         <source>the stream could not be opened.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法打开码流。</translation>
     </message>
     <message>
         <source>the download failed.</source>
-        <translation type="unfinished"></translation>
+        <translation>下载失败。</translation>
     </message>
     <message>
         <source>Wrong login</source>
-        <translation type="unfinished"></translation>
+        <translation>登录信息有误</translation>
     </message>
     <message>
         <source>Locked</source>
-        <translation type="unfinished"></translation>
+        <translation>已锁定</translation>
     </message>
     <message>
         <source>Not activated</source>
-        <translation type="unfinished"></translation>
+        <translation>未激活</translation>
     </message>
     <message>
         <source>Connection limit</source>
-        <translation type="unfinished"></translation>
+        <translation>连接数已满</translation>
     </message>
     <message>
         <source>Certificate</source>
-        <translation type="unfinished"></translation>
+        <translation>证书</translation>
     </message>
     <message>
         <source>Offline</source>
-        <translation type="unfinished"></translation>
+        <translation>离线</translation>
     </message>
     <message>
         <source>Failed</source>
-        <translation type="unfinished"></translation>
+        <translation>失败</translation>
     </message>
     <message>
         <source>The recorder refused the login</source>
-        <translation type="unfinished"></translation>
+        <translation>录像机拒绝登录</translation>
     </message>
     <message>
         <source>The account is locked</source>
-        <translation type="unfinished"></translation>
+        <translation>账户已锁定</translation>
     </message>
     <message>
         <source>The recorder is not activated</source>
-        <translation type="unfinished"></translation>
+        <translation>录像机未激活</translation>
     </message>
     <message>
         <source>The recorder takes no more connections</source>
-        <translation type="unfinished"></translation>
+        <translation>录像机不再接受更多连接</translation>
     </message>
     <message>
         <source>The certificate is not trusted</source>
-        <translation type="unfinished"></translation>
+        <translation>证书不受信任</translation>
     </message>
     <message>
         <source>The recorder can&apos;t be reached</source>
-        <translation type="unfinished"></translation>
+        <translation>无法连接录像机</translation>
     </message>
     <message>
         <source>The recorder does not answer</source>
-        <translation type="unfinished"></translation>
+        <translation>录像机没有应答</translation>
     </message>
     <message>
         <source>The connection broke off</source>
-        <translation type="unfinished"></translation>
+        <translation>连接已中断</translation>
     </message>
     <message>
         <source>No recorder answers at this address</source>
-        <translation type="unfinished"></translation>
+        <translation>该地址没有录像机应答</translation>
     </message>
     <message>
         <source>The recorder speaks another language</source>
-        <translation type="unfinished"></translation>
+        <translation>录像机使用其他协议</translation>
     </message>
     <message>
         <source>The answer can&apos;t be read</source>
-        <translation type="unfinished"></translation>
+        <translation>无法读取应答</translation>
     </message>
     <message>
         <source>The login failed</source>
-        <translation type="unfinished"></translation>
+        <translation>登录失败</translation>
     </message>
     <message>
         <source>Check user and password. Many recorders lock the account after a few wrong tries.</source>
-        <translation type="unfinished"></translation>
+        <translation>请检查用户名和密码。许多录像机在几次输错后会锁定账户。</translation>
     </message>
     <message>
         <source>Wait until the recorder unlocks it, often 30 min, then try again.</source>
-        <translation type="unfinished"></translation>
+        <translation>请等待录像机解锁（通常为30分钟），然后重试。</translation>
     </message>
     <message>
         <source>Give it its first password on its own screen or web page, then try again.</source>
-        <translation type="unfinished"></translation>
+        <translation>请在录像机本机屏幕或网页上设置初始密码，然后重试。</translation>
     </message>
     <message>
         <source>Close other programs that are connected to it. It is tried again by itself.</source>
-        <translation type="unfinished"></translation>
+        <translation>请关闭连接到该录像机的其他程序。稍后会自动重试。</translation>
     </message>
     <message>
         <source>Nothing was sent to it. Check the address, or ask who runs the recorder.</source>
-        <translation type="unfinished"></translation>
+        <translation>尚未向其发送任何内容。请检查地址，或询问录像机的管理者。</translation>
     </message>
     <message>
         <source>Check address, cable and power. It is tried again by itself.</source>
-        <translation type="unfinished"></translation>
+        <translation>请检查地址、网线和电源。稍后会自动重试。</translation>
     </message>
     <message>
         <source>Check address and port, and whether ONVIF is switched on in the recorder&apos;s settings.</source>
-        <translation type="unfinished"></translation>
+        <translation>请检查地址和端口，以及录像机设置中是否已启用ONVIF。</translation>
     </message>
     <message>
         <source>Try again. If it stays so, the recorder&apos;s own log tells more.</source>
-        <translation type="unfinished"></translation>
+        <translation>请重试。如果问题依旧，录像机自身的日志会提供更多信息。</translation>
     </message>
     <message>
         <source>The recorder shows another key than the trusted one</source>
-        <translation type="unfinished"></translation>
+        <translation>录像机出示的密钥与受信任的密钥不同</translation>
     </message>
     <message>
         <source>Its certificate was renewed, or something stands between you and it. Nothing was sent to it.</source>
-        <translation type="unfinished"></translation>
+        <translation>可能是证书已更新，也可能有人介入了您与录像机之间的连接。尚未向其发送任何内容。</translation>
     </message>
     <message>
         <source>SHA-256 of the new key:</source>
-        <translation type="unfinished"></translation>
+        <translation>新密钥的SHA-256：</translation>
     </message>
     <message>
         <source>The recorder&apos;s key is not known yet</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Compare it with the one that the recorder shows. Nothing was sent to it so far.</source>
-        <translation type="unfinished"></translation>
+        <translation>录像机的密钥尚未登记</translation>
     </message>
     <message>
         <source>SHA-256 of the key:</source>
-        <translation type="unfinished"></translation>
+        <translation>密钥的SHA-256：</translation>
     </message>
     <message>
         <source>The address carries a login. Put user and password into their own fields.</source>
-        <translation type="unfinished"></translation>
+        <translation>地址中包含登录信息。请将用户名和密码填入各自的输入框。</translation>
     </message>
     <message>
         <source>The address names no host. Example: 192.168.1.20</source>
-        <translation type="unfinished"></translation>
+        <translation>地址中没有主机。示例：192.168.1.20</translation>
     </message>
     <message>
         <source>The port must be a number from 1 to 65535.</source>
-        <translation type="unfinished"></translation>
+        <translation>端口必须是1到65535之间的数字。</translation>
     </message>
     <message>
         <source>An address of numbers has four of them from 0 to 255. Example: 192.168.1.20</source>
-        <translation type="unfinished"></translation>
+        <translation>数字地址由四个0到255之间的数字组成。示例：192.168.1.20</translation>
+    </message>
+    <message>
+        <source>Works on the users who may log in to the window, for whoever owns the data folder in the operating
+system; no login is asked for, as with every verb. The window has to be closed for changes.
+
+Actions, after &quot;user&quot;:
+  add       adds a user; the first one is to be an administrator. Accounts that can&apos;t be opened any
+            more are kept under another name, and the new administrator begins anew
+  list      tells the users and what they may do; with --json an object a line: name,
+            administrator, powers, enabled, last_login
+  password  sets a new password, which is the way back in for one that was forgotten
+  remove    removes a user
+</source>
+        <translation>管理可以登录窗口的用户，供操作系统中拥有该数据文件夹的人使用；
+与其他命令一样，不要求登录。修改时必须关闭窗口。
+
+操作（写在“user”之后）：
+  add       添加用户；第一个用户必须是管理员。无法再打开的账户会以
+            其他名称保留，由新的管理员重新开始
+  list      列出用户及其权限；使用--json时每行输出一个对象：name、
+            administrator、powers、enabled、last_login
+  password  设置新密码，忘记密码时可借此重新登录
+  remove    移除用户
+</translation>
+    </message>
+    <message>
+        <source>Give either --administrator or --powers.</source>
+        <translation>请指定--administrator或--powers。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no power; there are: %2.</source>
+        <translation>“%1”不是权限；可用的权限有：%2。</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1，%2</translation>
+    </message>
+    <message>
+        <source>Recorder</source>
+        <translation>录像机</translation>
+    </message>
+    <message>
+        <source>Log in again</source>
+        <translation>重新登录</translation>
+    </message>
+    <message>
+        <source>No.</source>
+        <translation>序号</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>Recordings</source>
+        <translation>录像</translation>
+    </message>
+    <message>
+        <source>Channels</source>
+        <translation>通道</translation>
+    </message>
+    <message>
+        <source>Change...</source>
+        <translation>修改...</translation>
+    </message>
+    <message>
+        <source>Live view alone</source>
+        <translation>仅实时预览</translation>
+    </message>
+    <message>
+        <source>Live view, playback and backup</source>
+        <translation>实时预览、回放和备份</translation>
+    </message>
+    <message>
+        <source>Live view and playback</source>
+        <translation>实时预览和回放</translation>
+    </message>
+    <message>
+        <source>Devices</source>
+        <translation>设备</translation>
+    </message>
+    <message>
+        <source>Find on the network...</source>
+        <translation>在网络中查找...</translation>
+    </message>
+    <message>
+        <source>Add by address...</source>
+        <translation>按地址添加...</translation>
+    </message>
+    <message>
+        <source>Filter by name, address, group or channel</source>
+        <translation>按名称、地址、分组或通道筛选</translation>
+    </message>
+    <message>
+        <source>Enable</source>
+        <translation>启用</translation>
+    </message>
+    <message>
+        <source>Disable</source>
+        <translation>停用</translation>
+    </message>
+    <message>
+        <source>Group...</source>
+        <translation>分组...</translation>
+    </message>
+    <message>
+        <source>Remove...</source>
+        <translation>移除...</translation>
+    </message>
+    <message>
+        <source>Searching...</source>
+        <translation>正在搜索...</translation>
+    </message>
+    <message>
+        <source>Searching... 1 recorder has answered.</source>
+        <translation>正在搜索...已有1台录像机应答。</translation>
+    </message>
+    <message>
+        <source>Searching... %1 recorders have answered.</source>
+        <translation>正在搜索...已有%1台录像机应答。</translation>
+    </message>
+    <message>
+        <source>No recorder has answered.</source>
+        <translation>没有录像机应答。</translation>
+    </message>
+    <message>
+        <source>1 recorder has answered.</source>
+        <translation>已有1台录像机应答。</translation>
+    </message>
+    <message>
+        <source>%1 recorders have answered.</source>
+        <translation>已有%1台录像机应答。</translation>
+    </message>
+    <message>
+        <source>Compare the key with the one that the recorder shows. Nothing was sent to it so far.</source>
+        <translation>请将此密钥与录像机显示的密钥进行比对。目前尚未向其发送任何内容。</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1：%2</translation>
+    </message>
+    <message>
+        <source>SHA-256 of the trusted key:</source>
+        <translation>受信任密钥的SHA-256：</translation>
+    </message>
+    <message>
+        <source>The address carries a password, which would be stored readable. Put it into its own field.</source>
+        <translation>地址中包含密码，会以明文保存。请将其填入密码输入框。</translation>
+    </message>
+    <message>
+        <source>There is an @ behind the host. Put user and password into their own fields, or write it as %40.</source>
+        <translation>主机后面有@。请将用户名和密码填入各自的输入框，或将其写为%40。</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::AddressWatch</name>
+    <message>
+        <source>%1 answers at %2 now</source>
+        <translation>%1现在的地址为%2</translation>
+    </message>
+    <message>
+        <source>It can&apos;t be reached at %1 any more. Use the new address?</source>
+        <translation>通过%1已无法连接。是否使用新地址？</translation>
+    </message>
+    <message>
+        <source>Use the new address</source>
+        <translation>使用新地址</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::AdministratorPage</name>
     <message>
         <source>Password</source>
-        <translation type="unfinished"></translation>
+        <translation>密码</translation>
     </message>
     <message>
         <source>Repeat the password</source>
-        <translation type="unfinished"></translation>
+        <translation>重复密码</translation>
     </message>
     <message>
         <source>Theme</source>
-        <translation type="unfinished"></translation>
+        <translation>主题</translation>
     </message>
     <message>
         <source>Create the administrator</source>
-        <translation type="unfinished"></translation>
+        <translation>创建管理员</translation>
     </message>
     <message>
         <source>This account manages users, recorders and storage. It is kept on this computer only.</source>
-        <translation type="unfinished"></translation>
+        <translation>该账户管理用户、录像机和存储，仅保存在本机。</translation>
     </message>
     <message>
         <source>User name</source>
-        <translation type="unfinished"></translation>
+        <translation>用户名</translation>
     </message>
     <message>
         <source>%1 characters or more</source>
-        <translation type="unfinished"></translation>
+        <translation>至少%1个字符</translation>
     </message>
     <message>
         <source>Dark</source>
-        <translation type="unfinished"></translation>
+        <translation>深色</translation>
     </message>
     <message>
         <source>Light</source>
-        <translation type="unfinished"></translation>
+        <translation>浅色</translation>
     </message>
     <message>
         <source>System</source>
-        <translation type="unfinished"></translation>
+        <translation>跟随系统</translation>
     </message>
     <message>
         <source>Create and continue</source>
-        <translation type="unfinished"></translation>
+        <translation>创建并继续</translation>
     </message>
     <message>
         <source>A lost password cannot be recovered. Another administrator can set a new one.</source>
-        <translation type="unfinished"></translation>
+        <translation>密码丢失后无法找回，但可由其他管理员设置新密码。</translation>
     </message>
     <message>
         <source>The two passwords differ</source>
-        <translation type="unfinished"></translation>
+        <translation>两次输入的密码不一致</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::AuthForm</name>
     <message>
         <source>Step %1 of %2</source>
-        <translation type="unfinished"></translation>
+        <translation>第%1步，共%2步</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::AuthWt</name>
     <message>
         <source>Version %1</source>
-        <translation type="unfinished"></translation>
+        <translation>版本%1</translation>
     </message>
     <message>
         <source>Every hour that matters,
 safe on your own disks.</source>
-        <translation type="unfinished"></translation>
+        <translation>重要的每一刻，
+安存于自己的磁盘。</translation>
     </message>
     <message>
         <source>Live view, playback, downloads and planned backup of your network recorders.</source>
-        <translation type="unfinished"></translation>
+        <translation>网络录像机的实时预览、回放、下载和计划备份。</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::BackupListing</name>
     <message>
         <source>ID</source>
-        <translation type="unfinished"></translation>
+        <translation>编号</translation>
     </message>
     <message>
         <source>DAY</source>
-        <translation type="unfinished"></translation>
+        <translation>日期</translation>
     </message>
     <message>
         <source>CHANNEL</source>
-        <translation type="unfinished"></translation>
+        <translation>通道</translation>
     </message>
     <message>
         <source>STATE</source>
-        <translation type="unfinished"></translation>
+        <translation>状态</translation>
     </message>
     <message>
         <source>SAFE</source>
-        <translation type="unfinished"></translation>
+        <translation>已备份</translation>
     </message>
     <message>
         <source>the recorder was not asked yet</source>
-        <translation type="unfinished"></translation>
+        <translation>尚未查询录像机</translation>
     </message>
     <message>
         <source>nothing recorded</source>
-        <translation type="unfinished"></translation>
+        <translation>无录像</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::BackupRun</name>
     <message>
         <source>Failed to export file:%1</source>
-        <translation type="unfinished"></translation>
+        <translation>导出文件失败：%1</translation>
     </message>
     <message>
         <source>The folder for backups, %1, is not there or can&apos;t be written.</source>
-        <translation type="unfinished"></translation>
+        <translation>备份文件夹%1不存在或无法写入。</translation>
     </message>
     <message>
         <source>The folder %1 is not there or can&apos;t be written.</source>
-        <translation type="unfinished"></translation>
+        <translation>文件夹%1不存在或无法写入。</translation>
     </message>
     <message>
         <source>The disk space is insufficient, total file size:%1M, disk free space:%2M, disk name:%3</source>
-        <translation type="unfinished"></translation>
+        <translation>磁盘空间不足，文件总大小：%1M，磁盘可用空间：%2M，磁盘名称：%3</translation>
     </message>
     <message>
         <source>%1 tasks failed; see vemo_client backup list.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1个任务失败；请参阅vemo_client backup list。</translation>
     </message>
     <message>
         <source>Stopped; what had arrived is kept, and the rest is fetched by the next run.</source>
-        <translation type="unfinished"></translation>
+        <translation>已停止；已到达的内容已保留，其余部分将在下次执行时获取。</translation>
     </message>
     <message>
         <source>Export backup files finished, files total count:%1, success count:%2, failure count:%3</source>
-        <translation type="unfinished"></translation>
+        <translation>备份文件导出完成，文件总数：%1，成功：%2，失败：%3</translation>
     </message>
     <message>
         <source>Interrupted; what had arrived is kept, and the rest is fetched by the next run.</source>
-        <translation type="unfinished"></translation>
+        <translation>已中断；已到达的内容已保留，其余部分将在下次执行时获取。</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::BackupVerb</name>
     <message>
         <source>Interrupted.</source>
-        <translation type="unfinished"></translation>
+        <translation>已中断。</translation>
     </message>
     <message>
         <source>No run of the backups is at work in this data folder.</source>
-        <translation type="unfinished"></translation>
+        <translation>该数据文件夹中没有正在进行的备份。</translation>
     </message>
     <message>
         <source>No task was added: a day has at most %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>未添加任务：每天最多%1个。</translation>
     </message>
     <message>
         <source>The database could not be written.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法写入数据库。</translation>
     </message>
     <message>
         <source>%1 tasks are planned already.</source>
-        <translation type="unfinished"></translation>
+        <translation>已有%1个任务在计划中。</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::BlockedPage</name>
     <message>
         <source>The accounts can&apos;t be opened</source>
-        <translation type="unfinished"></translation>
+        <translation>无法打开账户</translation>
     </message>
     <message>
         <source>Nobody can log in until that is mended. Recordings and settings are untouched.</source>
-        <translation type="unfinished"></translation>
+        <translation>修复之前任何人都无法登录。录像和设置未受影响。</translation>
     </message>
     <message>
         <source>Whoever owns this computer account can make a new administrator in a terminal; the files that can&apos;t be opened are kept under another name:
 vemo_client user add --name NAME --password-file FILE --administrator</source>
-        <translation type="unfinished"></translation>
+        <translation>拥有此计算机账户的人可以在终端中创建新的管理员；无法打开的文件会以其他名称保留：
+vemo_client user add --name NAME --password-file FILE --administrator</translation>
     </message>
     <message>
         <source>Close</source>
-        <translation type="unfinished"></translation>
+        <translation>关闭</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::CertificateDialog</name>
+    <message>
+        <source>Is this the recorder?</source>
+        <translation>这是您的录像机吗？</translation>
+    </message>
+    <message>
+        <source>%1 shows another key than the one that was trusted. Nothing was sent to it.</source>
+        <translation>%1出示的密钥与之前信任的密钥不同。尚未向其发送任何内容。</translation>
+    </message>
+    <message>
+        <source>%1 is reached by TLS, and its key is not known yet. Nothing was sent to it.</source>
+        <translation>%1通过TLS连接，其密钥尚未登记。尚未向其发送任何内容。</translation>
+    </message>
+    <message>
+        <source>Its certificate was renewed, or something stands between you and it</source>
+        <translation>可能是证书已更新，也可能有人介入了您与录像机之间的连接</translation>
+    </message>
+    <message>
+        <source>Compare the key with the one that the recorder shows on its own screen or web page</source>
+        <translation>请将此密钥与录像机本机屏幕或网页上显示的密钥进行比对</translation>
+    </message>
+    <message>
+        <source>Trusted key (SHA-256)</source>
+        <translation>受信任的密钥 (SHA-256)</translation>
+    </message>
+    <message>
+        <source>New key (SHA-256)</source>
+        <translation>新密钥 (SHA-256)</translation>
+    </message>
+    <message>
+        <source>Key (SHA-256)</source>
+        <translation>密钥 (SHA-256)</translation>
+    </message>
+    <message>
+        <source>Don&apos;t trust it</source>
+        <translation>不信任</translation>
+    </message>
+    <message>
+        <source>Trust the new key</source>
+        <translation>信任新密钥</translation>
+    </message>
+    <message>
+        <source>Trust this key</source>
+        <translation>信任此密钥</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::CertificateWords</name>
+    <message>
+        <source>itself</source>
+        <translation>自身</translation>
+    </message>
+    <message>
+        <source>Issued for</source>
+        <translation>颁发给</translation>
+    </message>
+    <message>
+        <source>nobody that it names</source>
+        <translation>未注明</translation>
+    </message>
+    <message>
+        <source>Names</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>无</translation>
+    </message>
+    <message>
+        <source>Issued by</source>
+        <translation>颁发者</translation>
+    </message>
+    <message>
+        <source>Valid</source>
+        <translation>有效期</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1至%2</translation>
+    </message>
+    <message>
+        <source>It has run out on %1.</source>
+        <translation>已于%1过期。</translation>
+    </message>
+    <message>
+        <source>It is not valid before %1. Are the clocks right?</source>
+        <translation>在%1之前无效。时钟是否准确？</translation>
+    </message>
+    <message>
+        <source>It is not issued for %1.</source>
+        <translation>不是颁发给%1的。</translation>
+    </message>
+    <message>
+        <source>Nobody but the recorder itself vouches for it.</source>
+        <translation>仅由录像机自身签发，没有其他担保。</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::ChannelDayWords</name>
+    <message>
+        <source>Searching...</source>
+        <translation>正在搜索...</translation>
+    </message>
+    <message>
+        <source>No recording on this day</source>
+        <translation>当天没有录像</translation>
+    </message>
+    <message>
+        <source>No recording</source>
+        <translation>无录像</translation>
+    </message>
+    <message>
+        <source>Alarm</source>
+        <translation>报警</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>录像</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::ChannelDownload</name>
     <message>
         <source>%1: interrupted; what had arrived is kept in %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1：已中断；已到达的内容保存在%2。</translation>
     </message>
     <message>
         <source>%1: interrupted before anything had arrived.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1：在任何内容到达之前已中断。</translation>
     </message>
     <message>
         <source>%1: no recording from %2 to %3.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1：%2至%3没有录像。</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::ChannelNameWt</name>
+    <message>
+        <source>Channel %1</source>
+        <translation>通道%1</translation>
+    </message>
+    <message>
+        <source>Name of channel %1</source>
+        <translation>通道%1的名称</translation>
+    </message>
+    <message>
+        <source>The recorder&apos;s own name: %1</source>
+        <translation>录像机中的名称：%1</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::CliBackupParser</name>
     <message>
-        <source>See vemo_client backup --help.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; is no action of backup.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>What to do with the backups is missing.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; is one argument too many.</source>
-        <translation type="unfinished"></translation>
+        <translation>未指定备份操作。</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::CliLocalParser</name>
     <message>
         <source>See vemo_client local --help.</source>
-        <translation type="unfinished"></translation>
+        <translation>请参阅vemo_client local --help。</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is neither recordings nor snapshots.</source>
-        <translation type="unfinished"></translation>
+        <translation>“%1”既不是recordings也不是snapshots。</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is no action of local.</source>
-        <translation type="unfinished"></translation>
+        <translation>“%1”不是local的操作。</translation>
     </message>
     <message>
         <source>What to do with the local files is missing.</source>
-        <translation type="unfinished"></translation>
+        <translation>未指定本地文件的操作。</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is one argument too many.</source>
-        <translation type="unfinished"></translation>
+        <translation>“%1”是多余的参数。</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::CliParser</name>
     <message>
         <source>Shows this help.</source>
-        <translation type="unfinished"></translation>
+        <translation>显示此帮助。</translation>
     </message>
     <message>
         <source>Shows the version.</source>
-        <translation type="unfinished"></translation>
+        <translation>显示版本。</translation>
     </message>
     <message>
         <source>Keeps settings and data below &lt;dir&gt;.</source>
-        <translation type="unfinished"></translation>
+        <translation>将设置和数据保存在&lt;dir&gt;下。</translation>
     </message>
     <message>
         <source>dir</source>
-        <translation type="unfinished"></translation>
+        <translation>dir</translation>
     </message>
     <message>
         <source>Starts the window in this theme: dark or light.</source>
-        <translation type="unfinished"></translation>
+        <translation>以此主题启动窗口：dark（深色）或light（浅色）。</translation>
     </message>
     <message>
         <source>name</source>
-        <translation type="unfinished"></translation>
+        <translation>name</translation>
     </message>
     <message>
         <source>Address of the recorder: its ONVIF device service (http, https; the path may be left out), or a replay address (rtsp, rtsps; {channel} stands for the channel&apos;s number).</source>
-        <translation type="unfinished"></translation>
+        <translation>录像机地址：ONVIF设备服务地址（http、https，路径可省略），或回放地址（rtsp、rtsps；{channel}代表通道号）。</translation>
     </message>
     <message>
         <source>url</source>
-        <translation type="unfinished"></translation>
+        <translation>url</translation>
     </message>
     <message>
         <source>User on the recorder.</source>
-        <translation type="unfinished"></translation>
+        <translation>录像机上的用户名。</translation>
     </message>
     <message>
         <source>File whose first line is the password. Without it, the environment variable VEMO_PASSWORD.</source>
-        <translation type="unfinished"></translation>
+        <translation>首行为密码的文件。未指定时使用环境变量VEMO_PASSWORD。</translation>
     </message>
     <message>
         <source>file</source>
-        <translation type="unfinished"></translation>
+        <translation>file</translation>
     </message>
     <message>
         <source>Channel number from 1; several: 1,2,3.</source>
-        <translation type="unfinished"></translation>
+        <translation>通道号，从1开始；多个写作1,2,3。</translation>
     </message>
     <message>
         <source>n</source>
-        <translation type="unfinished"></translation>
+        <translation>n</translation>
     </message>
     <message>
         <source>Begin, as 2026-01-10T08:00:00; local time unless an offset follows.</source>
-        <translation type="unfinished"></translation>
+        <translation>开始时间，如2026-01-10T08:00:00；未附时差时为本地时间。</translation>
     </message>
     <message>
         <source>time</source>
-        <translation type="unfinished"></translation>
+        <translation>time</translation>
     </message>
     <message>
         <source>End, likewise.</source>
-        <translation type="unfinished"></translation>
+        <translation>结束时间，写法同上。</translation>
     </message>
     <message>
         <source>Accepts only the recorder whose public key has this SHA-256.</source>
-        <translation type="unfinished"></translation>
+        <translation>仅接受公钥SHA-256与此相符的录像机。</translation>
     </message>
     <message>
         <source>hex</source>
-        <translation type="unfinished"></translation>
+        <translation>hex</translation>
     </message>
     <message>
         <source>PEM file of certificates to trust beside the system&apos;s own.</source>
-        <translation type="unfinished"></translation>
+        <translation>除系统证书外另行信任的证书的PEM文件。</translation>
     </message>
     <message>
         <source>Name of one recording, as search tells it; --begin and --end are only needed when the name has no span.</source>
-        <translation type="unfinished"></translation>
+        <translation>一段录像的名称，由search列出；仅当名称中不含时间段时才需要--begin和--end。</translation>
     </message>
     <message>
         <source>Task to act on, as list tells it; several times for several.</source>
-        <translation type="unfinished"></translation>
+        <translation>要操作的任务，由list列出；可多次使用以指定多个任务。</translation>
     </message>
     <message>
         <source>id</source>
-        <translation type="unfinished"></translation>
+        <translation>id</translation>
     </message>
     <message>
         <source>Acts on every task for which it makes sense.</source>
-        <translation type="unfinished"></translation>
+        <translation>对所有适用的任务执行操作。</translation>
     </message>
     <message>
         <source>Ends without waiting for the next try of failed tasks.</source>
-        <translation type="unfinished"></translation>
+        <translation>不等待失败任务的下次重试即结束。</translation>
     </message>
     <message>
         <source>Day, as 2026-01-10, today or yesterday.</source>
-        <translation type="unfinished"></translation>
+        <translation>日期，如2026-01-10，或today、yesterday。</translation>
     </message>
     <message>
         <source>day</source>
-        <translation type="unfinished"></translation>
+        <translation>day</translation>
     </message>
     <message>
         <source>For so many days from that day on; 1 when left out.</source>
-        <translation type="unfinished"></translation>
+        <translation>从该日起的天数；省略时为1。</translation>
     </message>
     <message>
         <source>Times of day to back up, as 08:00-12:00,13:00-18:00; an end takes its whole minute in. Without it, the whole day.</source>
-        <translation type="unfinished"></translation>
+        <translation>一天中要备份的时段，如08:00-12:00,13:00-18:00；结束时刻包含其整分钟。未指定时为全天。</translation>
     </message>
     <message>
         <source>times</source>
-        <translation type="unfinished"></translation>
+        <translation>times</translation>
     </message>
     <message>
         <source>Gives a task up in this run after so many failures; 3 when left out.</source>
-        <translation type="unfinished"></translation>
+        <translation>任务失败达到此次数后，本次执行不再重试；省略时为3。</translation>
     </message>
     <message>
         <source>Folder to copy the files into; it must be there.</source>
-        <translation type="unfinished"></translation>
+        <translation>文件复制到的文件夹；必须已存在。</translation>
     </message>
     <message>
         <source>folder</source>
-        <translation type="unfinished"></translation>
+        <translation>folder</translation>
     </message>
     <message>
         <source>Writes one JSON object a line.</source>
-        <translation type="unfinished"></translation>
+        <translation>每行输出一个JSON对象。</translation>
     </message>
     <message>
         <source>Writes diagnostics to the standard error stream.</source>
-        <translation type="unfinished"></translation>
+        <translation>将诊断信息写入标准错误流。</translation>
     </message>
     <message>
         <source>File to write, or folder; with several channels a folder. Files there are never overwritten.</source>
-        <translation type="unfinished"></translation>
+        <translation>要写入的文件或文件夹；多个通道时须为文件夹。已有文件绝不会被覆盖。</translation>
     </message>
     <message>
         <source>path</source>
-        <translation type="unfinished"></translation>
+        <translation>path</translation>
+    </message>
+    <message>
+        <source>What to do without a window.</source>
+        <translation>无窗口时要执行的操作。</translation>
+    </message>
+    <message>
+        <source>See vemo_client --help.</source>
+        <translation>请参阅vemo_client --help。</translation>
+    </message>
+    <message>
+        <source>--theme is dark or light.</source>
+        <translation>--theme的取值为dark或light。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a verb.</source>
+        <translation>“%1”不是命令。</translation>
+    </message>
+    <message>
+        <source>Exit codes: 0 done, 1 failed, 2 wrong use, 3 login refused, 4 recorder not reachable, 5 the recorder&apos;s limit is
+reached, 6 disk full or not writable, 7 no recording in the span, 8 incomplete (a playable part is there),
+130 interrupted (what had arrived is kept).
+</source>
+        <translation>退出码：0 完成，1 失败，2 用法错误，3 登录被拒绝，4 无法连接录像机，5 达到录像机的
+上限，6 磁盘已满或不可写，7 该时间段无录像，8 不完整（已有可播放的部分），
+130 已中断（已到达的内容已保留）。
+</translation>
+    </message>
+    <message>
+        <source>--%1 is missing.</source>
+        <translation>缺少--%1。</translation>
+    </message>
+    <message>
+        <source>The address of the recorder must be an http, https, rtsp or rtsps address with a host.</source>
+        <translation>录像机地址必须是含主机的http、https、rtsp或rtsps地址。</translation>
+    </message>
+    <message>
+        <source>The address of the recorder carries a login; give it by --user and --password-file.</source>
+        <translation>录像机地址中包含登录信息；请通过--user和--password-file提供。</translation>
+    </message>
+    <message>
+        <source>The password file %1 can&apos;t be read: %2.</source>
+        <translation>无法读取密码文件%1：%2。</translation>
+    </message>
+    <message>
+        <source>The first line of the password file %1 is longer than %2 bytes.</source>
+        <translation>密码文件%1的首行超过%2字节。</translation>
+    </message>
+    <message>
+        <source>The password is missing: give --password-file or set VEMO_PASSWORD.</source>
+        <translation>缺少密码：请指定--password-file或设置VEMO_PASSWORD。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a channel; channels are numbers from 1 to %2.</source>
+        <translation>“%1”不是通道；通道为1到%2之间的数字。</translation>
+    </message>
+    <message>
+        <source>At most %1 channels at once.</source>
+        <translation>一次最多%1个通道。</translation>
+    </message>
+    <message>
+        <source>--pin takes a SHA-256: 64 hexadecimal digits.</source>
+        <translation>--pin的取值为SHA-256：64位十六进制数字。</translation>
+    </message>
+    <message>
+        <source>The certificate file %1 can&apos;t be read: %2.</source>
+        <translation>无法读取证书文件%1：%2。</translation>
+    </message>
+    <message>
+        <source>The file %1 holds no PEM certificate.</source>
+        <translation>文件%1中没有PEM证书。</translation>
+    </message>
+    <message>
+        <source>See vemo_client %1 --help.</source>
+        <translation>请参阅vemo_client %1 --help。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no action of %2.</source>
+        <translation>“%1”不是%2的操作。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is one argument too many.</source>
+        <translation>“%1”是多余的参数。</translation>
+    </message>
+    <message>
+        <source>Keeps what is at least this grave in the program&apos;s log: debug, info, warning or error; info when left out.</source>
+        <translation>程序日志中保留达到此级别的内容：debug、info、warning或error；省略时为info。</translation>
+    </message>
+    <message>
+        <source>level</source>
+        <translation>level</translation>
     </message>
     <message>
         <source>Vemo, a client for network video recorders. Without a verb it opens the window.
@@ -1553,1423 +1967,3549 @@ Verbs:
   queue     works on the stored downloads while no window is open
   backup    plans backups of whole days, and works them off while no window is open
   local     lists, saves and deletes the recordings and snapshots on this computer
+  user      adds and lists those who may log in to the window, and sets their passwords
 Their options: vemo_client &lt;verb&gt; --help
 </source>
-        <translation type="unfinished"></translation>
+        <translation>Vemo，网络录像机客户端。不带命令时打开窗口。
+
+命令：
+  search    列出某一通道在某一时间段内的录像
+  download  将某一时间段的录像下载为MP4
+  queue     在没有窗口打开时处理已保存的下载任务
+  backup    创建整天的备份任务，并在没有窗口打开时执行
+  local     列出、保存和删除本机上的录像和抓图
+  user      添加和列出可以登录窗口的用户，并设置其密码
+各命令的选项：vemo_client &lt;verb&gt; --help
+</translation>
     </message>
     <message>
-        <source>What to do without a window.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>See vemo_client --help.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>--theme is dark or light.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; is not a verb.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Exit codes: 0 done, 1 failed, 2 wrong use, 3 login refused, 4 recorder not reachable, 5 the recorder&apos;s limit is
-reached, 6 disk full or not writable, 7 no recording in the span, 8 incomplete (a playable part is there),
-130 interrupted (what had arrived is kept).
-</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>--%1 is missing.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>The address of the recorder must be an http, https, rtsp or rtsps address with a host.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>The address of the recorder carries a login; give it by --user and --password-file.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>The password file %1 can&apos;t be read: %2.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>The first line of the password file %1 is longer than %2 bytes.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>The password is missing: give --password-file or set VEMO_PASSWORD.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; is not a channel; channels are numbers from 1 to %2.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>At most %1 channels at once.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>--pin takes a SHA-256: 64 hexadecimal digits.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>The certificate file %1 can&apos;t be read: %2.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>The file %1 holds no PEM certificate.</source>
-        <translation type="unfinished"></translation>
+        <source>--log-level is debug, info, warning or error.</source>
+        <translation>--log-level的取值为debug、info、warning或error。</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::CliQueueParser</name>
     <message>
-        <source>See vemo_client queue --help.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; is no action of queue.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>What to do with the queue is missing.</source>
-        <translation type="unfinished"></translation>
+        <translation>未指定队列操作。</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::CliUserParser</name>
+    <message>
+        <source>See vemo_client user --help.</source>
+        <translation>请参阅vemo_client user --help。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no action of user.</source>
+        <translation>“%1”不是user的操作。</translation>
+    </message>
+    <message>
+        <source>What to do with the users is missing.</source>
+        <translation>未指定用户操作。</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is one argument too many.</source>
-        <translation type="unfinished"></translation>
+        <translation>“%1”是多余的参数。</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::DayAxisWt</name>
     <message>
         <source>Recordings of the day</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Searching...</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>No recording on this day</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>No recording</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Alarm</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Recording</source>
-        <translation type="unfinished"></translation>
+        <translation>当天的录像</translation>
     </message>
     <message>
         <source>%1: %2 of %3 recorded</source>
-        <translation type="unfinished"></translation>
+        <translation>%1：%3中已录制%2</translation>
+    </message>
+    <message>
+        <source>Zoom in (plus)</source>
+        <translation>放大 (加号)</translation>
+    </message>
+    <message>
+        <source>Zoom out (minus)</source>
+        <translation>缩小 (减号)</translation>
+    </message>
+    <message>
+        <source>Show the whole day</source>
+        <translation>显示全天</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::DecodeWorker</name>
+    <message>
+        <source>The library that decodes video is missing. Installing the client anew brings it back.</source>
+        <translation>缺少视频解码库。重新安装客户端即可恢复。</translation>
+    </message>
+    <message>
+        <source>This channel sends no pictures that the client can show.</source>
+        <translation>该通道未发送客户端能够显示的画面。</translation>
+    </message>
+    <message>
+        <source>Video of this kind can&apos;t be shown on this computer.</source>
+        <translation>本机无法显示此类视频。</translation>
+    </message>
+    <message>
+        <source>The pictures of this channel are damaged and can&apos;t be decoded.</source>
+        <translation>该通道的画面已损坏，无法解码。</translation>
+    </message>
+    <message>
+        <source>This channel has not sent a complete picture yet.</source>
+        <translation>该通道尚未发送完整的画面。</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::DeviceDetailsWt</name>
+    <message>
+        <source>The recorder is disabled</source>
+        <translation>录像机已停用</translation>
+    </message>
+    <message>
+        <source>It is not logged in. Its channels can&apos;t be watched, played, downloaded or backed up.</source>
+        <translation>未登录。无法预览、回放、下载或备份其通道。</translation>
+    </message>
+    <message>
+        <source>Enable</source>
+        <translation>启用</translation>
+    </message>
+    <message>
+        <source>Check the key...</source>
+        <translation>检查密钥...</translation>
+    </message>
+    <message>
+        <source>Type the login...</source>
+        <translation>输入登录信息...</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>状态</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>地址</translation>
+    </message>
+    <message>
+        <source>User name</source>
+        <translation>用户名</translation>
+    </message>
+    <message>
+        <source>Group</source>
+        <translation>分组</translation>
+    </message>
+    <message>
+        <source>Used for</source>
+        <translation>用途</translation>
+    </message>
+    <message>
+        <source>Maker</source>
+        <translation>厂商</translation>
+    </message>
+    <message>
+        <source>Model</source>
+        <translation>型号</translation>
+    </message>
+    <message>
+        <source>Firmware</source>
+        <translation>固件</translation>
+    </message>
+    <message>
+        <source>Serial number</source>
+        <translation>序列号</translation>
+    </message>
+    <message>
+        <source>Last seen</source>
+        <translation>最后在线</translation>
+    </message>
+    <message>
+        <source>Its channels are known once it was logged in.</source>
+        <translation>登录成功后才能获知其通道。</translation>
+    </message>
+    <message>
+        <source>1 channel</source>
+        <translation>1个通道</translation>
+    </message>
+    <message>
+        <source>%1 channels</source>
+        <translation>%1个通道</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>否</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>是</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::DeviceFacts</name>
+    <message>
+        <source>Now</source>
+        <translation>现在</translation>
+    </message>
+    <message>
+        <source>Never</source>
+        <translation>从未</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::DeviceListBt</name>
+    <message>
+        <source>Export or import the list</source>
+        <translation>导出或导入列表</translation>
+    </message>
+    <message>
+        <source>Export the list...</source>
+        <translation>导出列表...</translation>
+    </message>
+    <message>
+        <source>Import a list...</source>
+        <translation>导入列表...</translation>
+    </message>
+    <message>
+        <source>Export the list of recorders</source>
+        <translation>导出录像机列表</translation>
+    </message>
+    <message>
+        <source>recorders</source>
+        <translation>录像机</translation>
+    </message>
+    <message>
+        <source>CSV files (*.csv)</source>
+        <translation>CSV文件 (*.csv)</translation>
+    </message>
+    <message>
+        <source>Import a list of recorders</source>
+        <translation>导入录像机列表</translation>
+    </message>
+    <message>
+        <source>The list of recorders could not be written</source>
+        <translation>无法写入录像机列表</translation>
+    </message>
+    <message>
+        <source>1 recorder was exported</source>
+        <translation>已导出1台录像机</translation>
+    </message>
+    <message>
+        <source>%1 recorders were exported</source>
+        <translation>已导出%1台录像机</translation>
+    </message>
+    <message>
+        <source>%1 holds no passwords.</source>
+        <translation>%1中不含密码。</translation>
+    </message>
+    <message>
+        <source>The disk does not answer.</source>
+        <translation>磁盘没有应答。</translation>
+    </message>
+    <message>
+        <source>The list of recorders could not be read</source>
+        <translation>无法读取录像机列表</translation>
+    </message>
+    <message>
+        <source>1 recorder was added</source>
+        <translation>已添加1台录像机</translation>
+    </message>
+    <message>
+        <source>%1 recorders were added</source>
+        <translation>已添加%1台录像机</translation>
+    </message>
+    <message>
+        <source>1 was known already.</source>
+        <translation>1台已存在。</translation>
+    </message>
+    <message>
+        <source>%1 were known already.</source>
+        <translation>%1台已存在。</translation>
+    </message>
+    <message>
+        <source>Their passwords are asked for in the list.</source>
+        <translation>请在列表中输入其密码。</translation>
+    </message>
+    <message>
+        <source>The file lists none.</source>
+        <translation>文件中没有录像机。</translation>
+    </message>
+    <message>
+        <source>These lines were left out:</source>
+        <translation>以下各行已略过：</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::DeviceListFile</name>
+    <message>
+        <source>The file is larger than a list of recorders can be.</source>
+        <translation>文件过大，不可能是录像机列表。</translation>
+    </message>
+    <message>
+        <source>The first line names no column &quot;address&quot;.</source>
+        <translation>首行中没有名为“address”的列。</translation>
+    </message>
+    <message>
+        <source>Line %1: %2</source>
+        <translation>第%1行：%2</translation>
+    </message>
+    <message>
+        <source>More recorders than can be kept.</source>
+        <translation>录像机数量超过上限。</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::DeviceOperWt</name>
+    <message>
+        <source>Log in again</source>
+        <translation>重新登录</translation>
+    </message>
+    <message>
+        <source>Log in again (the recorder is disabled)</source>
+        <translation>重新登录（录像机已停用）</translation>
+    </message>
+    <message>
+        <source>Disable</source>
+        <translation>停用</translation>
+    </message>
+    <message>
+        <source>Enable</source>
+        <translation>启用</translation>
+    </message>
+    <message>
+        <source>Change</source>
+        <translation>修改</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>移除</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::DevicesPage</name>
+    <message>
+        <source>Enter</source>
+        <translation>Enter</translation>
+    </message>
+    <message>
+        <source>details</source>
+        <translation>详情</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>空格</translation>
+    </message>
+    <message>
+        <source>select</source>
+        <translation>选择</translation>
+    </message>
+    <message>
+        <source>Del</source>
+        <translation>Del</translation>
+    </message>
+    <message>
+        <source>remove</source>
+        <translation>移除</translation>
+    </message>
+    <message>
+        <source>No recorder is known yet.</source>
+        <translation>尚无录像机。</translation>
+    </message>
+    <message>
+        <source>Let the client look for recorders on your network, or add one by its address.</source>
+        <translation>让客户端在网络中查找录像机，或按地址添加一台。</translation>
+    </message>
+    <message>
+        <source>Find on the network...</source>
+        <translation>在网络中查找...</translation>
+    </message>
+    <message>
+        <source>No recorder matches the filter.</source>
+        <translation>没有录像机符合筛选条件。</translation>
+    </message>
+    <message>
+        <source>Names, addresses, groups, models and channels are looked through.</source>
+        <translation>筛选范围为名称、地址、分组、型号和通道。</translation>
+    </message>
+    <message>
+        <source>Clear the filter</source>
+        <translation>清除筛选</translation>
+    </message>
+    <message>
+        <source>1 recorder</source>
+        <translation>1台录像机</translation>
+    </message>
+    <message>
+        <source>%1 recorders</source>
+        <translation>%1台录像机</translation>
+    </message>
+    <message>
+        <source>%1, %2 not online</source>
+        <translation>%1，%2台不在线</translation>
+    </message>
+    <message>
+        <source>1 selected</source>
+        <translation>已选1项</translation>
+    </message>
+    <message>
+        <source>%1 selected</source>
+        <translation>已选%1项</translation>
+    </message>
+    <message>
+        <source>Select recorders in the list first.</source>
+        <translation>请先在列表中选择录像机。</translation>
+    </message>
+    <message>
+        <source>Details</source>
+        <translation>详情</translation>
+    </message>
+    <message>
+        <source>Log in again</source>
+        <translation>重新登录</translation>
+    </message>
+    <message>
+        <source>Check the key...</source>
+        <translation>检查密钥...</translation>
+    </message>
+    <message>
+        <source>Change...</source>
+        <translation>修改...</translation>
+    </message>
+    <message>
+        <source>Enable</source>
+        <translation>启用</translation>
+    </message>
+    <message>
+        <source>Disable</source>
+        <translation>停用</translation>
+    </message>
+    <message>
+        <source>Group...</source>
+        <translation>分组...</translation>
+    </message>
+    <message>
+        <source>Rename the group...</source>
+        <translation>重命名分组...</translation>
+    </message>
+    <message>
+        <source>Remove...</source>
+        <translation>移除...</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::DevicesTable</name>
+    <message>
+        <source>All</source>
+        <translation>全部</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>状态</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>地址</translation>
+    </message>
+    <message>
+        <source>Group</source>
+        <translation>分组</translation>
+    </message>
+    <message>
+        <source>Channels</source>
+        <translation>通道</translation>
+    </message>
+    <message>
+        <source>Model</source>
+        <translation>型号</translation>
+    </message>
+    <message>
+        <source>Backup</source>
+        <translation>备份</translation>
+    </message>
+    <message>
+        <source>Last seen</source>
+        <translation>最后在线</translation>
+    </message>
+    <message>
+        <source>Oper</source>
+        <translation>操作</translation>
+    </message>
+    <message>
+        <source>Recorders</source>
+        <translation>录像机</translation>
+    </message>
+    <message>
+        <source>%1, %2, %3</source>
+        <translation>%1，%2，%3</translation>
+    </message>
+    <message>
+        <source>%1, firmware %2</source>
+        <translation>%1，固件%2</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>是</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>否</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::DiscoveryDialog</name>
+    <message>
+        <source>%1 answers at %2 now</source>
+        <translation>%1现在的地址为%2</translation>
+    </message>
+    <message>
+        <source>It is stored with the address %1. Login, channels and tasks stay as they are.</source>
+        <translation>其保存的地址为%1。登录信息、通道和任务保持不变。</translation>
+    </message>
+    <message>
+        <source>Use the new address</source>
+        <translation>使用新地址</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>添加</translation>
+    </message>
+    <message>
+        <source>Add 1 recorder</source>
+        <translation>添加1台录像机</translation>
+    </message>
+    <message>
+        <source>Add %1 recorders</source>
+        <translation>添加%1台录像机</translation>
+    </message>
+    <message>
+        <source>Check that the recorder is switched on and in the same network as this computer, that ONVIF and its discovery are switched on in the recorder&apos;s settings, and that no firewall holds back UDP port 3702.
+
+A recorder in another network does not hear the question: add it by its address.</source>
+        <translation>请检查录像机是否已开机并与本机处于同一网络，录像机设置中是否已启用ONVIF及其发现功能，以及防火墙是否阻止了UDP端口3702。
+
+其他网络中的录像机收不到查询：请按地址添加。</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::DownloadBar</name>
+    <message>
+        <source>Download</source>
+        <translation>下载</translation>
+    </message>
+    <message>
+        <source>The span has not come yet</source>
+        <translation>该时间段尚未到来</translation>
+    </message>
+    <message>
+        <source>No channel is chosen</source>
+        <translation>未选择通道</translation>
+    </message>
+    <message>
+        <source>Downloading is not allowed for this user</source>
+        <translation>该用户无下载权限</translation>
+    </message>
+    <message>
+        <source>Puts it into the download queue</source>
+        <translation>加入下载队列</translation>
+    </message>
+    <message>
+        <source>No span is marked</source>
+        <translation>未标记时间段</translation>
+    </message>
+    <message>
+        <source>Drag on the time line to mark a span, or check recordings in the list</source>
+        <translation>在时间轴上拖动以标记时间段，或在列表中勾选录像</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::DownloadPrinter</name>
     <message>
         <source>%1 left</source>
-        <translation type="unfinished"></translation>
+        <translation>剩余%1</translation>
     </message>
     <message>
         <source>%1 of %2 running</source>
-        <translation type="unfinished"></translation>
+        <translation>%1/%2进行中</translation>
     </message>
     <message>
         <source>%1 to %2, %3 MB in %4 s (%5 MB/s), %6</source>
-        <translation type="unfinished"></translation>
+        <translation>%1至%2，%3 MB，用时%4秒 (%5 MB/s)，%6</translation>
     </message>
     <message>
         <source>the recorder gave no list of recordings to compare this with</source>
-        <translation type="unfinished"></translation>
+        <translation>录像机未提供可供比对的录像列表</translation>
     </message>
     <message>
         <source>gap %1 to %2: %3</source>
-        <translation type="unfinished"></translation>
+        <translation>缺口 %1至%2：%3</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::Failures</name>
     <message>
         <source>The recorder gave no reason</source>
-        <translation type="unfinished"></translation>
+        <translation>录像机未说明原因</translation>
     </message>
     <message>
         <source>%1 shows another key than the pinned one, so nothing was sent to it; the SHA-256 of its key is %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1出示的密钥与指定的密钥不同，因此未向其发送任何内容；其密钥的SHA-256为%2。</translation>
     </message>
     <message>
         <source>The certificate of %1 is not trusted (%2), so nothing was sent to it; if this is the key of your recorder, add --pin %3.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1的证书不受信任（%2），因此未向其发送任何内容；如果这是您录像机的密钥，请添加--pin %3。</translation>
     </message>
     <message>
         <source>%1 has no channels, so there is no channel %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1没有任何通道，因此不存在通道%2。</translation>
     </message>
     <message>
         <source>%1 has no channel %2; its channels are %3.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1没有通道%2；其通道为%3。</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::FirstRecorderWt</name>
     <message>
         <source>Keep it offline</source>
-        <translation type="unfinished"></translation>
+        <translation>离线保留</translation>
     </message>
     <message>
         <source>Add your first recorder</source>
-        <translation type="unfinished"></translation>
+        <translation>添加您的第一台录像机</translation>
     </message>
     <message>
         <source>Its recordings can be searched and fetched as soon as the client is logged in.</source>
-        <translation type="unfinished"></translation>
+        <translation>客户端登录后，即可搜索和获取其录像。</translation>
     </message>
     <message>
         <source>Every hour that matters,
 safe on your own disks.</source>
-        <translation type="unfinished"></translation>
+        <translation>重要的每一刻，
+安存于自己的磁盘。</translation>
     </message>
     <message>
         <source>Search the days of your network recorders and fetch what you need as files.</source>
-        <translation type="unfinished"></translation>
+        <translation>按日期搜索网络录像机，将所需内容获取为文件。</translation>
     </message>
     <message>
         <source>Connecting...</source>
-        <translation type="unfinished"></translation>
+        <translation>正在连接...</translation>
     </message>
     <message>
         <source>Try again</source>
-        <translation type="unfinished"></translation>
+        <translation>重试</translation>
     </message>
     <message>
         <source>Add and log in</source>
-        <translation type="unfinished"></translation>
+        <translation>添加并登录</translation>
+    </message>
+    <message>
+        <source>Find on the network...</source>
+        <translation>在网络中查找...</translation>
+    </message>
+    <message>
+        <source>No recorder is known yet</source>
+        <translation>尚无录像机</translation>
+    </message>
+    <message>
+        <source>Somebody who may look after devices adds the first one; its recordings show here.</source>
+        <translation>由有设备管理权限的用户添加第一台录像机后，其录像会显示在这里。</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::FolderEdit</name>
+    <message>
+        <source>Make folder</source>
+        <translation>创建文件夹</translation>
+    </message>
+    <message>
+        <source>Browse</source>
+        <translation>浏览</translation>
+    </message>
+    <message>
+        <source>Browse: %1</source>
+        <translation>浏览：%1</translation>
+    </message>
+    <message>
+        <source>The folder can&apos;t be made here. Choose another one.</source>
+        <translation>无法在此处创建文件夹。请另选一个。</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::FolderField</name>
     <message>
         <source>Browse</source>
-        <translation type="unfinished"></translation>
+        <translation>浏览</translation>
     </message>
     <message>
         <source>Browse: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>浏览：%1</translation>
     </message>
     <message>
         <source>%1 free of %2</source>
-        <translation type="unfinished"></translation>
+        <translation>可用%1，共%2</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::FoldersPage</name>
     <message>
         <source>Choose where files are kept</source>
-        <translation type="unfinished"></translation>
+        <translation>选择文件的保存位置</translation>
     </message>
     <message>
         <source>Footage takes much room. Each folder may lie on a disk of its own and can be changed later in the settings.</source>
-        <translation type="unfinished"></translation>
+        <translation>录像占用大量空间。每个文件夹可位于单独的磁盘，以后可在设置中更改。</translation>
     </message>
     <message>
         <source>Recordings and snapshots of live video</source>
-        <translation type="unfinished"></translation>
+        <translation>实时预览的录像和抓图</translation>
     </message>
     <message>
         <source>Downloads</source>
-        <translation type="unfinished"></translation>
+        <translation>下载</translation>
     </message>
     <message>
         <source>Recordings backup</source>
-        <translation type="unfinished"></translation>
+        <translation>录像备份</translation>
     </message>
     <message>
         <source>Continue</source>
-        <translation type="unfinished"></translation>
+        <translation>继续</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::GroupDialog</name>
+    <message>
+        <source>Group</source>
+        <translation>分组</translation>
+    </message>
+    <message>
+        <source>The recorder is listed below this group. An empty name takes it out of any.</source>
+        <translation>该录像机将列在此分组下。名称留空则不属于任何分组。</translation>
+    </message>
+    <message>
+        <source>%1 recorders are listed below this group. An empty name takes them out of any.</source>
+        <translation>%1台录像机将列在此分组下。名称留空则不属于任何分组。</translation>
+    </message>
+    <message>
+        <source>Name of the group</source>
+        <translation>分组名称</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>应用</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::GuideWindow</name>
     <message>
         <source>Guide</source>
-        <translation type="unfinished"></translation>
+        <translation>使用指南</translation>
     </message>
     <message>
         <source>Headings</source>
-        <translation type="unfinished"></translation>
+        <translation>标题</translation>
     </message>
     <message>
         <source>The guide is not installed</source>
-        <translation type="unfinished"></translation>
+        <translation>使用指南未安装</translation>
     </message>
     <message>
         <source>It belongs to the program&apos;s files. Installing Vemo again brings it back.</source>
-        <translation type="unfinished"></translation>
+        <translation>使用指南属于程序文件。重新安装Vemo即可恢复。</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::LanguageButton</name>
+    <message>
+        <source>Language</source>
+        <translation>语言</translation>
+    </message>
+    <message>
+        <source>Language: %1</source>
+        <translation>语言：%1</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::LiveBar</name>
+    <message>
+        <source>View</source>
+        <translation>视图</translation>
+    </message>
+    <message>
+        <source>The channels that are watched together</source>
+        <translation>一起观看的通道</translation>
+    </message>
+    <message>
+        <source>Save, rename or delete the view</source>
+        <translation>保存、重命名或删除视图</translation>
+    </message>
+    <message>
+        <source>Save view as...</source>
+        <translation>视图另存为...</translation>
+    </message>
+    <message>
+        <source>Rename view...</source>
+        <translation>重命名视图...</translation>
+    </message>
+    <message>
+        <source>Delete view...</source>
+        <translation>删除视图...</translation>
+    </message>
+    <message>
+        <source>One channel (1)</source>
+        <translation>1个通道 (1)</translation>
+    </message>
+    <message>
+        <source>Four channels (4)</source>
+        <translation>4个通道 (4)</translation>
+    </message>
+    <message>
+        <source>Nine channels (9)</source>
+        <translation>9个通道 (9)</translation>
+    </message>
+    <message>
+        <source>Snapshot</source>
+        <translation>抓图</translation>
+    </message>
+    <message>
+        <source>Stop recording</source>
+        <translation>停止录像</translation>
+    </message>
+    <message>
+        <source>Record</source>
+        <translation>录像</translation>
+    </message>
+    <message>
+        <source>Full screen (F)</source>
+        <translation>全屏 (F)</translation>
+    </message>
+    <message>
+        <source>View without a name</source>
+        <translation>未命名视图</translation>
+    </message>
+    <message>
+        <source>Save the picture of the selected tile (S)</source>
+        <translation>保存所选画面格的图像 (S)</translation>
+    </message>
+    <message>
+        <source>The selected tile shows no picture</source>
+        <translation>所选画面格没有图像</translation>
+    </message>
+    <message>
+        <source>The selected tile shows no channel</source>
+        <translation>所选画面格没有通道</translation>
+    </message>
+    <message>
+        <source>Finish the file of the selected tile (R)</source>
+        <translation>结束所选画面格的录像文件 (R)</translation>
+    </message>
+    <message>
+        <source>Record the channel of the selected tile on this computer (R)</source>
+        <translation>将所选画面格的通道录制到本机 (R)</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::LiveColumn</name>
+    <message>
+        <source>Filter by channel name</source>
+        <translation>按通道名称筛选</translation>
+    </message>
+    <message>
+        <source>Drag a channel onto a tile, or press Enter to show it in the next free one.</source>
+        <translation>将通道拖到画面格上，或按Enter键在下一个空闲画面格中显示。</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::LivePage</name>
+    <message>
+        <source>1 channel, %1 Mbit/s</source>
+        <translation>1个通道，%1 Mbit/s</translation>
+    </message>
+    <message>
+        <source>%1 channels, %2 Mbit/s</source>
+        <translation>%1个通道，%2 Mbit/s</translation>
+    </message>
+    <message>
+        <source>A live channel is being recorded. The recording ends, and what was recorded is kept.</source>
+        <translation>一个预览通道正在录像。录像将结束，已录制的内容会保留。</translation>
+    </message>
+    <message>
+        <source>%1 live channels are being recorded. The recordings end, and what was recorded is kept.</source>
+        <translation>%1个预览通道正在录像。录像将结束，已录制的内容会保留。</translation>
+    </message>
+    <message>
+        <source>Save view</source>
+        <translation>保存视图</translation>
+    </message>
+    <message>
+        <source>The channels in their tiles are kept under this name. A view of the same name is replaced.</source>
+        <translation>各画面格中的通道将以此名称保存，同名视图会被替换。</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
+    <message>
+        <source>There are too many views already. Delete one first.</source>
+        <translation>视图过多。请先删除一个。</translation>
+    </message>
+    <message>
+        <source>Rename view</source>
+        <translation>重命名视图</translation>
+    </message>
+    <message>
+        <source>The view %1 gets another name.</source>
+        <translation>为视图%1设置新名称。</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>重命名</translation>
+    </message>
+    <message>
+        <source>There is a view of this name already.</source>
+        <translation>已有同名视图。</translation>
+    </message>
+    <message>
+        <source>Delete view</source>
+        <translation>删除视图</translation>
+    </message>
+    <message>
+        <source>Delete the view %1? The channels stay in their tiles.</source>
+        <translation>是否删除视图%1？画面格中的通道保持不变。</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>删除</translation>
+    </message>
+    <message>
+        <source>Live</source>
+        <translation>实时预览</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::LiveRecorder</name>
+    <message>
+        <source>The folder for recordings can&apos;t be used: %1</source>
+        <translation>录像文件夹无法使用：%1</translation>
+    </message>
+    <message>
+        <source>The disk of the folder for recordings has less than 1 GB left.</source>
+        <translation>录像文件夹所在磁盘的可用空间不足1 GB。</translation>
+    </message>
+    <message>
+        <source>The disk of the folder for recordings does not answer.</source>
+        <translation>录像文件夹所在磁盘没有应答。</translation>
+    </message>
+    <message>
+        <source>The recording could not be started.</source>
+        <translation>无法开始录像。</translation>
+    </message>
+    <message>
+        <source>The recording was broken off.</source>
+        <translation>录像已中断。</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::LiveStage</name>
+    <message>
+        <source>Every tile is being recorded</source>
+        <translation>所有画面格都在录像</translation>
+    </message>
+    <message>
+        <source>Stop a recording, or show more tiles, to see another channel.</source>
+        <translation>要查看其他通道，请停止一个录像或显示更多画面格。</translation>
+    </message>
+    <message>
+        <source>Snapshot of %1</source>
+        <translation>%1的抓图</translation>
+    </message>
+    <message>
+        <source>The recording of %1 has ended</source>
+        <translation>%1的录像已结束</translation>
+    </message>
+    <message>
+        <source>%1 What was recorded until then is kept.</source>
+        <translation>%1此前录制的内容已保留。</translation>
+    </message>
+    <message>
+        <source>Nothing of %1 was recorded</source>
+        <translation>%1没有录到任何内容</translation>
+    </message>
+    <message>
+        <source>No picture came before the recording was stopped.</source>
+        <translation>录像停止前没有收到画面。</translation>
+    </message>
+    <message>
+        <source>The recording of %1 is saved</source>
+        <translation>%1的录像已保存</translation>
+    </message>
+    <message>
+        <source>Show in folder</source>
+        <translation>在文件夹中显示</translation>
+    </message>
+    <message>
+        <source>Snapshot (S)</source>
+        <translation>抓图 (S)</translation>
+    </message>
+    <message>
+        <source>Stop recording (R)</source>
+        <translation>停止录像 (R)</translation>
+    </message>
+    <message>
+        <source>Record (R)</source>
+        <translation>录像 (R)</translation>
+    </message>
+    <message>
+        <source>Show all tiles (Enter)</source>
+        <translation>显示所有画面格 (Enter)</translation>
+    </message>
+    <message>
+        <source>Enlarge (Enter)</source>
+        <translation>放大 (Enter)</translation>
+    </message>
+    <message>
+        <source>Close the channel (Del)</source>
+        <translation>关闭通道 (Del)</translation>
+    </message>
+    <message>
+        <source>Drag a channel here</source>
+        <translation>将通道拖到这里</translation>
+    </message>
+    <message>
+        <source>REC %1</source>
+        <translation>录像 %1</translation>
+    </message>
+    <message>
+        <source>Decoded by the processor</source>
+        <translation>由处理器解码</translation>
+    </message>
+    <message>
+        <source>Decoded by the hardware: %1</source>
+        <translation>由硬件解码：%1</translation>
+    </message>
+    <message>
+        <source>Connecting...</source>
+        <translation>正在连接...</translation>
+    </message>
+    <message>
+        <source>No signal.</source>
+        <translation>无信号。</translation>
+    </message>
+    <message>
+        <source>The login can be changed on the page Devices.</source>
+        <translation>登录信息可在“设备”页面修改。</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>重试</translation>
+    </message>
+    <message>
+        <source>Trying again in %1 s</source>
+        <translation>%1秒后重试</translation>
+    </message>
+    <message>
+        <source>Try now</source>
+        <translation>立即重试</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::LocalListing</name>
     <message>
         <source>Begin</source>
-        <translation type="unfinished"></translation>
+        <translation>开始</translation>
     </message>
     <message>
         <source>End</source>
-        <translation type="unfinished"></translation>
+        <translation>结束</translation>
     </message>
     <message>
         <source>Size</source>
-        <translation type="unfinished"></translation>
+        <translation>大小</translation>
     </message>
     <message>
         <source>Channel</source>
-        <translation type="unfinished"></translation>
+        <translation>通道</translation>
     </message>
     <message>
         <source>File</source>
-        <translation type="unfinished"></translation>
+        <translation>文件</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::LocalVerb</name>
     <message>
         <source>Capture time:%1</source>
-        <translation type="unfinished"></translation>
+        <translation>抓图时间：%1</translation>
     </message>
     <message>
         <source>Record begin time:%1,file size:%2</source>
-        <translation type="unfinished"></translation>
+        <translation>录像开始时间：%1，文件大小：%2</translation>
     </message>
     <message>
         <source>Interrupted.</source>
-        <translation type="unfinished"></translation>
+        <translation>已中断。</translation>
     </message>
     <message>
         <source>%1 recordings, %2 snapshots; %3 new or changed, %4 of them broken; %5 gone.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1段录像，%2张抓图；新增或有变化%3个，其中损坏%4个；消失%5个。</translation>
     </message>
     <message>
         <source>There are more than %1 recordings; only the oldest are taken. Give --begin and --end.</source>
-        <translation type="unfinished"></translation>
+        <translation>录像超过%1段，仅取最早的部分。请指定--begin和--end。</translation>
     </message>
     <message>
         <source>The folder %1 can&apos;t be made.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法创建文件夹%1。</translation>
     </message>
     <message>
         <source>%1 could not be saved: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>无法保存%1：%2</translation>
     </message>
     <message>
         <source>The files could not be saved.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法保存文件。</translation>
     </message>
     <message>
         <source>The database could not be written.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法写入数据库。</translation>
     </message>
     <message>
         <source>%1 could not be deleted.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法删除%1。</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::LocalVerbOptions</name>
     <message>
         <source>Only what touches the time from here on, as 2026-01-10T08:00:00.</source>
-        <translation type="unfinished"></translation>
+        <translation>仅限涉及此时间及之后的内容，如2026-01-10T08:00:00。</translation>
     </message>
     <message>
         <source>time</source>
-        <translation type="unfinished"></translation>
+        <translation>time</translation>
     </message>
     <message>
         <source>Only what touches the time up to here.</source>
-        <translation type="unfinished"></translation>
+        <translation>仅限涉及此时间及之前的内容。</translation>
     </message>
     <message>
         <source>Only of the channel with this name.</source>
-        <translation type="unfinished"></translation>
+        <translation>仅限具有此名称的通道。</translation>
     </message>
     <message>
         <source>name</source>
-        <translation type="unfinished"></translation>
+        <translation>name</translation>
     </message>
     <message>
         <source>Every file, of every time and channel.</source>
-        <translation type="unfinished"></translation>
+        <translation>所有时间和通道的全部文件。</translation>
     </message>
     <message>
         <source>Folder to save in. Files there are never overwritten.</source>
-        <translation type="unfinished"></translation>
+        <translation>保存到的文件夹。已有文件绝不会被覆盖。</translation>
     </message>
     <message>
         <source>dir</source>
-        <translation type="unfinished"></translation>
+        <translation>dir</translation>
     </message>
     <message>
         <source>Deletes without a further question.</source>
-        <translation type="unfinished"></translation>
+        <translation>删除时不再询问。</translation>
     </message>
     <message>
         <source>Folder to look through with what is below it, instead of the client&apos;s own; its files are known from then on.</source>
-        <translation type="unfinished"></translation>
+        <translation>要查找的文件夹（含子文件夹），代替客户端自己的文件夹；其中的文件此后将被登记。</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::LogExport</name>
+    <message>
+        <source>The export was cancelled. Nothing was written.</source>
+        <translation>导出已取消，未写入任何内容。</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>时间</translation>
+    </message>
+    <message>
+        <source>Time (UTC)</source>
+        <translation>时间 (UTC)</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>类型</translation>
+    </message>
+    <message>
+        <source>Device</source>
+        <translation>设备</translation>
+    </message>
+    <message>
+        <source>Channel number</source>
+        <translation>通道号</translation>
+    </message>
+    <message>
+        <source>Channel</source>
+        <translation>通道</translation>
+    </message>
+    <message>
+        <source>Event</source>
+        <translation>事件</translation>
+    </message>
+    <message>
+        <source>The file %1 could not be written: %2</source>
+        <translation>无法写入文件%1：%2</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::LogWords</name>
+    <message>
+        <source>Download</source>
+        <translation>下载</translation>
+    </message>
+    <message>
+        <source>Recording deleted</source>
+        <translation>录像已删除</translation>
+    </message>
+    <message>
+        <source>Snapshot deleted</source>
+        <translation>抓图已删除</translation>
+    </message>
+    <message>
+        <source>Backup</source>
+        <translation>备份</translation>
+    </message>
+    <message>
+        <source>Other</source>
+        <translation>其他</translation>
+    </message>
+    <message>
+        <source>Channel %1</source>
+        <translation>通道%1</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::LoginPage</name>
     <message>
         <source>Password</source>
-        <translation type="unfinished"></translation>
+        <translation>密码</translation>
     </message>
     <message>
         <source>Stay logged in on this computer</source>
-        <translation type="unfinished"></translation>
+        <translation>在本机保持登录</translation>
     </message>
     <message>
         <source>Log in</source>
-        <translation type="unfinished"></translation>
+        <translation>登录</translation>
     </message>
     <message>
         <source>User name</source>
-        <translation type="unfinished"></translation>
+        <translation>用户名</translation>
     </message>
     <message>
         <source>Caps Lock is on</source>
-        <translation type="unfinished"></translation>
+        <translation>大写锁定已开启</translation>
     </message>
     <message>
         <source>Capital and small letters are told apart.</source>
-        <translation type="unfinished"></translation>
+        <translation>区分大小写。</translation>
     </message>
     <message>
         <source>1 download is waiting and goes on after login.</source>
-        <translation type="unfinished"></translation>
+        <translation>1个下载正在等待，登录后继续。</translation>
     </message>
     <message>
         <source>%1 downloads are waiting and go on after login.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1个下载正在等待，登录后继续。</translation>
     </message>
     <message>
         <source>Give the name and the password of your account.</source>
-        <translation type="unfinished"></translation>
+        <translation>请输入账户的名称和密码。</translation>
     </message>
     <message>
         <source>Last login of %1: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1上次登录：%2</translation>
     </message>
     <message>
         <source>Logging in...</source>
-        <translation type="unfinished"></translation>
+        <translation>正在登录...</translation>
     </message>
     <message>
         <source>You do not stay logged in</source>
-        <translation type="unfinished"></translation>
+        <translation>未能保持登录</translation>
     </message>
     <message>
         <source>It could not be stored. The next start asks for the password again.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法保存登录状态。下次启动时将再次要求输入密码。</translation>
     </message>
     <message>
         <source>This account is disabled. An administrator can enable it again.</source>
-        <translation type="unfinished"></translation>
+        <translation>该账户已停用，可由管理员重新启用。</translation>
     </message>
     <message>
         <source>The user name or the password is wrong.</source>
-        <translation type="unfinished"></translation>
+        <translation>用户名或密码错误。</translation>
     </message>
     <message>
         <source>The user name or the password is wrong. After one more wrong try the account is locked.</source>
-        <translation type="unfinished"></translation>
+        <translation>用户名或密码错误。再输错一次账户将被锁定。</translation>
     </message>
     <message>
         <source>The account can be used again.</source>
-        <translation type="unfinished"></translation>
+        <translation>账户可以继续使用。</translation>
     </message>
     <message>
         <source>Too many wrong passwords. The account is locked for %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>密码错误次数过多。账户已锁定%1。</translation>
     </message>
     <message>
         <source>%1 s</source>
-        <translation type="unfinished"></translation>
+        <translation>%1秒</translation>
     </message>
     <message>
         <source>%1 min %2 s</source>
-        <translation type="unfinished"></translation>
+        <translation>%1分%2秒</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::LoginWords</name>
     <message>
         <source>Online</source>
-        <translation type="unfinished"></translation>
+        <translation>在线</translation>
     </message>
     <message>
         <source>Password wanted</source>
-        <translation type="unfinished"></translation>
+        <translation>需要密码</translation>
     </message>
     <message>
         <source>Certificate</source>
-        <translation type="unfinished"></translation>
+        <translation>证书</translation>
     </message>
     <message>
         <source>Connecting</source>
-        <translation type="unfinished"></translation>
+        <translation>正在连接</translation>
     </message>
     <message>
         <source>The password is wanted</source>
-        <translation type="unfinished"></translation>
+        <translation>需要密码</translation>
     </message>
     <message>
         <source>It is not kept on this computer, or can&apos;t be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>密码未保存在本机，或无法读取。</translation>
     </message>
     <message>
         <source>Type it once more.</source>
-        <translation type="unfinished"></translation>
+        <translation>请重新输入。</translation>
+    </message>
+    <message>
+        <source>Disabled</source>
+        <translation>已停用</translation>
+    </message>
+    <message>
+        <source>Default password</source>
+        <translation>默认密码</translation>
+    </message>
+    <message>
+        <source>Login limit</source>
+        <translation>登录数已满</translation>
+    </message>
+    <message>
+        <source>Relay broken</source>
+        <translation>中继中断</translation>
+    </message>
+    <message>
+        <source>The keyring is closed</source>
+        <translation>密钥环已锁定</translation>
+    </message>
+    <message>
+        <source>The password lies in the desktop&apos;s keyring, which does not open it.</source>
+        <translation>密码保存在桌面的密钥环中，但密钥环未打开。</translation>
+    </message>
+    <message>
+        <source>Unlock the keyring and log in again, or type the password: it is then kept in an encrypted file.</source>
+        <translation>请解锁密钥环后重新登录，或输入密码：密码将保存在加密文件中。</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::LogsPage</name>
+    <message>
+        <source>Logs</source>
+        <translation>日志</translation>
+    </message>
+    <message>
+        <source>Span of time</source>
+        <translation>时间段</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>类型</translation>
+    </message>
+    <message>
+        <source>Kind of entries</source>
+        <translation>条目类型</translation>
+    </message>
+    <message>
+        <source>Every kind</source>
+        <translation>所有类型</translation>
+    </message>
+    <message>
+        <source>Channel</source>
+        <translation>通道</translation>
+    </message>
+    <message>
+        <source>Channel that the entries are about</source>
+        <translation>条目涉及的通道</translation>
+    </message>
+    <message>
+        <source>Every channel</source>
+        <translation>所有通道</translation>
+    </message>
+    <message>
+        <source>Filter by words</source>
+        <translation>按关键词筛选</translation>
+    </message>
+    <message>
+        <source>Export as CSV</source>
+        <translation>导出为CSV</translation>
+    </message>
+    <message>
+        <source>Writes all entries that match, of every page, into a file for spreadsheets.</source>
+        <translation>将所有页中符合条件的条目写入文件，供电子表格程序使用。</translation>
+    </message>
+    <message>
+        <source>Nothing was logged in this span.</source>
+        <translation>该时间段内没有日志。</translation>
+    </message>
+    <message>
+        <source>Downloads that end, backups, and files that are deleted leave their entries here. Choose another span.</source>
+        <translation>下载结束、备份和文件删除都会在此留下条目。请选择其他时间段。</translation>
+    </message>
+    <message>
+        <source>No entry matches the filters.</source>
+        <translation>没有条目符合筛选条件。</translation>
+    </message>
+    <message>
+        <source>The words are looked for in device, channel and event.</source>
+        <translation>关键词的查找范围为设备、通道和事件。</translation>
+    </message>
+    <message>
+        <source>Clear the filters</source>
+        <translation>清除筛选条件</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1（%2）</translation>
+    </message>
+    <message>
+        <source>1 entry, newest first</source>
+        <translation>1条，最新在前</translation>
+    </message>
+    <message>
+        <source>%1 entries, newest first</source>
+        <translation>%1条，最新在前</translation>
+    </message>
+    <message>
+        <source>CSV files (*.csv)</source>
+        <translation>CSV文件 (*.csv)</translation>
+    </message>
+    <message>
+        <source>Exporting the log:%1%</source>
+        <translation>正在导出日志：%1%</translation>
+    </message>
+    <message>
+        <source>1 log entry was exported</source>
+        <translation>已导出1条日志</translation>
+    </message>
+    <message>
+        <source>%1 log entries were exported</source>
+        <translation>已导出%1条日志</translation>
+    </message>
+    <message>
+        <source>Open the folder</source>
+        <translation>打开文件夹</translation>
+    </message>
+    <message>
+        <source>The log was not exported</source>
+        <translation>日志未导出</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::LogsTable</name>
+    <message>
+        <source>No.</source>
+        <translation>序号</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>时间</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>类型</translation>
+    </message>
+    <message>
+        <source>Device</source>
+        <translation>设备</translation>
+    </message>
+    <message>
+        <source>Channel</source>
+        <translation>通道</translation>
+    </message>
+    <message>
+        <source>Event</source>
+        <translation>事件</translation>
+    </message>
+    <message>
+        <source>Log entries</source>
+        <translation>日志条目</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::MainWindow</name>
     <message>
         <source>Stored data</source>
-        <translation type="unfinished"></translation>
+        <translation>已保存的数据</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::ModulePages</name>
     <message>
         <source>Playback</source>
-        <translation type="unfinished"></translation>
+        <translation>回放</translation>
     </message>
     <message>
         <source>Files Center</source>
-        <translation type="unfinished"></translation>
+        <translation>文件中心</translation>
+    </message>
+    <message>
+        <source>Devices</source>
+        <translation>设备</translation>
+    </message>
+    <message>
+        <source>Live</source>
+        <translation>实时预览</translation>
+    </message>
+    <message>
+        <source>Logs</source>
+        <translation>日志</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>设置</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::NoticeBell</name>
     <message>
         <source>Notices</source>
-        <translation type="unfinished"></translation>
+        <translation>通知</translation>
     </message>
     <message>
         <source>Notices: %1 new</source>
-        <translation type="unfinished"></translation>
+        <translation>通知：%1条新通知</translation>
     </message>
     <message>
         <source>Notices: %1 new, %2 of them tell of failures</source>
-        <translation type="unfinished"></translation>
+        <translation>通知：%1条新通知，其中%2条为失败</translation>
     </message>
     <message>
         <source>%1+</source>
-        <translation type="unfinished"></translation>
+        <translation>%1+</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::NoticesModel</name>
     <message>
         <source>%1 (%2 times)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1（%2次）</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::NoticesPopup</name>
     <message>
         <source>Clear</source>
-        <translation type="unfinished"></translation>
+        <translation>清除</translation>
     </message>
     <message>
         <source>Notices</source>
-        <translation type="unfinished"></translation>
+        <translation>通知</translation>
     </message>
     <message>
         <source>Forget all notices</source>
-        <translation type="unfinished"></translation>
+        <translation>清除所有通知</translation>
     </message>
     <message>
         <source>No notices. What the client has to tell is kept here.</source>
-        <translation type="unfinished"></translation>
+        <translation>没有通知。客户端的消息会保留在这里。</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::OutPath</name>
     <message>
         <source>%1 is a file; several channels need a folder.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1是文件；多个通道需要文件夹。</translation>
     </message>
     <message>
         <source>%1 is neither a file nor a folder.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1既不是文件也不是文件夹。</translation>
     </message>
     <message>
         <source>The folder %1 can&apos;t be made.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法创建文件夹%1。</translation>
     </message>
     <message>
         <source>The folder %1 does not exist.</source>
-        <translation type="unfinished"></translation>
+        <translation>文件夹%1不存在。</translation>
     </message>
     <message>
         <source>The folder %1 can&apos;t be written.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法写入文件夹%1。</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::PasswordEdit</name>
     <message>
         <source>Show the password</source>
-        <translation type="unfinished"></translation>
+        <translation>显示密码</translation>
     </message>
     <message>
         <source>Hide the password</source>
-        <translation type="unfinished"></translation>
+        <translation>隐藏密码</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::PictureSaver</name>
+    <message>
+        <source>Snapshot saved</source>
+        <translation>抓图已保存</translation>
+    </message>
+    <message>
+        <source>The snapshot could not be saved</source>
+        <translation>无法保存抓图</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::PlaybackDays</name>
+    <message>
+        <source>No list of recordings: click on a time to play, or mark a span</source>
+        <translation>没有录像列表：点击某一时间进行播放，或标记时间段</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::PlaybackPage</name>
     <message>
-        <source>Playback</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Download</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Day before</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Next day</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>No list of recordings: mark a span and press Download</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>The span has not come yet</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>No channel is chosen</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Check recordings or mark a span first</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Puts it into the download queue</source>
-        <translation type="unfinished"></translation>
+        <translation>未选择通道</translation>
     </message>
     <message>
         <source>, the first %1 are listed</source>
-        <translation type="unfinished"></translation>
+        <translation>，仅列出前%1条</translation>
     </message>
     <message>
         <source>%1 of %2 channels could not be searched</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>%2个通道中有%1个无法搜索</translation>
     </message>
     <message>
         <source>Search</source>
-        <translation type="unfinished"></translation>
+        <translation>搜索</translation>
     </message>
     <message>
         <source>The recordings of %1 are searched</source>
-        <translation type="unfinished"></translation>
+        <translation>正在搜索%1的录像</translation>
     </message>
     <message>
         <source>They appear here channel by channel.</source>
-        <translation type="unfinished"></translation>
+        <translation>录像将按通道依次显示在这里。</translation>
     </message>
     <message>
         <source>Check up to %1 channels, pick a day and press Search.</source>
-        <translation type="unfinished"></translation>
+        <translation>勾选最多%1个通道，选择日期，然后点击“搜索”。</translation>
     </message>
     <message>
         <source>This recorder has no list of recordings</source>
-        <translation type="unfinished"></translation>
+        <translation>该录像机没有录像列表</translation>
     </message>
     <message>
         <source>Mark a span on the axis, or type two times, and press Download.</source>
-        <translation type="unfinished"></translation>
+        <translation>在时间轴上标记时间段，或输入两个时间，然后点击“下载”。</translation>
     </message>
     <message>
         <source>The recordings could not be searched</source>
-        <translation type="unfinished"></translation>
+        <translation>无法搜索录像</translation>
     </message>
     <message>
         <source>Retry</source>
-        <translation type="unfinished"></translation>
+        <translation>重试</translation>
     </message>
     <message>
         <source>There is no recording on %1</source>
-        <translation type="unfinished"></translation>
+        <translation>%1没有录像</translation>
     </message>
     <message>
         <source>Pick another day, or check other channels.</source>
-        <translation type="unfinished"></translation>
+        <translation>请选择其他日期，或勾选其他通道。</translation>
     </message>
     <message>
         <source>%1 was not searched yet</source>
-        <translation type="unfinished"></translation>
+        <translation>%1尚未搜索</translation>
     </message>
     <message>
         <source>Press Search to see what the recorder has.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Trust this key</source>
-        <translation type="unfinished"></translation>
+        <translation>点击“搜索”查看录像机上的内容。</translation>
     </message>
     <message>
         <source>Type the login</source>
-        <translation type="unfinished"></translation>
+        <translation>输入登录信息</translation>
+    </message>
+    <message>
+        <source>Recordings as a list</source>
+        <translation>以列表显示录像</translation>
+    </message>
+    <message>
+        <source>Check the key...</source>
+        <translation>检查密钥...</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::PlaybackStage</name>
+    <message>
+        <source>No recording from %1 to %2: playing on from there.</source>
+        <translation>%1至%2没有录像：从其后继续播放。</translation>
+    </message>
+    <message>
+        <source>There is no further recording on this day.</source>
+        <translation>当天没有后续录像。</translation>
+    </message>
+    <message>
+        <source>Save the shown picture</source>
+        <translation>保存当前画面</translation>
+    </message>
+    <message>
+        <source>Show all channels</source>
+        <translation>显示所有通道</translation>
+    </message>
+    <message>
+        <source>Enlarge</source>
+        <translation>放大</translation>
+    </message>
+    <message>
+        <source>Close this channel</source>
+        <translation>关闭此通道</translation>
+    </message>
+    <message>
+        <source>Check a channel in the list, or drag it here.</source>
+        <translation>在列表中勾选通道，或将其拖到这里。</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>重试</translation>
+    </message>
+    <message>
+        <source>Searching for recordings...</source>
+        <translation>正在搜索录像...</translation>
+    </message>
+    <message>
+        <source>Loading the picture...</source>
+        <translation>正在加载画面...</translation>
+    </message>
+    <message>
+        <source>Press Play, or click on the time line.</source>
+        <translation>点击“播放”，或点击时间轴。</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>播放</translation>
+    </message>
+    <message>
+        <source>No recording from %1 to %2</source>
+        <translation>%1至%2没有录像</translation>
+    </message>
+    <message>
+        <source>Jump to %1</source>
+        <translation>跳至%1</translation>
+    </message>
+    <message>
+        <source>%1
+Trying again...</source>
+        <translation>%1
+正在重试...</translation>
+    </message>
+    <message>
+        <source>Playback</source>
+        <translation>回放</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::PlaybackTransport</name>
+    <message>
+        <source>10 s back (Left arrow)</source>
+        <translation>后退10秒 (左方向键)</translation>
+    </message>
+    <message>
+        <source>Frame back (comma)</source>
+        <translation>上一帧 (逗号)</translation>
+    </message>
+    <message>
+        <source>Play (Space)</source>
+        <translation>播放 (空格)</translation>
+    </message>
+    <message>
+        <source>Frame on (period)</source>
+        <translation>下一帧 (句号)</translation>
+    </message>
+    <message>
+        <source>10 s on (Right arrow)</source>
+        <translation>前进10秒 (右方向键)</translation>
+    </message>
+    <message>
+        <source>Speed ([ slower, ] faster)</source>
+        <translation>速度 ([ 减慢，] 加快)</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>速度</translation>
+    </message>
+    <message>
+        <source>All channels play the same time</source>
+        <translation>所有通道同步播放</translation>
+    </message>
+    <message>
+        <source>Save the shown picture (S)</source>
+        <translation>保存当前画面 (S)</translation>
+    </message>
+    <message>
+        <source>One channel</source>
+        <translation>1个通道</translation>
+    </message>
+    <message>
+        <source>Four channels</source>
+        <translation>4个通道</translation>
+    </message>
+    <message>
+        <source>Full screen (F)</source>
+        <translation>全屏 (F)</translation>
+    </message>
+    <message>
+        <source>No channel is chosen</source>
+        <translation>未选择通道</translation>
+    </message>
+    <message>
+        <source>Pause (Space)</source>
+        <translation>暂停 (空格)</translation>
+    </message>
+    <message>
+        <source>Leave full screen (F)</source>
+        <translation>退出全屏 (F)</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::PowerWords</name>
+    <message>
+        <source>live view</source>
+        <translation>实时预览</translation>
+    </message>
+    <message>
+        <source>Watch live video, record it, take snapshots</source>
+        <translation>观看实时视频、录像、抓图</translation>
+    </message>
+    <message>
+        <source>playback</source>
+        <translation>回放</translation>
+    </message>
+    <message>
+        <source>Search and play what the recorders hold</source>
+        <translation>搜索和播放录像机上的录像</translation>
+    </message>
+    <message>
+        <source>downloads</source>
+        <translation>下载</translation>
+    </message>
+    <message>
+        <source>Download recordings and plan backups</source>
+        <translation>下载录像和计划备份</translation>
+    </message>
+    <message>
+        <source>local recordings</source>
+        <translation>本地录像</translation>
+    </message>
+    <message>
+        <source>Play, save and delete local recordings</source>
+        <translation>播放、保存和删除本地录像</translation>
+    </message>
+    <message>
+        <source>local snapshots</source>
+        <translation>本地抓图</translation>
+    </message>
+    <message>
+        <source>View, save and delete local snapshots</source>
+        <translation>查看、保存和删除本地抓图</translation>
+    </message>
+    <message>
+        <source>recorders</source>
+        <translation>录像机</translation>
+    </message>
+    <message>
+        <source>Add, change and remove recorders</source>
+        <translation>添加、修改和移除录像机</translation>
+    </message>
+    <message>
+        <source>logs</source>
+        <translation>日志</translation>
+    </message>
+    <message>
+        <source>Read and export the logs</source>
+        <translation>查看和导出日志</translation>
+    </message>
+    <message>
+        <source>settings</source>
+        <translation>设置</translation>
+    </message>
+    <message>
+        <source>Change settings that concern everybody here</source>
+        <translation>修改涉及本机所有用户的设置</translation>
+    </message>
+    <message>
+        <source>Administrator</source>
+        <translation>管理员</translation>
+    </message>
+    <message>
+        <source>nothing but local files</source>
+        <translation>仅本地文件</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::PowersEdit</name>
+    <message>
+        <source>Administrator: everything, other users included</source>
+        <translation>管理员：所有权限，包括管理其他用户</translation>
+    </message>
+    <message>
+        <source>An administrator may do everything.</source>
+        <translation>管理员拥有所有权限。</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::QueueEdit</name>
     <message>
         <source>The task %1 is in no state for that.</source>
-        <translation type="unfinished"></translation>
+        <translation>任务%1的状态不允许此操作。</translation>
     </message>
     <message>
         <source>There is no task %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>任务%1不存在。</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::QueueListing</name>
     <message>
         <source>The recorder refused the login.</source>
-        <translation type="unfinished"></translation>
+        <translation>录像机拒绝登录。</translation>
     </message>
     <message>
         <source>The recorder could not be reached.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法连接录像机。</translation>
     </message>
     <message>
         <source>The download broke off.</source>
-        <translation type="unfinished"></translation>
+        <translation>下载中断。</translation>
     </message>
     <message>
         <source>The file is missing or can&apos;t be used.</source>
-        <translation type="unfinished"></translation>
+        <translation>文件缺失或无法使用。</translation>
     </message>
     <message>
         <source>The recorder gave no address to replay from.</source>
-        <translation type="unfinished"></translation>
+        <translation>录像机未提供回放地址。</translation>
     </message>
     <message>
         <source>The reason is not known.</source>
-        <translation type="unfinished"></translation>
+        <translation>原因未知。</translation>
     </message>
     <message>
         <source>Id</source>
-        <translation type="unfinished"></translation>
+        <translation>编号</translation>
     </message>
     <message>
         <source>State</source>
-        <translation type="unfinished"></translation>
+        <translation>状态</translation>
     </message>
     <message>
         <source>Channel</source>
-        <translation type="unfinished"></translation>
+        <translation>通道</translation>
     </message>
     <message>
         <source>Begin</source>
-        <translation type="unfinished"></translation>
+        <translation>开始</translation>
     </message>
     <message>
         <source>End</source>
-        <translation type="unfinished"></translation>
+        <translation>结束</translation>
     </message>
     <message>
         <source>MB</source>
-        <translation type="unfinished"></translation>
+        <translation>MB</translation>
     </message>
     <message>
         <source>File, or reason</source>
-        <translation type="unfinished"></translation>
+        <translation>文件或原因</translation>
     </message>
     <message>
         <source>failed</source>
-        <translation type="unfinished"></translation>
+        <translation>失败</translation>
     </message>
     <message>
         <source>waiting</source>
-        <translation type="unfinished"></translation>
+        <translation>等待</translation>
     </message>
     <message>
         <source>paused</source>
-        <translation type="unfinished"></translation>
+        <translation>暂停</translation>
     </message>
     <message>
         <source>partly</source>
-        <translation type="unfinished"></translation>
+        <translation>部分</translation>
     </message>
     <message>
         <source>done</source>
-        <translation type="unfinished"></translation>
+        <translation>完成</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::QueueRun</name>
     <message>
         <source>The folder for videos, %1, does not exist.</source>
-        <translation type="unfinished"></translation>
+        <translation>视频文件夹%1不存在。</translation>
     </message>
     <message>
         <source>%1 running, %2 waiting</source>
-        <translation type="unfinished"></translation>
+        <translation>%1个进行中，%2个等待</translation>
     </message>
     <message>
         <source>, %1 to be tried again</source>
-        <translation type="unfinished"></translation>
+        <translation>，%1个待重试</translation>
     </message>
     <message>
         <source>%1 tasks failed or are incomplete; see vemo_client queue list.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1个任务失败或不完整；请参阅vemo_client queue list。</translation>
     </message>
     <message>
         <source>Interrupted; what had arrived is kept, and the rest waits in the queue.</source>
-        <translation type="unfinished"></translation>
+        <translation>已中断；已到达的内容已保留，其余部分在队列中等待。</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::QueueTray</name>
     <message>
         <source>Vemo, download queue: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Vemo，下载队列：%1</translation>
     </message>
     <message>
         <source>1 file</source>
-        <translation type="unfinished"></translation>
+        <translation>1个文件</translation>
     </message>
     <message>
         <source>%1 files</source>
-        <translation type="unfinished"></translation>
+        <translation>%1个文件</translation>
     </message>
     <message>
         <source>All downloads are done: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>所有下载已完成：%1</translation>
     </message>
     <message>
         <source>The download queue is empty: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>下载队列已空：%1</translation>
     </message>
     <message>
         <source>What arrived lies in the folder of downloads.</source>
-        <translation type="unfinished"></translation>
+        <translation>已到达的内容位于下载文件夹。</translation>
     </message>
     <message>
         <source>1 download has failed; Download Failure says why.</source>
-        <translation type="unfinished"></translation>
+        <translation>1个下载失败，原因见“下载失败”。</translation>
     </message>
     <message>
         <source>%1 downloads have failed; Download Failure says why.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1个下载失败，原因见“下载失败”。</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::QueueVerb</name>
     <message>
         <source>Interrupted.</source>
-        <translation type="unfinished"></translation>
+        <translation>已中断。</translation>
     </message>
     <message>
         <source>The database could not be written.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法写入数据库。</translation>
     </message>
     <message>
         <source>%1 tasks were removed.</source>
-        <translation type="unfinished"></translation>
+        <translation>已移除%1个任务。</translation>
     </message>
     <message>
         <source>%1 of %2 requests are in the queue already.</source>
-        <translation type="unfinished"></translation>
+        <translation>%2个请求中有%1个已在队列中。</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::QueueWatch</name>
     <message>
         <source>%1 running</source>
-        <translation type="unfinished"></translation>
+        <translation>%1个进行中</translation>
     </message>
     <message>
         <source>%1 waiting</source>
-        <translation type="unfinished"></translation>
+        <translation>%1个等待</translation>
     </message>
     <message>
         <source>%1 to be retried</source>
-        <translation type="unfinished"></translation>
+        <translation>%1个待重试</translation>
     </message>
     <message>
         <source>%1 paused</source>
-        <translation type="unfinished"></translation>
+        <translation>%1个暂停</translation>
     </message>
     <message>
         <source>empty</source>
-        <translation type="unfinished"></translation>
+        <translation>空</translation>
     </message>
     <message>
         <source>%1 running, %2 waiting, %3 paused, %4 to be retried</source>
-        <translation type="unfinished"></translation>
+        <translation>%1个进行中，%2个等待，%3个暂停，%4个待重试</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::RecorderAddress</name>
     <message>
         <source>Type the address of the recorder. Example: 192.168.1.20</source>
-        <translation type="unfinished"></translation>
+        <translation>请输入录像机地址。示例：192.168.1.20</translation>
     </message>
     <message>
         <source>The address is longer than any address is.</source>
-        <translation type="unfinished"></translation>
+        <translation>地址过长。</translation>
     </message>
     <message>
         <source>An address holds no spaces.</source>
-        <translation type="unfinished"></translation>
+        <translation>地址不能包含空格。</translation>
     </message>
     <message>
         <source>The address must begin with http, https, rtsp or rtsps.</source>
-        <translation type="unfinished"></translation>
+        <translation>地址必须以http、https、rtsp或rtsps开头。</translation>
     </message>
     <message>
         <source>This can&apos;t be read as an address. Example: 192.168.1.20</source>
-        <translation type="unfinished"></translation>
+        <translation>无法识别为地址。示例：192.168.1.20</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::RecorderColumn</name>
     <message>
         <source>Filter by channel name</source>
-        <translation type="unfinished"></translation>
+        <translation>按通道名称筛选</translation>
     </message>
     <message>
         <source>Add a recorder</source>
-        <translation type="unfinished"></translation>
+        <translation>添加录像机</translation>
     </message>
     <message>
-        <source>Remove the recorder</source>
-        <translation type="unfinished"></translation>
+        <source>Cancel</source>
+        <translation>取消</translation>
     </message>
     <message>
-        <source>%1 and its password are forgotten. Files and finished downloads stay; downloads of it that wait or have failed can&apos;t go on.</source>
-        <translation type="unfinished"></translation>
+        <source>Search</source>
+        <translation>搜索</translation>
     </message>
     <message>
-        <source>Remove</source>
-        <translation type="unfinished"></translation>
+        <source>No channel is chosen</source>
+        <translation>未选择通道</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::RecorderDialog</name>
     <message>
         <source>Keep it offline</source>
-        <translation type="unfinished"></translation>
+        <translation>离线保留</translation>
     </message>
     <message>
         <source>Add a recorder</source>
-        <translation type="unfinished"></translation>
+        <translation>添加录像机</translation>
     </message>
     <message>
         <source>Change the recorder</source>
-        <translation type="unfinished"></translation>
+        <translation>修改录像机</translation>
     </message>
     <message>
         <source>The client logs in at once and keeps the recorder for the next start.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>客户端将立即登录，并为下次启动保留该录像机。</translation>
     </message>
     <message>
         <source>Connecting...</source>
-        <translation type="unfinished"></translation>
+        <translation>正在连接...</translation>
     </message>
     <message>
         <source>Try again</source>
-        <translation type="unfinished"></translation>
+        <translation>重试</translation>
     </message>
     <message>
         <source>Add</source>
-        <translation type="unfinished"></translation>
+        <translation>添加</translation>
     </message>
     <message>
         <source>Save</source>
-        <translation type="unfinished"></translation>
+        <translation>保存</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::RecorderForm</name>
     <message>
         <source>Address</source>
-        <translation type="unfinished"></translation>
+        <translation>地址</translation>
     </message>
     <message>
         <source>192.168.1.20 or https://nvr.example/onvif/device_service</source>
-        <translation type="unfinished"></translation>
+        <translation>192.168.1.20 或 https://nvr.example/onvif/device_service</translation>
     </message>
     <message>
         <source>User name</source>
-        <translation type="unfinished"></translation>
+        <translation>用户名</translation>
     </message>
     <message>
         <source>Password</source>
-        <translation type="unfinished"></translation>
+        <translation>密码</translation>
     </message>
     <message>
         <source>Show the password</source>
-        <translation type="unfinished"></translation>
+        <translation>显示密码</translation>
     </message>
     <message>
         <source>Name</source>
-        <translation type="unfinished"></translation>
+        <translation>名称</translation>
     </message>
     <message>
         <source>as the recorder calls itself</source>
-        <translation type="unfinished"></translation>
+        <translation>使用录像机自身的名称</translation>
     </message>
     <message>
         <source>unchanged</source>
-        <translation type="unfinished"></translation>
+        <translation>不变</translation>
     </message>
     <message>
         <source>IP address or name, with a port where it needs one.</source>
-        <translation type="unfinished"></translation>
+        <translation>IP地址或名称，必要时加端口。</translation>
     </message>
     <message>
         <source>Replay address: it has no list of recordings, spans of time can be fetched.</source>
-        <translation type="unfinished"></translation>
+        <translation>回放地址：没有录像列表，可按时间段获取。</translation>
     </message>
     <message>
         <source>ONVIF over %1 at %2</source>
-        <translation type="unfinished"></translation>
+        <translation>ONVIF，经由%1，位于%2</translation>
     </message>
     <message>
         <source>TLS</source>
-        <translation type="unfinished"></translation>
+        <translation>TLS</translation>
     </message>
     <message>
         <source>HTTP</source>
-        <translation type="unfinished"></translation>
+        <translation>HTTP</translation>
     </message>
     <message>
         <source>Trust this key</source>
-        <translation type="unfinished"></translation>
+        <translation>信任此密钥</translation>
+    </message>
+    <message>
+        <source>Live view alone</source>
+        <translation>仅实时预览</translation>
+    </message>
+    <message>
+        <source>Recordings by time</source>
+        <translation>按时间获取录像</translation>
+    </message>
+    <message>
+        <source>Used for</source>
+        <translation>用途</translation>
+    </message>
+    <message>
+        <source>Channels</source>
+        <translation>通道</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>无</translation>
+    </message>
+    <message>
+        <source>Group</source>
+        <translation>分组</translation>
+    </message>
+    <message>
+        <source>User and password of the address were put into their own fields.</source>
+        <translation>地址中的用户名和密码已填入各自的输入框。</translation>
+    </message>
+    <message>
+        <source>A stream to watch: it can&apos;t be played back, downloaded or backed up.</source>
+        <translation>仅供观看的码流：无法回放、下载或备份。</translation>
+    </message>
+    <message>
+        <source>Write {channel} in the address where the number of the channel goes.</source>
+        <translation>请在地址中填写通道号的位置写入{channel}。</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::RecorderLogins</name>
     <message>
         <source>The recorder stopped answering.</source>
-        <translation type="unfinished"></translation>
+        <translation>录像机停止应答。</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::RecorderSession</name>
     <message>
         <source>%1, channel %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1，通道%2</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::RecorderTree</name>
     <message>
         <source>Recorders and channels</source>
-        <translation type="unfinished"></translation>
+        <translation>录像机和通道</translation>
     </message>
     <message>
         <source>Search this channel</source>
-        <translation type="unfinished"></translation>
+        <translation>搜索此通道</translation>
     </message>
     <message>
         <source>Log in again</source>
-        <translation type="unfinished"></translation>
+        <translation>重新登录</translation>
     </message>
     <message>
         <source>Change...</source>
-        <translation type="unfinished"></translation>
+        <translation>修改...</translation>
     </message>
     <message>
         <source>Remove...</source>
-        <translation type="unfinished"></translation>
+        <translation>移除...</translation>
+    </message>
+    <message>
+        <source>The recorder is disabled.</source>
+        <translation>录像机已停用。</translation>
+    </message>
+    <message>
+        <source>A source for live view alone: it has no recordings.</source>
+        <translation>仅供实时预览的来源：没有录像。</translation>
+    </message>
+    <message>
+        <source>Channel %1</source>
+        <translation>通道%1</translation>
+    </message>
+    <message>
+        <source>%1, is being played</source>
+        <translation>%1，正在播放</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::RecordersPage</name>
     <message>
         <source>Add your recorders</source>
-        <translation type="unfinished"></translation>
+        <translation>添加您的录像机</translation>
     </message>
     <message>
         <source>The client finds recorders in your network by itself; others are added by their address. Their passwords are kept encrypted on this computer.</source>
-        <translation type="unfinished"></translation>
+        <translation>客户端会自动查找网络中的录像机；其他录像机可按地址添加。其密码加密保存在本机。</translation>
     </message>
     <message>
         <source>Look for recorders</source>
-        <translation type="unfinished"></translation>
+        <translation>查找录像机</translation>
     </message>
     <message>
         <source>Later</source>
-        <translation type="unfinished"></translation>
+        <translation>以后再说</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::RecordingSearch</name>
     <message>
         <source>The recorder did not answer the search for recordings in time.</source>
-        <translation type="unfinished"></translation>
+        <translation>录像机未及时应答录像搜索。</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::RecordingsTable</name>
     <message>
         <source>All</source>
-        <translation type="unfinished"></translation>
+        <translation>全部</translation>
     </message>
     <message>
         <source>Channel Name</source>
-        <translation type="unfinished"></translation>
+        <translation>通道名称</translation>
     </message>
     <message>
         <source>Begin</source>
-        <translation type="unfinished"></translation>
+        <translation>开始</translation>
     </message>
     <message>
         <source>End</source>
-        <translation type="unfinished"></translation>
+        <translation>结束</translation>
     </message>
     <message>
         <source>Length</source>
-        <translation type="unfinished"></translation>
+        <translation>时长</translation>
     </message>
     <message>
         <source>Type</source>
-        <translation type="unfinished"></translation>
+        <translation>类型</translation>
     </message>
     <message>
         <source>Recordings</source>
-        <translation type="unfinished"></translation>
+        <translation>录像</translation>
     </message>
     <message>
         <source>Alarm</source>
-        <translation type="unfinished"></translation>
+        <translation>报警</translation>
     </message>
     <message>
         <source>Continuous</source>
-        <translation type="unfinished"></translation>
+        <translation>连续</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::RemoveQuestion</name>
+    <message>
+        <source>%1 and its password are forgotten. Files, finished downloads and finished backups stay; downloads and backups of it that wait or have failed can&apos;t go on.</source>
+        <translation>%1及其密码将被移除。文件、已完成的下载和备份会保留；其等待中或失败的下载和备份将无法继续。</translation>
+    </message>
+    <message>
+        <source>%1 recorders and their passwords are forgotten. Files, finished downloads and finished backups stay; downloads and backups of them that wait or have failed can&apos;t go on.</source>
+        <translation>%1台录像机及其密码将被移除。文件、已完成的下载和备份会保留；其等待中或失败的下载和备份将无法继续。</translation>
+    </message>
+    <message>
+        <source>Remove the recorder</source>
+        <translation>移除录像机</translation>
+    </message>
+    <message>
+        <source>Remove the recorders</source>
+        <translation>移除录像机</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>移除</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::RenameGroupDialog</name>
+    <message>
+        <source>Rename the group</source>
+        <translation>重命名分组</translation>
+    </message>
+    <message>
+        <source>All recorders of the group go along.</source>
+        <translation>分组中的所有录像机随之变更。</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>重命名</translation>
+    </message>
+    <message>
+        <source>Name of the group</source>
+        <translation>分组名称</translation>
+    </message>
+    <message>
+        <source>There is a group of this name; the two become one.</source>
+        <translation>已有同名分组，两个分组将合并。</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::SearchVerb</name>
     <message>
         <source>Interrupted.</source>
-        <translation type="unfinished"></translation>
+        <translation>已中断。</translation>
     </message>
     <message>
         <source>Channel</source>
-        <translation type="unfinished"></translation>
+        <translation>通道</translation>
     </message>
     <message>
         <source>Begin</source>
-        <translation type="unfinished"></translation>
+        <translation>开始</translation>
     </message>
     <message>
         <source>End</source>
-        <translation type="unfinished"></translation>
+        <translation>结束</translation>
     </message>
     <message>
         <source>Type</source>
-        <translation type="unfinished"></translation>
+        <translation>类型</translation>
     </message>
     <message>
         <source>Name</source>
-        <translation type="unfinished"></translation>
+        <translation>名称</translation>
     </message>
     <message>
         <source>alarm</source>
-        <translation type="unfinished"></translation>
+        <translation>报警</translation>
     </message>
     <message>
         <source>normal</source>
-        <translation type="unfinished"></translation>
+        <translation>普通</translation>
     </message>
     <message>
         <source>%1: no recording from %2 to %3.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1：%2至%3没有录像。</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::SettingsPage</name>
+    <message>
+        <source>Search settings</source>
+        <translation>搜索设置</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>放弃</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1（%2）</translation>
+    </message>
+    <message>
+        <source>Mend what is marked in red, then the changes can be saved.</source>
+        <translation>请先更正标红的内容，然后才能保存更改。</translation>
+    </message>
+    <message>
+        <source>1 change not saved</source>
+        <translation>1项更改未保存</translation>
+    </message>
+    <message>
+        <source>%1 changes not saved</source>
+        <translation>%1项更改未保存</translation>
+    </message>
+    <message>
+        <source>Changes that are not saved</source>
+        <translation>未保存的更改</translation>
+    </message>
+    <message>
+        <source>1 change of the settings is not saved. Give it up and go on?</source>
+        <translation>有1项设置更改未保存。是否放弃更改并继续？</translation>
+    </message>
+    <message>
+        <source>%1 changes of the settings are not saved. Give them up and go on?</source>
+        <translation>有%1项设置更改未保存。是否放弃更改并继续？</translation>
+    </message>
+    <message>
+        <source>These settings concern everybody on this computer. Only users with the power to change settings may change them.</source>
+        <translation>这些设置涉及本机所有用户，只有具有设置权限的用户才能修改。</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::SettingsSections</name>
+    <message>
+        <source>General</source>
+        <translation>常规</translation>
+    </message>
+    <message>
+        <source>Program</source>
+        <translation>程序</translation>
+    </message>
+    <message>
+        <source>As the desktop</source>
+        <translation>跟随桌面</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>语言</translation>
+    </message>
+    <message>
+        <source>Holds from the next start of the client on.</source>
+        <translation>客户端下次启动后生效。</translation>
+    </message>
+    <message>
+        <source>When you log in to this computer</source>
+        <translation>登录此计算机时</translation>
+    </message>
+    <message>
+        <source>Start the client</source>
+        <translation>启动客户端</translation>
+    </message>
+    <message>
+        <source>Logs</source>
+        <translation>日志</translation>
+    </message>
+    <message>
+        <source>What is kept of what happened to files</source>
+        <translation>文件操作记录的保留</translation>
+    </message>
+    <message>
+        <source>Keep log entries</source>
+        <translation>保留日志条目</translation>
+    </message>
+    <message>
+        <source>30 days</source>
+        <translation>30天</translation>
+    </message>
+    <message>
+        <source>90 days</source>
+        <translation>90天</translation>
+    </message>
+    <message>
+        <source>1 year</source>
+        <translation>1年</translation>
+    </message>
+    <message>
+        <source>3 years</source>
+        <translation>3年</translation>
+    </message>
+    <message>
+        <source>As long as there is room</source>
+        <translation>空间允许时一直保留</translation>
+    </message>
+    <message>
+        <source>Never more than 1,000,000 entries; the oldest go first.</source>
+        <translation>最多1,000,000条，最早的先清除。</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1（%2）</translation>
+    </message>
+    <message>
+        <source>Storage</source>
+        <translation>存储</translation>
+    </message>
+    <message>
+        <source>Folders</source>
+        <translation>文件夹</translation>
+    </message>
+    <message>
+        <source>Where files are written</source>
+        <translation>文件的写入位置</translation>
+    </message>
+    <message>
+        <source>Download path</source>
+        <translation>下载路径</translation>
+    </message>
+    <message>
+        <source>Downloads that run already end where they were begun.</source>
+        <translation>正在进行的下载仍保存在原位置。</translation>
+    </message>
+    <message>
+        <source>Recordings backup path</source>
+        <translation>录像备份路径</translation>
+    </message>
+    <message>
+        <source>A backup stops when less than 1 GB is free. A notice appears below 10 GB.</source>
+        <translation>可用空间不足1 GB时备份停止，低于10 GB时显示通知。</translation>
+    </message>
+    <message>
+        <source>Local recording and snapshot path</source>
+        <translation>本地录像和抓图路径</translation>
+    </message>
+    <message>
+        <source>Recordings of live video and snapshots lie in folders of their own below it.</source>
+        <translation>实时预览的录像和抓图分别位于其下的文件夹中。</translation>
+    </message>
+    <message>
+        <source>Downloads and backups lie one in the other. Choose folders of their own, so that neither fills the other&apos;s.</source>
+        <translation>下载文件夹与备份文件夹相互包含。请选择各自独立的文件夹，以免互相占满空间。</translation>
+    </message>
+    <message>
+        <source>Files</source>
+        <translation>文件</translation>
+    </message>
+    <message>
+        <source>Names and kinds</source>
+        <translation>名称和类型</translation>
+    </message>
+    <message>
+        <source>Date format</source>
+        <translation>日期格式</translation>
+    </message>
+    <message>
+        <source>Used in tables, file names and logs.</source>
+        <translation>用于表格、文件名和日志。</translation>
+    </message>
+    <message>
+        <source>Snapshot format</source>
+        <translation>抓图格式</translation>
+    </message>
+    <message>
+        <source>No limit</source>
+        <translation>不限制</translation>
+    </message>
+    <message>
+        <source>%1 GB</source>
+        <translation>%1 GB</translation>
+    </message>
+    <message>
+        <source>Largest file</source>
+        <translation>最大文件</translation>
+    </message>
+    <message>
+        <source>then the download goes on in a new file</source>
+        <translation>达到后在新文件中继续下载</translation>
+    </message>
+    <message>
+        <source>Behaviour</source>
+        <translation>行为</translation>
+    </message>
+    <message>
+        <source>When the client starts</source>
+        <translation>客户端启动时</translation>
+    </message>
+    <message>
+        <source>Go on with downloads that were waiting</source>
+        <translation>继续等待中的下载</translation>
+    </message>
+    <message>
+        <source>When a copy is deleted</source>
+        <translation>删除副本时</translation>
+    </message>
+    <message>
+        <source>Move files to the recycle bin where the drive has one</source>
+        <translation>磁盘有回收站时将文件移入回收站</translation>
+    </message>
+    <message>
+        <source>Downloads</source>
+        <translation>下载</translation>
+    </message>
+    <message>
+        <source>Network</source>
+        <translation>网络</translation>
+    </message>
+    <message>
+        <source>Highest rate</source>
+        <translation>最高速率</translation>
+    </message>
+    <message>
+        <source>MB/s</source>
+        <translation>MB/s</translation>
+    </message>
+    <message>
+        <source>For all downloads and backups together. Holds at once, for those that run as well.</source>
+        <translation>所有下载和备份合计。立即生效，包括正在进行的任务。</translation>
+    </message>
+    <message>
+        <source>Readable time</source>
+        <translation>可读时间</translation>
+    </message>
+    <message>
+        <source>Wall clock</source>
+        <translation>录像时钟</translation>
+    </message>
+    <message>
+        <source>Add a text track with the recording&apos;s time to every file</source>
+        <translation>为每个文件添加记录录像时间的文本轨道</translation>
+    </message>
+    <message>
+        <source>Ordinary players show it as subtitles. The picture itself is not changed.</source>
+        <translation>普通播放器会将其显示为字幕，画面本身不变。</translation>
+    </message>
+    <message>
+        <source>Recordings Backup</source>
+        <translation>录像备份</translation>
+    </message>
+    <message>
+        <source>Plan</source>
+        <translation>计划</translation>
+    </message>
+    <message>
+        <source>What is backed up, and when</source>
+        <translation>备份的内容和时间</translation>
+    </message>
+    <message>
+        <source>Times of day</source>
+        <translation>备份时段</translation>
+    </message>
+    <message>
+        <source>Days, channels and times of day are chosen on the page Recordings Backup of the Files Center.</source>
+        <translation>日期、通道和时段在文件中心的“录像备份”页面选择。</translation>
+    </message>
+    <message>
+        <source>Open Files Center</source>
+        <translation>打开文件中心</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>文件夹</translation>
+    </message>
+    <message>
+        <source>The folder of backups is chosen under Storage.</source>
+        <translation>备份文件夹在“存储”中选择。</translation>
+    </message>
+    <message>
+        <source>Open Storage</source>
+        <translation>打开“存储”</translation>
+    </message>
+    <message>
+        <source>Appearance</source>
+        <translation>外观</translation>
+    </message>
+    <message>
+        <source>Look</source>
+        <translation>显示风格</translation>
+    </message>
+    <message>
+        <source>Yours alone</source>
+        <translation>仅对您生效</translation>
+    </message>
+    <message>
+        <source>Theme</source>
+        <translation>主题</translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation>深色</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation>浅色</translation>
+    </message>
+    <message>
+        <source>Users</source>
+        <translation>用户</translation>
+    </message>
+    <message>
+        <source>Shortcuts</source>
+        <translation>快捷键</translation>
+    </message>
+    <message>
+        <source>Window</source>
+        <translation>窗口</translation>
+    </message>
+    <message>
+        <source>Tables</source>
+        <translation>表格</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>图片</translation>
+    </message>
+    <message>
+        <source>Player</source>
+        <translation>播放器</translation>
+    </message>
+    <message>
+        <source>Notifications</source>
+        <translation>通知</translation>
+    </message>
+    <message>
+        <source>In the window</source>
+        <translation>窗口内</translation>
+    </message>
+    <message>
+        <source>The bell keeps every notice, shown or not</source>
+        <translation>无论是否显示，铃铛中都会保留每条通知</translation>
+    </message>
+    <message>
+        <source>Good news</source>
+        <translation>完成</translation>
+    </message>
+    <message>
+        <source>Show a notice when something is done</source>
+        <translation>操作完成时显示通知</translation>
+    </message>
+    <message>
+        <source>Warnings</source>
+        <translation>警告</translation>
+    </message>
+    <message>
+        <source>Show a notice when something needs care</source>
+        <translation>有情况需要处理时显示通知</translation>
+    </message>
+    <message>
+        <source>Errors are always shown.</source>
+        <translation>错误始终显示。</translation>
+    </message>
+    <message>
+        <source>On the desktop</source>
+        <translation>桌面</translation>
+    </message>
+    <message>
+        <source>Tell when the queue is done and the window is not being looked at</source>
+        <translation>队列完成且窗口不在前台时提醒</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>打开</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>关于</translation>
+    </message>
+    <message>
+        <source>Version %1</source>
+        <translation>版本%1</translation>
+    </message>
+    <message>
+        <source>Places</source>
+        <translation>位置</translation>
+    </message>
+    <message>
+        <source>Where the client keeps what it knows</source>
+        <translation>客户端数据的保存位置</translation>
+    </message>
+    <message>
+        <source>Data</source>
+        <translation>数据</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>设置</translation>
+    </message>
+    <message>
+        <source>Program log</source>
+        <translation>程序日志</translation>
+    </message>
+    <message>
+        <source>Libraries</source>
+        <translation>库</translation>
+    </message>
+    <message>
+        <source>The client stands on the work of others</source>
+        <translation>客户端使用的第三方成果</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::ShellWt</name>
     <message>
         <source>The password could not be kept</source>
-        <translation type="unfinished"></translation>
+        <translation>无法保存密码</translation>
     </message>
     <message>
         <source>It holds while the client runs; after the next start it is asked for again.</source>
-        <translation type="unfinished"></translation>
+        <translation>密码仅在客户端运行期间有效；下次启动后将再次要求输入。</translation>
     </message>
     <message>
         <source>Quit Vemo?</source>
-        <translation type="unfinished"></translation>
+        <translation>退出Vemo？</translation>
     </message>
     <message>
         <source>Quit</source>
-        <translation type="unfinished"></translation>
+        <translation>退出</translation>
     </message>
     <message>
         <source>1 is in it already.</source>
-        <translation type="unfinished"></translation>
+        <translation>其中1段已在队列中。</translation>
     </message>
     <message>
         <source>%1 are in it already.</source>
-        <translation type="unfinished"></translation>
+        <translation>其中%1段已在队列中。</translation>
     </message>
     <message>
         <source>1 recording was added to the queue</source>
-        <translation type="unfinished"></translation>
+        <translation>已将1段录像加入队列</translation>
     </message>
     <message>
         <source>%1 recordings were added to the queue</source>
-        <translation type="unfinished"></translation>
+        <translation>已将%1段录像加入队列</translation>
     </message>
     <message>
         <source>Up to five are fetched at a time.</source>
-        <translation type="unfinished"></translation>
+        <translation>最多同时获取五段。</translation>
     </message>
     <message>
         <source>Nothing was added to the queue</source>
-        <translation type="unfinished"></translation>
+        <translation>未向队列添加任何内容</translation>
     </message>
     <message>
         <source>Show the queue</source>
-        <translation type="unfinished"></translation>
+        <translation>显示队列</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::ShortcutsWt</name>
+    <message>
+        <source>Ctrl</source>
+        <translation>Ctrl</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation>Shift</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>空格</translation>
+    </message>
+    <message>
+        <source>Enter</source>
+        <translation>Enter</translation>
+    </message>
+    <message>
+        <source>Del</source>
+        <translation>Del</translation>
+    </message>
+    <message>
+        <source>Esc</source>
+        <translation>Esc</translation>
+    </message>
+    <message>
+        <source>Go to the next area: top bar, navigation, tool bar, content, status bar</source>
+        <translation>转到下一区域：顶栏、导航、工具栏、内容、状态栏</translation>
+    </message>
+    <message>
+        <source>Tab</source>
+        <translation>Tab</translation>
+    </message>
+    <message>
+        <source>Go to the next control in reading order</source>
+        <translation>按阅读顺序转到下一控件</translation>
+    </message>
+    <message>
+        <source>Close what lies on top</source>
+        <translation>关闭最上层内容</translation>
+    </message>
+    <message>
+        <source>Go from row to row</source>
+        <translation>逐行移动</translation>
+    </message>
+    <message>
+        <source>Check or uncheck the row</source>
+        <translation>勾选或取消勾选该行</translation>
+    </message>
+    <message>
+        <source>Do the row&apos;s first action</source>
+        <translation>执行该行的首个操作</translation>
+    </message>
+    <message>
+        <source>Ask to delete what is checked</source>
+        <translation>询问是否删除勾选的内容</translation>
+    </message>
+    <message>
+        <source>Select all rows</source>
+        <translation>选择所有行</translation>
+    </message>
+    <message>
+        <source>Go to the filter</source>
+        <translation>转到筛选框</translation>
+    </message>
+    <message>
+        <source>Open the row&apos;s menu</source>
+        <translation>打开该行的菜单</translation>
+    </message>
+    <message>
+        <source>Go from picture to picture</source>
+        <translation>逐张移动</translation>
+    </message>
+    <message>
+        <source>Check or uncheck the picture</source>
+        <translation>勾选或取消勾选图片</translation>
+    </message>
+    <message>
+        <source>Open the picture</source>
+        <translation>打开图片</translation>
+    </message>
+    <message>
+        <source>Play or pause</source>
+        <translation>播放或暂停</translation>
+    </message>
+    <message>
+        <source>One picture back or on</source>
+        <translation>后退或前进一帧</translation>
+    </message>
+    <message>
+        <source>10 s back or on</source>
+        <translation>后退或前进10秒</translation>
+    </message>
+    <message>
+        <source>Slower or faster</source>
+        <translation>减慢或加快</translation>
+    </message>
+    <message>
+        <source>Keep the picture as a snapshot</source>
+        <translation>将画面保存为抓图</translation>
+    </message>
+    <message>
+        <source>Full screen on or off</source>
+        <translation>开启或关闭全屏</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::SpanBar</name>
     <message>
-        <source>Span</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Begin of the span</source>
-        <translation type="unfinished"></translation>
+        <translation>时间段的开始</translation>
     </message>
     <message>
         <source>To</source>
-        <translation type="unfinished"></translation>
+        <translation>至</translation>
     </message>
     <message>
         <source>End of the span</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>00:00:00 means the end of the day</source>
-        <translation type="unfinished"></translation>
+        <translation>时间段的结束</translation>
     </message>
     <message>
         <source>Clear the span</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Drag on the axis, or type two times.</source>
-        <translation type="unfinished"></translation>
+        <translation>清除时间段</translation>
     </message>
     <message>
         <source>The end must lie behind the begin.</source>
-        <translation type="unfinished"></translation>
+        <translation>结束时间必须晚于开始时间。</translation>
+    </message>
+    <message>
+        <source>Dragging on the time line marks a span</source>
+        <translation>在时间轴上拖动以标记时间段</translation>
+    </message>
+    <message>
+        <source>End of the span; 00:00:00 means the end of the day</source>
+        <translation>时间段的结束；00:00:00表示当天结束</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::StandingWords</name>
+    <message>
+        <source>Find recorders on the network</source>
+        <translation>在网络中查找录像机</translation>
+    </message>
+    <message>
+        <source>Recorders that speak ONVIF answer by themselves. Choose which to add; all are logged in to with the same user and password, and how each login goes is shown in the list.</source>
+        <translation>支持ONVIF的录像机会自动应答。请选择要添加的录像机；全部使用相同的用户名和密码登录，每台的登录情况显示在列表中。</translation>
+    </message>
+    <message>
+        <source>Search again</source>
+        <translation>重新搜索</translation>
+    </message>
+    <message>
+        <source>Time of the search</source>
+        <translation>搜索时间</translation>
+    </message>
+    <message>
+        <source>Add by address...</source>
+        <translation>按地址添加...</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>全部</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>Model</source>
+        <translation>型号</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>地址</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>状态</translation>
+    </message>
+    <message>
+        <source>Recorders that answered</source>
+        <translation>已应答的录像机</translation>
+    </message>
+    <message>
+        <source>User name</source>
+        <translation>用户名</translation>
+    </message>
+    <message>
+        <source>Password</source>
+        <translation>密码</translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation>新</translation>
+    </message>
+    <message>
+        <source>New address</source>
+        <translation>新地址</translation>
+    </message>
+    <message>
+        <source>Already added</source>
+        <translation>已添加</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::StatusBar</name>
     <message>
         <source>%1 GB</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 GB</translation>
     </message>
     <message>
         <source>%1 TB</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 TB</translation>
     </message>
     <message>
         <source>%1 MB/s</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 MB/s</translation>
     </message>
     <message>
         <source>less than a minute left</source>
-        <translation type="unfinished"></translation>
+        <translation>剩余不到1分钟</translation>
     </message>
     <message>
         <source>about %1 min left</source>
-        <translation type="unfinished"></translation>
+        <translation>剩余约%1分钟</translation>
     </message>
     <message>
         <source>about %1 h %2 min left</source>
-        <translation type="unfinished"></translation>
+        <translation>剩余约%1小时%2分</translation>
     </message>
     <message>
         <source>Queue</source>
-        <translation type="unfinished"></translation>
+        <translation>队列</translation>
     </message>
     <message>
         <source>Download queue: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>下载队列：%1</translation>
     </message>
     <message>
         <source>%1 of %2 recorders offline</source>
-        <translation type="unfinished"></translation>
+        <translation>%2台录像机中有%1台离线</translation>
     </message>
     <message>
         <source>Shows the recorder and why it is not logged in</source>
-        <translation type="unfinished"></translation>
+        <translation>显示该录像机及其未登录的原因</translation>
     </message>
     <message>
         <source>What all downloads together receive: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>所有下载的总接收速率：%1</translation>
     </message>
     <message>
         <source>%1 %2 free</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 可用%2</translation>
     </message>
     <message>
         <source>%1 %2 free of %3</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 可用%2，共%3</translation>
     </message>
     <message>
         <source>, full: no download can start</source>
-        <translation type="unfinished"></translation>
+        <translation>，已满：无法开始下载</translation>
     </message>
     <message>
         <source>, full</source>
-        <translation type="unfinished"></translation>
+        <translation>，已满</translation>
     </message>
     <message>
         <source>, nearly full</source>
-        <translation type="unfinished"></translation>
+        <translation>，即将满</translation>
     </message>
     <message>
         <source>%1
 Opens the folder of downloads: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1
+打开下载文件夹：%2</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::StoredRecorder</name>
     <message>
         <source>The password is missing: give --password-file or set VEMO_PASSWORD.</source>
-        <translation type="unfinished"></translation>
+        <translation>缺少密码：请指定--password-file或设置VEMO_PASSWORD。</translation>
     </message>
     <message>
         <source>The password could not be kept; nothing was added to the queue.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法保存密码；未向队列添加任何内容。</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::StrengthBar</name>
     <message>
         <source>Weak</source>
-        <translation type="unfinished"></translation>
+        <translation>弱</translation>
     </message>
     <message>
         <source>Medium</source>
-        <translation type="unfinished"></translation>
+        <translation>中</translation>
     </message>
     <message>
         <source>Very strong</source>
-        <translation type="unfinished"></translation>
+        <translation>很强</translation>
     </message>
     <message>
         <source>Strong</source>
-        <translation type="unfinished"></translation>
+        <translation>强</translation>
     </message>
     <message>
         <source>Strength of the password: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>密码强度：%1</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::ThemeButton</name>
     <message>
         <source>Theme</source>
-        <translation type="unfinished"></translation>
+        <translation>主题</translation>
     </message>
     <message>
         <source>Dark</source>
-        <translation type="unfinished"></translation>
+        <translation>深色</translation>
     </message>
     <message>
         <source>Light</source>
-        <translation type="unfinished"></translation>
+        <translation>浅色</translation>
     </message>
     <message>
         <source>As the desktop</source>
-        <translation type="unfinished"></translation>
+        <translation>跟随桌面</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::TimeText</name>
     <message>
         <source>&quot;%1&quot; is not a time; write it as 2026-01-10T08:00:00.</source>
-        <translation type="unfinished"></translation>
+        <translation>“%1”不是时间；请写作2026-01-10T08:00:00。</translation>
     </message>
     <message>
         <source>There is no such time as &quot;%1&quot;.</source>
-        <translation type="unfinished"></translation>
+        <translation>不存在“%1”这样的时间。</translation>
     </message>
     <message>
         <source>&quot;%1&quot; does not exist on this computer&apos;s clock: summer time begins then.</source>
-        <translation type="unfinished"></translation>
+        <translation>“%1”在本机时钟上不存在：当时夏令时开始。</translation>
     </message>
     <message>
         <source>&quot;%1&quot; has an offset that no place on earth has.</source>
-        <translation type="unfinished"></translation>
+        <translation>“%1”中的时差在任何地区都不存在。</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::TitledDialog</name>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::TopBar</name>
     <message>
-        <source>Theme</source>
-        <translation type="unfinished"></translation>
+        <source>Guide</source>
+        <translation>使用指南</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::UserDialog</name>
+    <message>
+        <source>Add</source>
+        <translation>添加</translation>
     </message>
     <message>
-        <source>Dark</source>
-        <translation type="unfinished"></translation>
+        <source>Save</source>
+        <translation>保存</translation>
     </message>
     <message>
-        <source>Light</source>
-        <translation type="unfinished"></translation>
+        <source>Add a user</source>
+        <translation>添加用户</translation>
     </message>
     <message>
-        <source>As the desktop</source>
-        <translation type="unfinished"></translation>
+        <source>What %1 may do</source>
+        <translation>%1的权限</translation>
+    </message>
+    <message>
+        <source>A new password for %1</source>
+        <translation>%1的新密码</translation>
+    </message>
+    <message>
+        <source>Change your password</source>
+        <translation>修改您的密码</translation>
+    </message>
+    <message>
+        <source>The user logs in on this computer with this name and password.</source>
+        <translation>该用户以此名称和密码在本机登录。</translation>
+    </message>
+    <message>
+        <source>It holds from the next login of %1 on.</source>
+        <translation>从%1下次登录起生效。</translation>
+    </message>
+    <message>
+        <source>The old one stops working at once, and a lock after wrong passwords ends.</source>
+        <translation>旧密码立即失效，因密码错误导致的锁定随之解除。</translation>
+    </message>
+    <message>
+        <source>Where you stay logged in, the password is asked for once more.</source>
+        <translation>在您保持登录的位置，将再次要求输入密码。</translation>
+    </message>
+    <message>
+        <source>User name</source>
+        <translation>用户名</translation>
+    </message>
+    <message>
+        <source>Current password</source>
+        <translation>当前密码</translation>
+    </message>
+    <message>
+        <source>New password</source>
+        <translation>新密码</translation>
+    </message>
+    <message>
+        <source>Repeat the password</source>
+        <translation>重复密码</translation>
+    </message>
+    <message>
+        <source>May do</source>
+        <translation>权限</translation>
+    </message>
+    <message>
+        <source>The current password is missing.</source>
+        <translation>缺少当前密码。</translation>
+    </message>
+    <message>
+        <source>The two passwords differ</source>
+        <translation>两次输入的密码不一致</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::UserMenu</name>
+    <message>
+        <source>Change password...</source>
+        <translation>修改密码...</translation>
+    </message>
+    <message>
+        <source>Log out</source>
+        <translation>退出登录</translation>
+    </message>
+    <message>
+        <source>Logged in as %1</source>
+        <translation>当前用户：%1</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::UserRow</name>
+    <message>
+        <source>What %1 may do</source>
+        <translation>%1的权限</translation>
+    </message>
+    <message>
+        <source>A new password for %1</source>
+        <translation>%1的新密码</translation>
+    </message>
+    <message>
+        <source>Disable %1</source>
+        <translation>停用%1</translation>
+    </message>
+    <message>
+        <source>Enable %1</source>
+        <translation>启用%1</translation>
+    </message>
+    <message>
+        <source>Remove %1</source>
+        <translation>移除%1</translation>
+    </message>
+    <message>
+        <source>You can&apos;t do that to yourself; another administrator can.</source>
+        <translation>不能对自己执行此操作，可由其他管理员执行。</translation>
+    </message>
+    <message>
+        <source>Disabled. %1</source>
+        <translation>已停用。%1</translation>
+    </message>
+    <message>
+        <source>%1. Never logged in</source>
+        <translation>%1。从未登录</translation>
+    </message>
+    <message>
+        <source>%1. Last login %2</source>
+        <translation>%1。上次登录%2</translation>
+    </message>
+    <message>
+        <source>%1 (you)</source>
+        <translation>%1（您）</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::UserVerb</name>
+    <message>
+        <source>%1 The accounts were kept under another name; they begin anew.</source>
+        <translation>%1 账户已以其他名称保留，重新开始建立。</translation>
+    </message>
+    <message>
+        <source>disabled</source>
+        <translation>已停用</translation>
+    </message>
+    <message>
+        <source>administrator</source>
+        <translation>管理员</translation>
+    </message>
+    <message>
+        <source>powers %1</source>
+        <translation>权限 %1</translation>
+    </message>
+    <message>
+        <source>That %1 stays logged in could not be stored.</source>
+        <translation>无法保存%1的登录状态。</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::UserVerbOptions</name>
+    <message>
+        <source>Name of the user.</source>
+        <translation>用户名称。</translation>
+    </message>
+    <message>
+        <source>name</source>
+        <translation>name</translation>
+    </message>
+    <message>
+        <source>File whose first line is the user&apos;s password; &quot;-&quot; reads it from the standard input.</source>
+        <translation>首行为用户密码的文件；“-”表示从标准输入读取。</translation>
+    </message>
+    <message>
+        <source>file</source>
+        <translation>file</translation>
+    </message>
+    <message>
+        <source>What the user may do, of: live, playback, download, recordings, snapshots, devices, logs, settings.</source>
+        <translation>用户的权限，可选：live、playback、download、recordings、snapshots、devices、logs、settings。</translation>
+    </message>
+    <message>
+        <source>list</source>
+        <translation>list</translation>
+    </message>
+    <message>
+        <source>The user may do everything and manages the others.</source>
+        <translation>用户拥有所有权限并管理其他用户。</translation>
+    </message>
+    <message>
+        <source>The window opens for this user without asking for the password.</source>
+        <translation>为该用户打开窗口时不要求输入密码。</translation>
+    </message>
+</context>
+<context>
+    <name>vemo_client::UsersSettingsWt</name>
+    <message>
+        <source>Accounts</source>
+        <translation>账户</translation>
+    </message>
+    <message>
+        <source>Add a user</source>
+        <translation>添加用户</translation>
+    </message>
+    <message>
+        <source>Your password</source>
+        <translation>您的密码</translation>
+    </message>
+    <message>
+        <source>You are logged in as %1. A new password holds from now on.</source>
+        <translation>您以%1登录。新密码立即生效。</translation>
+    </message>
+    <message>
+        <source>Change password</source>
+        <translation>修改密码</translation>
+    </message>
+    <message>
+        <source>Remove %1</source>
+        <translation>移除%1</translation>
+    </message>
+    <message>
+        <source>The user can&apos;t log in any more. Downloads, recordings and logs stay.</source>
+        <translation>该用户将无法再登录。下载、录像和日志会保留。</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>移除</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::VerbFolder</name>
     <message>
         <source>The data folder %1 can&apos;t be used.</source>
-        <translation type="unfinished"></translation>
+        <translation>数据文件夹%1无法使用。</translation>
     </message>
 </context>
 <context>
@@ -2992,6 +5532,17 @@ Opens the folder of downloads: %2</source>
     </message>
 </context>
 <context>
+    <name>vemo_client::ViewNameDialog</name>
+    <message>
+        <source>Name of the view</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The view needs a name.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>vemo_client::WindowLock</name>
     <message>
         <source>A window or another run is at work in the data folder %1; close it first.</source>
@@ -2999,7 +5550,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>The data folder %1 can&apos;t be used.</source>
-        <translation type="unfinished"></translation>
+        <translation>数据文件夹%1无法使用。</translation>
     </message>
 </context>
 <context>
@@ -3037,11 +5588,11 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>取消</translation>
     </message>
     <message>
         <source>Add</source>
-        <translation type="unfinished"></translation>
+        <translation>添加</translation>
     </message>
     <message>
         <source>for %1</source>
@@ -3088,7 +5639,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>No recording</source>
-        <translation type="unfinished"></translation>
+        <translation>无录像</translation>
     </message>
     <message>
         <source>On the recorder</source>
@@ -3096,7 +5647,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Alarm</source>
-        <translation type="unfinished"></translation>
+        <translation>报警</translation>
     </message>
     <message>
         <source>Time axis</source>
@@ -3166,11 +5717,11 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>The disk space is insufficient, total file size:%1M, disk free space:%2M, disk name:%3</source>
-        <translation type="unfinished"></translation>
+        <translation>磁盘空间不足，文件总大小：%1M，磁盘可用空间：%2M，磁盘名称：%3</translation>
     </message>
     <message>
         <source>Failed to export file:%1</source>
-        <translation type="unfinished"></translation>
+        <translation>导出文件失败：%1</translation>
     </message>
     <message>
         <source>and %1 more</source>
@@ -3178,6 +5729,10 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Export backup files finished, files total count:%1, success count:%2, failure count:%3</source>
+        <translation>备份文件导出完成，文件总数：%1，成功：%2，失败：%3</translation>
+    </message>
+    <message>
+        <source>Export backup files cancelled, files that were exported before:%1</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -3193,7 +5748,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>No recording</source>
-        <translation type="unfinished"></translation>
+        <translation>无录像</translation>
     </message>
     <message>
         <source>On the recorder</source>
@@ -3201,7 +5756,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Alarm</source>
-        <translation type="unfinished"></translation>
+        <translation>报警</translation>
     </message>
     <message>
         <source>Now, %1</source>
@@ -3274,7 +5829,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>nothing recorded</source>
-        <translation type="unfinished"></translation>
+        <translation>无录像</translation>
     </message>
     <message>
         <source>%1 safe</source>
@@ -3313,10 +5868,6 @@ Opens the folder of downloads: %2</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Waiting to try again</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Not started</source>
         <translation type="unfinished"></translation>
     </message>
@@ -3326,7 +5877,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>%1, %2, %3</source>
-        <translation type="unfinished"></translation>
+        <translation>%1，%2，%3</translation>
     </message>
     <message>
         <source>channel no longer exists</source>
@@ -3334,6 +5885,14 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>stop backup</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>cancel the export</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Retry at %1</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -3349,7 +5908,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>To</source>
-        <translation type="unfinished"></translation>
+        <translation>至</translation>
     </message>
     <message>
         <source>Time Segment %1</source>
@@ -3445,7 +6004,7 @@ Opens the folder of downloads: %2</source>
     <name>vemo_filesCenter::DevRecordingsBackupPage</name>
     <message>
         <source>Recordings Backup</source>
-        <translation type="unfinished"></translation>
+        <translation>录像备份</translation>
     </message>
     <message>
         <source>Days with backup tasks</source>
@@ -3453,7 +6012,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Date</source>
-        <translation type="unfinished"></translation>
+        <translation>日期</translation>
     </message>
     <message>
         <source>Day before</source>
@@ -3465,7 +6024,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Add</source>
-        <translation type="unfinished"></translation>
+        <translation>添加</translation>
     </message>
     <message>
         <source>Start</source>
@@ -3481,11 +6040,11 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>删除</translation>
     </message>
     <message>
         <source>Apply</source>
-        <translation type="unfinished"></translation>
+        <translation>应用</translation>
     </message>
     <message>
         <source>Exporting backup files, please wait a moment</source>
@@ -3525,6 +6084,10 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Press Add to pick channels and time segments.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel the export</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -3592,7 +6155,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Space</source>
-        <translation type="unfinished"></translation>
+        <translation>空格</translation>
     </message>
     <message>
         <source>check</source>
@@ -3600,7 +6163,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Enter</source>
-        <translation type="unfinished"></translation>
+        <translation>Enter</translation>
     </message>
     <message>
         <source>start or stop</source>
@@ -3608,7 +6171,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Del</source>
-        <translation type="unfinished"></translation>
+        <translation>Del</translation>
     </message>
     <message>
         <source>clean the task</source>
@@ -3616,11 +6179,11 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>All</source>
-        <translation type="unfinished"></translation>
+        <translation>全部</translation>
     </message>
     <message>
         <source>Channel Name</source>
-        <translation type="unfinished"></translation>
+        <translation>通道名称</translation>
     </message>
     <message>
         <source>Datetime Range</source>
@@ -3636,7 +6199,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Oper</source>
-        <translation type="unfinished"></translation>
+        <translation>操作</translation>
     </message>
     <message>
         <source>Batch Start</source>
@@ -3720,7 +6283,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Details</source>
-        <translation type="unfinished"></translation>
+        <translation>详情</translation>
     </message>
 </context>
 <context>
@@ -3734,11 +6297,11 @@ Opens the folder of downloads: %2</source>
     <name>vemo_filesCenter::EndedTasksTable</name>
     <message>
         <source>All</source>
-        <translation type="unfinished"></translation>
+        <translation>全部</translation>
     </message>
     <message>
         <source>Channel Name</source>
-        <translation type="unfinished"></translation>
+        <translation>通道名称</translation>
     </message>
     <message>
         <source>Datetime Range</source>
@@ -3750,7 +6313,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Oper</source>
-        <translation type="unfinished"></translation>
+        <translation>操作</translation>
     </message>
     <message>
         <source>please check tasks to clean</source>
@@ -3770,7 +6333,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Details</source>
-        <translation type="unfinished"></translation>
+        <translation>详情</translation>
     </message>
 </context>
 <context>
@@ -3811,7 +6374,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Space</source>
-        <translation type="unfinished"></translation>
+        <translation>空格</translation>
     </message>
     <message>
         <source>check</source>
@@ -3819,7 +6382,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Enter</source>
-        <translation type="unfinished"></translation>
+        <translation>Enter</translation>
     </message>
     <message>
         <source>redownload</source>
@@ -3827,7 +6390,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Del</source>
-        <translation type="unfinished"></translation>
+        <translation>Del</translation>
     </message>
     <message>
         <source>clean the task</source>
@@ -3835,7 +6398,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>State</source>
-        <translation type="unfinished"></translation>
+        <translation>状态</translation>
     </message>
     <message>
         <source>Batch Redownload</source>
@@ -3939,7 +6502,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Recordings Backup</source>
-        <translation type="unfinished"></translation>
+        <translation>录像备份</translation>
     </message>
     <message>
         <source>Downloading(%1)</source>
@@ -3970,7 +6533,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>删除</translation>
     </message>
     <message>
         <source>Save AS</source>
@@ -3998,7 +6561,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Clear the filter</source>
-        <translation type="unfinished"></translation>
+        <translation>清除筛选</translation>
     </message>
     <message>
         <source>This folder is no longer there.</source>
@@ -4054,11 +6617,11 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Open</source>
-        <translation type="unfinished"></translation>
+        <translation>打开</translation>
     </message>
     <message>
         <source>Show in folder</source>
-        <translation type="unfinished"></translation>
+        <translation>在文件夹中显示</translation>
     </message>
     <message>
         <source>Copy</source>
@@ -4070,11 +6633,11 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>1 file</source>
-        <translation type="unfinished"></translation>
+        <translation>1个文件</translation>
     </message>
     <message>
         <source>%1 files</source>
-        <translation type="unfinished"></translation>
+        <translation>%1个文件</translation>
     </message>
     <message>
         <source>1 video</source>
@@ -4154,15 +6717,15 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Search</source>
-        <translation type="unfinished"></translation>
+        <translation>搜索</translation>
     </message>
     <message>
         <source>Filter by channel name</source>
-        <translation type="unfinished"></translation>
+        <translation>按通道名称筛选</translation>
     </message>
     <message>
         <source>Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>删除</translation>
     </message>
     <message>
         <source>Save AS</source>
@@ -4170,11 +6733,11 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>All</source>
-        <translation type="unfinished"></translation>
+        <translation>全部</translation>
     </message>
     <message>
         <source>Channel Name</source>
-        <translation type="unfinished"></translation>
+        <translation>通道名称</translation>
     </message>
     <message>
         <source>Start Time</source>
@@ -4182,11 +6745,11 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Size</source>
-        <translation type="unfinished"></translation>
+        <translation>大小</translation>
     </message>
     <message>
         <source>Oper</source>
-        <translation type="unfinished"></translation>
+        <translation>操作</translation>
     </message>
     <message>
         <source>Local Recording</source>
@@ -4214,7 +6777,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Clear the filter</source>
-        <translation type="unfinished"></translation>
+        <translation>清除筛选</translation>
     </message>
     <message>
         <source>searching local recordings...</source>
@@ -4290,7 +6853,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Record begin time:%1,file size:%2</source>
-        <translation type="unfinished"></translation>
+        <translation>录像开始时间：%1，文件大小：%2</translation>
     </message>
     <message>
         <source>and %1 more</source>
@@ -4329,11 +6892,11 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>This image can&apos;t be read</source>
-        <translation type="unfinished"></translation>
+        <translation>无法读取该图片</translation>
     </message>
     <message>
         <source>%1 x %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 x %2</translation>
     </message>
 </context>
 <context>
@@ -4367,15 +6930,15 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Search</source>
-        <translation type="unfinished"></translation>
+        <translation>搜索</translation>
     </message>
     <message>
         <source>Filter by channel name</source>
-        <translation type="unfinished"></translation>
+        <translation>按通道名称筛选</translation>
     </message>
     <message>
         <source>Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>删除</translation>
     </message>
     <message>
         <source>Save AS</source>
@@ -4383,7 +6946,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Capture time:%1</source>
-        <translation type="unfinished"></translation>
+        <translation>抓图时间：%1</translation>
     </message>
     <message>
         <source>Failed to delete snap images</source>
@@ -4409,7 +6972,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Search again</source>
-        <translation type="unfinished"></translation>
+        <translation>重新搜索</translation>
     </message>
     <message>
         <source>No channel matches the filter.</source>
@@ -4421,7 +6984,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Clear the filter</source>
-        <translation type="unfinished"></translation>
+        <translation>清除筛选</translation>
     </message>
     <message>
         <source>search none local snap images</source>
@@ -4441,7 +7004,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>%1 of %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1/%2</translation>
     </message>
     <message>
         <source>1 snapshot</source>
@@ -4453,17 +7016,25 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>1 channel</source>
-        <translation type="unfinished"></translation>
+        <translation>1个通道</translation>
     </message>
     <message>
         <source>%1 channels</source>
-        <translation type="unfinished"></translation>
+        <translation>%1个通道</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::RecordingsBackUpTree</name>
     <message>
         <source>no replay</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>disabled</source>
+        <translation>已停用</translation>
+    </message>
+    <message>
+        <source>live view alone</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -4498,7 +7069,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Space</source>
-        <translation type="unfinished"></translation>
+        <translation>空格</translation>
     </message>
     <message>
         <source>check</source>
@@ -4506,7 +7077,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Enter</source>
-        <translation type="unfinished"></translation>
+        <translation>Enter</translation>
     </message>
     <message>
         <source>open the file</source>
@@ -4514,7 +7085,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Del</source>
-        <translation type="unfinished"></translation>
+        <translation>Del</translation>
     </message>
     <message>
         <source>clean the task</source>
@@ -4522,7 +7093,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Size</source>
-        <translation type="unfinished"></translation>
+        <translation>大小</translation>
     </message>
     <message>
         <source>Open Folder</source>
@@ -4579,7 +7150,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>none</source>
-        <translation type="unfinished"></translation>
+        <translation>无</translation>
     </message>
     <message>
         <source>lost in transfer</source>
@@ -4643,11 +7214,11 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Channel</source>
-        <translation type="unfinished"></translation>
+        <translation>通道</translation>
     </message>
     <message>
         <source>%1 of %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1/%2</translation>
     </message>
     <message>
         <source>Asked</source>
@@ -4655,7 +7226,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Size</source>
-        <translation type="unfinished"></translation>
+        <translation>大小</translation>
     </message>
     <message>
         <source>Rate</source>
@@ -4671,7 +7242,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>File</source>
-        <translation type="unfinished"></translation>
+        <translation>文件</translation>
     </message>
     <message>
         <source>SHA-256</source>
@@ -4694,11 +7265,11 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Open folder</source>
-        <translation type="unfinished"></translation>
+        <translation>打开文件夹</translation>
     </message>
     <message>
         <source>Details</source>
-        <translation type="unfinished"></translation>
+        <translation>详情</translation>
     </message>
     <message>
         <source>Close the details</source>
@@ -4792,11 +7363,11 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>The recorder refused the login.</source>
-        <translation type="unfinished"></translation>
+        <translation>录像机拒绝登录。</translation>
     </message>
     <message>
         <source>The recorder could not be reached.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法连接录像机。</translation>
     </message>
     <message>
         <source>The download broke off. What arrived is kept.</source>
@@ -4816,15 +7387,15 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>%1 min</source>
-        <translation type="unfinished"></translation>
+        <translation>%1分钟</translation>
     </message>
     <message>
         <source>%1 h %2 min</source>
-        <translation type="unfinished"></translation>
+        <translation>%1小时%2分</translation>
     </message>
     <message>
         <source>%1 MB/s</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 MB/s</translation>
     </message>
 </context>
 <context>
@@ -4941,6 +7512,10 @@ Opens the folder of downloads: %2</source>
         <source>This folder is not there yet.</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>%1 is a file. Choose a folder.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>vemo_worker::SealedFile</name>
@@ -5043,7 +7618,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Channel %1</source>
-        <translation type="unfinished"></translation>
+        <translation>通道%1</translation>
     </message>
     <message>
         <source>The device&apos;s address must begin with http, https, rtsp or rtsps.</source>
@@ -5081,7 +7656,7 @@ Opens the folder of downloads: %2</source>
     <name>vms_sdk::LoginFlow</name>
     <message>
         <source>Channel %1</source>
-        <translation type="unfinished"></translation>
+        <translation>通道%1</translation>
     </message>
 </context>
 <context>
@@ -5354,116 +7929,6 @@ Opens the folder of downloads: %2</source>
     </message>
 </context>
 <context>
-    <name>vms_sdk::rtsp</name>
-    <message>
-        <source>%1 does not have the requested recording.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 has not enough bandwidth for a further stream.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 has reached its limit of connections.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 does not send recordings over TCP.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 refused the request: %2 %3</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 wants a login, and there is none for it.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 refused user name or password.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 refused the login after the limit of %2 rounds.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 wants the password in clear text over a connection that is not secure.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 offers no way to log in that is known or as safe as before.</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
-    <name>vms_sdk::rtsp::ReplayClient</name>
-    <message>
-        <source>The replay address is none of RTSP.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 has stopped sending.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 did not answer within %2 s.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>a picture beyond the limit of %1 MiB</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>a picture beyond the limit of %1 NAL units</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 sent %2.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 has nothing recorded for the requested time.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 has ended the live video.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 does not know the session any more.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 points to an address that is none of RTSP.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 redirects beyond the limit of %2 times.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 redirects from a secure to an open connection.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 sent no readable description of the recording.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 sends nothing that can be received: %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 does not send recordings over TCP.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 moved the stream elsewhere.</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
     <name>vms_sdk::rtsp::RtspConnection</name>
     <message>
         <source>%1 did not answer when a connection was tried.</source>
@@ -5527,6 +7992,109 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>%1 sent %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>vms_sdk::rtsp::StreamClient</name>
+    <message>
+        <source>%1 does not know the requested recording or channel.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 has nothing recorded for the requested time.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 has not enough bandwidth for a further stream.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 has reached its limit of connections.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 does not send over TCP.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 refused the request: %2 %3</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 wants a login, and there is none for it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 refused user name or password.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 refused the login after the limit of %2 rounds.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 wants the password in clear text over a connection that is not secure.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 offers no way to log in that is known or as safe as before.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The stream&apos;s address is none of RTSP.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 has stopped sending.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 did not answer within %2 s.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a picture beyond the limit of %1 MiB</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a picture beyond the limit of %1 NAL units</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 sent %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 has ended the live video.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 does not know the session any more.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 points to an address that is none of RTSP.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 redirects beyond the limit of %2 times.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 redirects from a secure to an open connection.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 sent no readable description of the stream.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 sends nothing that can be received: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 moved the stream elsewhere.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
