@@ -5516,37 +5516,37 @@ Opens the folder of downloads: %2</source>
     <name>vemo_client::VideoTileWt</name>
     <message>
         <source>%1 %2 x %3</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 %2 x %3</translation>
     </message>
     <message>
         <source>%1 %2 x %3, %4 fps</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 %2 x %3，%4 fps</translation>
     </message>
     <message>
         <source>Empty tile</source>
-        <translation type="unfinished"></translation>
+        <translation>空画面格</translation>
     </message>
     <message>
         <source>Recording. %1</source>
-        <translation type="unfinished"></translation>
+        <translation>正在录像。%1</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::ViewNameDialog</name>
     <message>
         <source>Name of the view</source>
-        <translation type="unfinished"></translation>
+        <translation>视图名称</translation>
     </message>
     <message>
         <source>The view needs a name.</source>
-        <translation type="unfinished"></translation>
+        <translation>请输入视图名称。</translation>
     </message>
 </context>
 <context>
     <name>vemo_client::WindowLock</name>
     <message>
         <source>A window or another run is at work in the data folder %1; close it first.</source>
-        <translation type="unfinished"></translation>
+        <translation>数据文件夹%1正被某个窗口或另一次执行使用；请先将其关闭。</translation>
     </message>
     <message>
         <source>The data folder %1 can&apos;t be used.</source>
@@ -5557,34 +5557,34 @@ Opens the folder of downloads: %2</source>
     <name>vemo_client::WindowRun</name>
     <message>
         <source>A window is open on the data folder %1 already; it was asked to come to the front.</source>
-        <translation type="unfinished"></translation>
+        <translation>数据文件夹%1已有窗口打开；已请求将其置于前台。</translation>
     </message>
     <message>
         <source>The data folder is in use</source>
-        <translation type="unfinished"></translation>
+        <translation>数据文件夹正在使用</translation>
     </message>
     <message>
         <source>Another vemo_client works on it and shows no window. Wait until it is done, or end it.</source>
-        <translation type="unfinished"></translation>
+        <translation>另一个vemo_client正在使用该文件夹，且未显示窗口。请等待其完成，或将其结束。</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::AddBackupTasksToolWt</name>
     <message>
         <source>Add backup tasks</source>
-        <translation type="unfinished"></translation>
+        <translation>添加备份任务</translation>
     </message>
     <message>
         <source>Please Select The Backup Channels</source>
-        <translation type="unfinished"></translation>
+        <translation>请选择备份通道</translation>
     </message>
     <message>
         <source>Tips:Only support Nuvira 2.0 device to backup</source>
-        <translation type="unfinished"></translation>
+        <translation>提示：仅支持备份Nuvira 2.0设备</translation>
     </message>
     <message>
         <source>Please Set The Backup Time Segments</source>
-        <translation type="unfinished"></translation>
+        <translation>请设置备份时段</translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -5596,46 +5596,46 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>for %1</source>
-        <translation type="unfinished"></translation>
+        <translation>%1</translation>
     </message>
     <message>
         <source>1 channel selected</source>
-        <translation type="unfinished"></translation>
+        <translation>已选1个通道</translation>
     </message>
     <message>
         <source>%1 channels selected</source>
-        <translation type="unfinished"></translation>
+        <translation>已选%1个通道</translation>
     </message>
     <message>
         <source>%1 of %2 tasks on this day</source>
-        <translation type="unfinished"></translation>
+        <translation>当日任务%1/%2</translation>
     </message>
     <message>
         <source>Please select Nuvira 2.0 device channels</source>
-        <translation type="unfinished"></translation>
+        <translation>请选择Nuvira 2.0设备的通道</translation>
     </message>
     <message>
         <source>A maximum of %1 tasks can be added in one day, %2 have been added,%3 to be added, please reduce the selected channels</source>
-        <translation type="unfinished"></translation>
+        <translation>一天最多可添加%1个任务，已添加%2个，待添加%3个，请减少所选通道</translation>
     </message>
     <message>
         <source>Please set backup time segments</source>
-        <translation type="unfinished"></translation>
+        <translation>请设置备份时段</translation>
     </message>
     <message>
         <source>Failed to add backup tasks</source>
-        <translation type="unfinished"></translation>
+        <translation>添加备份任务失败</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::BackupAxisWt</name>
     <message>
         <source>Time segment</source>
-        <translation type="unfinished"></translation>
+        <translation>时段</translation>
     </message>
     <message>
         <source>Backed up</source>
-        <translation type="unfinished"></translation>
+        <translation>已备份</translation>
     </message>
     <message>
         <source>No recording</source>
@@ -5643,7 +5643,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>On the recorder</source>
-        <translation type="unfinished"></translation>
+        <translation>录像机上</translation>
     </message>
     <message>
         <source>Alarm</source>
@@ -5651,69 +5651,69 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Time axis</source>
-        <translation type="unfinished"></translation>
+        <translation>时间轴</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::BackupDeviceCheck</name>
     <message>
         <source>Failed to start backup:device offline</source>
-        <translation type="unfinished"></translation>
+        <translation>启动备份失败：设备离线</translation>
     </message>
     <message>
         <source>Failed to start backup:device uses weak password</source>
-        <translation type="unfinished"></translation>
+        <translation>启动备份失败：设备使用弱密码</translation>
     </message>
     <message>
         <source>Failed to start backup:wrong user name or password for connecting device</source>
-        <translation type="unfinished"></translation>
+        <translation>启动备份失败：连接设备的用户名或密码错误</translation>
     </message>
     <message>
         <source>Failed to start backup:the connection limit of the device has been reached</source>
-        <translation type="unfinished"></translation>
+        <translation>启动备份失败：已达到设备的连接数上限</translation>
     </message>
     <message>
         <source>Failed to start backup:device uses default password</source>
-        <translation type="unfinished"></translation>
+        <translation>启动备份失败：设备使用默认密码</translation>
     </message>
     <message>
         <source>Failed to start backup:device not active</source>
-        <translation type="unfinished"></translation>
+        <translation>启动备份失败：设备未激活</translation>
     </message>
     <message>
         <source>Failed to start backup:device login is locked</source>
-        <translation type="unfinished"></translation>
+        <translation>启动备份失败：设备登录已锁定</translation>
     </message>
     <message>
         <source>Failed to start backup:the login limit of the device has been reached</source>
-        <translation type="unfinished"></translation>
+        <translation>启动备份失败：已达到设备的登录数上限</translation>
     </message>
     <message>
         <source>Failed to start backup:device relay connection broken</source>
-        <translation type="unfinished"></translation>
+        <translation>启动备份失败：设备中继连接中断</translation>
     </message>
     <message>
         <source>Failed to start backup:device status unknown</source>
-        <translation type="unfinished"></translation>
+        <translation>启动备份失败：设备状态未知</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::BackupExport</name>
     <message>
         <source>Select Export Path</source>
-        <translation type="unfinished"></translation>
+        <translation>选择导出路径</translation>
     </message>
     <message>
         <source>No backup files available for export</source>
-        <translation type="unfinished"></translation>
+        <translation>没有可导出的备份文件</translation>
     </message>
     <message>
         <source>Files can&apos;t be written to %1, please select another folder</source>
-        <translation type="unfinished"></translation>
+        <translation>无法将文件写入%1，请选择其他文件夹</translation>
     </message>
     <message>
         <source>Disk not detected, please try again later, disk name:%1</source>
-        <translation type="unfinished"></translation>
+        <translation>未检测到磁盘，请稍后重试，磁盘名称：%1</translation>
     </message>
     <message>
         <source>The disk space is insufficient, total file size:%1M, disk free space:%2M, disk name:%3</source>
@@ -5725,7 +5725,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>and %1 more</source>
-        <translation type="unfinished"></translation>
+        <translation>及另外%1个</translation>
     </message>
     <message>
         <source>Export backup files finished, files total count:%1, success count:%2, failure count:%3</source>
@@ -5733,18 +5733,18 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Export backup files cancelled, files that were exported before:%1</source>
-        <translation type="unfinished"></translation>
+        <translation>备份文件导出已取消，此前已导出的文件：%1</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::BackupLegendWt</name>
     <message>
         <source>Time segment</source>
-        <translation type="unfinished"></translation>
+        <translation>时段</translation>
     </message>
     <message>
         <source>Backed up</source>
-        <translation type="unfinished"></translation>
+        <translation>已备份</translation>
     </message>
     <message>
         <source>No recording</source>
@@ -5752,7 +5752,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>On the recorder</source>
-        <translation type="unfinished"></translation>
+        <translation>录像机上</translation>
     </message>
     <message>
         <source>Alarm</source>
@@ -5760,72 +5760,72 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Now, %1</source>
-        <translation type="unfinished"></translation>
+        <translation>现在，%1</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::BackupSearch</name>
     <message>
         <source>Failed to search video recordings(%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>搜索录像失败（%1）</translation>
     </message>
     <message>
         <source>Non-video recordings</source>
-        <translation type="unfinished"></translation>
+        <translation>非视频录像</translation>
     </message>
     <message>
         <source>Query video recording timeout</source>
-        <translation type="unfinished"></translation>
+        <translation>查询录像超时</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::BackupTargetDay</name>
     <message>
         <source>Days with backup tasks</source>
-        <translation type="unfinished"></translation>
+        <translation>有备份任务的日期</translation>
     </message>
     <message>
         <source>The backup tasks are those of %1, please select another day</source>
-        <translation type="unfinished"></translation>
+        <translation>这些备份任务属于%1，请选择其他日期</translation>
     </message>
     <message>
         <source>A maximum of %1 tasks can be added in one day, %2 have been added,%3 to be added, please select another day</source>
-        <translation type="unfinished"></translation>
+        <translation>一天最多可添加%1个任务，已添加%2个，待添加%3个，请选择其他日期</translation>
     </message>
     <message>
         <source>Apply backup tasks to %1 success</source>
-        <translation type="unfinished"></translation>
+        <translation>备份任务已应用到%1</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::BackupTaskTimeAxisWt</name>
     <message>
         <source>start backup</source>
-        <translation type="unfinished"></translation>
+        <translation>启动备份</translation>
     </message>
     <message>
         <source>export backup files</source>
-        <translation type="unfinished"></translation>
+        <translation>导出备份文件</translation>
     </message>
     <message>
         <source>delete backup task</source>
-        <translation type="unfinished"></translation>
+        <translation>删除备份任务</translation>
     </message>
     <message>
         <source>apply to other day</source>
-        <translation type="unfinished"></translation>
+        <translation>应用到其他日期</translation>
     </message>
     <message>
         <source>%1(Not Exist)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1（不存在）</translation>
     </message>
     <message>
         <source>Do you want to delete the video recording backup task?</source>
-        <translation type="unfinished"></translation>
+        <translation>是否删除该录像备份任务？</translation>
     </message>
     <message>
         <source>not searched yet</source>
-        <translation type="unfinished"></translation>
+        <translation>尚未搜索</translation>
     </message>
     <message>
         <source>nothing recorded</source>
@@ -5833,47 +5833,47 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>%1 safe</source>
-        <translation type="unfinished"></translation>
+        <translation>%1已备份</translation>
     </message>
     <message>
         <source>A start searches what the recorder holds</source>
-        <translation type="unfinished"></translation>
+        <translation>启动后将搜索录像机上的内容</translation>
     </message>
     <message>
         <source>The recorder held nothing of these times when it was last searched</source>
-        <translation type="unfinished"></translation>
+        <translation>上次搜索时，录像机上没有这些时段的录像</translation>
     </message>
     <message>
         <source>%1 that the recorder holds is in files here</source>
-        <translation type="unfinished"></translation>
+        <translation>录像机上的录像有%1已保存为本机文件</translation>
     </message>
     <message>
         <source>Exporting, %1%</source>
-        <translation type="unfinished"></translation>
+        <translation>正在导出，%1%</translation>
     </message>
     <message>
         <source>Searching recordings</source>
-        <translation type="unfinished"></translation>
+        <translation>正在搜索录像</translation>
     </message>
     <message>
         <source>Running, %1%</source>
-        <translation type="unfinished"></translation>
+        <translation>进行中，%1%</translation>
     </message>
     <message>
         <source>Finished</source>
-        <translation type="unfinished"></translation>
+        <translation>已完成</translation>
     </message>
     <message>
         <source>Waiting</source>
-        <translation type="unfinished"></translation>
+        <translation>等待中</translation>
     </message>
     <message>
         <source>Not started</source>
-        <translation type="unfinished"></translation>
+        <translation>未启动</translation>
     </message>
     <message>
         <source>Stopped</source>
-        <translation type="unfinished"></translation>
+        <translation>已停止</translation>
     </message>
     <message>
         <source>%1, %2, %3</source>
@@ -5881,30 +5881,30 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>channel no longer exists</source>
-        <translation type="unfinished"></translation>
+        <translation>通道已不存在</translation>
     </message>
     <message>
         <source>stop backup</source>
-        <translation type="unfinished"></translation>
+        <translation>停止备份</translation>
     </message>
     <message>
         <source>cancel the export</source>
-        <translation type="unfinished"></translation>
+        <translation>取消导出</translation>
     </message>
     <message>
         <source>Retry at %1</source>
-        <translation type="unfinished"></translation>
+        <translation>%1重试</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::BackupTimeSegmentWt</name>
     <message>
         <source>Time Segment 1</source>
-        <translation type="unfinished"></translation>
+        <translation>时段1</translation>
     </message>
     <message>
         <source>delete time segment</source>
-        <translation type="unfinished"></translation>
+        <translation>删除时段</translation>
     </message>
     <message>
         <source>To</source>
@@ -5912,92 +5912,92 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Time Segment %1</source>
-        <translation type="unfinished"></translation>
+        <translation>时段%1</translation>
     </message>
     <message>
         <source>%1, start</source>
-        <translation type="unfinished"></translation>
+        <translation>%1，开始</translation>
     </message>
     <message>
         <source>%1, end</source>
-        <translation type="unfinished"></translation>
+        <translation>%1，结束</translation>
     </message>
     <message>
         <source>This segment starts after its end: it holds no recording. Let it end at 23:59 and add another one from 00:00.</source>
-        <translation type="unfinished"></translation>
+        <translation>该时段的开始晚于结束，不包含任何录像。请将结束设为23:59，并另外添加一个从00:00开始的时段。</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::BackupTimeSegmentsSettingWt</name>
     <message>
         <source>add time segment</source>
-        <translation type="unfinished"></translation>
+        <translation>添加时段</translation>
     </message>
     <message>
         <source>%1 of %2 segments. Overlapping ones are merged.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1/%2个时段。重叠的时段会合并。</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::BackupWorker</name>
     <message>
         <source>Waiting for backup...</source>
-        <translation type="unfinished"></translation>
+        <translation>等待备份...</translation>
     </message>
     <message>
         <source>Backup is abnormal,the backup will be attempted again later</source>
-        <translation type="unfinished"></translation>
+        <translation>备份异常，稍后将重试备份</translation>
     </message>
     <message>
         <source>The folder for backups, %1, is not there or lies on another disk, the backup will be attempted again later</source>
-        <translation type="unfinished"></translation>
+        <translation>备份文件夹%1不存在或位于其他磁盘，稍后将重试备份</translation>
     </message>
     <message>
         <source>The backup time is later than the current time, no video recordings can be backed up</source>
-        <translation type="unfinished"></translation>
+        <translation>备份时间晚于当前时间，没有可备份的录像</translation>
     </message>
     <message>
         <source>The disk free space &lt; 1GB,please switch the disk to continue the backup</source>
-        <translation type="unfinished"></translation>
+        <translation>磁盘可用空间 &lt; 1GB，请更换磁盘后继续备份</translation>
     </message>
     <message>
         <source>The backup limit of he device has been reached, the backup will be attempted again later</source>
-        <translation type="unfinished"></translation>
+        <translation>已达到设备的备份上限，稍后将重试备份</translation>
     </message>
     <message>
         <source>stop back up, stop time:%1</source>
-        <translation type="unfinished"></translation>
+        <translation>停止备份，停止时间：%1</translation>
     </message>
     <message>
         <source>delete back up task, back up date:%1</source>
-        <translation type="unfinished"></translation>
+        <translation>删除备份任务，备份日期：%1</translation>
     </message>
     <message>
         <source>No video recording</source>
-        <translation type="unfinished"></translation>
+        <translation>没有录像</translation>
     </message>
     <message>
         <source>Video recording backup success</source>
-        <translation type="unfinished"></translation>
+        <translation>录像备份成功</translation>
     </message>
     <message>
         <source>%1, time range:%2 %3~%4</source>
-        <translation type="unfinished"></translation>
+        <translation>%1，时间范围：%2 %3~%4</translation>
     </message>
     <message>
         <source>start back up, start time:%1</source>
-        <translation type="unfinished"></translation>
+        <translation>启动备份，启动时间：%1</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::ChannelSnapImagesWt</name>
     <message>
         <source>1 snapshot</source>
-        <translation type="unfinished"></translation>
+        <translation>1张抓图</translation>
     </message>
     <message>
         <source>%1 snapshots</source>
-        <translation type="unfinished"></translation>
+        <translation>%1张抓图</translation>
     </message>
 </context>
 <context>
@@ -6008,7 +6008,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Days with backup tasks</source>
-        <translation type="unfinished"></translation>
+        <translation>有备份任务的日期</translation>
     </message>
     <message>
         <source>Date</source>
@@ -6016,11 +6016,11 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Day before</source>
-        <translation type="unfinished"></translation>
+        <translation>前一天</translation>
     </message>
     <message>
         <source>Next day</source>
-        <translation type="unfinished"></translation>
+        <translation>后一天</translation>
     </message>
     <message>
         <source>Add</source>
@@ -6028,15 +6028,15 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Start</source>
-        <translation type="unfinished"></translation>
+        <translation>启动</translation>
     </message>
     <message>
         <source>Stop</source>
-        <translation type="unfinished"></translation>
+        <translation>停止</translation>
     </message>
     <message>
         <source>Export</source>
-        <translation type="unfinished"></translation>
+        <translation>导出</translation>
     </message>
     <message>
         <source>Delete</source>
@@ -6048,110 +6048,110 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Exporting backup files, please wait a moment</source>
-        <translation type="unfinished"></translation>
+        <translation>正在导出备份文件，请稍候</translation>
     </message>
     <message>
         <source>Exporting backup files, please check other backup tasks after the export is finished</source>
-        <translation type="unfinished"></translation>
+        <translation>正在导出备份文件，请在导出完成后查看其他备份任务</translation>
     </message>
     <message>
         <source>No backup task on %1</source>
-        <translation type="unfinished"></translation>
+        <translation>%1没有备份任务</translation>
     </message>
     <message>
         <source>A maximum of %1 tasks can be added in one day</source>
-        <translation type="unfinished"></translation>
+        <translation>一天最多可添加%1个任务</translation>
     </message>
     <message>
         <source>Do you want to delete all the backup tasks on %1?</source>
-        <translation type="unfinished"></translation>
+        <translation>是否删除%1的所有备份任务？</translation>
     </message>
     <message>
         <source>1 task</source>
-        <translation type="unfinished"></translation>
+        <translation>1个任务</translation>
     </message>
     <message>
         <source>%1 tasks</source>
-        <translation type="unfinished"></translation>
+        <translation>%1个任务</translation>
     </message>
     <message>
         <source>%1, %2 safe</source>
-        <translation type="unfinished"></translation>
+        <translation>%1，%2已备份</translation>
     </message>
     <message>
         <source>No backup is planned for %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1没有计划备份。</translation>
     </message>
     <message>
         <source>Press Add to pick channels and time segments.</source>
-        <translation type="unfinished"></translation>
+        <translation>点击“添加”选择通道和时段。</translation>
     </message>
     <message>
         <source>Cancel the export</source>
-        <translation type="unfinished"></translation>
+        <translation>取消导出</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::DownloadAccess</name>
     <message>
         <source>No download recording permission, please contact the administrator</source>
-        <translation type="unfinished"></translation>
+        <translation>没有下载录像的权限，请联系管理员</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::DownloadStateWt</name>
     <message>
         <source>pause</source>
-        <translation type="unfinished"></translation>
+        <translation>暂停</translation>
     </message>
     <message>
         <source>waiting download...</source>
-        <translation type="unfinished"></translation>
+        <translation>等待下载...</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::DownloadingOperWt</name>
     <message>
         <source>start downloading</source>
-        <translation type="unfinished"></translation>
+        <translation>开始下载</translation>
     </message>
     <message>
         <source>clean the task</source>
-        <translation type="unfinished"></translation>
+        <translation>清除任务</translation>
     </message>
     <message>
         <source>open folder</source>
-        <translation type="unfinished"></translation>
+        <translation>打开文件夹</translation>
     </message>
     <message>
         <source>stop downloading</source>
-        <translation type="unfinished"></translation>
+        <translation>停止下载</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::DownloadingRows</name>
     <message>
         <source>waiting download...</source>
-        <translation type="unfinished"></translation>
+        <translation>等待下载...</translation>
     </message>
     <message>
         <source>pause</source>
-        <translation type="unfinished"></translation>
+        <translation>暂停</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::DownloadingTable</name>
     <message>
         <source>Downloading</source>
-        <translation type="unfinished"></translation>
+        <translation>正在下载</translation>
     </message>
     <message>
         <source>Nothing is being downloaded.</source>
-        <translation type="unfinished"></translation>
+        <translation>没有正在进行的下载。</translation>
     </message>
     <message>
         <source>Mark a span in Playback and press Download.</source>
-        <translation type="unfinished"></translation>
+        <translation>在“回放”中标记时间段，然后点击“下载”。</translation>
     </message>
     <message>
         <source>Space</source>
@@ -6159,7 +6159,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>check</source>
-        <translation type="unfinished"></translation>
+        <translation>勾选</translation>
     </message>
     <message>
         <source>Enter</source>
@@ -6167,7 +6167,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>start or stop</source>
-        <translation type="unfinished"></translation>
+        <translation>开始或停止</translation>
     </message>
     <message>
         <source>Del</source>
@@ -6175,7 +6175,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>clean the task</source>
-        <translation type="unfinished"></translation>
+        <translation>清除任务</translation>
     </message>
     <message>
         <source>All</source>
@@ -6187,15 +6187,15 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Datetime Range</source>
-        <translation type="unfinished"></translation>
+        <translation>时间范围</translation>
     </message>
     <message>
         <source>Location</source>
-        <translation type="unfinished"></translation>
+        <translation>位置</translation>
     </message>
     <message>
         <source>Download Progress</source>
-        <translation type="unfinished"></translation>
+        <translation>下载进度</translation>
     </message>
     <message>
         <source>Oper</source>
@@ -6203,83 +6203,83 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Batch Start</source>
-        <translation type="unfinished"></translation>
+        <translation>批量开始</translation>
     </message>
     <message>
         <source>Batch Stop</source>
-        <translation type="unfinished"></translation>
+        <translation>批量停止</translation>
     </message>
     <message>
         <source>Batch Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>批量取消</translation>
     </message>
     <message>
         <source>Download path does not exist, please configure available download path in system configuration</source>
-        <translation type="unfinished"></translation>
+        <translation>下载路径不存在，请在系统设置中配置可用的下载路径</translation>
     </message>
     <message>
         <source>downloading break off, disk free space &lt; 1GB, disk name:%1</source>
-        <translation type="unfinished"></translation>
+        <translation>下载中断，磁盘可用空间 &lt; 1GB，磁盘名称：%1</translation>
     </message>
     <message>
         <source>please check tasks to start</source>
-        <translation type="unfinished"></translation>
+        <translation>请勾选要开始的任务</translation>
     </message>
     <message>
         <source>please check tasks to stop</source>
-        <translation type="unfinished"></translation>
+        <translation>请勾选要停止的任务</translation>
     </message>
     <message>
         <source>please check tasks to cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>请勾选要取消的任务</translation>
     </message>
     <message>
         <source>Do you want to cancel checked tasks?</source>
-        <translation type="unfinished"></translation>
+        <translation>是否取消勾选的任务？</translation>
     </message>
     <message>
         <source>file does not exist</source>
-        <translation type="unfinished"></translation>
+        <translation>文件不存在</translation>
     </message>
     <message>
         <source>%1 running, %2 waiting, %3 paused.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1个进行中，%2个等待，%3个暂停。</translation>
     </message>
     <message>
         <source>About %1 left.</source>
-        <translation type="unfinished"></translation>
+        <translation>剩余约%1。</translation>
     </message>
     <message>
         <source>Less than a minute left.</source>
-        <translation type="unfinished"></translation>
+        <translation>剩余不到1分钟。</translation>
     </message>
     <message>
         <source>about %1 left</source>
-        <translation type="unfinished"></translation>
+        <translation>剩余约%1</translation>
     </message>
     <message>
         <source>Being started</source>
-        <translation type="unfinished"></translation>
+        <translation>正在启动</translation>
     </message>
     <message>
         <source>Waits for one of five places</source>
-        <translation type="unfinished"></translation>
+        <translation>等待空出一个下载位（共五个）</translation>
     </message>
     <message>
         <source>The channel no longer exists in this client</source>
-        <translation type="unfinished"></translation>
+        <translation>该通道在本客户端中已不存在</translation>
     </message>
     <message>
         <source>start downloading</source>
-        <translation type="unfinished"></translation>
+        <translation>开始下载</translation>
     </message>
     <message>
         <source>stop downloading</source>
-        <translation type="unfinished"></translation>
+        <translation>停止下载</translation>
     </message>
     <message>
         <source>open folder</source>
-        <translation type="unfinished"></translation>
+        <translation>打开文件夹</translation>
     </message>
     <message>
         <source>Details</source>
@@ -6290,7 +6290,7 @@ Opens the folder of downloads: %2</source>
     <name>vemo_filesCenter::EmptyPage</name>
     <message>
         <source>This page comes with a later version.</source>
-        <translation type="unfinished"></translation>
+        <translation>此页面将在后续版本中提供。</translation>
     </message>
 </context>
 <context>
@@ -6305,11 +6305,11 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Datetime Range</source>
-        <translation type="unfinished"></translation>
+        <translation>时间范围</translation>
     </message>
     <message>
         <source>Location</source>
-        <translation type="unfinished"></translation>
+        <translation>位置</translation>
     </message>
     <message>
         <source>Oper</source>
@@ -6317,19 +6317,19 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>please check tasks to clean</source>
-        <translation type="unfinished"></translation>
+        <translation>请勾选要清除的任务</translation>
     </message>
     <message>
         <source>Do you want to clean checked tasks?</source>
-        <translation type="unfinished"></translation>
+        <translation>是否清除勾选的任务？</translation>
     </message>
     <message>
         <source>Batch Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>批量删除</translation>
     </message>
     <message>
         <source>clean the task</source>
-        <translation type="unfinished"></translation>
+        <translation>清除任务</translation>
     </message>
     <message>
         <source>Details</source>
@@ -6340,37 +6340,37 @@ Opens the folder of downloads: %2</source>
     <name>vemo_filesCenter::ExportBackupFiles</name>
     <message>
         <source>%1 is not any more what it was when it was backed up.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1与备份时的内容已不一致。</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::FailedOperWt</name>
     <message>
         <source>redownload</source>
-        <translation type="unfinished"></translation>
+        <translation>重新下载</translation>
     </message>
     <message>
         <source>clean the task</source>
-        <translation type="unfinished"></translation>
+        <translation>清除任务</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::FailedTable</name>
     <message>
         <source>Download Failure</source>
-        <translation type="unfinished"></translation>
+        <translation>下载失败</translation>
     </message>
     <message>
         <source>No download has failed.</source>
-        <translation type="unfinished"></translation>
+        <translation>没有失败的下载。</translation>
     </message>
     <message>
         <source>What fails is kept here until it is fetched or cleaned.</source>
-        <translation type="unfinished"></translation>
+        <translation>失败的任务会保留在此，直至重新获取或被清除。</translation>
     </message>
     <message>
         <source>What may pass is tried again after about a minute.</source>
-        <translation type="unfinished"></translation>
+        <translation>可能自行恢复的任务约1分钟后重试。</translation>
     </message>
     <message>
         <source>Space</source>
@@ -6378,7 +6378,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>check</source>
-        <translation type="unfinished"></translation>
+        <translation>勾选</translation>
     </message>
     <message>
         <source>Enter</source>
@@ -6386,7 +6386,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>redownload</source>
-        <translation type="unfinished"></translation>
+        <translation>重新下载</translation>
     </message>
     <message>
         <source>Del</source>
@@ -6394,7 +6394,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>clean the task</source>
-        <translation type="unfinished"></translation>
+        <translation>清除任务</translation>
     </message>
     <message>
         <source>State</source>
@@ -6402,103 +6402,103 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Batch Redownload</source>
-        <translation type="unfinished"></translation>
+        <translation>批量重新下载</translation>
     </message>
     <message>
         <source>Batch Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>批量删除</translation>
     </message>
     <message>
         <source>please check tasks to redownload</source>
-        <translation type="unfinished"></translation>
+        <translation>请勾选要重新下载的任务</translation>
     </message>
     <message numerus="yes">
         <source>%n task(s), newest first</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n个任务，最新在前</numerusform>
         </translation>
     </message>
     <message>
         <source>The channel no longer exists in this client, so it can&apos;t be tried again.</source>
-        <translation type="unfinished"></translation>
+        <translation>该通道在本客户端中已不存在，因此无法重试。</translation>
     </message>
     <message>
         <source>Retry in %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1后重试。</translation>
     </message>
     <message>
         <source>Check user and password of the recorder, then press &quot;redownload&quot;.</source>
-        <translation type="unfinished"></translation>
+        <translation>请检查录像机的用户名和密码，然后点击“重新下载”。</translation>
     </message>
     <message>
         <source>It is not tried again by itself: press &quot;redownload&quot;.</source>
-        <translation type="unfinished"></translation>
+        <translation>不会自动重试：请点击“重新下载”。</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::FileVerifier</name>
     <message>
         <source>It had %L1 bytes when it was finished and has %L2 now</source>
-        <translation type="unfinished"></translation>
+        <translation>完成时为%L1字节，现在为%L2字节</translation>
     </message>
     <message>
         <source>Its length is the same, its content is not</source>
-        <translation type="unfinished"></translation>
+        <translation>文件大小相同，但内容不同</translation>
     </message>
     <message>
         <source>%1 is what was downloaded: its SHA-256 is the one kept when it was finished.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1与下载时一致：其SHA-256与完成时保存的值相同。</translation>
     </message>
     <message>
         <source>%1 is not what was downloaded. %2. Download it again if the recorder still has it.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1与下载时不一致。%2。如果录像机上仍有该录像，请重新下载。</translation>
     </message>
     <message>
         <source>%1 is not there any more, so nothing can be compared.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1已不存在，无法比对。</translation>
     </message>
     <message>
         <source>No SHA-256 of %1 was kept when it was finished. Its present one is kept from now on.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1完成时未保存SHA-256。现以当前值保存。</translation>
     </message>
     <message>
         <source>%1 can&apos;t be verified: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>无法校验%1：%2</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::FilesCenterForm</name>
     <message>
         <source>FilesCenterForm</source>
-        <translation type="unfinished"></translation>
+        <translation>FilesCenterForm</translation>
     </message>
     <message>
         <source>Download Mgr</source>
-        <translation type="unfinished"></translation>
+        <translation>下载管理</translation>
     </message>
     <message>
         <source>Downloading</source>
-        <translation type="unfinished"></translation>
+        <translation>正在下载</translation>
     </message>
     <message>
         <source>Download Success</source>
-        <translation type="unfinished"></translation>
+        <translation>下载成功</translation>
     </message>
     <message>
         <source>Download Failure</source>
-        <translation type="unfinished"></translation>
+        <translation>下载失败</translation>
     </message>
     <message>
         <source>Local Recording</source>
-        <translation type="unfinished"></translation>
+        <translation>本地录像</translation>
     </message>
     <message>
         <source>Local Snapshot</source>
-        <translation type="unfinished"></translation>
+        <translation>本地抓图</translation>
     </message>
     <message>
         <source>Local Files</source>
-        <translation type="unfinished"></translation>
+        <translation>本地文件</translation>
     </message>
     <message>
         <source>Recordings Backup</source>
@@ -6506,30 +6506,30 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Downloading(%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>正在下载(%1)</translation>
     </message>
     <message>
         <source>Download Success(%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>下载成功(%1)</translation>
     </message>
     <message>
         <source>Download Failure(%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>下载失败(%1)</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::LocalFilesMgrPage</name>
     <message>
         <source>Files Directory</source>
-        <translation type="unfinished"></translation>
+        <translation>文件目录</translation>
     </message>
     <message>
         <source>Open Dir</source>
-        <translation type="unfinished"></translation>
+        <translation>打开目录</translation>
     </message>
     <message>
         <source>Filter by name</source>
-        <translation type="unfinished"></translation>
+        <translation>按名称筛选</translation>
     </message>
     <message>
         <source>Delete</source>
@@ -6537,27 +6537,27 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Save AS</source>
-        <translation type="unfinished"></translation>
+        <translation>另存为</translation>
     </message>
     <message>
         <source>Local Files</source>
-        <translation type="unfinished"></translation>
+        <translation>本地文件</translation>
     </message>
     <message>
         <source>There are no recordings or images in this folder.</source>
-        <translation type="unfinished"></translation>
+        <translation>此文件夹中没有录像或图片。</translation>
     </message>
     <message>
         <source>Files ending in mp4, jpg or png are shown. Open another folder.</source>
-        <translation type="unfinished"></translation>
+        <translation>仅显示扩展名为mp4、jpg或png的文件。请打开其他文件夹。</translation>
     </message>
     <message>
         <source>No file matches the filter.</source>
-        <translation type="unfinished"></translation>
+        <translation>没有文件符合筛选条件。</translation>
     </message>
     <message>
         <source>The filter looks for a part of the file&apos;s name.</source>
-        <translation type="unfinished"></translation>
+        <translation>按文件名的一部分筛选。</translation>
     </message>
     <message>
         <source>Clear the filter</source>
@@ -6565,55 +6565,55 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>This folder is no longer there.</source>
-        <translation type="unfinished"></translation>
+        <translation>此文件夹已不存在。</translation>
     </message>
     <message>
         <source>It was removed, or its disk is not connected. Open another folder.</source>
-        <translation type="unfinished"></translation>
+        <translation>文件夹已被移除，或其磁盘未连接。请打开其他文件夹。</translation>
     </message>
     <message>
         <source>Failed to delete file</source>
-        <translation type="unfinished"></translation>
+        <translation>删除文件失败</translation>
     </message>
     <message>
         <source>Saving As:%1%</source>
-        <translation type="unfinished"></translation>
+        <translation>正在另存：%1%</translation>
     </message>
     <message>
         <source>Save file as successful</source>
-        <translation type="unfinished"></translation>
+        <translation>文件另存成功</translation>
     </message>
     <message>
         <source>Save file as failure</source>
-        <translation type="unfinished"></translation>
+        <translation>文件另存失败</translation>
     </message>
     <message>
         <source>Open Directory</source>
-        <translation type="unfinished"></translation>
+        <translation>打开目录</translation>
     </message>
     <message>
         <source>Please select a file to delete</source>
-        <translation type="unfinished"></translation>
+        <translation>请选择要删除的文件</translation>
     </message>
     <message>
         <source>Do you want to delete file:%1?</source>
-        <translation type="unfinished"></translation>
+        <translation>是否删除文件：%1？</translation>
     </message>
     <message>
         <source>Please select a file to save as</source>
-        <translation type="unfinished"></translation>
+        <translation>请选择要另存的文件</translation>
     </message>
     <message>
         <source>Video(*.mp4)</source>
-        <translation type="unfinished"></translation>
+        <translation>视频(*.mp4)</translation>
     </message>
     <message>
         <source>Images(*.jpg *.png)</source>
-        <translation type="unfinished"></translation>
+        <translation>图片(*.jpg *.png)</translation>
     </message>
     <message>
         <source>Save As</source>
-        <translation type="unfinished"></translation>
+        <translation>另存为</translation>
     </message>
     <message>
         <source>Open</source>
@@ -6625,11 +6625,11 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Copy</source>
-        <translation type="unfinished"></translation>
+        <translation>复制</translation>
     </message>
     <message>
         <source>%1: %2, %3</source>
-        <translation type="unfinished"></translation>
+        <translation>%1：%2，%3</translation>
     </message>
     <message>
         <source>1 file</source>
@@ -6641,79 +6641,79 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>1 video</source>
-        <translation type="unfinished"></translation>
+        <translation>1个视频</translation>
     </message>
     <message>
         <source>%1 videos</source>
-        <translation type="unfinished"></translation>
+        <translation>%1个视频</translation>
     </message>
     <message>
         <source>1 image</source>
-        <translation type="unfinished"></translation>
+        <translation>1张图片</translation>
     </message>
     <message>
         <source>%1 images</source>
-        <translation type="unfinished"></translation>
+        <translation>%1张图片</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::LocalFilesSaveAs</name>
     <message>
         <source>Select Save As Path</source>
-        <translation type="unfinished"></translation>
+        <translation>选择另存路径</translation>
     </message>
     <message>
         <source>Saving As:%1/%2(%3%)</source>
-        <translation type="unfinished"></translation>
+        <translation>正在另存：%1/%2（%3%）</translation>
     </message>
     <message>
         <source>Save as file failed:%1(%2)</source>
-        <translation type="unfinished"></translation>
+        <translation>文件另存失败：%1（%2）</translation>
     </message>
     <message>
         <source>and %1 more</source>
-        <translation type="unfinished"></translation>
+        <translation>及另外%1个</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::LocalRecordingOperWt</name>
     <message>
         <source>open the file</source>
-        <translation type="unfinished"></translation>
+        <translation>打开文件</translation>
     </message>
     <message>
         <source>open folder</source>
-        <translation type="unfinished"></translation>
+        <translation>打开文件夹</translation>
     </message>
     <message>
         <source>delete file</source>
-        <translation type="unfinished"></translation>
+        <translation>删除文件</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::LocalRecordingRows</name>
     <message>
         <source>Damaged</source>
-        <translation type="unfinished"></translation>
+        <translation>已损坏</translation>
     </message>
     <message>
         <source>The file does not tell its time. This one comes from when it was last written.</source>
-        <translation type="unfinished"></translation>
+        <translation>文件中未注明时间，此时间取自文件的最后写入时间。</translation>
     </message>
     <message>
         <source>Missing</source>
-        <translation type="unfinished"></translation>
+        <translation>缺失</translation>
     </message>
     <message>
         <source>file does not exist</source>
-        <translation type="unfinished"></translation>
+        <translation>文件不存在</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::LocalRecordingsMgrPage</name>
     <message>
         <source>Time Space Sel</source>
-        <translation type="unfinished"></translation>
+        <translation>时间段选择</translation>
     </message>
     <message>
         <source>Search</source>
@@ -6729,7 +6729,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Save AS</source>
-        <translation type="unfinished"></translation>
+        <translation>另存为</translation>
     </message>
     <message>
         <source>All</source>
@@ -6741,7 +6741,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Start Time</source>
-        <translation type="unfinished"></translation>
+        <translation>开始时间</translation>
     </message>
     <message>
         <source>Size</source>
@@ -6753,27 +6753,27 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Local Recording</source>
-        <translation type="unfinished"></translation>
+        <translation>本地录像</translation>
     </message>
     <message>
         <source>There are no recordings in this span.</source>
-        <translation type="unfinished"></translation>
+        <translation>该时间段内没有录像。</translation>
     </message>
     <message>
         <source>What live view records appears here. Choose another span, or look for files that came into the folder another way.</source>
-        <translation type="unfinished"></translation>
+        <translation>实时预览的录像会显示在这里。请选择其他时间段，或查找以其他方式进入文件夹的文件。</translation>
     </message>
     <message>
         <source>Look for new files</source>
-        <translation type="unfinished"></translation>
+        <translation>查找新文件</translation>
     </message>
     <message>
         <source>No recording matches the filter.</source>
-        <translation type="unfinished"></translation>
+        <translation>没有录像符合筛选条件。</translation>
     </message>
     <message>
         <source>The filter looks for a part of the channel&apos;s name.</source>
-        <translation type="unfinished"></translation>
+        <translation>按通道名称的一部分筛选。</translation>
     </message>
     <message>
         <source>Clear the filter</source>
@@ -6781,75 +6781,75 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>searching local recordings...</source>
-        <translation type="unfinished"></translation>
+        <translation>正在搜索本地录像...</translation>
     </message>
     <message>
         <source>Looking for new files...</source>
-        <translation type="unfinished"></translation>
+        <translation>正在查找新文件...</translation>
     </message>
     <message>
         <source>The first %L1 of this span; choose a shorter one to see all</source>
-        <translation type="unfinished"></translation>
+        <translation>该时间段的前%L1条；选择较短的时间段可查看全部</translation>
     </message>
     <message>
         <source>Video kept on this computer while live view recorded</source>
-        <translation type="unfinished"></translation>
+        <translation>实时预览时录制并保存在本机的视频</translation>
     </message>
     <message>
         <source>search none local recordings</source>
-        <translation type="unfinished"></translation>
+        <translation>未搜索到本地录像</translation>
     </message>
     <message>
         <source>file does not exist</source>
-        <translation type="unfinished"></translation>
+        <translation>文件不存在</translation>
     </message>
     <message>
         <source>open the file</source>
-        <translation type="unfinished"></translation>
+        <translation>打开文件</translation>
     </message>
     <message>
         <source>open folder</source>
-        <translation type="unfinished"></translation>
+        <translation>打开文件夹</translation>
     </message>
     <message>
         <source>delete file</source>
-        <translation type="unfinished"></translation>
+        <translation>删除文件</translation>
     </message>
     <message>
         <source>Copy path</source>
-        <translation type="unfinished"></translation>
+        <translation>复制路径</translation>
     </message>
     <message>
         <source>Delete checked</source>
-        <translation type="unfinished"></translation>
+        <translation>删除勾选项</translation>
     </message>
     <message>
         <source>Save checked as</source>
-        <translation type="unfinished"></translation>
+        <translation>另存勾选项</translation>
     </message>
     <message>
         <source>Please select local recordings to save as</source>
-        <translation type="unfinished"></translation>
+        <translation>请选择要另存的本地录像</translation>
     </message>
     <message>
         <source>Do you want to delete the recording:%1(%2)?</source>
-        <translation type="unfinished"></translation>
+        <translation>是否删除录像：%1（%2）？</translation>
     </message>
     <message>
         <source>Please select local recordings to delete</source>
-        <translation type="unfinished"></translation>
+        <translation>请选择要删除的本地录像</translation>
     </message>
     <message>
         <source>Do you want to delete select local recordings?</source>
-        <translation type="unfinished"></translation>
+        <translation>是否删除所选本地录像？</translation>
     </message>
     <message>
         <source>delete local recordings...</source>
-        <translation type="unfinished"></translation>
+        <translation>正在删除本地录像...</translation>
     </message>
     <message>
         <source>Failed to delete local recordings</source>
-        <translation type="unfinished"></translation>
+        <translation>删除本地录像失败</translation>
     </message>
     <message>
         <source>Record begin time:%1,file size:%2</source>
@@ -6857,38 +6857,38 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>and %1 more</source>
-        <translation type="unfinished"></translation>
+        <translation>及另外%1个</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::LocalSnapImageCard</name>
     <message>
         <source>enlarge</source>
-        <translation type="unfinished"></translation>
+        <translation>放大</translation>
     </message>
     <message>
         <source>save as</source>
-        <translation type="unfinished"></translation>
+        <translation>另存为</translation>
     </message>
     <message>
         <source>delete</source>
-        <translation type="unfinished"></translation>
+        <translation>删除</translation>
     </message>
     <message>
         <source>Do you want to delete the snap image?</source>
-        <translation type="unfinished"></translation>
+        <translation>是否删除该抓图？</translation>
     </message>
     <message>
         <source>Save As</source>
-        <translation type="unfinished"></translation>
+        <translation>另存为</translation>
     </message>
     <message>
         <source>Images(*.bmp)</source>
-        <translation type="unfinished"></translation>
+        <translation>图片(*.bmp)</translation>
     </message>
     <message>
         <source>Images (*.jpg)</source>
-        <translation type="unfinished"></translation>
+        <translation>图片 (*.jpg)</translation>
     </message>
     <message>
         <source>This image can&apos;t be read</source>
@@ -6903,30 +6903,30 @@ Opens the folder of downloads: %2</source>
     <name>vemo_filesCenter::LocalSnapImageCardsBox</name>
     <message>
         <source>enlarge</source>
-        <translation type="unfinished"></translation>
+        <translation>放大</translation>
     </message>
     <message>
         <source>save as</source>
-        <translation type="unfinished"></translation>
+        <translation>另存为</translation>
     </message>
     <message>
         <source>delete</source>
-        <translation type="unfinished"></translation>
+        <translation>删除</translation>
     </message>
     <message>
         <source>open folder</source>
-        <translation type="unfinished"></translation>
+        <translation>打开文件夹</translation>
     </message>
     <message>
         <source>Copy path</source>
-        <translation type="unfinished"></translation>
+        <translation>复制路径</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::LocalSnapImagesMgrPage</name>
     <message>
         <source>Time Space Sel</source>
-        <translation type="unfinished"></translation>
+        <translation>时间段选择</translation>
     </message>
     <message>
         <source>Search</source>
@@ -6942,7 +6942,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Save AS</source>
-        <translation type="unfinished"></translation>
+        <translation>另存为</translation>
     </message>
     <message>
         <source>Capture time:%1</source>
@@ -6950,25 +6950,25 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Failed to delete snap images</source>
-        <translation type="unfinished"></translation>
+        <translation>删除抓图失败</translation>
     </message>
     <message numerus="yes">
         <source>and %n more</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>及另外%n个</numerusform>
         </translation>
     </message>
     <message>
         <source>Local Snapshot</source>
-        <translation type="unfinished"></translation>
+        <translation>本地抓图</translation>
     </message>
     <message>
         <source>There are no snapshots in this span.</source>
-        <translation type="unfinished"></translation>
+        <translation>该时间段内没有抓图。</translation>
     </message>
     <message>
         <source>What is captured in live view or the player appears here. Choose another span, or search again.</source>
-        <translation type="unfinished"></translation>
+        <translation>在实时预览或播放器中的抓图会显示在这里。请选择其他时间段，或重新搜索。</translation>
     </message>
     <message>
         <source>Search again</source>
@@ -6976,11 +6976,11 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>No channel matches the filter.</source>
-        <translation type="unfinished"></translation>
+        <translation>没有通道符合筛选条件。</translation>
     </message>
     <message>
         <source>The filter looks for a part of the channel&apos;s name.</source>
-        <translation type="unfinished"></translation>
+        <translation>按通道名称的一部分筛选。</translation>
     </message>
     <message>
         <source>Clear the filter</source>
@@ -6988,19 +6988,19 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>search none local snap images</source>
-        <translation type="unfinished"></translation>
+        <translation>未搜索到本地抓图</translation>
     </message>
     <message>
         <source>please select snap images to delete</source>
-        <translation type="unfinished"></translation>
+        <translation>请选择要删除的抓图</translation>
     </message>
     <message>
         <source>Do you want to delete selected snap images?</source>
-        <translation type="unfinished"></translation>
+        <translation>是否删除所选抓图？</translation>
     </message>
     <message>
         <source>Please select snap images to save as</source>
-        <translation type="unfinished"></translation>
+        <translation>请选择要另存的抓图</translation>
     </message>
     <message>
         <source>%1 of %2</source>
@@ -7008,11 +7008,11 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>1 snapshot</source>
-        <translation type="unfinished"></translation>
+        <translation>1张抓图</translation>
     </message>
     <message>
         <source>%1 snapshots</source>
-        <translation type="unfinished"></translation>
+        <translation>%1张抓图</translation>
     </message>
     <message>
         <source>1 channel</source>
@@ -7027,7 +7027,7 @@ Opens the folder of downloads: %2</source>
     <name>vemo_filesCenter::RecordingsBackUpTree</name>
     <message>
         <source>no replay</source>
-        <translation type="unfinished"></translation>
+        <translation>无回放</translation>
     </message>
     <message>
         <source>disabled</source>
@@ -7035,37 +7035,37 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>live view alone</source>
-        <translation type="unfinished"></translation>
+        <translation>仅实时预览</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::SuccessOperWt</name>
     <message>
         <source>open the file</source>
-        <translation type="unfinished"></translation>
+        <translation>打开文件</translation>
     </message>
     <message>
         <source>open folder</source>
-        <translation type="unfinished"></translation>
+        <translation>打开文件夹</translation>
     </message>
     <message>
         <source>clean the task</source>
-        <translation type="unfinished"></translation>
+        <translation>清除任务</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::SuccessTable</name>
     <message>
         <source>Download Success</source>
-        <translation type="unfinished"></translation>
+        <translation>下载成功</translation>
     </message>
     <message>
         <source>No download has finished yet.</source>
-        <translation type="unfinished"></translation>
+        <translation>尚无已完成的下载。</translation>
     </message>
     <message>
         <source>Finished files appear here, the newest at the top. Mark a span in Playback and press Download.</source>
-        <translation type="unfinished"></translation>
+        <translation>已完成的文件会显示在这里，最新的在最上方。在“回放”中标记时间段，然后点击“下载”。</translation>
     </message>
     <message>
         <source>Space</source>
@@ -7073,7 +7073,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>check</source>
-        <translation type="unfinished"></translation>
+        <translation>勾选</translation>
     </message>
     <message>
         <source>Enter</source>
@@ -7081,7 +7081,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>open the file</source>
-        <translation type="unfinished"></translation>
+        <translation>打开文件</translation>
     </message>
     <message>
         <source>Del</source>
@@ -7089,7 +7089,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>clean the task</source>
-        <translation type="unfinished"></translation>
+        <translation>清除任务</translation>
     </message>
     <message>
         <source>Size</source>
@@ -7097,56 +7097,56 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Open Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>打开文件夹</translation>
     </message>
     <message>
         <source>Batch Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>批量删除</translation>
     </message>
     <message>
         <source>Download success,record source:%1, time range:%2, file size:%3</source>
-        <translation type="unfinished"></translation>
+        <translation>下载成功，录像来源：%1，时间范围：%2，文件大小：%3</translation>
     </message>
     <message numerus="yes">
         <source>%n file(s), newest first</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n个文件，最新在前</numerusform>
         </translation>
     </message>
     <message>
         <source>file does not exist</source>
-        <translation type="unfinished"></translation>
+        <translation>文件不存在</translation>
     </message>
     <message>
         <source>download path is invalid</source>
-        <translation type="unfinished"></translation>
+        <translation>下载路径无效</translation>
     </message>
     <message>
         <source>open folder</source>
-        <translation type="unfinished"></translation>
+        <translation>打开文件夹</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::TaskDetailsText</name>
     <message>
         <source>%1 to %2 (%3)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1至%2（%3）</translation>
     </message>
     <message>
         <source>; begins %1 later than asked</source>
-        <translation type="unfinished"></translation>
+        <translation>；开始时间比要求的晚%1</translation>
     </message>
     <message>
         <source>; ends %1 earlier than asked</source>
-        <translation type="unfinished"></translation>
+        <translation>；结束时间比要求的早%1</translation>
     </message>
     <message>
         <source>Received</source>
-        <translation type="unfinished"></translation>
+        <translation>已接收</translation>
     </message>
     <message>
         <source>Gaps</source>
-        <translation type="unfinished"></translation>
+        <translation>缺口</translation>
     </message>
     <message>
         <source>none</source>
@@ -7154,63 +7154,63 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>lost in transfer</source>
-        <translation type="unfinished"></translation>
+        <translation>传输中丢失</translation>
     </message>
     <message>
         <source>not recorded</source>
-        <translation type="unfinished"></translation>
+        <translation>未录制</translation>
     </message>
     <message>
         <source>%1 to %2, %3, %4</source>
-        <translation type="unfinished"></translation>
+        <translation>%1至%2，%3，%4</translation>
     </message>
     <message>
         <source>and %1 more</source>
-        <translation type="unfinished"></translation>
+        <translation>及另外%1个</translation>
     </message>
     <message>
         <source>Losses</source>
-        <translation type="unfinished"></translation>
+        <translation>丢失</translation>
     </message>
     <message>
         <source>%L1 frames did not arrive whole</source>
-        <translation type="unfinished"></translation>
+        <translation>%L1帧未完整到达</translation>
     </message>
     <message>
         <source>Media</source>
-        <translation type="unfinished"></translation>
+        <translation>媒体</translation>
     </message>
     <message>
         <source>%1 MB (%L2 bytes)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 MB（%L2字节）</translation>
     </message>
     <message>
         <source>The recorder refused the login. It is not tried again by itself: correct user and password of the recorder, then redownload.</source>
-        <translation type="unfinished"></translation>
+        <translation>录像机拒绝登录。不会自动重试：请更正录像机的用户名和密码，然后重新下载。</translation>
     </message>
     <message>
         <source>The recorder could not be reached, or had no connection left. It is tried again by itself; check network and power of the recorder if that goes on.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法连接录像机，或其连接数已满。将自动重试；如果持续如此，请检查录像机的网络和电源。</translation>
     </message>
     <message>
         <source>The download broke off. What arrived is kept as a file of its own; the rest is fetched again by itself.</source>
-        <translation type="unfinished"></translation>
+        <translation>下载中断。已到达的内容保留为单独的文件；其余部分将自动重新获取。</translation>
     </message>
     <message>
         <source>The recording can&apos;t be read, or the file can&apos;t be written. It is not tried again by itself: check the download folder and its disk, then redownload.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法读取录像，或无法写入文件。不会自动重试：请检查下载文件夹及其磁盘，然后重新下载。</translation>
     </message>
     <message>
         <source>The recorder gave no address for the recording, which it may have overwritten. It is tried again by itself; search the recordings of that day to see what is left.</source>
-        <translation type="unfinished"></translation>
+        <translation>录像机未提供该录像的地址，录像可能已被覆盖。将自动重试；可搜索当天的录像查看剩余内容。</translation>
     </message>
     <message>
         <source>Reason</source>
-        <translation type="unfinished"></translation>
+        <translation>原因</translation>
     </message>
     <message>
         <source>What next</source>
-        <translation type="unfinished"></translation>
+        <translation>后续处理</translation>
     </message>
     <message>
         <source>Channel</source>
@@ -7222,7 +7222,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Asked</source>
-        <translation type="unfinished"></translation>
+        <translation>请求</translation>
     </message>
     <message>
         <source>Size</source>
@@ -7230,15 +7230,15 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Rate</source>
-        <translation type="unfinished"></translation>
+        <translation>速率</translation>
     </message>
     <message>
         <source>%1 MB/s, %2 in all</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 MB/s，共%2</translation>
     </message>
     <message>
         <source>less than 1 s</source>
-        <translation type="unfinished"></translation>
+        <translation>不到1秒</translation>
     </message>
     <message>
         <source>File</source>
@@ -7246,22 +7246,22 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>SHA-256</source>
-        <translation type="unfinished"></translation>
+        <translation>SHA-256</translation>
     </message>
     <message>
         <source>not summed yet</source>
-        <translation type="unfinished"></translation>
+        <translation>尚未计算</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::TaskDetailsWt</name>
     <message>
         <source>Verify</source>
-        <translation type="unfinished"></translation>
+        <translation>校验</translation>
     </message>
     <message>
         <source>Copy checksum</source>
-        <translation type="unfinished"></translation>
+        <translation>复制校验和</translation>
     </message>
     <message>
         <source>Open folder</source>
@@ -7273,93 +7273,93 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Close the details</source>
-        <translation type="unfinished"></translation>
+        <translation>关闭详情</translation>
     </message>
     <message>
         <source>Reading the file.</source>
-        <translation type="unfinished"></translation>
+        <translation>正在读取文件。</translation>
     </message>
     <message>
         <source>Copied as a line that &quot;sha256sum -c&quot; reads.</source>
-        <translation type="unfinished"></translation>
+        <translation>已复制为可由“sha256sum -c”读取的一行。</translation>
     </message>
     <message>
         <source>The file is not there any more: it was deleted, moved or renamed.</source>
-        <translation type="unfinished"></translation>
+        <translation>文件已不存在：已被删除、移动或重命名。</translation>
     </message>
     <message>
         <source>There is no file yet.</source>
-        <translation type="unfinished"></translation>
+        <translation>尚无文件。</translation>
     </message>
     <message>
         <source>Reading the file: %1%</source>
-        <translation type="unfinished"></translation>
+        <translation>正在读取文件：%1%</translation>
     </message>
     <message>
         <source>Only a finished download can be verified</source>
-        <translation type="unfinished"></translation>
+        <translation>只有已完成的下载才能校验</translation>
     </message>
     <message>
         <source>The file is being read</source>
-        <translation type="unfinished"></translation>
+        <translation>正在读取文件</translation>
     </message>
     <message>
         <source>Compare the file with the checksum kept when it was finished</source>
-        <translation type="unfinished"></translation>
+        <translation>将文件与完成时保存的校验和比对</translation>
     </message>
     <message>
         <source>Copy the checksum as a line that &quot;sha256sum -c&quot; reads</source>
-        <translation type="unfinished"></translation>
+        <translation>将校验和复制为可由“sha256sum -c”读取的一行</translation>
     </message>
     <message>
         <source>No checksum is kept yet</source>
-        <translation type="unfinished"></translation>
+        <translation>尚未保存校验和</translation>
     </message>
     <message>
         <source>Open the folder with the file selected</source>
-        <translation type="unfinished"></translation>
+        <translation>打开文件夹并选中该文件</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::TaskPageFrame</name>
     <message>
         <source>Open Playback</source>
-        <translation type="unfinished"></translation>
+        <translation>打开“回放”</translation>
     </message>
     <message>
         <source>%1 of %2 checked</source>
-        <translation type="unfinished"></translation>
+        <translation>已勾选%1/%2</translation>
     </message>
 </context>
 <context>
     <name>vemo_filesCenter::TaskTexts</name>
     <message>
         <source>%1(No longer exists)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1（已不存在）</translation>
     </message>
     <message>
         <source>Device does not exist</source>
-        <translation type="unfinished"></translation>
+        <translation>设备不存在</translation>
     </message>
     <message>
         <source>Login Dev Failed</source>
-        <translation type="unfinished"></translation>
+        <translation>设备登录失败</translation>
     </message>
     <message>
         <source>Connect Failed</source>
-        <translation type="unfinished"></translation>
+        <translation>连接失败</translation>
     </message>
     <message>
         <source>Download Abnormal</source>
-        <translation type="unfinished"></translation>
+        <translation>下载异常</translation>
     </message>
     <message>
         <source>Invalid File</source>
-        <translation type="unfinished"></translation>
+        <translation>无效文件</translation>
     </message>
     <message>
         <source>Get Url Failed</source>
-        <translation type="unfinished"></translation>
+        <translation>获取地址失败</translation>
     </message>
     <message>
         <source>The recorder refused the login.</source>
@@ -7371,19 +7371,19 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>The download broke off. What arrived is kept.</source>
-        <translation type="unfinished"></translation>
+        <translation>下载中断。已到达的内容已保留。</translation>
     </message>
     <message>
         <source>The file was gone when the download ended.</source>
-        <translation type="unfinished"></translation>
+        <translation>下载结束时文件已不存在。</translation>
     </message>
     <message>
         <source>The recorder gave no address to replay the recording from.</source>
-        <translation type="unfinished"></translation>
+        <translation>录像机未提供该录像的回放地址。</translation>
     </message>
     <message>
         <source>less than a minute</source>
-        <translation type="unfinished"></translation>
+        <translation>不到1分钟</translation>
     </message>
     <message>
         <source>%1 min</source>
@@ -7402,219 +7402,219 @@ Opens the folder of downloads: %2</source>
     <name>vemo_filesCenter::TasksTableCommonOper</name>
     <message>
         <source>Do you want to delete download task:%1(%2)?</source>
-        <translation type="unfinished"></translation>
+        <translation>是否删除下载任务：%1（%2）？</translation>
     </message>
 </context>
 <context>
     <name>vemo_worker</name>
     <message>
         <source>There is no user %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>用户%1不存在。</translation>
     </message>
     <message>
         <source>The password can&apos;t be worked on: the system has not enough free memory.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法处理密码：系统可用内存不足。</translation>
     </message>
 </context>
 <context>
     <name>vemo_worker::ClientSecretKey</name>
     <message>
         <source>The system gives no random numbers.</source>
-        <translation type="unfinished"></translation>
+        <translation>系统未提供随机数。</translation>
     </message>
     <message>
         <source>The key file %1 can&apos;t be written.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法写入密钥文件%1。</translation>
     </message>
     <message>
         <source>The key file %1 can&apos;t be read: %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法读取密钥文件%1：%2。</translation>
     </message>
     <message>
         <source>The stored passwords are locked; set VEMO_SECRETS_PASSWORD.</source>
-        <translation type="unfinished"></translation>
+        <translation>已保存的密码处于锁定状态；请设置VEMO_SECRETS_PASSWORD。</translation>
     </message>
     <message>
         <source>VEMO_SECRETS_PASSWORD is not the password of the stored passwords.</source>
-        <translation type="unfinished"></translation>
+        <translation>VEMO_SECRETS_PASSWORD不是已保存密码所用的密码。</translation>
     </message>
     <message>
         <source>The key file %1 is damaged.</source>
-        <translation type="unfinished"></translation>
+        <translation>密钥文件%1已损坏。</translation>
     </message>
 </context>
 <context>
     <name>vemo_worker::DictDef</name>
     <message>
         <source>Alert</source>
-        <translation type="unfinished"></translation>
+        <translation>警示</translation>
     </message>
     <message>
         <source>Prompt</source>
-        <translation type="unfinished"></translation>
+        <translation>提示</translation>
     </message>
     <message>
         <source>Warning</source>
-        <translation type="unfinished"></translation>
+        <translation>警告</translation>
     </message>
 </context>
 <context>
     <name>vemo_worker::FolderCheck</name>
     <message>
         <source>The disk or network place does not answer. Choose another folder or connect it.</source>
-        <translation type="unfinished"></translation>
+        <translation>磁盘或网络位置没有应答。请选择其他文件夹或将其连接。</translation>
     </message>
     <message>
         <source>Give the whole path of a folder.</source>
-        <translation type="unfinished"></translation>
+        <translation>请输入文件夹的完整路径。</translation>
     </message>
     <message>
         <source>This is a file. Choose a folder.</source>
-        <translation type="unfinished"></translation>
+        <translation>这是文件。请选择文件夹。</translation>
     </message>
     <message>
         <source>The disk is read-only. Choose another folder.</source>
-        <translation type="unfinished"></translation>
+        <translation>磁盘为只读。请选择其他文件夹。</translation>
     </message>
     <message>
         <source>Files can&apos;t be made in this folder. Choose another one or have its access rights changed.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法在此文件夹中创建文件。请另选一个，或更改其访问权限。</translation>
     </message>
     <message>
         <source>Less than 1 GB is free on this disk. Make room or choose another folder.</source>
-        <translation type="unfinished"></translation>
+        <translation>此磁盘的可用空间不足1 GB。请清理空间或选择其他文件夹。</translation>
     </message>
     <message>
         <source>Writing a file in this folder failed: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>在此文件夹中写入文件失败：%1</translation>
     </message>
     <message>
         <source>Less than 10 GB is free on this disk.</source>
-        <translation type="unfinished"></translation>
+        <translation>此磁盘的可用空间不足10 GB。</translation>
     </message>
     <message>
         <source>Writing here is slow: %1 MB/s. Downloads may have to wait for this disk.</source>
-        <translation type="unfinished"></translation>
+        <translation>此处写入缓慢：%1 MB/s。下载可能需要等待此磁盘。</translation>
     </message>
     <message>
         <source>The network place can&apos;t be reached. Choose another folder or connect it.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法连接网络位置。请选择其他文件夹或将其连接。</translation>
     </message>
     <message>
         <source>Drive %1 is not connected. Choose another folder or connect the drive.</source>
-        <translation type="unfinished"></translation>
+        <translation>驱动器%1未连接。请选择其他文件夹或连接该驱动器。</translation>
     </message>
     <message>
         <source>The disk of this folder is not connected. Choose another folder or connect the disk.</source>
-        <translation type="unfinished"></translation>
+        <translation>此文件夹所在磁盘未连接。请选择其他文件夹或连接该磁盘。</translation>
     </message>
     <message>
         <source>This folder is not there yet.</source>
-        <translation type="unfinished"></translation>
+        <translation>此文件夹尚不存在。</translation>
     </message>
     <message>
         <source>%1 is a file. Choose a folder.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1是文件。请选择文件夹。</translation>
     </message>
 </context>
 <context>
     <name>vemo_worker::SealedFile</name>
     <message>
         <source>The file %1 is damaged.</source>
-        <translation type="unfinished"></translation>
+        <translation>文件%1已损坏。</translation>
     </message>
 </context>
 <context>
     <name>vemo_worker::UserRules</name>
     <message>
         <source>The user name is missing.</source>
-        <translation type="unfinished"></translation>
+        <translation>缺少用户名。</translation>
     </message>
     <message>
         <source>The user name is longer than %1 characters.</source>
-        <translation type="unfinished"></translation>
+        <translation>用户名超过%1个字符。</translation>
     </message>
     <message>
         <source>The user name has a character that can&apos;t be seen.</source>
-        <translation type="unfinished"></translation>
+        <translation>用户名包含不可见字符。</translation>
     </message>
     <message>
         <source>The password of an administrator has %1 characters or more.</source>
-        <translation type="unfinished"></translation>
+        <translation>管理员密码至少需要%1个字符。</translation>
     </message>
     <message>
         <source>The password has %1 characters or more.</source>
-        <translation type="unfinished"></translation>
+        <translation>密码至少需要%1个字符。</translation>
     </message>
     <message>
         <source>The password is longer than %1 characters.</source>
-        <translation type="unfinished"></translation>
+        <translation>密码超过%1个字符。</translation>
     </message>
     <message>
         <source>The password is the user name; choose another one.</source>
-        <translation type="unfinished"></translation>
+        <translation>密码与用户名相同，请另选密码。</translation>
     </message>
     <message>
         <source>The password is too easy to guess. Mix letters with digits or signs.</source>
-        <translation type="unfinished"></translation>
+        <translation>密码过于容易猜到。请将字母与数字或符号混合使用。</translation>
     </message>
 </context>
 <context>
     <name>vemo_worker::UserStore</name>
     <message>
         <source>The file %1 is of another version.</source>
-        <translation type="unfinished"></translation>
+        <translation>文件%1属于其他版本。</translation>
     </message>
     <message>
         <source>The file %1 can&apos;t be written; nothing was changed.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法写入文件%1；未做任何更改。</translation>
     </message>
     <message>
         <source>There is a user %1 already.</source>
-        <translation type="unfinished"></translation>
+        <translation>用户%1已存在。</translation>
     </message>
     <message>
         <source>The first user has to be an administrator.</source>
-        <translation type="unfinished"></translation>
+        <translation>第一个用户必须是管理员。</translation>
     </message>
     <message>
         <source>The accounts can&apos;t be opened.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法打开账户。</translation>
     </message>
     <message>
         <source>There are %1 users already, which is the limit.</source>
-        <translation type="unfinished"></translation>
+        <translation>已有%1个用户，达到上限。</translation>
     </message>
     <message>
         <source>The account is locked after too many wrong passwords. Try again later.</source>
-        <translation type="unfinished"></translation>
+        <translation>密码错误次数过多，账户已锁定。请稍后重试。</translation>
     </message>
     <message>
         <source>The current password is wrong.</source>
-        <translation type="unfinished"></translation>
+        <translation>当前密码错误。</translation>
     </message>
     <message>
         <source>%1 is the only administrator; make another one first.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1是唯一的管理员；请先设置另一个管理员。</translation>
     </message>
     <message>
         <source>%1 is the only administrator and stays enabled; make another one first.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1是唯一的管理员，不能停用；请先设置另一个管理员。</translation>
     </message>
     <message>
         <source>%1 is the only administrator and can&apos;t be removed.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1是唯一的管理员，不能移除。</translation>
     </message>
 </context>
 <context>
     <name>vms_sdk::DeviceSession</name>
     <message>
         <source>The device at %1 cannot be reached: %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法连接%1处的设备：%2。</translation>
     </message>
     <message>
         <source>The device at %1 cannot be reached: no connection within %2 s.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法连接%1处的设备：%2秒内未建立连接。</translation>
     </message>
     <message>
         <source>Channel %1</source>
@@ -7622,34 +7622,34 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>The device&apos;s address must begin with http, https, rtsp or rtsps.</source>
-        <translation type="unfinished"></translation>
+        <translation>设备地址必须以http、https、rtsp或rtsps开头。</translation>
     </message>
     <message>
         <source>The device has no channel %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>设备没有通道%1。</translation>
     </message>
     <message>
         <source>The device offers no replay of channel %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>设备不提供通道%1的回放。</translation>
     </message>
     <message>
         <source>The device gives no replay address for the recording.</source>
-        <translation type="unfinished"></translation>
+        <translation>设备未提供该录像的回放地址。</translation>
     </message>
     <message>
         <source>The device offers no live video of channel %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>设备不提供通道%1的实时视频。</translation>
     </message>
     <message>
         <source>The device was logged out.</source>
-        <translation type="unfinished"></translation>
+        <translation>设备已退出登录。</translation>
     </message>
 </context>
 <context>
     <name>vms_sdk::DiscoveryJob</name>
     <message>
         <source>This computer is connected to no network.</source>
-        <translation type="unfinished"></translation>
+        <translation>本机未连接任何网络。</translation>
     </message>
 </context>
 <context>
@@ -7663,439 +7663,439 @@ Opens the folder of downloads: %2</source>
     <name>vms_sdk::SdkCore</name>
     <message>
         <source>The end of the time span lies before its begin.</source>
-        <translation type="unfinished"></translation>
+        <translation>时间段的结束早于其开始。</translation>
     </message>
 </context>
 <context>
     <name>vms_sdk::SearchJob</name>
     <message>
         <source>The device has no channel %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>设备没有通道%1。</translation>
     </message>
     <message>
         <source>The device offers no search of recordings.</source>
-        <translation type="unfinished"></translation>
+        <translation>设备不提供录像搜索。</translation>
     </message>
     <message>
         <source>The device was logged out.</source>
-        <translation type="unfinished"></translation>
+        <translation>设备已退出登录。</translation>
     </message>
     <message>
         <source>The device does not get on with its search.</source>
-        <translation type="unfinished"></translation>
+        <translation>设备的搜索没有进展。</translation>
     </message>
     <message>
         <source>The device&apos;s answer cannot be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法读取设备的应答。</translation>
     </message>
     <message>
         <source>The device tells of more than %1 events in this time; search a shorter one.</source>
-        <translation type="unfinished"></translation>
+        <translation>设备在此时间内报告的事件超过%1个；请搜索较短的时间段。</translation>
     </message>
     <message>
         <source>The device tells of more than %1 recordings in this time; search a shorter one.</source>
-        <translation type="unfinished"></translation>
+        <translation>设备在此时间内报告的录像超过%1段；请搜索较短的时间段。</translation>
     </message>
     <message>
         <source>The search was cancelled.</source>
-        <translation type="unfinished"></translation>
+        <translation>搜索已取消。</translation>
     </message>
 </context>
 <context>
     <name>vms_sdk::SearchRequests</name>
     <message>
         <source>The search was not answered within %1 s.</source>
-        <translation type="unfinished"></translation>
+        <translation>搜索在%1秒内未得到应答。</translation>
     </message>
 </context>
 <context>
     <name>vms_sdk::SoapWorker</name>
     <message>
         <source>The device is not known.</source>
-        <translation type="unfinished"></translation>
+        <translation>未知设备。</translation>
     </message>
 </context>
 <context>
     <name>vms_sdk::StreamRegistry</name>
     <message>
         <source>The recording&apos;s name is not one that a search gave.</source>
-        <translation type="unfinished"></translation>
+        <translation>该录像名称不是搜索得到的名称。</translation>
     </message>
     <message>
         <source>The recording ends before the place to play from.</source>
-        <translation type="unfinished"></translation>
+        <translation>录像在要播放的位置之前已结束。</translation>
     </message>
     <message>
         <source>The time to play from is not a time.</source>
-        <translation type="unfinished"></translation>
+        <translation>要播放的起始时间不是有效时间。</translation>
     </message>
     <message>
         <source>The end of the time span lies before its begin.</source>
-        <translation type="unfinished"></translation>
+        <translation>时间段的结束早于其开始。</translation>
     </message>
     <message>
         <source>The device was logged out.</source>
-        <translation type="unfinished"></translation>
+        <translation>设备已退出登录。</translation>
     </message>
 </context>
 <context>
     <name>vms_sdk::onvif::HttpAnswerReader</name>
     <message>
         <source>The device closed the connection in the middle of its answer.</source>
-        <translation type="unfinished"></translation>
+        <translation>设备在应答中途关闭了连接。</translation>
     </message>
     <message>
         <source>The device&apos;s answer has a line longer than %1 bytes.</source>
-        <translation type="unfinished"></translation>
+        <translation>设备的应答中有超过%1字节的行。</translation>
     </message>
     <message>
         <source>The device&apos;s answer cannot be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法读取设备的应答。</translation>
     </message>
     <message>
         <source>The device&apos;s answer has more than %1 headers.</source>
-        <translation type="unfinished"></translation>
+        <translation>设备的应答头超过%1个。</translation>
     </message>
     <message>
         <source>The device does not answer in HTTP.</source>
-        <translation type="unfinished"></translation>
+        <translation>设备未以HTTP应答。</translation>
     </message>
     <message>
         <source>The device&apos;s answer is larger than %1 bytes.</source>
-        <translation type="unfinished"></translation>
+        <translation>设备的应答超过%1字节。</translation>
     </message>
 </context>
 <context>
     <name>vms_sdk::onvif::HttpConnection</name>
     <message>
         <source>The device at %1 is not trusted: %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1处的设备不受信任：%2。</translation>
     </message>
     <message>
         <source>The connection to %1 broke off.</source>
-        <translation type="unfinished"></translation>
+        <translation>与%1的连接中断。</translation>
     </message>
     <message>
         <source>No secure connection to %1: %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法与%1建立安全连接：%2。</translation>
     </message>
     <message>
         <source>The device at %1 cannot be reached: %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法连接%1处的设备：%2。</translation>
     </message>
     <message>
         <source>The device at %1 did not answer within %2 s.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1处的设备在%2秒内没有应答。</translation>
     </message>
     <message>
         <source>The device at %1 cannot be reached: no connection within %2 s.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法连接%1处的设备：%2秒内未建立连接。</translation>
     </message>
 </context>
 <context>
     <name>vms_sdk::onvif::SoapAnswer</name>
     <message>
         <source>The device refuses the user name or password.</source>
-        <translation type="unfinished"></translation>
+        <translation>设备拒绝该用户名或密码。</translation>
     </message>
     <message>
         <source>The device has locked the account.</source>
-        <translation type="unfinished"></translation>
+        <translation>设备已锁定该账户。</translation>
     </message>
     <message>
         <source>The device has not been activated yet.</source>
-        <translation type="unfinished"></translation>
+        <translation>设备尚未激活。</translation>
     </message>
     <message>
         <source>The device does not support what was asked.</source>
-        <translation type="unfinished"></translation>
+        <translation>设备不支持所请求的内容。</translation>
     </message>
     <message>
         <source>The device has reached a limit of its own.</source>
-        <translation type="unfinished"></translation>
+        <translation>设备已达到自身的上限。</translation>
     </message>
     <message>
         <source>The device does not know what was asked for.</source>
-        <translation type="unfinished"></translation>
+        <translation>设备不认识所请求的内容。</translation>
     </message>
     <message>
         <source>The device refuses the request.</source>
-        <translation type="unfinished"></translation>
+        <translation>设备拒绝该请求。</translation>
     </message>
     <message>
         <source>The device refuses the request: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>设备拒绝该请求：%1</translation>
     </message>
     <message>
         <source>The device&apos;s answer cannot be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法读取设备的应答。</translation>
     </message>
 </context>
 <context>
     <name>vms_sdk::onvif::SoapClient</name>
     <message>
         <source>The device redirects more than %1 times.</source>
-        <translation type="unfinished"></translation>
+        <translation>设备的重定向超过%1次。</translation>
     </message>
     <message>
         <source>The device redirects to an address that cannot be used.</source>
-        <translation type="unfinished"></translation>
+        <translation>设备重定向到无法使用的地址。</translation>
     </message>
     <message>
         <source>The device redirects to another host (%1), where the login is not sent.</source>
-        <translation type="unfinished"></translation>
+        <translation>设备重定向到另一主机（%1），不会向其发送登录信息。</translation>
     </message>
     <message>
         <source>The device redirects from a secure to an open connection, where the login is not sent.</source>
-        <translation type="unfinished"></translation>
+        <translation>设备从安全连接重定向到非安全连接，不会向其发送登录信息。</translation>
     </message>
     <message>
         <source>The device refuses the user name or password.</source>
-        <translation type="unfinished"></translation>
+        <translation>设备拒绝该用户名或密码。</translation>
     </message>
     <message>
         <source>The device still asks for the login after %1 rounds.</source>
-        <translation type="unfinished"></translation>
+        <translation>经过%1轮后，设备仍要求登录。</translation>
     </message>
     <message>
         <source>The device wants the password in clear, which is not sent on an open connection.</source>
-        <translation type="unfinished"></translation>
+        <translation>设备要求明文密码，不会通过非安全连接发送。</translation>
     </message>
     <message>
         <source>The device offers no way of login that can be used.</source>
-        <translation type="unfinished"></translation>
+        <translation>设备未提供可用的登录方式。</translation>
     </message>
     <message>
         <source>There is no ONVIF service at this address.</source>
-        <translation type="unfinished"></translation>
+        <translation>该地址没有ONVIF服务。</translation>
     </message>
     <message>
         <source>The device has locked the account.</source>
-        <translation type="unfinished"></translation>
+        <translation>设备已锁定该账户。</translation>
     </message>
     <message>
         <source>The device is busy or has reached a limit of its own.</source>
-        <translation type="unfinished"></translation>
+        <translation>设备繁忙或已达到自身的上限。</translation>
     </message>
     <message>
         <source>The device refuses the request (HTTP %1).</source>
-        <translation type="unfinished"></translation>
+        <translation>设备拒绝该请求 (HTTP %1)。</translation>
     </message>
 </context>
 <context>
     <name>vms_sdk::onvif::TlsCheck</name>
     <message>
         <source>its key is not the one that was accepted before</source>
-        <translation type="unfinished"></translation>
+        <translation>其密钥与之前接受的密钥不同</translation>
     </message>
     <message>
         <source>it shows no certificate</source>
-        <translation type="unfinished"></translation>
+        <translation>它未出示证书</translation>
     </message>
 </context>
 <context>
     <name>vms_sdk::onvif::XmlGuard</name>
     <message>
         <source>The device&apos;s answer is larger than %1 bytes.</source>
-        <translation type="unfinished"></translation>
+        <translation>设备的应答超过%1字节。</translation>
     </message>
     <message>
         <source>The device&apos;s answer is not UTF-8 text.</source>
-        <translation type="unfinished"></translation>
+        <translation>设备的应答不是UTF-8文本。</translation>
     </message>
     <message>
         <source>The device&apos;s answer contains a document type definition.</source>
-        <translation type="unfinished"></translation>
+        <translation>设备的应答包含文档类型定义。</translation>
     </message>
     <message>
         <source>The device&apos;s answer ends in the middle of its markup.</source>
-        <translation type="unfinished"></translation>
+        <translation>设备的应答在标记中途结束。</translation>
     </message>
     <message>
         <source>The device&apos;s answer has more than %1 elements.</source>
-        <translation type="unfinished"></translation>
+        <translation>设备的应答超过%1个元素。</translation>
     </message>
     <message>
         <source>The device&apos;s answer has a tag longer than %1 bytes.</source>
-        <translation type="unfinished"></translation>
+        <translation>设备的应答中有超过%1字节的标签。</translation>
     </message>
     <message>
         <source>The device&apos;s answer has an element with more than %1 attributes.</source>
-        <translation type="unfinished"></translation>
+        <translation>设备的应答中有元素的属性超过%1个。</translation>
     </message>
     <message>
         <source>The device&apos;s answer is nested deeper than %1 elements.</source>
-        <translation type="unfinished"></translation>
+        <translation>设备的应答嵌套超过%1层。</translation>
     </message>
 </context>
 <context>
     <name>vms_sdk::rtsp::RtspConnection</name>
     <message>
         <source>%1 did not answer when a connection was tried.</source>
-        <translation type="unfinished"></translation>
+        <translation>尝试连接时%1没有应答。</translation>
     </message>
     <message>
         <source>The key of the recorder&apos;s certificate has changed.</source>
-        <translation type="unfinished"></translation>
+        <translation>录像机证书的密钥已改变。</translation>
     </message>
     <message>
         <source>The certificate of %1 is not trusted: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1的证书不受信任：%2</translation>
     </message>
     <message>
         <source>%1 asks without reading the answers, beyond the limit of %2 bytes.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1不断请求而不读取应答，超过%2字节的上限。</translation>
     </message>
     <message>
         <source>%1 closed the connection.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1关闭了连接。</translation>
     </message>
     <message>
         <source>%1 refused the connection.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1拒绝连接。</translation>
     </message>
     <message>
         <source>There is no host named %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>不存在名为%1的主机。</translation>
     </message>
     <message>
         <source>No secure connection to %1 is possible; it needs TLS 1.2 or newer.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法与%1建立安全连接；需要TLS 1.2或更高版本。</translation>
     </message>
     <message>
         <source>%1 ended the attempt of a secure connection.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1终止了建立安全连接的尝试。</translation>
     </message>
     <message>
         <source>%1 cannot be reached.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法连接%1。</translation>
     </message>
     <message>
         <source>a line longer than the limit of %1 bytes</source>
-        <translation type="unfinished"></translation>
+        <translation>超过%1字节上限的行</translation>
     </message>
     <message>
         <source>an answer beyond the limit of %1 headers</source>
-        <translation type="unfinished"></translation>
+        <translation>应答头超过%1个上限的应答</translation>
     </message>
     <message>
         <source>an answer beyond the limit of %1 bytes</source>
-        <translation type="unfinished"></translation>
+        <translation>超过%1字节上限的应答</translation>
     </message>
     <message>
         <source>an answer whose length is no number</source>
-        <translation type="unfinished"></translation>
+        <translation>长度不是数字的应答</translation>
     </message>
     <message>
         <source>something that is no RTSP</source>
-        <translation type="unfinished"></translation>
+        <translation>非RTSP内容</translation>
     </message>
     <message>
         <source>%1 sent %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1发送了%2。</translation>
     </message>
 </context>
 <context>
     <name>vms_sdk::rtsp::StreamClient</name>
     <message>
         <source>%1 does not know the requested recording or channel.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1不认识所请求的录像或通道。</translation>
     </message>
     <message>
         <source>%1 has nothing recorded for the requested time.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1在所请求的时间没有录像。</translation>
     </message>
     <message>
         <source>%1 has not enough bandwidth for a further stream.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1的带宽不足，无法再提供码流。</translation>
     </message>
     <message>
         <source>%1 has reached its limit of connections.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1已达到连接数上限。</translation>
     </message>
     <message>
         <source>%1 does not send over TCP.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1不通过TCP发送。</translation>
     </message>
     <message>
         <source>%1 refused the request: %2 %3</source>
-        <translation type="unfinished"></translation>
+        <translation>%1拒绝该请求：%2 %3</translation>
     </message>
     <message>
         <source>%1 wants a login, and there is none for it.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1要求登录，但没有其登录信息。</translation>
     </message>
     <message>
         <source>%1 refused user name or password.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1拒绝该用户名或密码。</translation>
     </message>
     <message>
         <source>%1 refused the login after the limit of %2 rounds.</source>
-        <translation type="unfinished"></translation>
+        <translation>经过上限%2轮后，%1拒绝登录。</translation>
     </message>
     <message>
         <source>%1 wants the password in clear text over a connection that is not secure.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1要求通过非安全连接发送明文密码。</translation>
     </message>
     <message>
         <source>%1 offers no way to log in that is known or as safe as before.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1未提供已知的或与之前同样安全的登录方式。</translation>
     </message>
     <message>
         <source>The stream&apos;s address is none of RTSP.</source>
-        <translation type="unfinished"></translation>
+        <translation>码流地址不是RTSP地址。</translation>
     </message>
     <message>
         <source>%1 has stopped sending.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1已停止发送。</translation>
     </message>
     <message>
         <source>%1 did not answer within %2 s.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1在%2秒内没有应答。</translation>
     </message>
     <message>
         <source>a picture beyond the limit of %1 MiB</source>
-        <translation type="unfinished"></translation>
+        <translation>超过%1 MiB上限的画面</translation>
     </message>
     <message>
         <source>a picture beyond the limit of %1 NAL units</source>
-        <translation type="unfinished"></translation>
+        <translation>超过%1个NAL单元上限的画面</translation>
     </message>
     <message>
         <source>%1 sent %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1发送了%2。</translation>
     </message>
     <message>
         <source>%1 has ended the live video.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1已结束实时视频。</translation>
     </message>
     <message>
         <source>%1 does not know the session any more.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1已不认识该会话。</translation>
     </message>
     <message>
         <source>%1 points to an address that is none of RTSP.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1指向的地址不是RTSP地址。</translation>
     </message>
     <message>
         <source>%1 redirects beyond the limit of %2 times.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1的重定向超过%2次上限。</translation>
     </message>
     <message>
         <source>%1 redirects from a secure to an open connection.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1从安全连接重定向到非安全连接。</translation>
     </message>
     <message>
         <source>%1 sent no readable description of the stream.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1未发送可读的码流描述。</translation>
     </message>
     <message>
         <source>%1 sends nothing that can be received: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1发送的内容均无法接收：%2</translation>
     </message>
     <message>
         <source>%1 moved the stream elsewhere.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1已将码流移至别处。</translation>
     </message>
 </context>
 </TS>
