@@ -188,7 +188,7 @@
     </message>
     <message>
         <source>Edge Card</source>
-        <translation>Speicherkarte der Kamera</translation>
+        <translation>Gerätespeicherkarte</translation>
     </message>
     <message>
         <source>Cloud</source>
@@ -2598,7 +2598,7 @@ sicher auf Ihren eigenen Datenträgern.</translation>
     </message>
     <message>
         <source>Connecting...</source>
-        <translation>Verbindung wird aufgebaut...</translation>
+        <translation>Verbinde...</translation>
     </message>
     <message>
         <source>Try again</source>
@@ -2995,7 +2995,7 @@ sicher auf Ihren eigenen Datenträgern.</translation>
     </message>
     <message>
         <source>Connecting...</source>
-        <translation>Verbindung wird aufgebaut...</translation>
+        <translation>Verbinde...</translation>
     </message>
     <message>
         <source>No signal.</source>
@@ -4149,7 +4149,7 @@ Neuer Versuch...</translation>
     </message>
     <message>
         <source>Connecting...</source>
-        <translation>Verbindung wird aufgebaut...</translation>
+        <translation>Verbinde...</translation>
     </message>
     <message>
         <source>Try again</source>
@@ -7350,7 +7350,7 @@ Opens the folder of downloads: %2</source>
     </message>
     <message>
         <source>Login Dev Failed</source>
-        <translation>Anmeldung am Gerät fehlgeschlagen</translation>
+        <translation>Anmeldung fehlgeschlagen</translation>
     </message>
     <message>
         <source>Connect Failed</source>
