@@ -85,7 +85,7 @@ void MediaReceiver::seek(std::int64_t beginNs)
         track->early.clear();
         track->bye = false;
         track->depacketizer->interrupt();
-        track->output.sought();
+        track->output.sought(track->isVideo);
         track->timeline.restart(beginNs);
     }
     m_newestNs = 0;

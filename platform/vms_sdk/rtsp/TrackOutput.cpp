@@ -83,7 +83,7 @@ void TrackOutput::resumed(bool fromLastTime)
     m_skipping = fromLastTime && m_frames > 0;
 }
 
-void TrackOutput::sought()
+void TrackOutput::sought(bool isVideo)
 {
     m_flags = Flags();
     m_newestNs = 0;
@@ -95,6 +95,7 @@ void TrackOutput::sought()
     m_firstAfterPlay = true;
     m_skipping = false;
     m_startsAnew = true;
+    m_awaitsKey = isVideo;
 }
 
 void TrackOutput::setDropping(bool dropping, bool isVideo)
@@ -111,9 +112,11 @@ bool TrackOutput::isWanted(bool key)
         m_awaitsKey = false;
         return true;
     }
-    noteLost(1);
-    m_flags.discontinuity = true;
-    m_firstAfterPlay = false;
+    if (!m_startsAnew) {
+        noteLost(1);
+        m_flags.discontinuity = true;
+        m_firstAfterPlay = false;
+    }
     return false;
 }
 

@@ -41,8 +41,9 @@ public:
     /// that the recorder sets on the first of them is no gap.
     void resumed(bool fromLastTime);
 
-    /// The stream goes on at another place: the next frame is marked as a discontinuity.
-    void sought();
+    /// The stream goes on at another place: with a key frame where it is video, and marked as a discontinuity. What a
+    /// peer still sends from the old place, or from amid a group of pictures, is no loss.
+    void sought(bool isVideo);
     /// Only key frames of video are delivered, and what lies between them is no gap.
     void setKeyFramesOnly(bool keyFramesOnly, bool isVideo)
     {
