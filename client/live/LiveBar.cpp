@@ -32,6 +32,7 @@ constexpr std::array<int, 3> tileCounts{1, 4, 9};
 LiveBar::LiveBar(QWidget* parent)
     : QWidget(parent)
 {
+    setProperty("bottomBar", true);
     setMinimumHeight(barHeight);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(edge, 8, edge, 8);

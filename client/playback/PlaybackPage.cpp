@@ -204,6 +204,7 @@ QWidget* PlaybackPage::makePanel()
     auto* panel = new QWidget;
     panel->setAutoFillBackground(true);
     panel->setBackgroundRole(QPalette::Button);
+    panel->setProperty("bottomBar", true);
     auto* bar = new vemo_base::WrappingBar(panel);
     m_downloads = new DownloadBar(bar);
     m_spanBar = m_downloads->spanBar();

@@ -156,6 +156,7 @@ QWidget* SettingsPage::makeFoot()
 {
     auto* foot = new FootWt(this);
     foot->setProperty("area", true);
+    foot->setProperty("bottomBar", true);
     m_state = new MessageLine(foot);
     m_discard = new QPushButton(tr("Discard"), foot);
     m_save = new QPushButton(vemo_base::Icons::icon(QStringLiteral("check")), tr("Save"), foot);

@@ -6,6 +6,7 @@
 #include <SystemConfig.h>
 
 #include <QEvent>
+#include <QVariant>
 #include <QWidget>
 
 #include <algorithm>
@@ -82,9 +83,19 @@ void Toasts::show(const Notice& notice)
     toast->show();
 }
 
+int Toasts::roomBottom() const
+{
+    const QList<QWidget*> children = m_host->findChildren<QWidget*>();
+    for (const QWidget* child : children) {
+        if (child->isVisible() && child->property("bottomBar").toBool())
+            return child->mapTo(m_host, QPoint(0, 0)).y();
+    }
+    return m_host->height();
+}
+
 void Toasts::arrange()
 {
-    int bottom = m_host->height() - margin;
+    int bottom = roomBottom() - margin;
     for (auto toast = m_toasts.crbegin(); toast != m_toasts.crend(); ++toast) {
         ToastWt* widget = *toast;
         if (!widget)

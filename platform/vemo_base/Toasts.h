@@ -35,6 +35,8 @@ protected:
 private:
     void show(const Notice& notice);
     void arrange();
+    /// Where the host ends, or where its bar with the property `bottomBar` begins: what can be pressed stays free.
+    int roomBottom() const;
 
     QWidget* m_host;
     QVector<QPointer<ToastWt>> m_toasts; ///< the newest last
