@@ -86,6 +86,7 @@ SettingToolWt::SettingToolWt(const QString& title, QWidget* host)
     headLayout->addWidget(close);
     auto* foot = new QWidget(m_panel);
     foot->setFixedHeight(footHeight);
+    foot->setProperty("bottomBar", true);
     foot->setLayout(m_foot);
     m_foot->setContentsMargins(margin, 0, margin, 0);
     m_foot->addStretch();

@@ -85,12 +85,13 @@ void Toasts::show(const Notice& notice)
 
 int Toasts::roomBottom() const
 {
+    int bottom = m_host->height();
     const QList<QWidget*> children = m_host->findChildren<QWidget*>();
     for (const QWidget* child : children) {
         if (child->isVisible() && child->property("bottomBar").toBool())
-            return child->mapTo(m_host, QPoint(0, 0)).y();
+            bottom = qMin(bottom, child->mapTo(m_host, QPoint(0, 0)).y());
     }
-    return m_host->height();
+    return bottom;
 }
 
 void Toasts::arrange()
