@@ -120,8 +120,12 @@ void TimelinesWt::paintEvent(QPaintEvent*)
     big.setWeight(QFont::DemiBold);
     painter.setFont(big);
     painter.setPen(dark(Token::Text));
+    const int sentenceFlags = int(Qt::AlignLeading | Qt::AlignBottom) | Qt::TextWordWrap;
     QRect words(margin, height() - textHeight, width() - 2 * margin, 2 * sentenceLine);
-    painter.drawText(words, int(Qt::AlignLeading | Qt::AlignBottom) | Qt::TextWordWrap, m_sentence);
+    // In some languages it takes more lines: they stand above.
+    words.setTop(words.bottom() + 1 -
+                 qMax(words.height(), painter.boundingRect(words, sentenceFlags, m_sentence).height()));
+    painter.drawText(words, sentenceFlags, m_sentence);
     QFont plain = font();
     plain.setPixelSize(morePixels);
     painter.setFont(plain);
