@@ -117,14 +117,16 @@ void ShellWt::showModule(const QString& key)
         std::find_if(m_offered.cbegin(), m_offered.cend(), [&key](const ModulePage& page) { return page.key == key; });
     if (offered == m_offered.cend() || key == m_currentKey)
         return;
+    // The entry that was clicked is marked already; the page that is shown stays marked while the person is asked.
+    m_topBar->setCurrentModule(m_currentKey);
+    const std::function<bool()> mayLeave = m_leaveChecks.value(m_currentKey);
+    if (mayLeave && !mayLeave())
+        return;
     if (!m_pageByKey.contains(key)) {
         if (!offered->make)
             return;
         addWidget(key, offered->make(m_forms));
     }
-    const std::function<bool()> mayLeave = m_leaveChecks.value(m_currentKey);
-    if (mayLeave && !mayLeave())
-        return;
     m_currentKey = key;
     m_forms->setCurrentWidget(m_pageByKey.value(key));
     m_topBar->setCurrentModule(key);
