@@ -13,6 +13,7 @@ import tempfile
 import time
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.realpath(__file__)), "..", "support"))
+import checker  # noqa: E402
 import media  # noqa: E402
 
 RUN_TIMEOUT_S = 60
@@ -147,33 +148,12 @@ class Lab:
 
     def compare(self, found, whole_file=False):
         """N1: every track is a prefix of what was pushed. With `whole_file` it is all of it."""
-        problems = []
-        for stream, got in found.items():
-            expected = self.truth.get(stream, [])
-            tail = 0
-            if stream == 1 and self.transcodes:
-                tail = ENCODER_TAIL
-            if not media.is_prefix(got[:len(got) - tail], expected):
-                problems.append(f"stream {stream}: {media.first_difference(got, expected)}")
-            if whole_file and abs(len(got) - len(expected)) > tail:
-                problems.append(f"stream {stream}: {len(got)} samples of {len(expected)}")
-        if whole_file and set(found) != set(self.truth):
-            problems.append(f"streams {sorted(found)} instead of {sorted(self.truth)}")
-        return problems
+        return checker.prefix_problems(found, self.truth, {1: ENCODER_TAIL} if self.transcodes else None, whole_file)
 
     def judge(self, path, gstreamer=False):
         """(samples, problems) of a file that must be readable: by ffmpeg, and by GStreamer when asked."""
-        try:
-            found = media.samples(path)
-        except (media.NotReadable, subprocess.TimeoutExpired) as error:
-            return {}, [str(error)]
-        problems = self.compare(found)
-        if gstreamer and any(found.values()):
-            tracks = [name for stream, name in ((0, "video"), (1, "audio")) if found.get(stream)]
-            said = media.gstreamer_error(path, tracks)
-            if said:
-                problems.append(f"GStreamer on {path}: {said}")
-        return found, problems
+        found, problems = checker.read(path, gstreamer)
+        return found, problems + self.compare(found)
 
     def repair(self, box):
         """Starts the library again on what a run left. (report, problems)"""
@@ -213,8 +193,7 @@ class Lab:
                     problems.append(f"{task}: repair lost samples of stream {stream}: {len(samples)} before, "
                                     f"{len(after.get(stream, []))} after")
             owed = box.pushed_by(death_ns - window_ns, task) - FRAGMENT_FRAMES
-            if len(after.get(0, [])) < owed:
-                problems.append(f"{task}: {len(after.get(0, []))} frames survived where {owed} should have")
+            problems += [f"{task}: {problem}" for problem in checker.window_problems(after, owed)]
             if 16 in box.events(task):
                 problems += [f"{task}, told as finished: {problem}" for problem in self.compare(after, whole_file=True)]
         problems += box.neighbour_problems()
@@ -238,13 +217,11 @@ class Box:
         self.log = os.path.join(self.base, "log")
         os.makedirs(self.folder)
         os.makedirs(self.temp)
-        self.neighbours = {}
         for name in ("out/other.mp4", "out/gate (2).mp4", "out/notes.txt", "temp/photo.jpg", "temp/letter.json"):
-            content = hashlib.sha256(name.encode()).digest() * 100
-            path = os.path.join(self.root, name)
-            with open(path, "wb") as file:
-                file.write(content)
-            self.neighbours[path] = content
+            with open(os.path.join(self.root, name), "wb") as file:
+                file.write(hashlib.sha256(name.encode()).digest() * 100)
+        self.surroundings = checker.Surroundings(self.root)
+        self.neighbours = self.surroundings.before
 
     def __enter__(self):
         return self
@@ -283,15 +260,7 @@ class Box:
 
     def neighbour_problems(self):
         """N6: other people's files are bit for bit what they were."""
-        problems = []
-        for path, content in self.neighbours.items():
-            try:
-                with open(path, "rb") as file:
-                    if file.read() != content:
-                        problems.append(f"{path} was changed")
-            except OSError as error:
-                problems.append(f"{path}: {error}")
-        return problems
+        return self.surroundings.neighbour_problems()
 
     def outputs(self, count):
         """Files for several tasks: {"task1": path...}."""
@@ -299,9 +268,7 @@ class Box:
 
     def leftovers(self, expected=()):
         """N7: files that are neither other people's nor an output."""
-        known = set(self.neighbours) | set(expected)
-        return [f"left behind: {os.path.join(folder, name)}" for folder, _, names in os.walk(self.root) for name in names
-                if os.path.join(folder, name) not in known]
+        return self.surroundings.left_behind(expected)
 
 
 def honesty_problems(report, path, found):
@@ -310,16 +277,11 @@ def honesty_problems(report, path, found):
     for entry in report:
         if entry.get("path") != path:
             continue
-        size = os.path.getsize(path) if os.path.exists(path) else 0
-        if entry.get("bytes", 0) > size:
-            problems.append(f"claims {entry['bytes']} bytes of {size}")
+        seconds = (iso_ms(entry["end"]) - iso_ms(entry["begin"])) / 1000 if entry.get("begin") and entry.get("end") else None
+        problems += checker.honesty_problems(path, found, entry.get("bytes", 0), seconds if found.get(0) else None,
+                                             frames_a_second=FRAMES_A_SECOND)
         if entry.get("outcome") == "failed":
             problems.append(f"repair failed: {entry.get('error')}")
-        if found.get(0) and entry.get("begin") and entry.get("end"):
-            claimed = (iso_ms(entry["end"]) - iso_ms(entry["begin"])) / 1000
-            held = len(found[0]) / FRAMES_A_SECOND
-            if claimed > held + 0.2:
-                problems.append(f"claims {claimed:.3f} s where the file holds {held:.3f} s")
     return problems
 
 

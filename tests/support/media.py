@@ -2,6 +2,7 @@
 import json
 import os
 import subprocess
+import tempfile
 
 TIMEOUT_S = 120
 
@@ -17,16 +18,54 @@ def run(command, timeout=TIMEOUT_S, **options):
 
 def samples(path):
     """The samples of a file as stock ffmpeg reads them: a list of MD5 sums a stream, in decode order."""
-    return {stream: [md5 for _, md5 in rows] for stream, rows in timed_samples(path).items()}
+    return _without_times(timed_samples(path))
 
 
 def timed_samples(path):
     """As samples(), with the presentation time in seconds from the file's begin before each sum."""
-    done = run(["ffmpeg", "-v", "error", "-i", path, "-map", "0:v?", "-map", "0:a?", "-map", "0:s?", "-c", "copy", "-f", "framemd5", "-"])
+    done = run(["ffmpeg", "-v", "error", "-i", path, *_every_stream(0), "-"])
     if done.returncode != 0 or done.stderr.strip():
         raise NotReadable(f"ffmpeg on {path}: exit {done.returncode}: {done.stderr.strip()[:600]}")
+    return _read_framemd5(done.stdout)
+
+
+def samples_of_many(paths):
+    """{path: samples(), or the NotReadable that it raises}, by one start of ffmpeg where it has nothing against any of the files."""
+    with tempfile.TemporaryDirectory() as folder:
+        outputs = [os.path.join(folder, f"{number}.txt") for number in range(len(paths))]
+        command = ["ffmpeg", "-v", "error"]
+        for path in paths:
+            command += ["-i", path]
+        for number, output in enumerate(outputs):
+            command += [*_every_stream(number), output]
+        done = run(command) if len(paths) > 1 else None
+        if done and done.returncode == 0 and not done.stderr.strip():
+            return {path: _without_times(_read_framemd5(_text_of(output))) for path, output in zip(paths, outputs)}
+    answers = {}
+    for path in paths:
+        try:
+            answers[path] = samples(path)
+        except NotReadable as error:
+            answers[path] = error
+    return answers
+
+
+def _every_stream(number):
+    return [word for kind in "vas" for word in ("-map", f"{number}:{kind}?")] + ["-c", "copy", "-f", "framemd5"]
+
+
+def _text_of(path):
+    with open(path, encoding="utf-8") as file:
+        return file.read()
+
+
+def _without_times(streams):
+    return {stream: [md5 for _, md5 in rows] for stream, rows in streams.items()}
+
+
+def _read_framemd5(text):
     streams, bases = {}, {}
-    for line in done.stdout.splitlines():
+    for line in text.splitlines():
         if line.startswith("#tb "):
             number, base = line[4:].split(":")
             numerator, denominator = base.split("/")
