@@ -5,6 +5,7 @@
 
 #include <SystemConfig.h>
 
+#include <QCoreApplication>
 #include <QEvent>
 #include <QVariant>
 #include <QWidget>
@@ -47,7 +48,25 @@ bool Toasts::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == m_host && (event->type() == QEvent::Resize || event->type() == QEvent::LayoutDirectionChange))
         arrange();
+    else if ((event->type() == QEvent::Show || event->type() == QEvent::Hide) && changesRoom(watched))
+        QMetaObject::invokeMethod(this, &Toasts::arrange, Qt::QueuedConnection); // its place is not settled yet
     return QObject::eventFilter(watched, event);
+}
+
+bool Toasts::changesRoom(const QObject* watched) const
+{
+    const auto* widget = qobject_cast<const QWidget*>(watched);
+    if (!widget || !m_host->isAncestorOf(widget) || qobject_cast<const ToastWt*>(widget))
+        return false;
+    return widget->parentWidget() == m_host || widget->property("bottomBar").toBool();
+}
+
+void Toasts::watchRoom()
+{
+    if (m_toasts.isEmpty())
+        QCoreApplication::instance()->removeEventFilter(this);
+    else
+        QCoreApplication::instance()->installEventFilter(this);
 }
 
 void Toasts::show(const Notice& notice)
@@ -96,6 +115,7 @@ int Toasts::roomBottom() const
 
 void Toasts::arrange()
 {
+    watchRoom();
     int bottom = roomBottom() - margin;
     for (auto toast = m_toasts.crbegin(); toast != m_toasts.crend(); ++toast) {
         ToastWt* widget = *toast;

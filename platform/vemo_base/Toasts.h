@@ -35,6 +35,10 @@ protected:
 private:
     void show(const Notice& notice);
     void arrange();
+    /// While there are toasts, each page and each bar that comes or goes changes what they must keep free; a page that
+    /// comes would else lie above them.
+    void watchRoom();
+    bool changesRoom(const QObject* watched) const;
     /// Where the host ends, or where its bar with the property `bottomBar` begins: what can be pressed stays free.
     int roomBottom() const;
 

@@ -15,6 +15,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QStackedWidget>
 #include <QTableWidget>
 #include <QTest>
 #include <QTimer>
@@ -76,6 +77,7 @@ private slots:
     void countsRepeatedNotices();
     void keepsABoundedListOfNotices();
     void showsThreeToastsAndKeepsErrors();
+    void keepsToastsAboveThePageAndOffItsBar();
     void runsTheActionOfAToast();
     void wrapsTheButtonsOfANarrowPage();
 };
@@ -248,6 +250,31 @@ void BaseWidgetsTest::showsThreeToastsAndKeepsErrors()
     QVERIFY2(titles().last().contains(QLatin1Char('2')), "a repeat counts up in place");
     QCOMPARE(toasts.shownCount(), vemo_base::Toasts::atMost);
     QVERIFY2(!host.focusWidget(), "a toast took the focus");
+}
+
+void BaseWidgetsTest::keepsToastsAboveThePageAndOffItsBar()
+{
+    QStackedWidget host;
+    host.resize(1000, 700);
+    host.addWidget(new QWidget);
+    auto* page = new QWidget;
+    host.addWidget(page);
+    QWidget bar(page);
+    bar.setProperty("bottomBar", true);
+    bar.setGeometry(0, 600, 1000, 100);
+    bar.hide();
+    const vemo_base::Toasts toasts(&host);
+    host.show();
+    Notices::instance().add(noticeOf(Notice::Kind::Success, QStringLiteral("saved")));
+    const auto* toast = qobject_cast<QWidget*>(host.children().last());
+    QVERIFY(toast && toast->inherits("vemo_base::ToastWt"));
+    QVERIFY(toast->geometry().bottom() > 600);
+    host.setCurrentWidget(page);
+    QTRY_VERIFY2(host.children().last() == toast, "the page lies above the toast");
+    bar.show();
+    QTRY_VERIFY2(toast->geometry().bottom() < 600, "the toast lies on the bar that came");
+    bar.hide();
+    QTRY_VERIFY(toast->geometry().bottom() > 600);
 }
 
 void BaseWidgetsTest::runsTheActionOfAToast()

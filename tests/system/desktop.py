@@ -139,7 +139,13 @@ class Window:
         return None
 
     def wait_for(self, wanted, what):
-        return wait_for(lambda: self.find(wanted), f"the window shows no {what}")
+        return wait_for(lambda: self.find(wanted), lambda: f"the window shows no {what}; it shows {self.shown()}")
+
+    def shown(self):
+        """What a person could read at this moment, for a report."""
+        names = []
+        self.find(lambda each: names.append(each.get_name()))
+        return " | ".join(name for name in names if name)
 
     def text(self, part):
         """What is shown that has the part in it."""
