@@ -13,36 +13,16 @@ import time
 
 import media
 import systemlab
-from systemlab import Client, Recorder, Test
+from judges import DAY, PICTURE_S, BackupJudge, common, seconds
+from systemlab import Client, Recorder
 
-DAY = systemlab.FIRST_DAY
 SECOND = datetime.timedelta(seconds=1)
 # Ends take their minute in. Whole; around an alarm; across two gaps; a gap of its own; a gap in the middle.
 SEGMENTS = ["02:00-02:00", "08:15-08:15", "08:29-08:30", "04:01-04:02", "20:00-20:02"]
 CHANNELS = [1, 2, 3, 4]
-PICTURE_S = 0.04
-BEYOND = 4 * SECOND
 
 
-def at(clock):
-    hour, minute = map(int, clock.split(":"))
-    return DAY + datetime.timedelta(hours=hour, minutes=minute)
-
-
-def spans_of(segments):
-    return sorted((at(each.split("-")[0]), at(each.split("-")[1]) + 59 * SECOND) for each in segments)
-
-
-def common(some, others):
-    both = [(max(a[0], b[0]), min(a[1], b[1])) for a in some for b in others]
-    return sorted(span for span in both if span[0] < span[1])
-
-
-def seconds(spans):
-    return sum((end - begin).total_seconds() for begin, end in spans)
-
-
-class Backup(Test):
+class Backup(BackupJudge):
     @classmethod
     def setUpClass(cls):
         cls.recorder = Recorder("--channels", "8")
@@ -68,48 +48,6 @@ class Backup(Test):
         return self.backup("add", "--device", self.device, "--user", systemlab.USER, "--channels", ",".join(map(str, channels)),
                            "--date", date.strftime("%Y-%m-%d"), "--segments", ",".join(segments), "--json", *options).lines
 
-    def held(self, channel, segments):
-        listed = json.loads(self.recorder.ask("/recordings", channel=channel))
-        recordings = [(systemlab.parse_time(each["begin"]), systemlab.parse_time(each["end"])) for each in listed]
-        return common(recordings, spans_of(segments))
-
-    def check_cover(self, task, segments, tracks=(0, 1)):
-        """The task's files hold what the recorder holds of the segments, every second of it once."""
-        self.assertEqual(task["state"], "finished", task)
-        wanted = self.held(task["channel"], segments)
-        self.assertAlmostEqual(task["held"], seconds(wanted), delta=1, msg=task)
-        self.assertEqual(task["safe"], task["held"], task)
-        files = sorted((systemlab.parse_time(each["begin"]), systemlab.parse_time(each["end"]), each["path"])
-                       for each in task["files"])
-        for one, next_one in zip(files, files[1:]):
-            self.assertLessEqual(one[1], next_one[0], f"two pieces overlap: {task}")
-        self.assertTrue(all(each["finished"] for each in task["files"]), task)
-        for begin, end, path in files:
-            inside = common(wanted, [(begin, end)])
-            if not inside:
-                self.assertEqual(path, "", f"a file without a recording: {task}")
-                continue
-            self.assertTrue(os.path.isfile(path), path)
-            video = next(each for each in media.probe(path)["streams"] if each["codec_type"] == "video")
-            self.assertAlmostEqual(float(video["duration"]), seconds(inside), delta=2 * PICTURE_S, msg=path)
-            # What lies beyond a cut, up to the key frame before it or the last picture that arrived, is in the file and not shown.
-            sent = self.recorder.samples(task["channel"], inside[0][0] - BEYOND, inside[-1][1] + BEYOND)
-            self.check_samples(path, {track: sent[track] for track in tracks}, inside[0][0],
-                               inside[-1][1])
-        self.check_manifests([path for _, _, path in files if path])
-
-    def check_manifests(self, paths):
-        for folder in {os.path.dirname(path) for path in paths}:
-            done = subprocess.run(["sha256sum", "--strict", "-c", "SHA256SUMS"], cwd=folder, capture_output=True, text=True)
-            self.assertEqual(done.returncode, 0, f"{folder}: {done.stdout}{done.stderr}")
-            with open(os.path.join(folder, "manifest.json"), encoding="utf-8") as file:
-                told = {each["file"]: each for each in json.load(file)["files"]}
-            for path in paths:
-                if os.path.dirname(path) == folder:
-                    self.assertEqual(told[os.path.basename(path)]["bytes"], os.path.getsize(path), path)
-            strangers = set(os.listdir(folder)) - set(told) - {"SHA256SUMS", "manifest.json"}
-            self.assertEqual(strangers, set(), "something was left in the folder")
-
     def listing(self, *options):
         return self.backup("list", "--json", *options).lines
 
@@ -122,7 +60,7 @@ class Backup(Test):
         tasks = self.listing()
         self.assertEqual([task["channel"] for task in tasks], CHANNELS)
         for task in tasks:
-            self.check_cover(task, SEGMENTS)
+            self.check_backup(task, SEGMENTS)
         plays = json.loads(self.recorder.ask("/stats"))["plays"]
         self.backup("run")
         self.assertEqual(json.loads(self.recorder.ask("/stats"))["plays"], plays, "something was fetched again")
@@ -166,7 +104,7 @@ class Backup(Test):
             self.assertEqual(left["state"], "partial", left)
             self.assertTrue(0 < left["safe"] < left["held"], left)
             self.backup("run")
-            self.check_cover(next(each for each in self.listing() if each["id"] == task["id"]), segments)
+            self.check_backup(next(each for each in self.listing() if each["id"] == task["id"]), segments)
         self.backup("stop", code=systemlab.FAILED)
 
     def wait_for_bytes(self, count=3_000_000, timeout_s=30):
@@ -208,7 +146,7 @@ class Backup(Test):
                 self.backup("run")
                 for task in self.listing():
                     # Sound that waited for its encoder goes with the process.
-                    self.check_cover(task, segments, tracks=(0,))
+                    self.check_backup(task, segments, tracks=(0,))
                     names = {each["path"] for each in task["files"]}
                     for path in names & set(whole):
                         self.assertEqual(os.stat(path).st_ino, whole[path], f"{path} was fetched again")
@@ -227,7 +165,7 @@ class Backup(Test):
             self.assertIn(words, over[0]["message"])
             self.recorder.ask("/reset", method="POST")
         self.backup("run")
-        self.check_cover(self.listing()[0], ["02:00-02:00"])
+        self.check_backup(self.listing()[0], ["02:00-02:00"])
 
     def test_a_disk_that_takes_nothing(self):
         folder = os.path.join(self.client.folder, "home", "Videos", "Vemo", "Backup")
@@ -243,7 +181,7 @@ class Backup(Test):
         self.assertEqual([name for _, _, names in os.walk(folder) for name in names], [".vemo-backup"])
         self.client.disk_reserve_bytes = 0
         self.backup("run")
-        self.check_cover(self.listing()[0], ["02:00-02:00"])
+        self.check_backup(self.listing()[0], ["02:00-02:00"])
 
     def test_nights_in_which_the_clocks_change(self):
         """A segment across the hour that is skipped, and one in the hour that passes twice: an hour and a minute of footage."""
@@ -297,7 +235,7 @@ class Backup(Test):
         self.recorder.ask("/reset", method="POST")
         self.settle(run)
         for task in self.listing():
-            self.check_cover(task, segments)
+            self.check_backup(task, segments)
 
     @staticmethod
     def is_over(run):
@@ -350,7 +288,7 @@ class Backup(Test):
         self.assertEqual(os.listdir(folder), [], "something was written to where the disk is missing")
         self.mount("--bind", disks["own"], folder)
         self.backup("run")
-        self.check_cover(self.listing()[0], segments)
+        self.check_backup(self.listing()[0], segments)
 
     def check_refused(self, told, folder):
         self.assertEqual(told.code, systemlab.INCOMPLETE, told)

@@ -10,19 +10,17 @@ import time
 
 import media
 import systemlab
-from systemlab import Client, Recorder, Test
+from judges import ABNORMAL, CONNECT_FAILED, LOGIN_FAILED, PAUSED, SUCCEEDED, WAITING, DownloadJudge
+from systemlab import Client, Recorder
 
 SECOND = datetime.timedelta(seconds=1)
 BEGIN = systemlab.FIRST_DAY + datetime.timedelta(hours=1)
 AT_ONCE = 5
-WAITING, PAUSED, SUCCEEDED, LOGIN_FAILED, CONNECT_FAILED, ABNORMAL = 0, 2, 3, 4, 5, 6
 TABLE_OF = {WAITING: "downloading", PAUSED: "downloading", SUCCEEDED: "success", **{state: "failed" for state in range(4, 9)}}
 QUIT_WITHIN_S = 2
-# A resumed replay begins at the key frame before, so a file may begin up to a GOP of 2 s before its record.
-GOP_FRAMES = 50
 
 
-class Queue(Test):
+class Queue(DownloadJudge):
     @classmethod
     def setUpClass(cls):
         cls.recorder = Recorder("--channels", "20")
@@ -64,32 +62,6 @@ class Queue(Test):
             self.assertNotEqual(task["table"], "none", f"no table shows it: {task}")
         return tasks
 
-    def check_success(self, task, playable=True):
-        self.assertEqual(task["state"], SUCCEEDED, task)
-        self.check_file(task["path"], playable)
-        self.assertEqual(os.path.getsize(task["path"]), task["bytes"], task)
-
-    def check_cover(self, tasks, channel, begin, end):
-        """The records of the channel cover the span exactly once, each with a file of its own; their pictures are what was sent,
-        without a hole, in order."""
-        pieces = sorted((task for task in tasks if task["channel"] == channel), key=lambda task: task["begin"])
-        self.assertEqual(systemlab.parse_time(pieces[0]["begin"]), begin, pieces)
-        self.assertEqual(systemlab.parse_time(pieces[-1]["end"]), end, pieces)
-        for one, next_one in zip(pieces, pieces[1:]):
-            self.assertEqual(one["end"], next_one["begin"], f"the span is not covered exactly once: {pieces}")
-        self.assertEqual(len({task["path"] for task in pieces}), len(pieces), f"two records share a file: {pieces}")
-        sent = [md5 for _, md5 in self.recorder.samples(channel, begin, end)[0]]
-        at = 0
-        for task in pieces:
-            self.check_success(task, playable=False)
-            got = media.samples(task["path"])[0]
-            earliest = max(0, at - 2 * GOP_FRAMES)
-            first = self.position(got, sent[earliest:])
-            self.assertIsNotNone(first, f"{task['path']}: no unbroken part of what was sent")
-            self.assertLessEqual(earliest + first, at, f"{task['path']}: pictures are missing before it")
-            at = earliest + first + len(got)
-        self.assertEqual(at, len(sent), f"channel {channel}: pictures are missing at the end")
-
     def test_twenty_requests_in_one_burst(self):
         added = self.add(range(1, 21), 8)
         self.assertEqual([task["state"] for task in added], [WAITING] * 20)
@@ -101,7 +73,7 @@ class Queue(Test):
         self.assertEqual({task["id"] for task in tasks}, {task["id"] for task in added})
         for task in tasks:
             self.check_success(task, playable=task["channel"] % 4 == 3)
-            self.check_cover(tasks, task["channel"], BEGIN, BEGIN + 8 * SECOND)
+            self.check_download(tasks, task["channel"], BEGIN, BEGIN + 8 * SECOND)
         self.queue("clear", "--all")
         self.assertEqual(self.listing(), [])
         self.assertTrue(all(os.path.exists(task["path"]) for task in tasks), "clearing the list took a file away")
@@ -157,7 +129,7 @@ class Queue(Test):
                 if device is None:
                     self.queue("retry", "--id", tasks[0]["id"])
                     self.queue("run")
-                    self.check_cover(self.listing(), 3, BEGIN, BEGIN + 10 * SECOND)
+                    self.check_download(self.listing(), 3, BEGIN, BEGIN + 10 * SECOND)
 
     def test_a_full_recorder_is_asked_again(self):
         self.add([3], 4)
@@ -165,7 +137,7 @@ class Queue(Test):
         began = time.monotonic()
         self.queue("run", timeout=90)
         self.assertGreater(time.monotonic() - began, 5, "it did not wait for its turn")
-        self.check_cover(self.listing(), 3, BEGIN, BEGIN + 4 * SECOND)
+        self.check_download(self.listing(), 3, BEGIN, BEGIN + 4 * SECOND)
 
     def test_what_breaks_off_is_kept_and_the_rest_fetched_by_itself(self):
         for name, faults in (("drop", {"drop_after": 1_500_000}), ("stall", {"stall_after": 1_500_000})):
@@ -179,7 +151,7 @@ class Queue(Test):
                 self.fault()
                 self.queue("retry", "--all")
                 self.queue("run")
-                self.check_cover(self.listing(), 3, BEGIN, BEGIN + 60 * SECOND)
+                self.check_download(self.listing(), 3, BEGIN, BEGIN + 60 * SECOND)
 
     def test_changed_parameter_sets_make_two_records_that_join(self):
         self.fault(parameter_set_change=20)
@@ -187,7 +159,7 @@ class Queue(Test):
         self.queue("run")
         tasks = self.listing()
         self.assertEqual([task["state"] for task in tasks], [SUCCEEDED] * 2, tasks)
-        self.check_cover(tasks, 3, BEGIN, BEGIN + 40 * SECOND)
+        self.check_download(tasks, 3, BEGIN, BEGIN + 40 * SECOND)
 
     def test_a_disk_that_is_nearly_full_pauses_the_task(self):
         self.add([3], 10)
@@ -198,7 +170,7 @@ class Queue(Test):
         self.client.disk_reserve_bytes = 0
         self.queue("resume", "--all")
         self.queue("run")
-        self.check_cover(self.listing(), 3, BEGIN, BEGIN + 10 * SECOND)
+        self.check_download(self.listing(), 3, BEGIN, BEGIN + 10 * SECOND)
 
     def test_a_channel_that_is_gone_pauses_its_task(self):
         self.add([30], 10)
@@ -241,7 +213,7 @@ class Queue(Test):
         self.fault()
         self.queue("run", timeout=120)
         for channel in channels:
-            self.check_cover(self.listing(), channel, BEGIN, BEGIN + 60 * SECOND)
+            self.check_download(self.listing(), channel, BEGIN, BEGIN + 60 * SECOND)
 
     def test_being_killed_loses_nothing(self):
         chance = random.Random(systemlab.OPTIONS.seed)
@@ -264,7 +236,7 @@ class Queue(Test):
         self.queue("run", timeout=120)
         tasks = self.listing()
         for channel in channels:
-            self.check_cover(tasks, channel, BEGIN, BEGIN + 60 * SECOND)
+            self.check_download(tasks, channel, BEGIN, BEGIN + 60 * SECOND)
         claimed = {task["path"] for task in tasks}
         self.assertEqual(claimed, set(self.media_files()), "files that no record knows, or records without a file")
         for task in tasks:
