@@ -20,6 +20,8 @@ QByteArray toArray(const Bytes& bytes)
     return QByteArray(reinterpret_cast<const char*>(bytes.data()), static_cast<int>(bytes.size()));
 }
 
+constexpr int soundSamples = 320; ///< of a picture's 40 ms at 8 kHz
+
 } // namespace
 
 ScriptedRecorder::ScriptedRecorder(Script script)
@@ -51,12 +53,39 @@ QByteArray ScriptedRecorder::payload(int picture) const
     return toArray(h264Nal(picture % 25 == 0 ? 5 : 1, m_script.pictureBytes, static_cast<std::uint8_t>(picture)));
 }
 
+QByteArray ScriptedRecorder::sound(int picture)
+{
+    return QByteArray(soundSamples, static_cast<char>(picture));
+}
+
+QByteArray ScriptedRecorder::videoLines()
+{
+    return "m=video 0 RTP/AVP 96\r\na=rtpmap:96 H264/90000\r\na=fmtp:96 sprop-parameter-sets=" +
+           toArray(sps640()).toBase64() + ',' + toArray(pps()).toBase64() + "\r\n";
+}
+
+QByteArray ScriptedRecorder::description() const
+{
+    if (!m_script.sdp.isEmpty())
+        return m_script.sdp;
+    return "v=0\r\n" + videoLines() + "a=control:video\r\n" +
+           (m_script.offersSound || m_script.hasSound ? "m=audio 0 RTP/AVP 0\r\na=control:audio\r\n" : "");
+}
+
 int ScriptedRecorder::count(const char* method) const
 {
     int sum = 0;
     for (const RtspMessage& request : requests)
         sum += request.method == method;
     return sum;
+}
+
+RtspMessage ScriptedRecorder::firstOf(const char* method) const
+{
+    for (const RtspMessage& request : requests)
+        if (request.method == method)
+            return request;
+    return {};
 }
 
 RtspMessage ScriptedRecorder::last(const char* method) const
@@ -134,15 +163,13 @@ void ScriptedRecorder::answer(const RtspMessage& request)
     } else if (request.method == "DESCRIBE" && !m_script.redirectTo.isEmpty()) {
         reply(request, 302, {RtspHeader("Location", m_script.redirectTo)});
     } else if (request.method == "DESCRIBE") {
-        reply(request, 200, {RtspHeader("Content-Type", "application/sdp")},
-              "v=0\r\nm=video 0 RTP/AVP 96\r\na=rtpmap:96 H264/90000\r\na=fmtp:96 sprop-parameter-sets=" +
-                  toArray(sps640()).toBase64() + ',' + toArray(pps()).toBase64() + "\r\na=control:video\r\n" +
-                  (m_script.offersSound ? "m=audio 0 RTP/AVP 0\r\na=control:audio\r\n" : ""));
-    } else if (request.method == "SETUP" && request.uri.endsWith("audio")) {
+        reply(request, 200, {RtspHeader("Content-Type", "application/sdp")}, description());
+    } else if (request.method == "SETUP" && request.uri.endsWith("audio") && !m_script.hasSound) {
         reply(request, 404);
     } else if (request.method == "SETUP") {
+        const QByteArray channels = request.uri.endsWith("audio") ? "6-7" : "4-5";
         reply(request, 200,
-              {RtspHeader("Transport", "RTP/AVP/TCP;unicast;interleaved=4-5"),
+              {RtspHeader("Transport", "RTP/AVP/TCP;unicast;interleaved=" + channels),
                RtspHeader("Session", "s1;timeout=" + QByteArray::number(m_script.sessionTimeoutS))});
     } else if (request.method == "PLAY") {
         std::int64_t fromNs = 0;
@@ -159,8 +186,11 @@ void ScriptedRecorder::answer(const RtspMessage& request)
         // Begins at the key frame before, as recorders do.
         if (hasRange && m_next > 0)
             m_next = static_cast<int>((fromNs - beginNs) / frameNs) / 25 * 25;
+        const bool begins = !std::exchange(m_playing, true);
+        if (begins && m_script.playsBeforeItAnswers)
+            sendPictures();
         reply(request, 200);
-        if (!std::exchange(m_playing, true))
+        if (begins && !m_script.playsBeforeItAnswers)
             sendPictures();
     } else if (request.method == "PAUSE") {
         m_playing = false;
@@ -178,7 +208,8 @@ void ScriptedRecorder::reply(const RtspMessage& request, int status, RtspHeaderL
     message.headers = std::move(headers);
     message.headers.prepend(RtspHeader("CSeq", request.header("CSeq")));
     message.body = body;
-    write(message.serialized());
+    const QByteArray answer = message.serialized();
+    write(m_script.dress ? m_script.dress(request, answer) : answer);
 }
 
 void ScriptedRecorder::write(const QByteArray& bytes)
@@ -196,21 +227,8 @@ void ScriptedRecorder::sendPictures()
     if (!m_playing || m_socket->state() != QAbstractSocket::ConnectedState)
         return;
     QByteArray bytes;
-    for (int i = 0; i < m_script.picturesAtOnce && m_next < m_script.pictures; ++i, ++m_next) {
-        const bool last = m_next + 1 == m_script.pictures;
-        const QByteArray nal = payload(m_next);
-        const std::vector<Bytes> parts = fragments(Bytes(nal.begin(), nal.end()), 1'400);
-        for (std::size_t part = 0; part < parts.size(); ++part) {
-            Rtp header;
-            header.sequence = m_sequence++;
-            header.timestamp = static_cast<std::uint32_t>(m_next) * 3'600;
-            header.marker = part + 1 == parts.size();
-            header.withReplay = !m_script.withoutTimes;
-            header.ntpTime = ntpOf(beginNs + m_next * frameNs);
-            header.replayFlags = last && m_script.end == StreamEnd::Terminal ? Terminal : 0;
-            bytes += toArray(interleaved(4, rtp(header, parts[part])));
-        }
-    }
+    for (int i = 0; i < m_script.picturesAtOnce && m_next < m_script.pictures; ++i, ++m_next)
+        bytes += picturePackets(m_next);
     write(bytes);
     if (m_next == m_script.pictures) {
         m_playing = false;
@@ -218,6 +236,38 @@ void ScriptedRecorder::sendPictures()
     } else {
         QTimer::singleShot(10, m_socket, [this] { sendPictures(); });
     }
+}
+
+QByteArray ScriptedRecorder::picturePackets(int picture)
+{
+    const bool isLast = picture + 1 == m_script.pictures;
+    const QByteArray sent = payload(picture);
+    const Bytes nal(sent.begin(), sent.end());
+    const std::vector<Bytes> parts = m_script.packetize ? m_script.packetize(picture, nal) : fragments(nal, 1'400);
+    QByteArray bytes;
+    Rtp header;
+    header.withReplay = !m_script.withoutTimes;
+    header.ntpTime = ntpOf(beginNs + picture * frameNs);
+    header.replayFlags = isLast && m_script.end == StreamEnd::Terminal ? Terminal : 0;
+    for (std::size_t part = 0; part < parts.size(); ++part) {
+        Rtp each = header;
+        each.sequence = m_sequence++;
+        each.timestamp = static_cast<std::uint32_t>(picture) * 3'600;
+        each.marker = part + 1 == parts.size();
+        if (m_script.mark)
+            m_script.mark(&each, picture, part);
+        bytes += toArray(interleaved(m_script.channel, rtp(each, parts[part])));
+    }
+    if (m_script.hasSound) {
+        const QByteArray samples = sound(picture);
+        header.payloadType = 0;
+        header.sequence = m_soundSequence++;
+        header.timestamp = static_cast<std::uint32_t>(picture) * soundSamples;
+        header.marker = false;
+        header.ssrc = 7;
+        bytes += toArray(interleaved(6, rtp(header, Bytes(samples.begin(), samples.end()))));
+    }
+    return bytes;
 }
 
 void ScriptedRecorder::sendEnd()

@@ -10,7 +10,9 @@
 #include <QTcpServer>
 #include <QTcpSocket>
 
+#include <functional>
 #include <memory>
+#include <vector>
 
 namespace rtptest {
 
@@ -48,6 +50,17 @@ struct Script
     bool playNeedsPause = false; ///< takes no PLAY while it plays
     int sessionTimeoutS = 60;
     bool withoutTimes = false; ///< no replay extension
+
+    QByteArray sdp;           ///< in place of the own one
+    std::uint8_t channel = 4; ///< of the pictures
+    bool hasSound = false;    ///< PCMU on channels 6 and 7, one packet of 40 ms behind each picture
+    bool playsBeforeItAnswers = false;
+    /// What goes out in place of an answer.
+    std::function<QByteArray(const vms_sdk::rtsp::RtspMessage& request, const QByteArray& answer)> dress;
+    /// The RTP payloads of a picture, in place of FU-A.
+    std::function<std::vector<Bytes>(int picture, const Bytes& nal)> packetize;
+    /// The last word on an RTP header; `part` counts the packets of the picture.
+    std::function<void(Rtp* header, int picture, std::size_t part)> mark;
 };
 
 /// A recorder that follows a script, in the test's own thread. It replays one H.264 track in which picture n has the
@@ -64,6 +77,9 @@ public:
     void secure(const QSslConfiguration& configuration) { m_tls = configuration; }
     QUrl url(const QString& host = QStringLiteral("127.0.0.1")) const;
     QByteArray payload(int picture) const;
+    static QByteArray sound(int picture);
+    /// The description of the H.264 track, its control address left out.
+    static QByteArray videoLines();
 
     static constexpr std::int64_t beginNs = 1'700'000'000'000'000'000;
     static constexpr std::int64_t frameNs = 40'000'000;
@@ -73,6 +89,7 @@ public:
     int connections = 0;
 
     int count(const char* method) const;
+    vms_sdk::rtsp::RtspMessage firstOf(const char* method) const;
     vms_sdk::rtsp::RtspMessage last(const char* method) const;
 
 protected:
@@ -84,7 +101,9 @@ private:
     void reply(const vms_sdk::rtsp::RtspMessage& request, int status, vms_sdk::rtsp::RtspHeaderList headers = {},
                const QByteArray& body = {});
     void write(const QByteArray& bytes);
+    QByteArray description() const;
     void sendPictures();
+    QByteArray picturePackets(int picture);
     void sendEnd();
 
     Script m_script;
@@ -94,6 +113,7 @@ private:
     int m_next = 0;
     bool m_playing = false;
     std::uint16_t m_sequence = 0;
+    std::uint16_t m_soundSequence = 0;
 };
 
 } // namespace rtptest

@@ -130,6 +130,7 @@ TEST(SdpParser, resolvesControlAddresses)
 {
     EXPECT_EQ(resolveControl("rtsp://h/s", "*").toStdString(), "rtsp://h/s");
     EXPECT_EQ(resolveControl("rtsp://h/s/", "trackID=1").toStdString(), "rtsp://h/s/trackID=1");
+    EXPECT_EQ(resolveControl("rtsp://h/s/", "/trackID=1").toStdString(), "rtsp://h/s/trackID=1");
     EXPECT_EQ(resolveControl("rtsp://h/s?a=b", "trackID=1").toStdString(), "rtsp://h/s?a=b/trackID=1");
     EXPECT_EQ(resolveControl("rtsp://h/s", "RTSPS://x/y").toStdString(), "RTSPS://x/y");
 }
@@ -174,7 +175,8 @@ TEST(RtspHeaders, readsTransportSessionAndRtpInfo)
     EXPECT_EQ(parseTransport("RTP/AVP/TCP;unicast", 4).rtpChannel, 4);
     EXPECT_FALSE(parseTransport("RTP/AVP;unicast;client_port=1-2", 0).interleaved);
     EXPECT_FALSE(parseTransport("RTP/AVP/TCP;interleaved=255-256", 0).interleaved);
-    EXPECT_FALSE(parseTransport("", 0).interleaved);
+    EXPECT_TRUE(parseTransport("RTP/AVP;unicast;interleaved=6-7", 0).interleaved);
+    EXPECT_TRUE(parseTransport("", 0).interleaved);
 
     EXPECT_EQ(parseSession(" abc ; timeout = 30").timeoutS, 60);
     EXPECT_EQ(parseSession("abc;timeout=30").timeoutS, 30);

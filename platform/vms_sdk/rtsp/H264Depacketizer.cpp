@@ -89,12 +89,13 @@ void H264Depacketizer::pushAggregation(const std::uint8_t* data, std::size_t byt
 
 void H264Depacketizer::pushFragment(const std::uint8_t* data, std::size_t bytes)
 {
-    if (bytes < 3) {
+    const bool first = bytes > 1 && (data[1] & 0x80) != 0;
+    const bool last = bytes > 1 && (data[1] & 0x40) != 0;
+    // A fragment may be empty behind its two header bytes (RFC 6184 clause 5.8), but no NAL unit is.
+    if (bytes < 2 || (bytes == 2 && first && last)) {
         m_assembler.damage();
         return;
     }
-    const bool first = (data[1] & 0x80) != 0;
-    const bool last = (data[1] & 0x40) != 0;
     if (first == m_assembler.isNalOpen()) {
         m_assembler.damage();
         if (!first)

@@ -67,7 +67,8 @@ TransportAnswer parseTransport(const QByteArray& value, std::uint8_t asked)
     TransportAnswer answer;
     answer.rtpChannel = asked;
     const QList<QByteArray> parts = value.split(',').first().split(';');
-    answer.interleaved = parts.first().trimmed().toUpper().endsWith("/TCP");
+    const QByteArray protocol = parts.first().trimmed().toUpper();
+    answer.interleaved = protocol.isEmpty() || protocol.endsWith("/TCP");
     for (const QByteArray& part : parts) {
         const QByteArray text = part.trimmed().toLower();
         if (!text.startsWith("interleaved="))
@@ -75,9 +76,8 @@ TransportAnswer parseTransport(const QByteArray& value, std::uint8_t asked)
         bool isNumber = false;
         const uint channel = text.mid(12).split('-').first().toUInt(&isNumber);
         // RTCP takes the channel behind it.
-        if (!isNumber || channel > 254)
-            answer.interleaved = false;
-        else
+        answer.interleaved = isNumber && channel <= 254;
+        if (answer.interleaved)
             answer.rtpChannel = static_cast<std::uint8_t>(channel);
     }
     return answer;

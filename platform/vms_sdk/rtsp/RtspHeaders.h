@@ -24,7 +24,8 @@ struct TransportAnswer
     bool interleaved = false; ///< RTP over this connection
     std::uint8_t rtpChannel = 0;
 };
-/// `asked` is the channel that holds when the answer names none.
+/// `asked` is the channel that holds when the answer names none. Recorders exist that leave the whole answer out, or
+/// "/TCP" out of it; who names a channel of this connection sends on it.
 TransportAnswer parseTransport(const QByteArray& value, std::uint8_t asked);
 
 /// "12345678;timeout=60" (RFC 2326 clause 12.37).

@@ -40,14 +40,14 @@ bool RtspMessage::parseStartLine(const QByteArray& line)
     if (first <= 0)
         return false;
     if (line.startsWith("RTSP/1.")) {
-        const int second = line.indexOf(' ', first + 1);
-        const int codeEnd = second < 0 ? line.size() : second;
+        const QByteArray rest = line.mid(first).trimmed();
+        const int codeEnd = rest.indexOf(' ');
         bool isNumber = false;
-        const int code = line.mid(first + 1, codeEnd - first - 1).toInt(&isNumber);
+        const int code = rest.mid(0, codeEnd).toInt(&isNumber);
         if (!isNumber || code < 100 || code > 599)
             return false;
         status = code;
-        reason = second < 0 ? QByteArray() : line.mid(second + 1).trimmed();
+        reason = codeEnd < 0 ? QByteArray() : rest.mid(codeEnd).trimmed();
         return true;
     }
     const int second = line.indexOf(' ', first + 1);

@@ -170,9 +170,11 @@ QByteArray resolveControl(const QByteArray& base, const QByteArray& control)
     const QByteArray lower = control.left(8).toLower();
     if (lower.startsWith("rtsp://") || lower.startsWith("rtsps://"))
         return control;
-    if (base.endsWith('/') || control.startsWith('/'))
-        return base + control;
-    return base + '/' + control;
+    const bool slashBehind = base.endsWith('/');
+    const bool slashBefore = control.startsWith('/');
+    if (slashBehind && slashBefore)
+        return base + control.mid(1);
+    return slashBehind || slashBefore ? QByteArray(base + control) : QByteArray(base + '/' + control);
 }
 
 } // namespace vms_sdk::rtsp

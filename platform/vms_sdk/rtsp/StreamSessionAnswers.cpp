@@ -38,6 +38,8 @@ void StreamSession::answered(const RtspMessage& answer, const RtspRequest& reque
         if (answer.status == statusSessionNotFound)
             fail({ErrorKind::BrokenOff, StreamClient::tr("%1 does not know the session any more.").arg(host()),
                   QStringLiteral("454 to a keep-alive")});
+        else if (answer.status >= 400 && request.method == "GET_PARAMETER" && std::exchange(m_hasGetParameter, false))
+            sendKeepAlive(); // at once: half of the session's time is gone
         return;
     }
     if (answer.status >= 300 && answer.status < 400) {
@@ -55,7 +57,7 @@ void StreamSession::answered(const RtspMessage& answer, const RtspRequest& reque
             fail(refusalError(answer, request, host()));
             return;
         }
-        m_hasGetParameter = answer.header("Public").toUpper().contains("GET_PARAMETER");
+        m_hasGetParameter = answer.headerList("Public").join().toUpper().contains("GET_PARAMETER");
         sendDescribe();
         break;
     case Phase::Describe:
@@ -175,8 +177,10 @@ void StreamSession::describeAnswered(const RtspMessage& answer)
     QByteArray base = answer.header("Content-Base");
     if (base.isEmpty())
         base = answer.header("Content-Location");
-    if (base.isEmpty())
-        base = requestUri(m_url);
+    // Either may be relative to what was asked for.
+    const QUrl baseUrl = QUrl::fromEncoded(base);
+    if (base.isEmpty() || baseUrl.isRelative())
+        base = requestUri(m_url.resolved(baseUrl));
     QByteArray refused;
     m_media = chooseMedia(session, base, m_request.audio, refused);
     if (m_media.empty()) {
