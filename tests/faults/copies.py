@@ -11,15 +11,13 @@ import sys
 import tempfile
 
 import faultlab
-from disk_errors import CAUSES as OF_TASKS, OPS as OPS_OF_TASKS
+from disk_errors import CAUSES
 from faultlab import Box
 
-CAUSES = {**OF_TASKS, "ENODEV": (19, r"(?i)no such device")}
 READING = "openread,read"
-COPYING = ",copy_file_range,clone,futimens,sync_file_range,mkdir"
-OPS = {error: (ops + COPYING if error in ("ENOSPC", "EDQUOT") else ops) for error, ops in {**OPS_OF_TASKS, "ENODEV": ""}.items()}
 KERNEL, PROGRAM = (), ("--verify",)
 SIZES = {"small.mp4": 700_001, "large.mp4": 3 * 1024 * 1024}
+ROWS = {"kill": "E3", "failing call": "E6", "short call": "E5", "pulled disk": "E7"}
 MANY_CALLS = {**SIZES, "large.mp4": 48 * 1024 * 1024}
 
 
@@ -215,8 +213,8 @@ def cases_of(build, arguments):
         sizes = MANY_CALLS if arguments.full else SIZES
         calls, last_of_first = calls_of(build, options, sizes)
         swaps += [(options, sizes, k, last_of_first) for k in range(1, calls[-1][0] + 1)]
-        for error, ops in OPS.items():
-            for place, wanted in (("target", ops), ("source", READING)):
+        for error in CAUSES:
+            for place, wanted in (("target", ""), ("source", READING)):
                 if place == "source" and error not in ("EIO", "EACCES", "ENODEV"):
                     continue
                 variables = {"ops": wanted} if wanted else {}
@@ -240,15 +238,13 @@ def cases_of(build, arguments):
 def main():
     arguments = faultlab.parse(__doc__.splitlines()[0])
     build = os.path.realpath(arguments.build)
-    failed = 0
+    matrix = faultlab.Matrix(arguments)
+    code = 0
     for title, (cases, judge) in cases_of(build, arguments).items():
-        if arguments.only is not None:
-            cases = cases[arguments.only:arguments.only + 1]
-        failed += faultlab.run_matrix(title, cases, judge)
-    for problem in judge_full_disk(build):
-        print(f"FAILED: {problem}")
-        failed += 1
-    return 1 if failed else 0
+        matrix.run(title, cases, judge)
+        code |= matrix.tell(ROWS[title], f"copies: {title}")
+    matrix.run("full disk", [build], judge_full_disk)
+    return code | matrix.tell("E5", "copies: two programs on a disk of 8 MiB")
 
 
 if __name__ == "__main__":

@@ -16,15 +16,7 @@ CAUSES = {
     "EIO": (5, r"(?i)i/o|input/output|fail(ed|ing)|error"),
     "EROFS": (30, r"(?i)read-only|write-protected"),
     "EACCES": (13, r"(?i)permission|denied|not allowed"),
-}
-# What each error can be met by: a full disk or quota only where something is to be added.
-GROWING = "write,pwrite,writev,fallocate,open,mkdir,rename,link,fsync,fdatasync"
-OPS = {
-    "ENOSPC": GROWING,
-    "EDQUOT": GROWING,
-    "EIO": "",
-    "EROFS": "",
-    "EACCES": "open,openread,mkdir,rename,unlink,link",
+    "ENODEV": (19, r"(?i)no such device"),
 }
 MOST_TRIES_AFTER = 40
 DONE, WRITE_ERROR = 16, 10
@@ -67,42 +59,41 @@ def judge(lab, box, done, under_out, error, other):
     return problems
 
 
+def strike(lab, error, place, k, ever):
+    with Box() as box:
+        other = os.path.join(box.base, "elsewhere.mp4")
+        done = lab.run(box, outputs=[box.out, other], trace=True, under=os.path.join(box.root, place),
+                       fail=f"{k}:{error}" + (":ever" if ever else ""))
+        problems = judge(lab, box, done, place == "out", error, other)
+        tries = len([call for call in box.calls() if call[0] > k]) if ever else 0
+        if tries > MOST_TRIES_AFTER:
+            problems.append(f"{tries} further calls after the disk had failed for good")
+        if not ever or place == "out":
+            # The disk is well again: a start repairs or removes what is there, and leaves nothing of its own.
+            _, repair_problems = lab.repair(box)
+            problems += repair_problems + box.neighbour_problems() + box.leftovers([box.out])
+            if os.path.exists(box.out):
+                problems += [f"after repair: {problem}" for problem in lab.judge(box.out)[1]]
+        return problems
+
+
 def main():
     arguments = faultlab.parse(__doc__.splitlines()[0])
-    lab = Lab(arguments, "h264_aac")
-    cases = []
-    for error, ops in OPS.items():
+    labs = {clip: Lab(arguments, clip) for clip in faultlab.CLIPS}
+    cases = {"E5": [], "E6": []}
+    for lab in labs.values():
         for place in ("out", "temp"):
             with Box() as box:
-                variables = {"ops": ops} if ops else {}
-                calls = lab.run_undisturbed(box, under=os.path.join(box.root, place), **variables)
-            last = calls[-1][0] if calls else 0
-            cases += [(error, place, ops, k, ever) for k in range(1, last + 1) for ever in (False, True)]
-    if not arguments.full:
-        cases = faultlab.sample(cases, 30, arguments.seed)
-    if arguments.only is not None:
-        cases = [cases[arguments.only]]
-
-    def one(case):
-        error, place, ops, k, ever = case
-        with Box() as box:
-            other = os.path.join(box.base, "elsewhere.mp4")
-            variables = {"ops": ops} if ops else {}
-            variables["fail"] = f"{k}:{error}" + (":ever" if ever else "")
-            done = lab.run(box, outputs=[box.out, other], trace=True, under=os.path.join(box.root, place), **variables)
-            problems = judge(lab, box, done, place == "out", error, other)
-            tries = len([call for call in box.calls() if call[0] > k]) if ever else 0
-            if tries > MOST_TRIES_AFTER:
-                problems.append(f"{tries} further calls after the disk had failed for good")
-            if not ever or place == "out":
-                # The disk is well again: a start repairs or removes what is there, and leaves nothing of its own.
-                _, repair_problems = lab.repair(box)
-                problems += repair_problems + box.neighbour_problems() + box.leftovers([box.out])
-                if os.path.exists(box.out):
-                    problems += [f"after repair: {problem}" for problem in lab.judge(box.out)[1]]
-            return problems
-
-    return 1 if faultlab.run_matrix("disk errors", cases, one) else 0
+                last = lab.run_undisturbed(box, under=os.path.join(box.root, place))[-1][0]
+            for error in CAUSES:
+                cases["E5" if error == "ENOSPC" else "E6"] += [(lab, error, place, k, ever) for k in range(1, last + 1)
+                                                               for ever in (False, True)]
+    matrix, code = faultlab.Matrix(arguments), 0
+    for row, what, most in (("E5", "disk full, media and journals", 12), ("E6", "disk errors, media and journals", 30)):
+        picked = cases[row] if arguments.full else faultlab.sample(cases[row], most, arguments.seed)
+        matrix.run(what, picked, lambda case: strike(*case))
+        code |= matrix.tell(row, what)
+    return code
 
 
 if __name__ == "__main__":

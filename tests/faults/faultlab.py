@@ -5,6 +5,7 @@ import hashlib
 import json
 import os
 import random
+import shlex
 import shutil
 import signal
 import subprocess
@@ -15,6 +16,7 @@ import time
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.realpath(__file__)), "..", "support"))
 import checker  # noqa: E402
 import media  # noqa: E402
+import rows  # noqa: E402
 
 RUN_TIMEOUT_S = 60
 GOP_FRAMES = 25
@@ -42,7 +44,8 @@ def parse(description, **extra):
     parser.add_argument("--full", action="store_true", help="the whole matrix instead of a sample")
     parser.add_argument("--clock", action="store_true", help="files with a clock track")
     parser.add_argument("--seed", type=int, default=None)
-    parser.add_argument("--only", type=int, default=None, help="this one case of the matrix")
+    parser.add_argument("--cases", type=int, default=None, help="how many, where chance draws them")
+    parser.add_argument("--only", type=int, default=None, help="the case of this number alone")
     for name, options in extra.items():
         parser.add_argument("--" + name, **options)
     arguments = parser.parse_args()
@@ -81,6 +84,9 @@ class Lab:
         # Video, and audio that is not transcoded, is judged against the clip as ffmpeg reads it.
         self.truth = media.samples(self.clip)
         self.transcodes = clip_name.endswith("g711")
+
+    def __repr__(self):
+        return self.name
 
     def run_undisturbed(self, box, *options, **variables):
         """A whole run; learns from it what the transcoded audio looks like. Returns the traced calls."""
@@ -304,18 +310,50 @@ def sample(cases, count, seed):
     return sorted({cases[int((index + phase) * step) % len(cases)] for index in range(count)})
 
 
-def run_matrix(title, cases, one, jobs=None):
-    """Runs one(case) for all cases, some at a time; one() returns a list of problems. Prints what failed; the exit code."""
-    began = time.monotonic()
-    cases = list(cases)
-    failed = 0
-    with concurrent.futures.ThreadPoolExecutor(jobs or os.cpu_count()) as pool:
-        for case, problems in zip(cases, pool.map(one, cases)):
-            if problems:
-                failed += 1
-                print(f"FAILED {title} {case}:")
-                for problem in problems:
-                    print(f"    {problem}")
-                sys.stdout.flush()
-    print(f"{title}: {len(cases)} cases, {failed} failed, {time.monotonic() - began:.1f} s", flush=True)
-    return failed
+def repeat_command(arguments, number):
+    """What to type so that the case of that number runs again, alone."""
+    words, skip = [], False
+    for word in sys.argv[1:]:
+        if not skip and not word.startswith(("--seed=", "--only=")) and word not in ("--seed", "--only"):
+            words.append(word)
+        skip = word in ("--seed", "--only")
+    environment = "PYTHONPATH=" + os.path.dirname(os.path.realpath(media.__file__))
+    return shlex.join([environment, "python3", os.path.realpath(sys.argv[0]), *words, "--seed", str(arguments.seed), "--only", str(number)])
+
+
+class Matrix:
+    """All cases of a script, numbered through over its parts, so that --only finds one again. What failed is printed with the command
+    that repeats it."""
+
+    def __init__(self, arguments):
+        self.arguments = arguments
+        self.numbered = self.ran = self.failed = 0
+
+    def number(self, cases):
+        """[(number, case)] of a further part: all of them, or what --only names."""
+        begin, self.numbered = self.numbered, self.numbered + len(cases)
+        return [(begin + index, case) for index, case in enumerate(cases) if self.arguments.only in (None, begin + index)]
+
+    def note(self, title, number, case, problems):
+        self.ran += 1
+        if problems:
+            self.failed += 1
+            print(f"FAILED {title} {case}:", *problems, sep="\n    ")
+            print(f"    repeat: {repeat_command(self.arguments, number)}", flush=True)
+
+    def run(self, title, cases, one, jobs=None):
+        """Runs one(case), which returns a list of problems, for all cases, some at a time. The number that failed."""
+        began, before = time.monotonic(), self.failed
+        numbered = self.number(list(cases))
+        with concurrent.futures.ThreadPoolExecutor(jobs or os.cpu_count()) as pool:
+            for (number, case), problems in zip(numbered, pool.map(lambda each: one(each[1]), numbered)):
+                self.note(title, number, case, problems)
+        print(f"{title}: {len(numbered)} cases, {self.failed - before} failed, {time.monotonic() - began:.1f} s", flush=True)
+        return self.failed - before
+
+    def tell(self, row, what):
+        """The line of the row for what ran since the last one. The exit code so far."""
+        rows.tell(row, what, self.ran, self.failed, self.arguments.seed)
+        failed = self.failed
+        self.ran = self.failed = 0
+        return 1 if failed else 0

@@ -3,13 +3,20 @@
 synced before is there; of what was written since, some 512-byte pieces are, in any combination; names made, changed or removed
 since the folder was last synced survive up to some point of their order. A restart on such an image leaves prefixes, keeps what
 was owed, and claims no more than there is. In the first second, before the journal was ever synced, nothing is owed yet, and a
-piece that cannot be read may stay."""
+piece that cannot be read may stay.
+
+Paths in the journals are absolute, so the images of one run are judged at its place, one after the other; several runs, each with
+a log of its own, are judged at a time."""
+import concurrent.futures
 import os
 import random
+import shutil
 import struct
 import sys
 
+import checker
 import faultlab
+import media
 from faultlab import Box, Lab
 
 RECORD = struct.Struct("<IIQQQIqQHHI")
@@ -45,7 +52,8 @@ class File:
         self.durable = bytearray()
         self.pending = []
 
-    def apply(self, content, entry, pick=None):
+    @staticmethod
+    def apply(content, entry, pick=None):
         """Does one change to `content`; with `pick`, only those of its sectors for which pick() is true."""
         if entry["call"] == FTRUNCATE:
             if pick is None or pick():
@@ -54,11 +62,14 @@ class File:
             return
         at, data = entry["offset"], entry["data"]
         end = at + len(data)
+        if pick is None:
+            content.extend(bytes(max(0, end - len(content))))
+            content[at:end] = data
+            return
         while at < end:
             stop = min(end, (at // SECTOR + 1) * SECTOR)
-            if pick is None or pick():
-                if len(content) < stop:
-                    content.extend(bytes(stop - len(content)))
+            if pick():
+                content.extend(bytes(max(0, stop - len(content))))
                 content[at:stop] = data[at - entry["offset"]:stop - entry["offset"]]
             at = stop
 
@@ -71,8 +82,8 @@ class File:
         """What the disk may hold: nothing, all, or any part of what is pending."""
         content = bytearray(self.durable)
         share = chance.choice((0.0, 0.5, 0.9, 1.0))
-        for entry in self.pending:
-            self.apply(content, entry, lambda: chance.random() < share)
+        for entry in self.pending if share > 0 else ():
+            self.apply(content, entry, None if share == 1 else lambda: chance.random() < share)
         return content
 
 
@@ -145,63 +156,116 @@ def keep_files(box):
     return kept
 
 
-def journal_was_synced(box, entries):
-    return any(entry["call"] == FSYNC and entry["folder"] and entry["path"] == box.temp for entry in entries)
-
-
-def judge_image(lab, box, kept, image, cut_ns, was_synced, was_finished):
-    for folder in (box.folder, box.temp):
-        for name in os.listdir(folder):
-            if os.path.join(folder, name) not in box.neighbours:
-                os.unlink(os.path.join(folder, name))
+def lay_out(box, kept, image):
+    """Makes the folders of the box what the disk holds after the cut."""
+    for path in box.surroundings.new_files():
+        os.unlink(path)
     for path, (inode, content) in image.items():
         # A power cut does not make other files of the same name: what the run left keeps its identity.
         if inode in kept:
             os.link(kept[inode], path)
         with open(path, "wb") as file:
             file.write(content)
-    report, problems = lab.repair(box)
-    found = {}
-    if os.path.exists(box.out) and os.path.getsize(box.out) > 0:
-        found, found_problems = lab.judge(box.out)
-        if was_synced:
-            problems += found_problems
-        problems += faultlab.honesty_problems(report, box.out, found)
-    owed = box.pushed_by(cut_ns - WINDOW_NS) - faultlab.FRAGMENT_FRAMES
-    if len(found.get(0, [])) < owed:
-        problems.append(f"{len(found.get(0, []))} frames survived where {owed} should have")
-    if was_finished:
-        problems += [f"told as finished: {problem}" for problem in lab.compare(found, whole_file=True)]
-    problems += box.neighbour_problems() + box.leftovers([box.out])
-    return problems + [f"repair report: {report}"] if problems else []
+
+
+class Share:
+    """Some images of one undisturbed run, in a process of its own."""
+
+    # So many files are read by one start of ffmpeg.
+    BATCH = 16
+    IMAGES_A_RUN = 250
+
+    def __init__(self, arguments, clip, speed, index, images):
+        self.arguments, self.clip, self.speed, self.index, self.images = arguments, clip, speed, index, images
+
+    def __str__(self):
+        return f"{self.clip}, speed {self.speed}, run {self.index}"
+
+    def judge(self, numbers):
+        """{number: problems} for these of its images."""
+        self.lab = Lab(self.arguments, self.clip)
+        with Box() as self.box:
+            self.lab.run_undisturbed(self.box, "--speed", self.speed, log=True)
+            self.entries = read_log(self.box.call_log)
+            self.kept = keep_files(self.box)
+            self.finished_ns = next(int(line[0]) for line in self.box.log_lines() if line[2:4] == ["event", "16"])
+            self.judged = os.path.join(self.box.base, "judged")
+            os.mkdir(self.judged)
+            draws = [(number, random.Random(f"{self.arguments.seed} {self} {number}")) for number in numbers]
+            # In the order of the cuts, so that one replay goes through the log once.
+            cuts = sorted(((chance.randint(1, len(self.entries)), number, chance) for number, chance in draws), key=lambda cut: cut[:2])
+            disk, replayed, answers, waiting = Disk([]), 0, {}, []
+            for count, number, chance in cuts:
+                for entry in self.entries[replayed:count]:
+                    disk.replay(entry)
+                replayed = count
+                waiting.append(self.cut(number, count, disk.image(chance)))
+                if len(waiting) == self.BATCH:
+                    answers.update(self.read_back(waiting))
+                    waiting = []
+            answers.update(self.read_back(waiting))
+        return answers
+
+    def cut(self, number, count, image):
+        """Restarts on the image; keeps the file aside for read_back()."""
+        box = self.box
+        lay_out(box, self.kept, image)
+        report, problems = self.lab.repair(box)
+        problems += box.neighbour_problems() + box.leftovers([box.out])
+        path = os.path.join(self.judged, f"{number}.mp4")
+        if os.path.exists(box.out):
+            # A copy, since the file that the run left is written anew for each image.
+            shutil.copyfile(box.out, path)
+        return number, count, path, report, problems
+
+    def read_back(self, waiting):
+        answers = {}
+        there = [path for _, _, path, _, _ in waiting if os.path.exists(path) and os.path.getsize(path) > 0]
+        told = media.samples_of_many(there)
+        for number, count, path, report, problems in waiting:
+            cut_ns = self.entries[count - 1]["time"]
+            found = told.get(path, {})
+            unreadable = isinstance(found, Exception)
+            if unreadable:
+                # Before the journal was ever synced, nobody owes a file that can be read.
+                problems += [str(found)] if self.journal_was_synced(count) else []
+                found = {}
+            problems += self.lab.compare(found)
+            problems += faultlab.honesty_problems([dict(entry, path=path) for entry in report if entry.get("path") == self.box.out],
+                                                  path, found)
+            owed = self.box.pushed_by(cut_ns - WINDOW_NS) - faultlab.FRAGMENT_FRAMES
+            problems += checker.window_problems(found, owed)
+            if self.finished_ns < cut_ns:
+                problems += [f"told as finished: {problem}" for problem in self.lab.compare(found, whole_file=True)]
+            if problems:
+                problems = [f"after call {count} of {len(self.entries)}", *problems, f"repair report: {report}"]
+            answers[number] = problems
+            if os.path.exists(path):
+                os.unlink(path)
+        return answers
+
+    def journal_was_synced(self, count):
+        return any(entry["call"] == FSYNC and entry["folder"] and entry["path"] == self.box.temp for entry in self.entries[:count])
 
 
 def main():
     arguments = faultlab.parse(__doc__.splitlines()[0])
-    images = 150 if arguments.full else 10
+    images = arguments.cases or (8000 if arguments.full else 40)
     # A slow run, so that most of what was pushed is older than the window; and a quick one, mostly finalising.
-    failed = 0
-    for clip in faultlab.CLIPS:
-        lab = Lab(arguments, clip)
-        for speed in ("2", "0"):
-            with Box() as box:
-                lab.run_undisturbed(box, "--speed", speed, log=True)
-                entries = read_log(box.call_log)
-                kept = keep_files(box)
-                finished_ns = next(int(line[0]) for line in box.log_lines() if line[2:4] == ["event", "16"])
-
-                def one(number):
-                    chance = random.Random(f"{arguments.seed} {clip} {speed} {number}")
-                    count = chance.randint(1, len(entries))
-                    cut_ns = entries[count - 1]["time"]
-                    problems = judge_image(lab, box, kept, Disk(entries[:count]).image(chance), cut_ns,
-                                           journal_was_synced(box, entries[:count]), finished_ns < cut_ns)
-                    return [f"after call {count} of {len(entries)}", *problems] if problems else []
-
-                # The paths in the journals are absolute, so the images of one run stand at one place, one after the other.
-                cases = range(images) if arguments.only is None else [arguments.only]
-                failed += faultlab.run_matrix(f"power cut, {clip}, speed {speed}", cases, one, jobs=1)
-    return 1 if failed else 0
+    kinds = [(clip, speed) for clip in faultlab.CLIPS for speed in ("2", "0")]
+    runs = max(1, images // (len(kinds) * Share.IMAGES_A_RUN))
+    each = -(-images // (len(kinds) * runs))
+    shares = [Share(arguments, clip, speed, index, each) for index in range(runs) for clip, speed in kinds]
+    matrix = faultlab.Matrix(arguments)
+    with concurrent.futures.ProcessPoolExecutor(os.cpu_count()) as pool:
+        asked = [(share, matrix.number(range(share.images))) for share in shares]
+        answers = [pool.submit(share.judge, [index for _, index in numbered]) for share, numbered in asked if numbered]
+        for (share, numbered), answer in zip([each for each in asked if each[1]], answers):
+            problems = answer.result()
+            for number, index in numbered:
+                matrix.note(f"power cut, {share}", number, index, problems[index])
+            print(f"power cut, {share}: {len(numbered)} images", flush=True)
+    return matrix.tell("E4", "power-cut images of media files" + (", clock track" if arguments.clock else ""))
 
 
 if __name__ == "__main__":

@@ -18,7 +18,7 @@ def main():
     for lab in labs:
         with Box() as box:
             lab.run_undisturbed(box)
-    rounds = 200 if arguments.full else 10
+    rounds = arguments.cases or (200 if arguments.full else 10)
 
     def one(number):
         moment = random.Random(arguments.seed + number)
@@ -33,8 +33,9 @@ def main():
             lab.finish(process)
             return lab.judge_wreck(box, death_ns, outputs, gstreamer=False)
 
-    cases = range(rounds) if arguments.only is None else [arguments.only]
-    return 1 if faultlab.run_matrix("random kills", cases, one) else 0
+    matrix = faultlab.Matrix(arguments)
+    matrix.run("random kills", range(rounds), one)
+    return matrix.tell("E2", "download library: kill at random, five tasks in one process")
 
 
 if __name__ == "__main__":

@@ -118,7 +118,10 @@ class Surroundings:
 
     def left_behind(self, expected=()):
         """N7: files that are neither other people's nor expected."""
-        return [f"left behind: {path}" for path in sorted(self.files() - set(self.before) - set(expected))]
+        return [f"left behind: {path}" for path in self.new_files(expected)]
+
+    def new_files(self, expected=()):
+        return sorted(self.files() - set(self.before) - set(expected))
 
 
 def footprint(pid):
