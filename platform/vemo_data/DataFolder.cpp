@@ -1,3 +1,4 @@
+// platform file: making files and folders that were never anybody else's, for a moment neither
 #include "DataFolder.h"
 
 #include <QDateTime>
@@ -8,6 +9,12 @@
 #include <QMutex>
 #include <QMutexLocker>
 #include <QStandardPaths>
+
+#if !defined(Q_OS_WIN)
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
 
 namespace vemo_data {
 
@@ -24,12 +31,47 @@ QString& chosenRoot()
     return folder;
 }
 
+#if defined(Q_OS_WIN)
+// What is made in a profile belongs to its owner alone.
+bool makeOwnersFolder(const QString& path)
+{
+    return QDir().mkdir(path);
+}
+
+bool makeOwnersFile(const QString& path)
+{
+    return QFile(path).open(QIODevice::ReadWrite | QIODevice::NewOnly);
+}
+#else
+bool makeOwnersFolder(const QString& path)
+{
+    return ::mkdir(QFile::encodeName(path).constData(), S_IRWXU) == 0;
+}
+
+bool makeOwnersFile(const QString& path)
+{
+    const int file =
+        ::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    return file >= 0 && ::close(file) == 0;
+}
+#endif
+
+/// One that others may look into was made by hand, or is a copy.
+void keepToOwner(const QString& folder)
+{
+    const QFileInfo info(folder);
+    if (info.permissions() & (QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther |
+                              QFile::WriteOther | QFile::ExeOther))
+        QFile::setPermissions(folder, ownerFolder);
+}
+
 QString underRoot(const QString& name, QStandardPaths::StandardLocation fallback)
 {
     const QString root = DataFolder::root();
     const QString path = root.isEmpty() ? QString(QStandardPaths::writableLocation(fallback) + QStringLiteral("/vemo"))
                                         : QString(root + QLatin1Char('/') + name);
-    DataFolder::makePrivateFolder(path);
+    if (DataFolder::makePrivateFolder(path))
+        keepToOwner(path);
     return path;
 }
 
@@ -75,31 +117,32 @@ bool DataFolder::makePrivateFolder(const QString& path)
     const QString parent = info.absolutePath();
     if (parent == info.absoluteFilePath() || !makePrivateFolder(parent))
         return false;
-    if (!QDir(parent).mkdir(info.fileName()))
-        return QFileInfo(path).isDir(); // another process may have been first
-    return QFile::setPermissions(path, ownerFolder);
+    return makeOwnersFolder(info.absoluteFilePath()) || QFileInfo(path).isDir(); // another process may have been first
 }
 
 bool DataFolder::makePrivateFile(const QString& path)
 {
-    QFile file(path);
-    if (!file.exists() && !file.open(QIODevice::ReadWrite | QIODevice::NewOnly))
-        return false;
-    return file.setPermissions(ownerFile);
+    return (!QFile::exists(path) && makeOwnersFile(path)) || QFile::setPermissions(path, ownerFile);
 }
 
 bool DataFolder::tryLock(QLockFile* lock, const QString& path)
 {
     constexpr qint64 madeWithinSeconds = 2;
     lock->setStaleLockTime(0);
-    if (lock->tryLock())
+    const auto take = [&] {
+        const bool isTaken = lock->tryLock();
+        if (isTaken)
+            QFile::setPermissions(path, ownerFile); // QLockFile leaves it to the system's mask
+        return isTaken;
+    };
+    if (take())
         return true;
     qint64 pid = 0;
     QString host;
     QString program;
     const bool namesNobody = lock->error() == QLockFile::LockFailedError && !lock->getLockInfo(&pid, &host, &program);
     return namesNobody && QFileInfo(path).lastModified().secsTo(QDateTime::currentDateTime()) > madeWithinSeconds &&
-           QFile::remove(path) && lock->tryLock();
+           QFile::remove(path) && take();
 }
 
 } // namespace vemo_data

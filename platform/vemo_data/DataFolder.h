@@ -10,8 +10,8 @@ namespace vemo_data {
 
 /// Where the client keeps settings and data. Default: the platform's config and data folders for "vemo". The
 /// environment variable VEMO_DATA_DIR, or setRoot() before the first use, moves both below one folder, so that a test
-/// or a second installation has a world of its own. Folders are made when asked for, open to their owner alone. Any
-/// thread.
+/// or a second installation has a world of its own. Folders are made when asked for, open to their owner alone from the
+/// beginning; a config or data folder that is found open to others is closed. Any thread.
 class VEMO_DATA_EXPORT DataFolder final
 {
 public:
@@ -28,8 +28,8 @@ public:
     /// Makes the folder with all its parents; what is made is accessible to its owner only. False when it can't be
     /// made.
     static bool makePrivateFolder(const QString& path);
-    /// Makes an empty file accessible to its owner only, unless it is there already; in that case its permissions are
-    /// set.
+    /// Makes an empty file accessible to its owner only from the beginning, unless it is there already; in that case
+    /// its permissions are set.
     static bool makePrivateFile(const QString& path);
     /// As QLockFile::tryLock() for the lock at that path, held by a process that lives. Also taken is a lock file that
     /// names nobody: a process that was killed while it made the lock left it, and Qt takes that for held for good.

@@ -2,6 +2,8 @@
 
 #include "PictureFile.h"
 
+#include <DataFolder.h>
+
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
@@ -94,17 +96,6 @@ QImage readThumbnail(const QString& path)
     const QSize size = reader.size();
     // The texts are asked of the image: the reader takes their names apart at colons.
     return !size.isEmpty() && size.width() <= edge && size.height() <= edge ? reader.read() : QImage();
-}
-
-bool makeOwnersFolder(const QString& folder)
-{
-    if (QFileInfo(folder).isDir())
-        return true;
-    constexpr QFile::Permissions owner = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
-    const QString parent = QFileInfo(folder).path();
-    if (parent == folder || !makeOwnersFolder(parent))
-        return false;
-    return (QDir().mkdir(folder) && QFile::setPermissions(folder, owner)) || QFileInfo(folder).isDir();
 }
 
 bool renameOver(const QString& from, const QString& to)
@@ -209,7 +200,7 @@ bool ThumbnailStore::write(QImage image, const Original& original, const QSize& 
                            const QString& target) const
 {
     const QString folder = QFileInfo(target).path();
-    if (m_root.isEmpty() || isInside(original.path) || !makeOwnersFolder(folder))
+    if (m_root.isEmpty() || isInside(original.path) || !vemo_data::DataFolder::makePrivateFolder(folder))
         return false;
     image.setText(uriKey(), uriOf(original.path));
     image.setText(modifiedKey(), QString::number(original.modifiedS));
