@@ -1,7 +1,6 @@
 """What the whole-program tests share: the simulated recorder and the client as processes, and what is demanded of every run of
 the client, whatever its outcome: in time, in bounded memory, one sentence on stderr when it failed, the password nowhere."""
 import argparse
-import base64
 import contextlib
 import datetime
 import json
@@ -20,6 +19,7 @@ import urllib.parse
 import urllib.request
 
 import media
+import secretscan
 
 # Awkward on purpose: what has to be encoded in URLs, quoted in headers and escaped in XML and JSON.
 PASSWORD = "gehe/im %2B+<&\"'>ä 7"
@@ -201,8 +201,13 @@ class Client:
             if run.code != DONE:
                 raise RuntimeError(f"no administrator could be made: {run}")
 
-    def start(self, *arguments, password=PASSWORD, prefix=(), **changes):
-        """`prefix` is a command that runs the client."""
+    def start(self, *arguments, password=PASSWORD, prefix=(), stdin=subprocess.DEVNULL, **changes):
+        """`prefix` is a command that runs the client, `changes` are of the environment."""
+        command = [*prefix, self.program, "--data", os.path.join(self.folder, "data"), *map(str, arguments)]
+        return subprocess.Popen(command, env=self.environment(password, changes), cwd=self.folder, stdin=stdin,
+                                stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True, errors="replace")
+
+    def environment(self, password, changes):
         home = os.path.join(self.folder, "home")
         environment = {name: value for name, value in os.environ.items() if not name.startswith(("XDG_", "DBUS_")) and name != "DISPLAY"}
         environment.update(HOME=home, TMPDIR=os.path.join(self.folder, "tmp"), QT_QPA_PLATFORM="offscreen", LC_ALL="C.UTF-8",
@@ -210,23 +215,18 @@ class Client:
         if password is not None:
             environment["VEMO_PASSWORD"] = password
         environment.update(self.changes, **changes)
-        environment = {name: value for name, value in environment.items() if value is not None}
-        command = [*prefix, self.program, "--data", os.path.join(self.folder, "data"), *map(str, arguments)]
-        return subprocess.Popen(command, env=environment, cwd=self.folder, stdin=subprocess.DEVNULL,
-                                stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True, errors="replace")
+        return {name: value for name, value in environment.items() if value is not None}
 
     def finish(self, process, timeout=60, began=None):
-        """Waits for the end; the arguments are read while it runs, so that a password in them would be seen."""
         began = began or time.monotonic()
-        with contextlib.suppress(OSError):
-            with open(f"/proc/{process.pid}/cmdline", "rb") as file:
-                process.seen_arguments = file.read().decode(errors="replace")
         outputs = ["", ""]
 
         def collect(index, pipe):
-            outputs[index] = pipe.read()
+            with pipe:
+                outputs[index] = pipe.read()
 
-        threads = [threading.Thread(target=collect, args=item) for item in enumerate((process.stdout, process.stderr))]
+        pipes = [pipe for pipe in (process.stdout, process.stderr) if pipe]
+        threads = [threading.Thread(target=collect, args=item) for item in enumerate(pipes)]
         for thread in threads:
             thread.start()
         timer = threading.Timer(timeout, process.kill)
@@ -235,8 +235,6 @@ class Client:
         timer.cancel()
         for thread in threads:
             thread.join()
-        process.stdout.close()
-        process.stderr.close()
         process.returncode = os.waitstatus_to_exitcode(status)
         return Run(process.args, process.returncode, outputs[0], outputs[1], time.monotonic() - began, usage.ru_maxrss // 1024)
 
@@ -257,23 +255,11 @@ class Client:
         out = out or os.path.join(self.out, "clip.mp4")
         return self.run(*self.download_arguments(device, channel, begin, end, out, *options, user=user), **others)
 
-    def secret_places(self, run, secret=PASSWORD, user=USER):
-        """Where the password stands, plain or encoded: outputs, arguments, files that the run wrote."""
-        forms = {secret, urllib.parse.quote(secret), urllib.parse.quote(secret, safe=""), urllib.parse.quote_plus(secret),
-                 json.dumps(secret)[1:-1]}
-        forms |= {base64.b64encode(text.encode()).decode().rstrip("=") for text in (secret, f"{user}:{secret}")}
-        places = [name for name, text in (("stdout", run.out), ("stderr", run.err), ("arguments", " ".join(run.command)))
-                  if any(form in text for form in forms)]
-        for folder, _, names in os.walk(self.folder):
-            for name in names:
-                path = os.path.join(folder, name)
-                if path.endswith(".mp4") or not os.path.isfile(path):
-                    continue
-                with open(path, "rb") as file:
-                    content = file.read()
-                if any(form.encode() in content for form in forms):
-                    places.append(path)
-        return places
+    def secret_places(self, run, secret=PASSWORD, user=USER, skip=(".mp4",)):
+        """Where the password stands, in whatever spelling: outputs, arguments, files that the run wrote."""
+        known = secretscan.forms(secret, user)
+        told = (("stdout", run.out), ("stderr", run.err), ("arguments", " ".join(run.command)))
+        return [(name, form) for name, text in told for form in secretscan.hits(text, known)] + secretscan.files(self.folder, known, skip)
 
 
 class Test(unittest.TestCase):
