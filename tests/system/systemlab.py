@@ -39,6 +39,7 @@ def parse():
     parser = argparse.ArgumentParser(add_help=False)
     parser.add_argument("--build", required=True)
     parser.add_argument("--full", action="store_true")
+    parser.add_argument("--cases", type=int, help="in place of the full count")
     parser.add_argument("--seed", type=int, default=random.SystemRandom().randrange(1 << 31))
     parser.parse_known_args(namespace=OPTIONS)
     _, rest = parser.parse_known_args()
