@@ -1,6 +1,9 @@
 // What time axes cost: a frame of the playback axis with 16 channels and 10,000 segments of a day while it is zoomed
 // and panned, and the backup page with 200 rows: opening it, a step of scrolling, and five running tasks that tell
-// their progress once a second each. Runs offscreen in a data folder of its own; prints one table.
+// their progress once a second each. Runs offscreen in a data folder of its own; prints one table, with the argument
+// time-line only its part of it.
+#include "JsonLine.h"
+
 #include <axis/DayAxis.h>
 #include <backup/BackupTasksBox.h>
 #include <backup/BackupTaskTimeAxisWt.h>
@@ -66,6 +69,8 @@ public:
         m_cpuMs.push_back(cost.cpuMs);
     }
 
+    double p99() { return at(m_ms, 0.99); }
+
     void print(const char* what)
     {
         std::printf("  %-42s %6.2f %6.2f %6.2f\n", what, at(m_ms, 0.5), at(m_ms, 0.99), at(m_cpuMs, 0.99));
@@ -98,7 +103,7 @@ QList<vms_sdk::VideoRecording> segments()
     return recordings;
 }
 
-void benchTimeLine()
+QJsonObject benchTimeLine()
 {
     vemo_client::DayAxisWt axis;
     axis.setDay(vemo_base::DayAxis(day, QTimeZone::systemTimeZone()));
@@ -129,6 +134,7 @@ void benchTimeLine()
                 axis.width());
     zoom.print("frame while zooming");
     pan.print("frame while panning");
+    return {{QStringLiteral("zoom_p99_ms"), zoom.p99()}, {QStringLiteral("pan_p99_ms"), pan.p99()}};
 }
 
 BackupTaskInfo makeTask(int number)
@@ -219,8 +225,11 @@ int main(int argc, char** argv)
     const QTemporaryDir folder;
     vemo_data::DataFolder::setRoot(folder.path());
     vemo_base::Theme::instance().apply();
-    benchTimeLine();
-    benchBackupPage();
+    const QJsonObject timeLine = benchTimeLine();
+    if (argc < 2 || qstrcmp(argv[1], "time-line") != 0)
+        benchBackupPage();
+    std::fflush(stdout);
+    json_line::print(timeLine);
     vemo_data::Database::instance().close();
     return 0;
 }

@@ -7,6 +7,8 @@
 // source lies in the cache as far as it fits. Ours syncs the copy before it ends and `cp` does not, so `cp` stands
 // there twice, alone and followed by `sync -d`. Speeds are medians (lowest to highest). platform file: /proc and sync.
 
+#include "JsonLine.h"
+
 #include <VCopyLocalFile.h>
 
 #include <QCommandLineParser>
@@ -238,8 +240,14 @@ int main(int count, char** arguments)
           << QString::number(ratio(0, 2), 'f', 2) << ", verified / cp with sha256sum "
           << QString::number(ratio(3, 4), 'f', 2) << Qt::endl;
     QFile::remove(target);
-    measureStops(source, targets, false, parser.value(QStringLiteral("stops")).toInt());
-    measureStops(source, targets, true, parser.value(QStringLiteral("stops")).toInt());
+    if (const int stops = parser.value(QStringLiteral("stops")).toInt(); stops > 0) {
+        measureStops(source, targets, false, stops);
+        measureStops(source, targets, true, stops);
+    }
     out() << "peak memory of this process: " << peakMemory() << Qt::endl;
+    QJsonObject figures;
+    for (const Way& way : qAsConst(ways))
+        figures.insert(way.name, json_line::array(way.mbPerS));
+    json_line::print(figures);
     return 0;
 }

@@ -1,3 +1,4 @@
+#include "JsonLine.h"
 #include "local/LocalRecordingsData.h"
 
 #include <Database.h>
@@ -31,6 +32,7 @@ using vemo_filesCenter::LocalRecordingsData;
 
 constexpr int channels = 16;
 constexpr int pageSize = 100;
+constexpr int mostDaysAsked = 31; ///< by the page in one search
 
 QDateTime timeOf(int number)
 {
@@ -130,6 +132,9 @@ int main(int argc, char* argv[])
     std::vector<double> answers;
     std::vector<double> firstPages;
     std::vector<double> weeks;
+    std::vector<double> months;
+    std::vector<double> shellMonth;
+    int monthRecords = 0;
     std::vector<double> filters;
     std::vector<double> pages;
     std::vector<double> snapshots;
@@ -158,13 +163,22 @@ int main(int argc, char* argv[])
             data.setRecordings(ask(weekEnd.addDays(-7), weekEnd));
             data.getPage(pageSize, 1);
         }));
+        months.push_back(timed([&] {
+            data.setRecordings(ask(weekEnd.addDays(-mostDaysAsked), weekEnd));
+            data.getPage(pageSize, 1);
+        }));
+        monthRecords = data.filteredCount();
         snapshots.push_back(timed(
             [&] { LocalSnapImageIndexes::instance().getLocalSnapImageIndexesInfo(weekEnd.addDays(-7), weekEnd); }));
         shellAll.push_back(shell(QStringLiteral("SELECT * FROM local_recordings ORDER BY begin_utc_ms")));
-        shellWeek.push_back(shell(QStringLiteral("SELECT * FROM local_recordings WHERE begin_utc_ms < %1 AND "
-                                                 "end_utc_ms > %2 ORDER BY begin_utc_ms")
-                                      .arg(weekEnd.toMSecsSinceEpoch())
-                                      .arg(weekEnd.addDays(-7).toMSecsSinceEpoch())));
+        const auto shellSince = [&weekEnd](int days) {
+            return shell(QStringLiteral("SELECT * FROM local_recordings WHERE begin_utc_ms < %1 AND end_utc_ms > %2 "
+                                        "ORDER BY begin_utc_ms")
+                             .arg(weekEnd.toMSecsSinceEpoch())
+                             .arg(weekEnd.addDays(-days).toMSecsSinceEpoch()));
+        };
+        shellWeek.push_back(shellSince(7));
+        shellMonth.push_back(shellSince(mostDaysAsked));
     }
     QTextStream(stdout) << count << " records, " << rounds << " rounds: median (from to)\n";
     print("recordings: all answered", answers);
@@ -172,8 +186,17 @@ int main(int argc, char* argv[])
     print("recordings: filtered, first page", filters);
     print("recordings: page changed", pages);
     print("recordings: a week answered, sorted, first page", weeks);
+    print("recordings: 31 days answered, sorted, first page", months);
     print("snapshots: a week answered", snapshots);
     print("sqlite3 shell: all", shellAll);
     print("sqlite3 shell: a week", shellWeek);
+    print("sqlite3 shell: 31 days", shellMonth);
+    const auto both = [](int records, const std::vector<double>& ours, const std::vector<double>& others) {
+        return QJsonObject{{QStringLiteral("records"), records},
+                           {QStringLiteral("ours"), json_line::array(ours)},
+                           {QStringLiteral("shell"), json_line::array(others)}};
+    };
+    json_line::print({{QStringLiteral("all"), both(count, firstPages, shellAll)},
+                      {QStringLiteral("month"), both(monthRecords, months, shellMonth)}});
     return 0;
 }

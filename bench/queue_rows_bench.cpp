@@ -1,6 +1,8 @@
 // What ten thousand tasks cost the person who looks at them: loading, adding, checking, sorting, scrolling and deleting
 // rows of the three task tables, and how long the GUI thread was away meanwhile. Runs offscreen in a data folder of its
-// own; prints one table.
+// own; prints one table. With the arguments "sort ROUNDS" it only sorts one table by range, again and again.
+#include "JsonLine.h"
+
 #include <BaseForm.h>
 #include <Database.h>
 #include <DataFolder.h>
@@ -181,6 +183,20 @@ int main(int argc, char* argv[])
     measure(
         "10,000 tasks stored and announced", [&] { store.addDownloadTasks(paused); },
         [&] { return downloading->rowCount() == rows; });
+    if (argc == 3 && qstrcmp(argv[1], "sort") == 0) {
+        std::vector<double> sorts;
+        for (int round = QString::fromLocal8Bit(argv[2]).toInt(); round > 0; --round) {
+            clock.start();
+            downloading->sortRows(2, Qt::DescendingOrder);
+            QCoreApplication::processEvents(); // and paints
+            sorts.push_back(static_cast<double>(clock.nsecsElapsed()) / 1e6);
+            downloading->sortNaturally();
+        }
+        json_line::print({{QStringLiteral("sort"), json_line::array(sorts)}});
+        form.reset();
+        vemo_data::Database::instance().close();
+        return 0;
+    }
     measure(
         "check all", [&] { downloading->checkAll(true); }, [&] { return downloading->checkedCount() == rows; });
     measure(

@@ -1,6 +1,8 @@
 // How long pause, resume, cancel and stop take on the GUI thread while a download runs at full rate: the calls that the
 // download worker makes, in its order, against a real recorder. usage: stop_latency_bench DEVICE_URL USER PASSWORD_FILE
 // CHANNEL BEGIN END OUT_DIR [ROUNDS]   (times ISO 8601)
+#include "JsonLine.h"
+
 #include "vaws_download.h"
 #include "vms_sdk.h"
 
@@ -11,7 +13,6 @@
 #include <QTextStream>
 #include <QTimer>
 
-#include <algorithm>
 #include <functional>
 #include <vector>
 
@@ -19,27 +20,6 @@ namespace {
 
 const QString timeFormat = QStringLiteral("yyyyMMddhhmmss");
 quint64 currentStream = 0;
-
-/// One figure over the rounds.
-class Samples
-{
-public:
-    void add(double ms) { m_ms.push_back(ms); }
-    QString text() const
-    {
-        auto sorted = m_ms;
-        std::sort(sorted.begin(), sorted.end());
-        if (sorted.empty())
-            return QStringLiteral("{}");
-        return QStringLiteral("{\"median_ms\": %1, \"max_ms\": %2, \"n\": %3}")
-            .arg(sorted[sorted.size() / 2], 0, 'f', 1)
-            .arg(sorted.back(), 0, 'f', 1)
-            .arg(sorted.size());
-    }
-
-private:
-    std::vector<double> m_ms;
-};
 
 double timed(const std::function<void()>& call)
 {
@@ -62,9 +42,9 @@ int main(int argc, char** argv)
 {
     QCoreApplication app(argc, argv);
     const QStringList args = QCoreApplication::arguments();
-    QTextStream out(stdout);
     if (args.size() < 8) {
-        out << "usage: stop_latency_bench DEVICE_URL USER PASSWORD_FILE CHANNEL BEGIN END OUT_DIR [ROUNDS]\n";
+        QTextStream(stderr)
+            << "usage: stop_latency_bench DEVICE_URL USER PASSWORD_FILE CHANNEL BEGIN END OUT_DIR [ROUNDS]\n";
         return 2;
     }
     vms_sdk::DevLogin login;
@@ -101,10 +81,10 @@ int main(int argc, char** argv)
                      });
     vms_sdk::login_dev_req(login);
 
-    Samples pause;
-    Samples resume;
-    Samples cancel;
-    Samples stop;
+    std::vector<double> pause;
+    std::vector<double> resume;
+    std::vector<double> cancel;
+    std::vector<double> stop;
     double rate = 0;
     for (int round = 0; round < rounds; ++round) {
         task = QByteArrayLiteral("bench-") + QByteArray::number(round);
@@ -125,24 +105,24 @@ int main(int argc, char** argv)
         clock.start();
         waitMs(700);
         rate = static_cast<double>(received) / static_cast<double>(clock.elapsed()) / 1000.0;
-        pause.add(timed([&] {
+        pause.push_back(timed([&] {
             vms_sdk::playback_ctrl_req(currentStream, vms_sdk::PlaybackPause);
             vaws_download_pause(task.constData());
         }));
         waitMs(100);
-        resume.add(timed([&] {
+        resume.push_back(timed([&] {
             vms_sdk::playback_ctrl_req(currentStream, vms_sdk::PlaybackResume);
             vms_sdk::download_speed_set_req(currentStream, QStringLiteral("100X"));
             vaws_download_resume(task.constData());
         }));
         waitMs(300);
         if (round % 2 == 0) {
-            cancel.add(timed([&] {
+            cancel.push_back(timed([&] {
                 vms_sdk::disconnect_stream_req(currentStream);
                 vaws_download_cancel(task.constData());
             }));
         } else {
-            stop.add(timed([&] {
+            stop.push_back(timed([&] {
                 int64_t count = 0;
                 char text[24] = {};
                 vms_sdk::disconnect_stream_req(currentStream);
@@ -151,10 +131,11 @@ int main(int argc, char** argv)
         }
         QFile::remove(path);
     }
-    out << "{\"rate_mb_s\": " << QString::number(rate, 'f', 1) << ", \"pause\": " << pause.text()
-        << ", \"resume\": " << resume.text() << ", \"cancel\": " << cancel.text() << ", \"stop\": " << stop.text()
-        << "}\n";
-    out.flush();
+    json_line::print({{QStringLiteral("rate_mb_s"), rate},
+                      {QStringLiteral("pause"), json_line::array(pause)},
+                      {QStringLiteral("resume"), json_line::array(resume)},
+                      {QStringLiteral("cancel"), json_line::array(cancel)},
+                      {QStringLiteral("stop"), json_line::array(stop)}});
     vms_sdk::uninit_sdk();
     vaws_download_shutdown();
     return 0;

@@ -1,5 +1,7 @@
 // What the store of download tasks costs beside the sqlite3 shell doing the same to the same tables, and what a write
 // costs the GUI thread. usage: store_bench [ROUNDS]   (needs sqlite3; works below the folder for temporary files)
+#include "JsonLine.h"
+
 #include <Database.h>
 #include <DataFolder.h>
 #include <DataSignals.h>
@@ -29,6 +31,8 @@ using Tasks = QList<DownloadTaskInfo>;
 constexpr int taskCount = 10'000;
 constexpr int manyTasks = 100'000;
 constexpr int singleWrites = 1000;
+constexpr int oneInIsOpen = 10;
+constexpr int readTimes = 20;
 
 double msOf(const std::function<void()>& call)
 {
@@ -50,6 +54,7 @@ Tasks makeTasks(int count)
     const QDateTime first(QDate(2026, 1, 10), QTime(0, 0));
     for (int i = 0; i < count; ++i) {
         DownloadTaskInfo task;
+        task.state = i % oneInIsOpen == 0 ? vemo_data::TaskWaiting : vemo_data::TaskSucceeded;
         task.taskId = QUuid::createUuid().toString();
         task.channelId = QStringLiteral("{5a3f3c5e-0b43-4a3d-9d6e-3a1f0c1b2d4e}|%1").arg(i % 16);
         task.channelName = QStringLiteral("Channel %1").arg(i % 16);
@@ -87,8 +92,9 @@ private:
     QTemporaryDir m_dir;
 };
 
-/// The shell's time for a script, without that of an empty one.
-double shellMs(const World& world, const QString& database, const QString& script)
+/// The shell's time for a script, without that of an empty one. What only reads is done `times` over, since one time is
+/// little beside the start of a process.
+double shellMs(const World& world, const QString& database, const QString& script, int times = 1)
 {
     const QString path = world.path("script.sql");
     const auto run = [&](const QString& text) {
@@ -106,7 +112,7 @@ double shellMs(const World& world, const QString& database, const QString& scrip
                 qFatal("sqlite3 failed: %s", shell.readAllStandardError().constData());
         });
     };
-    return std::max(0.01, run(script) - run(QString()));
+    return std::max(0.01, run(script.repeated(times)) - run(QString())) / times;
 }
 
 QString quoted(QString text)
@@ -127,12 +133,13 @@ QString insertStatement(const DownloadTaskInfo& task)
     return QStringLiteral("INSERT INTO download_tasks (task_id, channel_id, channel_name, dev_label, channel_no, "
                           "begin_utc_ms, end_utc_ms, zone, download_mode, state, location, progress, downloaded_bytes, "
                           "file_name, save_path, downloaded_ms, duration_ms, request_key) VALUES (%1, %2, %3, %4, %5, "
-                          "%6, %7, 'Europe/Berlin', 1, 0, 0, 0, 0, '', %8, 0, 60000, %9);")
+                          "%6, %7, 'Europe/Berlin', 1, %10, 0, 0, 0, '', %8, 0, 60000, %9);")
         .arg(quoted(task.taskId), quoted(task.channelId), quoted(task.channelName), quoted(task.devLabel))
         .arg(task.channelNo)
         .arg(task.beginTime.toMSecsSinceEpoch())
         .arg(task.endTime.toMSecsSinceEpoch())
-        .arg(quoted(task.savePath), quoted(task.taskId));
+        .arg(quoted(task.savePath), task.state == vemo_data::TaskWaiting ? quoted(task.taskId) : QStringLiteral("NULL"))
+        .arg(task.state);
 }
 
 struct Row
@@ -163,7 +170,19 @@ void measureRound(std::vector<Row>& rows)
         if (store.getAllDownloadTasks().size() != taskCount)
             qFatal("not all tasks were stored");
     }));
-    rows[1].shell.push_back(shellMs(world, other, QStringLiteral("SELECT * FROM download_tasks ORDER BY seq;\n")));
+    rows[1].shell.push_back(
+        shellMs(world, other, QStringLiteral("SELECT * FROM download_tasks ORDER BY seq;\n"), readTimes));
+
+    rows[4].ours.push_back(msOf([&] {
+        if (store.getOpenDownloadTasks().size() != taskCount / oneInIsOpen)
+            qFatal("not all open tasks were found");
+    }));
+    rows[4].shell.push_back(
+        shellMs(world, other,
+                QStringLiteral("SELECT * FROM download_tasks WHERE state BETWEEN 0 AND 2 ORDER BY seq;\n"), readTimes));
+    // The table of rows sorts; queue_rows_bench measures it.
+    rows[5].shell.push_back(
+        shellMs(world, other, QStringLiteral("SELECT * FROM download_tasks ORDER BY begin_utc_ms DESC;\n"), readTimes));
 
     for (DownloadTaskInfo& task : tasks)
         task.state = vemo_data::TaskPaused;
@@ -249,11 +268,17 @@ int main(int argc, char* argv[])
     QCoreApplication application(argc, argv);
     QTextStream out(stdout);
     const int rounds = argc > 1 ? QString::fromLocal8Bit(argv[1]).toInt() : 7;
-    std::vector<Row> rows{{"insert", {}, {}}, {"load", {}, {}}, {"update", {}, {}}, {"delete", {}, {}}};
+    std::vector<Row> rows{{"insert", {}, {}}, {"load", {}, {}},   {"update", {}, {}},
+                          {"delete", {}, {}}, {"filter", {}, {}}, {"sort", {}, {}}};
     for (int round = 0; round < std::max(1, rounds); ++round)
         measureRound(rows);
     out << QStringLiteral("%1 tasks    ours, ms   sqlite3 shell, ms   ratio\n").arg(taskCount);
+    QJsonObject figures;
     for (const Row& row : rows) {
+        figures.insert(QLatin1String(row.name), QJsonObject{{QStringLiteral("ours"), json_line::array(row.ours)},
+                                                            {QStringLiteral("shell"), json_line::array(row.shell)}});
+        if (row.ours.empty())
+            continue;
         const double ours = quantile(row.ours, 0.5);
         const double shell = quantile(row.shell, 0.5);
         out << QStringLiteral("%1 %2 %3 %4\n")
@@ -265,5 +290,7 @@ int main(int argc, char* argv[])
     measureWrites(out);
     for (const int count : {0, taskCount, manyTasks})
         measureOpening(out, count);
+    out.flush();
+    json_line::print(figures);
     return 0;
 }

@@ -3,7 +3,9 @@
 //   thumbnail_bench make FOLDER COUNT        one picture under COUNT names, which are files of their own to the cache
 //   thumbnail_bench decode FOLDER            all thumbnails; with XDG_CACHE_HOME empty: cold, the second time: cached
 //   thumbnail_bench ffmpeg FOLDER            the same pictures scaled by one ffmpeg
+//   thumbnail_bench visible FOLDER           how many others are made before those that came into view
 //   thumbnail_bench scroll FOLDER            longest wait of the event loop while both pages are scrolled through
+#include "JsonLine.h"
 #include "local/ChannelSnapImagesWtsBox.h"
 #include "local/FileIconProvider.h"
 #include "local/LocalFilesModel.h"
@@ -22,6 +24,7 @@
 #include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTextStream>
+#include <QThread>
 #include <QTimer>
 
 #include <cmath>
@@ -38,6 +41,8 @@ namespace {
 constexpr QSize pictureSize{4000, 3000};
 constexpr QSize card{300, 170};
 constexpr int quality = 88;
+constexpr int cardsInView = 24;
+constexpr int madeBefore = 8;
 constexpr int tickMs = 4;
 constexpr int stepMs = 16;
 constexpr int scrollForMs = 20'000;
@@ -111,7 +116,42 @@ int decodeAll(const QString& folder)
     QCoreApplication::exec();
     out() << paths.size() << " thumbnails in " << watch.elapsed() << " ms, " << failed << " failed, "
           << megabytesInUse() << " MB in use\n";
+    out().flush();
+    json_line::print({{QStringLiteral("seconds"), double(watch.elapsed()) / 1000}});
     return failed == 0 ? 0 : 1;
+}
+
+/// All are asked for; after some were made, those of one window are asked for again, as when it is scrolled there.
+int makeVisibleFirst(const QString& folder)
+{
+    const QStringList paths = picturesIn(folder);
+    const QStringList inView = paths.mid(0, cardsInView); // asked for first, so what would come last
+    int made = 0;
+    int ahead = 0;
+    int left = inView.size();
+    QElapsedTimer watch;
+    QObject::connect(&Thumbnails::instance(), &Thumbnails::signalThumbnail, qApp,
+                     [&](const ThumbnailKey& key, const Thumbnail&) {
+                         if (++made == madeBefore) {
+                             for (const QString& path : inView)
+                                 Thumbnails::instance().request({path, card, vemo_base::PictureFit::Cover});
+                             watch.start();
+                         } else if (watch.isValid()) {
+                             const bool isInView = inView.contains(key.path);
+                             ahead += isInView ? 0 : 1;
+                             left -= isInView ? 1 : 0;
+                         }
+                         if (left == 0)
+                             QCoreApplication::quit();
+                     });
+    for (const QString& path : paths)
+        Thumbnails::instance().request({path, card, vemo_base::PictureFit::Cover});
+    QCoreApplication::exec();
+    out() << inView.size() << " of " << paths.size() << " in view made after " << watch.elapsed() << " ms, " << ahead
+          << " others before the last of them\n";
+    out().flush();
+    json_line::print({{QStringLiteral("ahead_a_thread"), double(ahead) / qMax(1, QThread::idealThreadCount())}});
+    return 0;
 }
 
 int scaleByFfmpeg(const QString& folder)
@@ -125,6 +165,8 @@ int scaleByFfmpeg(const QString& folder)
                                           QStringLiteral("scale=300:-2"), target.filePath(QStringLiteral("%05d.jpg"))});
     out() << "ffmpeg: " << QDir(target.path()).entryList(QDir::Files).size() << " pictures in " << watch.elapsed()
           << " ms\n";
+    out().flush();
+    json_line::print({{QStringLiteral("seconds"), double(watch.elapsed()) / 1000}});
     return result;
 }
 
@@ -206,6 +248,8 @@ int main(int argc, char** argv)
         return makePictures(folder, arguments.at(3).toInt()) ? 0 : 1;
     if (verb == QLatin1String("decode") && arguments.size() == 3)
         return decodeAll(folder);
+    if (verb == QLatin1String("visible") && arguments.size() == 3)
+        return makeVisibleFirst(folder);
     if (verb == QLatin1String("ffmpeg") && arguments.size() == 3)
         return scaleByFfmpeg(folder);
     if (verb == QLatin1String("scroll") && arguments.size() == 3) {
@@ -213,6 +257,6 @@ int main(int argc, char** argv)
         scrollSnapshots(folder);
         return 0;
     }
-    out() << "thumbnail_bench make FOLDER COUNT | decode FOLDER | ffmpeg FOLDER | scroll FOLDER\n";
+    out() << "thumbnail_bench make FOLDER COUNT | decode FOLDER | visible FOLDER | ffmpeg FOLDER | scroll FOLDER\n";
     return 2;
 }
