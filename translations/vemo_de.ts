@@ -6451,6 +6451,10 @@ Opens the folder of downloads: %2</source>
         <translation>Die Länge ist gleich, der Inhalt nicht</translation>
     </message>
     <message>
+        <source>Its length is the same, its content is not: the first change is between byte %L1 and byte %L2</source>
+        <translation>Die Länge ist gleich, der Inhalt nicht: Die erste Abweichung liegt zwischen Byte %L1 und Byte %L2</translation>
+    </message>
+    <message>
         <source>%1 is what was downloaded: its SHA-256 is the one kept when it was finished.</source>
         <translation>%1 ist, was heruntergeladen wurde: Der SHA-256 ist der beim Abschließen gespeicherte.</translation>
     </message>

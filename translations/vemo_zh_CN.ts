@@ -6446,6 +6446,10 @@ Opens the folder of downloads: %2</source>
         <translation>文件大小相同，但内容不同</translation>
     </message>
     <message>
+        <source>Its length is the same, its content is not: the first change is between byte %L1 and byte %L2</source>
+        <translation>文件大小相同，但内容不同：第一处差异位于字节%L1与字节%L2之间</translation>
+    </message>
+    <message>
         <source>%1 is what was downloaded: its SHA-256 is the one kept when it was finished.</source>
         <translation>%1与下载时一致：其SHA-256与完成时保存的值相同。</translation>
     </message>

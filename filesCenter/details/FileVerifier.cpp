@@ -25,11 +25,14 @@ FileVerifier::FileVerifier(QObject* parent)
         constexpr qint64 whole = 100;
         emit signalProgress(m_current.taskId, total > 0 ? static_cast<int>(done * whole / total) : 0);
     });
-    connect(m_checksum, &VCOMMON::FileChecksum::signalFinished, this, &FileVerifier::judge);
+    connect(m_checksum, &VCOMMON::FileChecksum::signalFinished, this,
+            [this](const QByteArray& sha256, qint64 bytes, const QByteArray& marks) {
+                judge({sha256, bytes, marks});
+            });
     connect(m_checksum, &VCOMMON::FileChecksum::signalFailed, this,
             [this](VCOMMON::FileChecksum::Failure failure, const QString& text) {
                 const bool missing = failure == VCOMMON::FileChecksum::Failure::Missing;
-                end(missing ? Outcome::Missing : Outcome::Failed, {}, 0, text);
+                end(missing ? Outcome::Missing : Outcome::Failed, text);
             });
 }
 
@@ -47,7 +50,7 @@ FileVerifier& FileVerifier::instance()
 void FileVerifier::keepSum(const DownloadTaskInfo& task)
 {
     if (m_waiting.size() < queueLimit)
-        add({task.taskId, task.savePath, Wish::KeepSum, {}, 0});
+        add({task.taskId, task.savePath, Wish::KeepSum, {}});
 }
 
 void FileVerifier::catchUpLater(int afterMs)
@@ -60,13 +63,13 @@ void FileVerifier::catchUp()
 {
     TaskFactsData::instance().getUnsummed(catchUpLimit, this, [this](const QVector<vemo_data::UnsummedFile>& files) {
         for (const vemo_data::UnsummedFile& file : files)
-            add({file.taskId, file.path, Wish::CatchUp, {}, 0});
+            add({file.taskId, file.path, Wish::CatchUp, {}});
     });
 }
 
 void FileVerifier::verify(const DownloadTaskInfo& task)
 {
-    add({task.taskId, task.savePath, Wish::Verify, {}, 0});
+    add({task.taskId, task.savePath, Wish::Verify, {}});
 }
 
 void FileVerifier::forget(const QString& taskId)
@@ -137,36 +140,56 @@ void FileVerifier::startNext()
         // Forgotten meanwhile, or asked for twice.
         if (m_current.taskId != taskId || m_checksum->isRunning())
             return;
-        m_current.keptSha256 = facts.sha256;
-        m_current.keptBytes = facts.sha256Bytes;
+        m_current.kept = {facts.sha256, facts.sha256Bytes, facts.marks};
         if (m_current.wish != Wish::Verify && !facts.sha256.isEmpty())
-            end(Outcome::Unknown, {}, 0, {});
+            end(Outcome::Unknown, {});
         else
             m_checksum->start(m_current.path);
     });
 }
 
-void FileVerifier::judge(const QByteArray& sha256, qint64 bytes)
+void FileVerifier::judge(const FileSum& found)
 {
-    if (m_current.keptSha256.isEmpty())
-        end(Outcome::NoSumYet, sha256, bytes, {});
-    else if (m_current.keptSha256 == sha256)
-        end(Outcome::Same, sha256, bytes, {});
-    else if (m_current.keptBytes != bytes)
-        end(Outcome::Changed, sha256, bytes,
-            tr("It had %L1 bytes when it was finished and has %L2 now").arg(m_current.keptBytes).arg(bytes));
-    else
-        end(Outcome::Changed, sha256, bytes, tr("Its length is the same, its content is not"));
+    const FileSum kept = m_current.kept;
+    if (kept.sha256.isEmpty()) {
+        keep(found);
+        end(Outcome::NoSumYet, {});
+    } else if (kept.sha256 == found.sha256) {
+        if (kept.marks.isEmpty()) // summed by an earlier version
+            keep(found);
+        end(Outcome::Same, {});
+    } else if (kept.bytes != found.bytes) {
+        end(Outcome::Changed,
+            tr("It had %L1 bytes when it was finished and has %L2 now").arg(kept.bytes).arg(found.bytes));
+    } else {
+        end(Outcome::Changed, whereDifferent(kept.marks, found.marks, found.bytes));
+    }
 }
 
-void FileVerifier::end(Outcome outcome, const QByteArray& sha256, qint64 bytes, const QString& cause)
+QString FileVerifier::whereDifferent(const QByteArray& kept, const QByteArray& found, qint64 bytes)
+{
+    using VCOMMON::FileChecksum;
+    const auto [mark, other] = std::mismatch(kept.cbegin(), kept.cend(), found.cbegin(), found.cend());
+    if (mark == kept.cend() || other == found.cend())
+        return tr("Its length is the same, its content is not");
+    const qint64 first = (mark - kept.cbegin()) / FileChecksum::markBytes * FileChecksum::chunkBytes;
+    return tr("Its length is the same, its content is not: the first change is between byte %L1 and byte %L2")
+        .arg(first)
+        .arg(std::min(first + FileChecksum::chunkBytes, bytes) - 1);
+}
+
+void FileVerifier::keep(const FileSum& found)
+{
+    m_current.kept = found;
+    TaskFactsData::instance().setSha256(m_current.taskId, found.sha256, found.bytes, found.marks);
+}
+
+void FileVerifier::end(Outcome outcome, const QString& cause)
 {
     const Job job = m_current;
     m_current = {};
-    if (outcome == Outcome::NoSumYet) {
-        TaskFactsData::instance().setSha256(job.taskId, sha256, bytes);
-        emit signalSumKept(job.taskId, sha256);
-    }
+    if (outcome == Outcome::NoSumYet)
+        emit signalSumKept(job.taskId, job.kept.sha256);
     if (job.wish == Wish::Verify)
         emit signalVerified(job.taskId, outcome, sentence(outcome, job.path, cause));
     startNext();

@@ -65,21 +65,30 @@ private:
     /// A greater one goes first.
     enum class Wish : int { Nothing = 0, CatchUp, KeepSum, Verify };
 
+    struct FileSum
+    {
+        QByteArray sha256;
+        qint64 bytes = 0;
+        QByteArray marks;
+    };
+
     struct Job
     {
         QString taskId; ///< empty: no job
         QString path;
         Wish wish = Wish::Nothing;
-        QByteArray keptSha256; ///< of the store; empty: none
-        qint64 keptBytes = 0;
+        FileSum kept; ///< of the store; empty: none
     };
 
     void add(const Job& job);
     void enqueue(const Job& job);
     void catchUp();
     void startNext();
-    void judge(const QByteArray& sha256, qint64 bytes);
-    void end(Outcome outcome, const QByteArray& sha256, qint64 bytes, const QString& cause);
+    void judge(const FileSum& found);
+    /// `cause` is a part of a sentence.
+    void end(Outcome outcome, const QString& cause);
+    void keep(const FileSum& found);
+    static QString whereDifferent(const QByteArray& keptMarks, const QByteArray& foundMarks, qint64 bytes);
     void updatePause();
 
     VCOMMON::FileChecksum* const m_checksum;

@@ -14,7 +14,6 @@ namespace VCOMMON {
 
 namespace {
 
-constexpr int chunkBytes = 1024 * 1024;
 constexpr qint64 progressEveryMs = 100;
 
 } // namespace
@@ -43,6 +42,7 @@ private:
     const int m_run; ///< tells what an earlier, cancelled run still has in the owner's event queue
     const QString m_path;
     QByteArray m_sum;
+    QByteArray m_marks;
     Failure m_failure = Failure::Unknown;
     QString m_error;
     qint64 m_doneBytes = 0;
@@ -90,6 +90,7 @@ bool FileChecksum::Summer::sum()
             return !m_sum.isEmpty() || fail(Failure::Unknown, FileChecksum::tr("SHA-256 is not available."));
         }
         sha256.add(chunk.constData(), size);
+        m_marks += sha256.soFar().left(markBytes);
         dropFromCache(file, m_doneBytes, size);
         m_doneBytes += size;
         report();
@@ -103,14 +104,15 @@ void FileChecksum::Summer::run()
         m_sum.clear();
     QMetaObject::invokeMethod(
         m_owner,
-        [owner = m_owner, run = m_run, sum = m_sum, bytes = m_doneBytes, failure = m_failure, error = m_error] {
+        [owner = m_owner, run = m_run, sum = m_sum, marks = m_marks, bytes = m_doneBytes, failure = m_failure,
+         error = m_error] {
             if (owner->m_run != run)
                 return;
             owner->join();
             if (sum.isEmpty())
                 emit owner->signalFailed(failure, error);
             else
-                emit owner->signalFinished(sum, bytes);
+                emit owner->signalFinished(sum, bytes, marks);
         },
         Qt::QueuedConnection);
 }

@@ -15,9 +15,10 @@ namespace VCOMMON {
 /// The SHA-256 of one file, summed up on a thread of its own at the lowest priority. Lives on the GUI thread, owned by
 /// its parent; needs a running event loop.
 ///
-/// Reads in chunks of 1 MiB and lets them go from the system's cache again, so that neither memory nor what others have
-/// cached is used up. Every accepted start() ends in exactly one of signalFinished and signalFailed, unless it is
-/// cancelled: then nothing more comes. Destroying the object cancels and waits for the chunk in hand.
+/// Reads in chunks of 1 MiB, keeps a mark behind each, and lets them go from the system's cache again, so that neither
+/// memory nor what others have cached is used up. Every accepted start() ends in exactly one of signalFinished and
+/// signalFailed, unless it is cancelled: then nothing more comes. Destroying the object cancels and waits for the chunk
+/// in hand.
 class VCOMMON_EXPORT FileChecksum final : public QObject
 {
     Q_OBJECT
@@ -26,6 +27,9 @@ class VCOMMON_EXPORT FileChecksum final : public QObject
 public:
     enum class Failure : int { Unknown = 0, Missing, Unreadable };
     Q_ENUM(Failure)
+
+    static constexpr qint64 chunkBytes = 1024 * 1024;
+    static constexpr int markBytes = 4;
 
     explicit FileChecksum(QObject* parent = nullptr);
     ~FileChecksum() override;
@@ -46,8 +50,9 @@ public:
 signals:
     /// About ten times a second and at the end.
     void signalProgress(qint64 doneBytes, qint64 totalBytes);
-    /// 32 bytes, and how many bytes were summed.
-    void signalFinished(const QByteArray& sha256, qint64 bytes);
+    /// 32 bytes, and how many bytes were summed. `marks` has the first four bytes of the SHA-256 of the file up to the
+    /// end of each of its chunks: where the marks of two files differ for the first time, the files do.
+    void signalFinished(const QByteArray& sha256, qint64 bytes, const QByteArray& marks);
     /// `text` is a sentence.
     void signalFailed(VCOMMON::FileChecksum::Failure failure, const QString& text);
 

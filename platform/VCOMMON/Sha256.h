@@ -17,6 +17,8 @@ public:
     Q_DISABLE_COPY_MOVE(Sha256)
 
     void add(const char* data, qint64 size);
+    /// What result() would tell now; the sum goes on.
+    QByteArray soFar() const;
     /// 32 bytes; empty when the crypto library refused at some point. Ends the sum.
     QByteArray result();
 

@@ -219,6 +219,10 @@ const std::vector<Step>& steps()
             // Searches behind the end of the day, one after the other, that found nothing of it on the device.
             "ALTER TABLE backup_tasks ADD COLUMN empty_looks INTEGER NOT NULL DEFAULT 0 CHECK (empty_looks >= 0)",
         },
+        {
+            // What tells where a file differs from what it was, see VCOMMON::FileChecksum.
+            "ALTER TABLE task_facts ADD COLUMN sha256_marks BLOB",
+        },
     };
     return all;
 }

@@ -25,10 +25,11 @@ void TaskFactsData::put(const TaskFacts& facts)
     Database::instance().post([kept](QSqlDatabase& db) { return TaskFactsStore::put(db, kept); });
 }
 
-void TaskFactsData::setSha256(const QString& taskId, const QByteArray& sum, qint64 bytes)
+void TaskFactsData::setSha256(const QString& taskId, const QByteArray& sum, qint64 bytes, const QByteArray& marks)
 {
-    Database::instance().post(
-        [taskId, sum, bytes](QSqlDatabase& db) { return TaskFactsStore::setSha256(db, taskId, sum, bytes); });
+    Database::instance().post([taskId, sum, bytes, marks](QSqlDatabase& db) {
+        return TaskFactsStore::setSha256(db, taskId, sum, bytes, marks);
+    });
 }
 
 void TaskFactsData::get(const QString& taskId, QObject* context, std::function<void(const TaskFacts&)> answer)

@@ -20,6 +20,7 @@ struct TaskFacts
     QString reason;         ///< why it failed, one sentence; empty: it did not
     QByteArray sha256;      ///< of the finished file, 32 bytes; empty: not summed yet
     qint64 sha256Bytes = 0; ///< length of the file that was summed
+    QByteArray marks;       ///< of the file's chunks, see VCOMMON::FileChecksum; empty: none kept
     double seconds = 0;     ///< how long the download ran
 };
 
@@ -48,7 +49,7 @@ public:
     /// Replaces everything but the checksum, which stands unless `facts` has one.
     void put(const TaskFacts& facts);
     /// `sum` of 32 bytes; anything else forgets the checksum.
-    void setSha256(const QString& taskId, const QByteArray& sum, qint64 bytes);
+    void setSha256(const QString& taskId, const QByteArray& sum, qint64 bytes, const QByteArray& marks = QByteArray());
 
     /// Calls `answer` on the GUI thread with what is stored, all earlier writes included; not when `context` has gone
     /// by then. A task without facts: only the id is set.
@@ -57,7 +58,7 @@ public:
     void getUnsummed(int limit, QObject* context, std::function<void(const QVector<UnsummedFile>&)> answer);
     /// What get() tells, waiting for the database; for the command line.
     TaskFacts getNow(const QString& taskId);
-    /// Every task's facts by task id, waiting for the database.
+    /// Every task's facts by task id, without marks, waiting for the database.
     QHash<QString, TaskFacts> getAllNow();
 
 private:

@@ -27,7 +27,7 @@ QVariant sumOrNull(const QByteArray& sum)
     return sum.size() == sumBytes ? QVariant(sum) : QVariant(QVariant::ByteArray);
 }
 
-/// From columns report, reason, sha256, sha256_bytes, seconds.
+/// From columns report, reason, sha256, sha256_bytes, seconds, sha256_marks.
 void read(const QSqlQuery& query, TaskFacts* facts)
 {
     facts->report = query.value(0).toString().toUtf8();
@@ -35,6 +35,7 @@ void read(const QSqlQuery& query, TaskFacts* facts)
     facts->sha256 = query.value(2).toByteArray();
     facts->sha256Bytes = query.value(3).toLongLong();
     facts->seconds = query.value(4).toDouble();
+    facts->marks = query.value(5).toByteArray();
 }
 
 } // namespace
@@ -56,23 +57,26 @@ bool TaskFactsStore::put(QSqlDatabase& db, const TaskFacts& facts)
     return carryOut(query);
 }
 
-bool TaskFactsStore::setSha256(QSqlDatabase& db, const QString& taskId, const QByteArray& sum, qint64 bytes)
+bool TaskFactsStore::setSha256(QSqlDatabase& db, const QString& taskId, const QByteArray& sum, qint64 bytes,
+                               const QByteArray& marks)
 {
     QSqlQuery query(db);
-    query.prepare(QStringLiteral("INSERT INTO task_facts (task_id, sha256, sha256_bytes) VALUES (?, ?, ?) "
-                                 "ON CONFLICT (task_id) DO UPDATE SET sha256 = excluded.sha256, "
-                                 "sha256_bytes = excluded.sha256_bytes"));
+    query.prepare(
+        QStringLiteral("INSERT INTO task_facts (task_id, sha256, sha256_bytes, sha256_marks) VALUES (?, ?, ?, ?) "
+                       "ON CONFLICT (task_id) DO UPDATE SET sha256 = excluded.sha256, "
+                       "sha256_bytes = excluded.sha256_bytes, sha256_marks = excluded.sha256_marks"));
     query.addBindValue(taskId);
     query.addBindValue(sumOrNull(sum));
     query.addBindValue(sum.size() == sumBytes ? bytes : 0);
+    query.addBindValue(marks);
     return carryOut(query);
 }
 
 bool TaskFactsStore::get(QSqlDatabase& db, TaskFacts* facts)
 {
     QSqlQuery query(db);
-    query.prepare(
-        QStringLiteral("SELECT report, reason, sha256, sha256_bytes, seconds FROM task_facts WHERE task_id = ?"));
+    query.prepare(QStringLiteral(
+        "SELECT report, reason, sha256, sha256_bytes, seconds, sha256_marks FROM task_facts WHERE task_id = ?"));
     query.addBindValue(facts->taskId);
     if (!carryOut(query))
         return false;
@@ -101,12 +105,13 @@ bool TaskFactsStore::all(QSqlDatabase& db, QHash<QString, TaskFacts>* facts)
 {
     QSqlQuery query(db);
     query.setForwardOnly(true);
-    query.prepare(QStringLiteral("SELECT report, reason, sha256, sha256_bytes, seconds, task_id FROM task_facts"));
+    query.prepare(
+        QStringLiteral("SELECT report, reason, sha256, sha256_bytes, seconds, NULL, task_id FROM task_facts"));
     if (!carryOut(query))
         return false;
     while (query.next()) {
         TaskFacts each;
-        each.taskId = query.value(5).toString();
+        each.taskId = query.value(6).toString();
         read(query, &each);
         facts->insert(each.taskId, each);
     }

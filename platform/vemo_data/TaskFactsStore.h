@@ -14,7 +14,8 @@ public:
     TaskFactsStore() = delete;
 
     static bool put(QSqlDatabase& db, const TaskFacts& facts);
-    static bool setSha256(QSqlDatabase& db, const QString& taskId, const QByteArray& sum, qint64 bytes);
+    static bool setSha256(QSqlDatabase& db, const QString& taskId, const QByteArray& sum, qint64 bytes,
+                          const QByteArray& marks);
     /// Fills what belongs to `facts->taskId`; nothing when nothing is stored.
     static bool get(QSqlDatabase& db, TaskFacts* facts);
     static bool unsummed(QSqlDatabase& db, int limit, QVector<UnsummedFile>* files);

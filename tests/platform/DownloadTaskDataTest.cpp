@@ -296,7 +296,7 @@ private slots:
         factsData.put(facts); // before the task itself
         m_data.addDownloadTasks({task});
         const QByteArray sum(32, '\x7f');
-        factsData.setSha256(task.taskId, sum, 4711);
+        factsData.setSha256(task.taskId, sum, 4711, QByteArrayLiteral("\x00\x01\x02\x03"));
         facts.reason.clear();
         factsData.put(facts); // without a sum: the kept one stands
         Database::instance().close();
@@ -308,6 +308,7 @@ private slots:
         QCOMPARE(stored.reason, QString());
         QCOMPARE(stored.sha256, sum);
         QCOMPARE(stored.sha256Bytes, 4711);
+        QCOMPARE(stored.marks, QByteArrayLiteral("\x00\x01\x02\x03"));
         QCOMPARE(stored.seconds, 1.5);
 
         m_data.deleteDownloadTasks({task});

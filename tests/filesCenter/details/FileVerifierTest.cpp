@@ -16,6 +16,19 @@ using vemo_filesCenter::FileVerifier;
 namespace {
 
 constexpr int patienceMs = 15000;
+constexpr int fileBytes = 2'500'000;
+
+QByteArray content()
+{
+    return QByteArray(fileBytes, 'x');
+}
+
+QByteArray flipped(int byte, int bit)
+{
+    QByteArray changed = content();
+    changed[byte] = static_cast<char>(changed.at(byte) ^ (1 << bit));
+    return changed;
+}
 
 } // namespace
 
@@ -31,6 +44,7 @@ private slots:
     void saysWhetherTheFileIsWhatWasDownloaded_data();
     void saysWhetherTheFileIsWhatWasDownloaded();
     void keepsASumWhereNoneWasKept();
+    void learnsWhereToLookOfFilesThatAnEarlierVersionSummed();
     void letsAPersonGoFirst();
     void standsBackWhileDownloadsRunButNotForAPerson();
     void forgetsTasksThatAreGone();
@@ -68,13 +82,15 @@ void FileVerifierTest::saysWhetherTheFileIsWhatWasDownloaded_data()
     QTest::addColumn<QByteArray>("now");
     QTest::addColumn<FileVerifier::Outcome>("outcome");
     QTest::addColumn<QString>("words");
-    const QByteArray content(100000, 'x');
-    QByteArray flipped = content;
-    flipped[77777] = 'y';
-    QTest::newRow("same") << content << FileVerifier::Outcome::Same << "a.mp4 is what was downloaded";
-    QTest::newRow("one bit") << flipped << FileVerifier::Outcome::Changed
-                             << "its content is not|Its length is the same";
-    QTest::newRow("cut") << content.left(99999) << FileVerifier::Outcome::Changed << "100,000 bytes|99,999";
+    QTest::newRow("same") << content() << FileVerifier::Outcome::Same << "a.mp4 is what was downloaded";
+    const auto oneBit = [](const char* name, int byte, int bit, const char* where) {
+        QTest::newRow(name) << flipped(byte, bit) << FileVerifier::Outcome::Changed << where;
+    };
+    oneBit("the first bit", 0, 7, "a.mp4|Its length is the same|between byte 0 and byte 1,048,575");
+    oneBit("the last bit of a chunk", 1'048'575, 0, "between byte 0 and byte 1,048,575");
+    oneBit("the first bit of the next", 1'048'576, 7, "between byte 1,048,576 and byte 2,097,151");
+    oneBit("the last bit", fileBytes - 1, 0, "between byte 2,097,152 and byte 2,499,999");
+    QTest::newRow("cut") << content().left(99999) << FileVerifier::Outcome::Changed << "2,500,000 bytes|99,999";
     QTest::newRow("gone") << QByteArray() << FileVerifier::Outcome::Missing << "a.mp4 is not there any more";
 }
 
@@ -85,7 +101,7 @@ void FileVerifierTest::saysWhetherTheFileIsWhatWasDownloaded()
     QFETCH(const QString, words);
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
     FileVerifier verifier;
-    const DownloadTaskInfo info = task(QStringLiteral("a"), QByteArray(100000, 'x'));
+    const DownloadTaskInfo info = task(QStringLiteral("a"), content());
     keep(verifier, info);
     if (now.isNull())
         QVERIFY(QFile::remove(info.savePath));
@@ -103,7 +119,7 @@ void FileVerifierTest::saysWhetherTheFileIsWhatWasDownloaded()
         QVERIFY2(verified.first().at(2).toString().contains(part), qPrintable(verified.first().at(2).toString()));
     // The kept sum stands, whatever became of the file.
     QCOMPARE(TaskFactsData::instance().getNow(info.taskId).sha256,
-             QCryptographicHash::hash(QByteArray(100000, 'x'), QCryptographicHash::Sha256));
+             QCryptographicHash::hash(content(), QCryptographicHash::Sha256));
 }
 
 void FileVerifierTest::keepsASumWhereNoneWasKept()
@@ -117,6 +133,23 @@ void FileVerifierTest::keepsASumWhereNoneWasKept()
     verifier.verify(info);
     QVERIFY(verified.wait(patienceMs));
     QCOMPARE(verified.last().at(1).value<FileVerifier::Outcome>(), FileVerifier::Outcome::Same);
+}
+
+void FileVerifierTest::learnsWhereToLookOfFilesThatAnEarlierVersionSummed()
+{
+    FileVerifier verifier;
+    const DownloadTaskInfo info = task(QStringLiteral("a"), content());
+    TaskFactsData::instance().setSha256(info.taskId, QCryptographicHash::hash(content(), QCryptographicHash::Sha256),
+                                        fileBytes);
+    QSignalSpy verified(&verifier, &FileVerifier::signalVerified);
+    for (const char* words : {"its content is not.", "is what was downloaded", "the first change is between byte 0"}) {
+        const bool isWhole = verified.size() == 1;
+        task(QStringLiteral("a"), isWhole ? content() : flipped(5, 1));
+        verifier.verify(info);
+        QVERIFY(verified.wait(patienceMs));
+        const QString sentence = verified.last().at(2).toString();
+        QVERIFY2(sentence.contains(QLatin1String(words)), qPrintable(sentence));
+    }
 }
 
 void FileVerifierTest::letsAPersonGoFirst()

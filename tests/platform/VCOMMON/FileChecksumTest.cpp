@@ -73,6 +73,10 @@ void FileChecksumTest::sumsUpWholeFiles()
     QVERIFY(finished.wait(patienceMs));
     QCOMPARE(finished.first().at(0).toByteArray(), QCryptographicHash::hash(content, QCryptographicHash::Sha256));
     QCOMPARE(finished.first().at(1).toLongLong(), static_cast<qint64>(bytes));
+    QByteArray marks;
+    for (int end = chunkBytes; end < bytes + chunkBytes; end += chunkBytes)
+        marks += QCryptographicHash::hash(content.left(end), QCryptographicHash::Sha256).left(FileChecksum::markBytes);
+    QCOMPARE(finished.first().at(2).toByteArray().toHex(), marks.toHex());
     QVERIFY(!checksum.isRunning());
     if (bytes > 0) {
         QCOMPARE(progress.last().at(0).toLongLong(), static_cast<qint64>(bytes));
