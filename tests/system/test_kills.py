@@ -3,7 +3,7 @@
 the recovery from them (row E16). Rounds of faults hit one store each; after every fault store and files are looked at, after a
 round everything is fetched to its end and judged.
 
-usage: test_kills.py --build TREE [--row E2|E16] [--full | --cases N] [--seed N] [--only ROUND]
+usage: test_kills.py --build TREE [--row E2|E16] [--full | --cases N] [--seed N] [--only ROUND] [--keep]
 """
 import argparse
 import concurrent.futures
@@ -26,6 +26,8 @@ WORKERS = 2
 READY_WITHIN_S = 20
 ERRORS = ["ENOSPC", "EIO", "EDQUOT", "EROFS", "EACCES"]
 MOST_CALLS = 300
+ALL_CALLS = {"write", "pwrite", "writev", "ftruncate", "fsync", "fdatasync", "rename", "unlink", "open", "mkdir", "link", "fallocate",
+             "copy_file_range", "clone", "futimens"}
 
 
 def kill_at_work(world):
@@ -34,6 +36,7 @@ def kill_at_work(world):
         kill_at_start(world)
         return
     delay = world.chance.uniform(0.05, 1.3)
+    world.history.append(f"kill at work after {delay:.2f}")
     driver = Driver(world.client, "--backup")
     try:
         world.assertTrue(driver.wait(lambda: driver.ready_s is not None, READY_WITHIN_S), f"it does not start: {driver}")
@@ -45,6 +48,7 @@ def kill_at_work(world):
 
 
 def kill_at_start(world):
+    world.history.append("kill at start")
     driver = Driver(world.client, "--backup")
     try:
         time.sleep(world.chance.uniform(0.02, 0.6))
@@ -65,10 +69,12 @@ def hit_recovery(world):
             "fail once": ("FAIL", f"{call}:{world.chance.choice(ERRORS)}"),
             "fail for ever": ("FAIL", f"{call}:{world.chance.choice(ERRORS)}:ever"),
             "disk full": ("FAIL", f"{call}:ENOSPC:ever")}[kind]
-    # A full disk is that of the recordings; the others may be the store's as well.
+    world.history.append(f"{kind} {plan[1]}")
+    # A full disk is that of the recordings, the others may be the store's as well; it keeps nobody from removing files.
     root = world.videos if kind == "disk full" else world.client.folder
+    calls = ALL_CALLS if plan[1].split(":")[1:2] not in (["ENOSPC"], ["EDQUOT"]) else ALL_CALLS - {"unlink"}
     driver = Driver(world.client, "--backup", LD_PRELOAD=os.path.join(systemlab.OPTIONS.build, "lib", "libvemo_faults.so"),
-                    VEMO_FAULTS_ROOT=root, **{f"VEMO_FAULTS_{plan[0]}": plan[1]})
+                    VEMO_FAULTS_ROOT=root, VEMO_FAULTS_OPS=",".join(sorted(calls)), **{f"VEMO_FAULTS_{plan[0]}": plan[1]})
     try:
         if driver.wait(lambda: driver.ready_s is not None, READY_WITHIN_S):
             driver.wait(lambda: False, world.chance.uniform(0.1, 0.6))
@@ -121,9 +127,10 @@ class Rounds:
                 world.finish()
             except Exception:  # whatever a judge says
                 self.violations += 1
-                print(f"FAILED {self.row}, round {number}, fault {done}:\n{traceback.format_exc()[-3000:]}\n"
+                print(f"FAILED {self.row}, round {number}, behind {', '.join(world.history)}:\n{traceback.format_exc()[-3000:]}\n"
                       f"again: {sys.argv[0]} --build {systemlab.OPTIONS.build} --row {self.row} --cases {self.wanted} "
                       f"--seed {self.seed} --only {number}", flush=True)
+                world.is_kept = systemlab.OPTIONS.keep
             late = [own for own, _ in world.starts_s if own > START_LIMIT_S]
             if late:
                 self.violations += len(late)
@@ -138,6 +145,7 @@ def main():
     parser.add_argument("--row", choices=ROUND, action="append")
     parser.add_argument("--cases", type=int)
     parser.add_argument("--only", type=int)
+    parser.add_argument("--keep", action="store_true")
     parser.parse_known_args(namespace=systemlab.OPTIONS)
     systemlab.parse()
     print(f"seed {systemlab.OPTIONS.seed}", flush=True)

@@ -51,6 +51,7 @@ using vemo_data::DownloadTaskData;
 using vemo_data::DownloadTaskInfo;
 
 constexpr int claimMs = 200;
+constexpr int mostReportBytes = 65536;
 constexpr int answerYes = 1;
 
 void tell(const QJsonObject& object)
@@ -168,9 +169,10 @@ private:
     {
         QJsonArray claims;
         for (const QString& taskId : QStringList(m_open.values()) + m_backups) {
-            QByteArray text(vaws_download_get_report(qPrintable(taskId), nullptr, 0) + 1, '\0');
-            if (text.size() > 1 && vaws_download_get_report(qPrintable(taskId), text.data(), size_t(text.size())) > 0)
-                claims.append(QJsonDocument::fromJson(text.chopped(1)).object());
+            QByteArray text(mostReportBytes, '\0');
+            const int length = vaws_download_get_report(qPrintable(taskId), text.data(), size_t(text.size()));
+            if (length > 0 && length < mostReportBytes)
+                claims.append(QJsonDocument::fromJson(text.left(length)).object());
         }
         if (!claims.isEmpty())
             tell({{QStringLiteral("claims"), claims}});
