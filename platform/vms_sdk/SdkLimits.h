@@ -11,7 +11,7 @@ struct SdkLimits
     int connectTimeoutMs = 10'000;
     int answerTimeoutMs = 30'000;  ///< one SOAP or RTSP answer
     int requestTimeoutMs = 30'000; ///< a search without renewal
-    int silenceTimeoutMs = 10'000; ///< a playing stream without a byte
+    int silenceTimeoutMs = 9'500;  ///< a playing stream without a byte; told within 10 s, since its watch ticks
     qint64 streamCreditBytes = 12 * 1024 * 1024;
     qint64 liveCreditBytes = 4 * 1024 * 1024;
     int searchEvents = 100'000;    ///< events that one search keeps

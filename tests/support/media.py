@@ -78,6 +78,27 @@ def _read_framemd5(text):
     return streams
 
 
+def shown_samples(path):
+    """The samples of a file that players show, a list of (presentation time in seconds, MD5) a stream, in decode order: what an edit
+    list hides is left out."""
+    done = run(["ffprobe", "-v", "error", "-show_entries", "packet=stream_index,pts_time,flags,data_hash", "-show_data_hash", "md5",
+                "-of", "compact=p=0:nk=0", path])
+    if done.returncode != 0 or done.stderr.strip():
+        raise NotReadable(f"ffprobe on {path}: exit {done.returncode}: {done.stderr.strip()[:600]}")
+    streams = {}
+    for line in done.stdout.splitlines():
+        fields = dict(field.split("=", 1) for field in line.split("|") if "=" in field)
+        if "D" not in fields.get("flags", "D"):
+            streams.setdefault(int(fields["stream_index"]), []).append((float(fields["pts_time"]), fields["data_hash"][4:]))
+    return streams
+
+
+def shown_seconds(shown, stream):
+    """From the first to the last of shown_samples(), in seconds; 0 without any."""
+    times = [when for when, _ in shown.get(stream, [])]
+    return max(times) - min(times) if times else 0
+
+
 def decode_errors(path):
     """What `ffmpeg -v error -i F -f null -` complains about; empty when the file decodes from end to end."""
     done = run(["ffmpeg", "-v", "error", "-i", path, "-f", "null", "-"])

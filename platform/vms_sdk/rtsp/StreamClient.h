@@ -30,7 +30,7 @@ struct StreamRequest
     bool audio = true;
     int connectTimeoutMs = 10'000;
     int answerTimeoutMs = 30'000;
-    int silenceTimeoutMs = 10'000; ///< without a byte while playing and not held back by credit: broken off
+    int silenceTimeoutMs = 9'500; ///< without a byte while playing and not held back by credit: broken off
 };
 
 /// How a stream ended; comes exactly once.
