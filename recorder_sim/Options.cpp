@@ -5,6 +5,8 @@
 #include <QCommandLineParser>
 #include <QDateTime>
 #include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
 
 #include <cstdio>
 
@@ -63,6 +65,8 @@ bool Options::parse(const QStringList& arguments, Options& options, int& exitCod
         {text("max-sessions"), text("RTSP sessions at a time; one more gets 453."), text("N"), text("64")},
         {text("serial"), text("Serial number; a recorder with the same one is the same device, wherever it answers."),
          text("TEXT")},
+        {text("names"), text("JSON file with a list of texts: the name of the device, then those of its channels."),
+         text("FILE")},
         {text("discovery"), text("Answer WS-Discovery probes on UDP port 3702.")},
         {text("clips-dir"),
          text("Folder of the clips, made at first use by the ffmpeg program; default the user's cache."),
@@ -112,6 +116,16 @@ bool Options::parse(const QStringList& arguments, Options& options, int& exitCod
     while (password.endsWith('\n') || password.endsWith('\r'))
         password.chop(1);
     options.password = password.toStdString();
+
+    if (parser.isSet(text("names"))) {
+        QFile file(parser.value(text("names")));
+        const QJsonArray names =
+            file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll()).array() : QJsonArray();
+        if (names.isEmpty())
+            return refuse(QStringLiteral("--names wants a JSON file with a list of texts"), exitCode);
+        for (const QJsonValue& name : names)
+            options.names.append(name.toString());
+    }
 
     options.zone = QTimeZone::systemTimeZone();
     if (parser.isSet(text("time-zone"))) {

@@ -35,6 +35,7 @@ struct Options
     int maxSessions = 64;
     std::string serial; ///< serial number; makes the endpoint reference the same at every start
     bool discovery = false;
+    QStringList names; ///< of the device, then of its channels; those that are left out have their usual ones
     std::vector<std::string> faults;
 
     /// Reads the arguments. False when the program must end at once: help was printed (exit code 0) or something is

@@ -7,22 +7,22 @@ constexpr auto tt = onvif_ns::schema;
 
 } // namespace
 
-void writeRecordingSource(QXmlStreamWriter& xml, int channel)
+void writeRecordingSource(QXmlStreamWriter& xml, const RecorderState& recorder, int channel)
 {
     const XmlElement source(xml, tt, "Source");
     writeText(xml, tt, "SourceId", tokenOf("source", channel));
-    writeText(xml, tt, "Name", channelName(channel));
+    writeText(xml, tt, "Name", channelName(recorder, channel));
     writeText(xml, tt, "Location", QStringLiteral("Simulated"));
-    writeText(xml, tt, "Description", channelName(channel));
+    writeText(xml, tt, "Description", channelName(recorder, channel));
     writeText(xml, tt, "Address", QStringLiteral("http://www.onvif.org/ver10/schema/Profile"));
 }
 
-void writeRecordingInformation(QXmlStreamWriter& xml, const char* nameSpace, const ChannelFootage& footage, int channel)
+void writeRecordingInformation(QXmlStreamWriter& xml, const char* nameSpace, const RecorderState& recorder, int channel)
 {
-    const TimeSpan whole = footage.calendar.whole();
+    const TimeSpan whole = recorder.channel(channel)->calendar.whole();
     const XmlElement information(xml, nameSpace, "RecordingInformation");
     writeText(xml, tt, "RecordingToken", tokenOf("recording", channel));
-    writeRecordingSource(xml, channel);
+    writeRecordingSource(xml, recorder, channel);
     writeText(xml, tt, "EarliestRecording", xsdTime(whole.beginNs));
     writeText(xml, tt, "LatestRecording", xsdTime(whole.endNs));
     writeText(xml, tt, "Content", QStringLiteral("Continuous"));

@@ -13,8 +13,8 @@ struct RecordingTrack
 
 inline constexpr RecordingTrack recordingTracks[] = {{"VIDEO001", "Video"}, {"AUDIO001", "Audio"}};
 
-void writeRecordingSource(QXmlStreamWriter& xml, int channel); ///< tt:Source
-void writeRecordingInformation(QXmlStreamWriter& xml, const char* nameSpace, const ChannelFootage& footage,
+void writeRecordingSource(QXmlStreamWriter& xml, const RecorderState& recorder, int channel); ///< tt:Source
+void writeRecordingInformation(QXmlStreamWriter& xml, const char* nameSpace, const RecorderState& recorder,
                                int channel);
 SoapFault noSuchRecording();
 

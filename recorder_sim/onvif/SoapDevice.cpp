@@ -68,9 +68,9 @@ SoapFault getDeviceInformation(SoapContext& context, const XmlNode&, QXmlStreamW
 {
     const XmlElement response(xml, tds, "GetDeviceInformationResponse");
     writeText(xml, tds, "Manufacturer", QStringLiteral("Vemo"));
-    writeText(xml, tds, "Model", QStringLiteral("Simulated recorder"));
-    writeText(xml, tds, "FirmwareVersion", QStringLiteral("1.0"));
     const Options& options = context.recorder.options;
+    writeText(xml, tds, "Model", options.names.value(0, QStringLiteral("Simulated recorder")));
+    writeText(xml, tds, "FirmwareVersion", QStringLiteral("1.0"));
     writeText(xml, tds, "SerialNumber",
               options.serial.empty() ? QStringLiteral("SIM%1").arg(options.channels, 6, 10, QLatin1Char('0'))
                                      : QString::fromStdString(options.serial));

@@ -51,11 +51,11 @@ void writeProfile(SoapContext& context, QXmlStreamWriter& xml, const char* eleme
     const VideoClip& video = loop.video();
     XmlElement profile(xml, trt, element);
     profile.attribute("token", tokenOf(of.kind(), channel)).attribute("fixed", QStringLiteral("true"));
-    writeText(xml, tt, "Name", channelName(channel));
+    writeText(xml, tt, "Name", channelName(context.recorder, channel));
     {
         XmlElement source(xml, tt, "VideoSourceConfiguration");
         source.attribute("token", tokenOf("source_configuration", channel));
-        writeText(xml, tt, "Name", channelName(channel));
+        writeText(xml, tt, "Name", channelName(context.recorder, channel));
         writeText(xml, tt, "UseCount", QStringLiteral("1"));
         writeText(xml, tt, "SourceToken", tokenOf("source", channel));
         XmlElement bounds(xml, tt, "Bounds");
@@ -67,7 +67,7 @@ void writeProfile(SoapContext& context, QXmlStreamWriter& xml, const char* eleme
     {
         XmlElement encoder(xml, tt, "VideoEncoderConfiguration");
         encoder.attribute("token", tokenOf(of.isSub ? "sub_video_encoder" : "video_encoder", channel));
-        writeText(xml, tt, "Name", channelName(channel));
+        writeText(xml, tt, "Name", channelName(context.recorder, channel));
         writeText(xml, tt, "UseCount", QStringLiteral("1"));
         writeText(xml, tt, "Encoding", video.codec == Codec::H265 ? QStringLiteral("H265") : QStringLiteral("H264"));
         writeResolution(xml, video);
@@ -83,7 +83,7 @@ void writeProfile(SoapContext& context, QXmlStreamWriter& xml, const char* eleme
     }
     XmlElement encoder(xml, tt, "AudioEncoderConfiguration");
     encoder.attribute("token", tokenOf("audio_encoder", channel));
-    writeText(xml, tt, "Name", channelName(channel));
+    writeText(xml, tt, "Name", channelName(context.recorder, channel));
     writeText(xml, tt, "UseCount", QStringLiteral("1"));
     writeText(xml, tt, "Encoding", loop.audio().codec == Codec::Aac ? QStringLiteral("AAC") : QStringLiteral("G711"));
     writeText(xml, tt, "SampleRate", QString::number(loop.audio().sampleRate / 1000));

@@ -16,7 +16,7 @@ SoapFault getRecordings(SoapContext& context, const XmlNode&, QXmlStreamWriter& 
         writeText(xml, tt, "RecordingToken", tokenOf("recording", channel));
         {
             const XmlElement configuration(xml, tt, "Configuration");
-            writeRecordingSource(xml, channel);
+            writeRecordingSource(xml, context.recorder, channel);
             writeText(xml, tt, "Content", QStringLiteral("Continuous"));
             writeText(xml, tt, "MaximumRetentionTime", QStringLiteral("PT0S"));
         }
@@ -39,7 +39,7 @@ SoapFault getRecordingConfiguration(SoapContext& context, const XmlNode& request
         return noSuchRecording();
     const XmlElement response(xml, trc, "GetRecordingConfigurationResponse");
     const XmlElement configuration(xml, trc, "RecordingConfiguration");
-    writeRecordingSource(xml, channel);
+    writeRecordingSource(xml, context.recorder, channel);
     writeText(xml, tt, "Content", QStringLiteral("Continuous"));
     writeText(xml, tt, "MaximumRetentionTime", QStringLiteral("PT0S"));
     return {};

@@ -89,7 +89,7 @@ SoapFault getRecordingInformation(SoapContext& context, const XmlNode& request, 
     if (channel == 0)
         return noSuchRecording();
     const XmlElement response(xml, tse, "GetRecordingInformationResponse");
-    writeRecordingInformation(xml, tse, *context.recorder.channel(channel), channel);
+    writeRecordingInformation(xml, tse, context.recorder, channel);
     return {};
 }
 
@@ -172,7 +172,7 @@ SoapFault getRecordingSearchResults(SoapContext& context, const XmlNode& request
     const XmlElement list(xml, tse, "ResultList");
     writeState(xml, page);
     for (const SearchItem& item : page.items)
-        writeRecordingInformation(xml, tt, *context.recorder.channel(item.channel), item.channel);
+        writeRecordingInformation(xml, tt, context.recorder, item.channel);
     return {};
 }
 

@@ -90,9 +90,9 @@ inline int channelOf(const RecorderState& recorder, const char* kind, const QStr
     return 0;
 }
 
-inline QString channelName(int channel)
+inline QString channelName(const RecorderState& recorder, int channel)
 {
-    return QStringLiteral("Camera %1").arg(channel);
+    return recorder.options.names.value(channel, QStringLiteral("Camera %1").arg(channel));
 }
 
 } // namespace recorder_sim
