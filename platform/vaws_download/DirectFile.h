@@ -61,6 +61,8 @@ bool nameTaken(const std::filesystem::path& path);
 int syncFolder(const std::filesystem::path& folder);
 /// Puts `text` at `path` in one step, readable for its owner only.
 int replaceSmallFile(const std::filesystem::path& path, const std::string& text);
+/// Puts `text` behind what stands at `path`.
+int appendToSmallFile(const std::filesystem::path& path, const std::string& text);
 int syncFile(const std::filesystem::path& path);
 /// When the file came to be, ns since 1970, 0 where the system does not tell.
 std::int64_t birthTimeNs(const std::filesystem::path& path);

@@ -38,6 +38,24 @@ int openRetrying(const char* path, int flags, mode_t mode)
     return descriptor;
 }
 
+int writeText(const std::filesystem::path& path, int flags, const std::string& text)
+{
+    const int descriptor = openRetrying(path.c_str(), O_WRONLY | O_NOFOLLOW | flags, 0600);
+    if (descriptor < 0)
+        return errno;
+    int error = 0;
+    for (std::size_t done = 0; done < text.size() && error == 0;) {
+        const ssize_t count = ::write(descriptor, text.data() + done, text.size() - done);
+        if (count > 0)
+            done += static_cast<std::size_t>(count);
+        else if (count == 0 || errno != EINTR)
+            error = count == 0 ? ENOSPC : errno;
+    }
+    if (::close(descriptor) != 0 && error == 0)
+        error = errno;
+    return error;
+}
+
 bool aligned(std::uint64_t offset, const std::uint8_t* data, std::size_t size)
 {
     return offset % alignment == 0 && size % alignment == 0 && reinterpret_cast<std::uintptr_t>(data) % alignment == 0;
@@ -251,24 +269,17 @@ int syncFolder(const std::filesystem::path& folder)
 int replaceSmallFile(const std::filesystem::path& path, const std::string& text)
 {
     const std::string part = path.string() + ".part";
-    const int descriptor = openRetrying(part.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW, 0600);
-    if (descriptor < 0)
-        return errno;
-    int error = 0;
-    for (std::size_t done = 0; done < text.size() && error == 0;) {
-        const ssize_t count = ::write(descriptor, text.data() + done, text.size() - done);
-        if (count > 0)
-            done += static_cast<std::size_t>(count);
-        else if (count == 0 || errno != EINTR)
-            error = count == 0 ? ENOSPC : errno;
-    }
-    if (::close(descriptor) != 0 && error == 0)
-        error = errno;
+    int error = writeText(part, O_CREAT | O_TRUNC, text);
     if (error == 0 && ::rename(part.c_str(), path.c_str()) != 0)
         error = errno;
     if (error != 0)
         ::unlink(part.c_str());
     return error;
+}
+
+int appendToSmallFile(const std::filesystem::path& path, const std::string& text)
+{
+    return writeText(path, O_APPEND, text);
 }
 
 int syncFile(const std::filesystem::path& path)

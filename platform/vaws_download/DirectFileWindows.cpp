@@ -60,6 +60,18 @@ HANDLE openHandle(const std::filesystem::path& path, DWORD access, DWORD disposi
                        disposition, FILE_ATTRIBUTE_NORMAL | FILE_FLAG_OPEN_REPARSE_POINT | flags, nullptr);
 }
 
+/// Closes the handle, which may be none.
+int writeText(HANDLE handle, const std::string& text)
+{
+    if (handle == INVALID_HANDLE_VALUE)
+        return lastError();
+    DWORD done = 0;
+    const bool isWritten = WriteFile(handle, text.data(), static_cast<DWORD>(text.size()), &done, nullptr);
+    const int error = isWritten && done == text.size() ? 0 : lastError();
+    CloseHandle(handle);
+    return error;
+}
+
 FileIdentity identityOfHandle(HANDLE handle)
 {
     BY_HANDLE_FILE_INFORMATION info{};
@@ -243,19 +255,17 @@ int syncFolder(const std::filesystem::path&)
 int replaceSmallFile(const std::filesystem::path& path, const std::string& text)
 {
     const std::filesystem::path part = path.wstring() + L".part";
-    const HANDLE handle = openHandle(part, GENERIC_WRITE, CREATE_ALWAYS, 0);
-    if (handle == INVALID_HANDLE_VALUE)
-        return lastError();
-    DWORD done = 0;
-    int error = WriteFile(handle, text.data(), static_cast<DWORD>(text.size()), &done, nullptr) && done == text.size()
-                    ? 0
-                    : lastError();
-    CloseHandle(handle);
+    int error = writeText(openHandle(part, GENERIC_WRITE, CREATE_ALWAYS, 0), text);
     if (error == 0 && !MoveFileExW(part.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING))
         error = lastError();
     if (error != 0)
         DeleteFileW(part.c_str());
     return error;
+}
+
+int appendToSmallFile(const std::filesystem::path& path, const std::string& text)
+{
+    return writeText(openHandle(path, FILE_APPEND_DATA, OPEN_EXISTING, 0), text);
 }
 
 int syncFile(const std::filesystem::path& path)

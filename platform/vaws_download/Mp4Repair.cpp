@@ -20,14 +20,16 @@ bool madeWithJournal(const std::filesystem::path& output, const std::filesystem:
     return distance >= 0 && distance < creationWindowNs;
 }
 
-/// The first block never came to the disk whole: cut, or still zeros after a power cut.
-bool beginsEmpty(MediaFile& file)
+/// The first block never came to the disk whole: still zeros after a power cut, or cut, which only a file that is known
+/// to be ours may be taken for.
+bool beginsEmpty(MediaFile& file, bool mayBeCut)
 {
     std::vector<std::uint8_t> block(blockBytes);
     std::size_t got = 0;
     if (file.readAt(0, block.data(), block.size(), got) != 0)
         return false;
-    return got < block.size() || std::all_of(block.begin(), block.end(), [](std::uint8_t byte) { return byte == 0; });
+    return (mayBeCut && got < block.size()) ||
+           std::all_of(block.begin(), block.end(), [](std::uint8_t byte) { return byte == 0; });
 }
 
 std::filesystem::path findOutput(const JournalEntry& entry)
@@ -89,6 +91,8 @@ RepairRecord Mp4Repair::repair(TaskJournal::Left& left)
     if (record.outcome == RepairOutcome::EmptyRemoved) {
         const bool ours = entry.identity.known() || madeWithJournal(path, left.journal.path());
         const int removal = ours ? file->remove(path) : 0;
+        if (ours && removal == 0)
+            record.bytes = 0;
         if (!ours)
             record.outcome = RepairOutcome::Kept;
         if (removal != 0) {
@@ -119,7 +123,7 @@ RepairOutcome Mp4Repair::repairFile(DirectFile& file, const JournalEntry& entry,
     if (foreign || (scan.state == FileState::Unknown && (!entry.identity.known() || length > 0))) {
         // Without a first block of ours nothing says whose the bytes are, unless the file number does and there is no
         // block at all.
-        if (!foreign && entry.identity.known() && beginsEmpty(file))
+        if (!foreign && beginsEmpty(file, entry.identity.known()))
             return RepairOutcome::EmptyRemoved;
         record.error = "The file \"" + record.path + "\" is not the one that was being written; it was left alone.";
         return RepairOutcome::Kept;

@@ -80,15 +80,21 @@ WriteFailure OutputWriter::create()
     m_entry.deviceName = m_plan->tags.deviceName;
     m_entry.token = m_plan->header.token;
     m_journal = TaskJournal(m_settings.journalFolder, m_entry.token);
-    if (const int error = m_journal.write(m_entry))
+    // Safely on the disk before there is anything to repair: without it a power cut leaves a file that nobody answers
+    // for.
+    int error = m_journal.write(m_entry);
+    if (error == 0)
+        error = m_journal.sync();
+    if (error != 0) {
+        m_journal.drop();
         return {error, "The journal in \"" + utf8FromPath(m_settings.journalFolder) +
                            "\" could not be written: " + causeOf(error) + "."};
-    if (const int error = DirectFile::create(m_path, m_file)) {
+    }
+    if (error = DirectFile::create(m_path, m_file); error != 0) {
         m_journal.drop();
         return failure(error, "made");
     }
-    m_entry.identity = m_file->identity();
-    if (const int error = m_journal.write(m_entry))
+    if (error = m_journal.addIdentity(m_file->identity()); error != 0)
         return failure(error, "journalled");
     m_assembly = MovieAssembly(m_plan->formats, m_plan->header, m_plan->tags);
     m_assembly.setAskedEnd(m_settings.askedEndNs);

@@ -56,6 +56,12 @@ int TaskJournal::write(const JournalEntry& entry)
     return replaceSmallFile(m_path, json.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace));
 }
 
+int TaskJournal::addIdentity(const FileIdentity& identity)
+{
+    const nlohmann::json json = {{"volume", identity.volume}, {"file", identity.number}};
+    return appendToSmallFile(m_path, '\n' + json.dump() + '\n');
+}
+
 int TaskJournal::sync()
 {
     const int error = syncFile(m_path);
@@ -71,17 +77,21 @@ int TaskJournal::drop()
 
 bool TaskJournal::parse(const std::string& text, JournalEntry& entry)
 {
-    const nlohmann::json json = nlohmann::json::parse(text, nullptr, false);
+    const std::size_t lineEnd = text.find('\n');
+    const nlohmann::json json = nlohmann::json::parse(text.substr(0, lineEnd), nullptr, false);
     if (!json.is_object())
         return false;
+    const nlohmann::json identity =
+        nlohmann::json::parse(lineEnd == std::string::npos ? "" : text.substr(lineEnd), nullptr, false);
     try {
         if (json.at("version").get<int>() != journalVersion)
             return false;
         entry.task = json.at("task").get<std::string>();
         entry.path = json.at("path").get<std::string>();
         entry.token = json.at("token").get<std::uint64_t>();
-        entry.identity.volume = json.at("volume").get<std::uint64_t>();
-        entry.identity.number = json.at("file").get<std::uint64_t>();
+        const nlohmann::json& known = identity.is_object() ? identity : json;
+        entry.identity.volume = known.at("volume").get<std::uint64_t>();
+        entry.identity.number = known.at("file").get<std::uint64_t>();
         entry.askedBeginNs = json.at("asked_begin").get<std::int64_t>();
         entry.askedEndNs = json.at("asked_end").get<std::int64_t>();
         entry.wholeSeconds = json.value("whole_seconds", false);

@@ -2,8 +2,8 @@
 """Power cuts, replayed from the log of a task's calls: what a disk may hold when the current goes away after any call. Everything
 synced before is there; of what was written since, some 512-byte pieces are, in any combination; names made, changed or removed
 since the folder was last synced survive up to some point of their order. A restart on such an image leaves prefixes, keeps what
-was owed, and claims no more than there is. In the first second, before the journal was ever synced, nothing is owed yet, and a
-piece that cannot be read may stay.
+was owed, and claims no more than there is. Before a file was ever synced nothing of it is owed, and pieces that open nowhere may stay;
+a file that opens holds a prefix and nothing else.
 
 Paths in the journals are absolute, so the images of one run are judged at its place, one after the other; several runs, each with
 a log of its own, are judged at a time."""
@@ -160,9 +160,11 @@ def lay_out(box, kept, image):
     """Makes the folders of the box what the disk holds after the cut."""
     for path in box.surroundings.new_files():
         os.unlink(path)
+    journals = b"".join(content for path, (_, content) in image.items() if path.endswith(".vjournal"))
     for path, (inode, content) in image.items():
-        # A power cut does not make other files of the same name: what the run left keeps its identity.
-        if inode in kept:
+        # A power cut does not make other files of the same name: what the run left keeps its identity. Where no journal knows that, the
+        # file comes to be behind its journal, as it did.
+        if inode in kept and str(inode).encode() in journals:
             os.link(kept[inode], path)
         with open(path, "wb") as file:
             file.write(content)
@@ -225,10 +227,8 @@ class Share:
         for number, count, path, report, problems in waiting:
             cut_ns = self.entries[count - 1]["time"]
             found = told.get(path, {})
-            unreadable = isinstance(found, Exception)
-            if unreadable:
-                # Before the journal was ever synced, nobody owes a file that can be read.
-                problems += [str(found)] if self.journal_was_synced(count) else []
+            if isinstance(found, Exception):
+                problems += [str(found)] if self.file_was_synced(count) else []
                 found = {}
             problems += self.lab.compare(found)
             problems += faultlab.honesty_problems([dict(entry, path=path) for entry in report if entry.get("path") == self.box.out],
@@ -244,8 +244,8 @@ class Share:
                 os.unlink(path)
         return answers
 
-    def journal_was_synced(self, count):
-        return any(entry["call"] == FSYNC and entry["folder"] and entry["path"] == self.box.temp for entry in self.entries[:count])
+    def file_was_synced(self, count):
+        return any(entry["call"] in (FSYNC, FDATASYNC) and entry["path"] == self.box.out for entry in self.entries[:count])
 
 
 def main():

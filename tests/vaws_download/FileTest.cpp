@@ -288,6 +288,36 @@ TEST_F(Repair, removesItsOwnFileWhenItHoldsNothing)
     }
 }
 
+TEST_F(Repair, removesZerosThatAPowerCutLeftOfAFileMadeJustBehindItsJournal)
+{
+    TaskJournal::Left journal = left("out.mp4", {}, 7, false);
+    std::filesystem::remove(path("out.mp4"));
+    saveBytes(path("out.mp4"), std::vector<std::uint8_t>(10'000, 0));
+    const RepairRecord record = Mp4Repair::repair(journal);
+    EXPECT_EQ(record.outcome, RepairOutcome::EmptyRemoved) << record.error;
+    EXPECT_EQ(record.bytes, 0u);
+    EXPECT_FALSE(std::filesystem::exists(path("out.mp4")));
+}
+
+TEST_F(Repair, readsAJournalWhoseAddedIdentityAPowerCutTore)
+{
+    JournalEntry entry;
+    entry.path = path("out.mp4");
+    entry.token = 7;
+    std::filesystem::create_directories(folder / "journals");
+    TaskJournal journal(folder / "journals", entry.token);
+    ASSERT_EQ(journal.write(entry), 0);
+    const auto firstLine = std::filesystem::file_size(journal.path());
+    ASSERT_EQ(journal.addIdentity({3, 4}), 0);
+    for (auto length = std::filesystem::file_size(journal.path()); length >= firstLine; --length) {
+        std::filesystem::resize_file(journal.path(), length);
+        const std::vector<TaskJournal::Left> found = TaskJournal::leftIn(folder / "journals");
+        ASSERT_TRUE(found.size() == 1 && found[0].readable) << length;
+        EXPECT_EQ(found[0].entry.path, entry.path);
+        EXPECT_TRUE(!found[0].entry.identity.known() || found[0].entry.identity == (FileIdentity{3, 4})) << length;
+    }
+}
+
 TEST_F(Repair, goesOnAfterACrashOfItsOwnAtAnyStep)
 {
     const ClipSource source(TaskDriver::clip("h264_aac"));
