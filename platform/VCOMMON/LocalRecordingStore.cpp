@@ -1,8 +1,10 @@
 #include "LocalRecordingStore.h"
 
 #include "LocalChannelStore.h"
-#include "LocalClock.h"
 #include "SqlStep.h"
+
+#include <LocalClock.h>
+#include <SqlRows.h>
 
 #include <QSqlDatabase>
 
@@ -13,6 +15,7 @@ namespace VCOMMON {
 namespace {
 
 using LocalRecordingStore::Records;
+using vemo_data::SqlRows;
 
 constexpr const char* addStatement =
     "INSERT INTO local_recordings (begin_utc_ms, file_path, end_utc_ms, channel, bytes, written_utc_ms, problem, "
@@ -48,20 +51,20 @@ public:
 
     bool isGood() const { return m_isGood; }
 
-    LocalRecordingIndexInfo read(const QSqlQuery& query)
+    LocalRecordingIndexInfo read(const SqlRows& rows)
     {
         LocalRecordingIndexInfo record;
-        const qint64 packed = query.value(3).toLongLong();
+        const qint64 packed = rows.number(3);
         const LocalChannel& channel = m_channels[packed / 4];
         record.devId = channel.devId;
         record.channelNo = channel.channelNo;
         record.channelId = channel.channelId;
         record.channelName = channel.channelName;
         record.devName = channel.devName;
-        record.beginTime = m_clock.toLocal(query.value(0).toLongLong());
-        record.endTime = m_clock.toLocal(query.value(2).toLongLong());
-        record.filePath = query.value(1).toString();
-        record.bytes = query.value(4).toLongLong();
+        record.beginTime = m_clock.toLocal(rows.number(0));
+        record.endTime = m_clock.toLocal(rows.number(2));
+        record.filePath = rows.text(1);
+        record.bytes = rows.number(4);
         record.isSpanGuessed = (packed & 2) != 0;
         if ((packed & 1) != 0 && m_problem.run({record.filePath}) && m_problem.query().next())
             record.problem = m_problem.query().value(0).toString();
@@ -72,7 +75,7 @@ private:
     SqlStep m_problem;
     bool m_isGood = false;
     QHash<qint64, LocalChannel> m_channels;
-    LocalClock m_clock;
+    vemo_data::LocalClock m_clock;
 };
 
 LocalChannel channelOf(const LocalRecordingIndexInfo& record)
@@ -132,25 +135,27 @@ bool LocalRecordingStore::putScanned(QSqlDatabase& db, const Records& records, c
 bool LocalRecordingStore::find(QSqlDatabase& db, qint64 beginUtcMs, qint64 endUtcMs, int limit, Records* records)
 {
     RowReader reader(db);
-    SqlStep find(db, findStatement);
-    if (!reader.isGood() || !find.run({endUtcMs, beginUtcMs, beginUtcMs, limit}))
+    SqlRows found(db, findStatement);
+    if (!reader.isGood() || !found.run({endUtcMs, beginUtcMs, beginUtcMs, limit}))
         return false;
-    while (find.query().next())
-        records->append(reader.read(find.query()));
-    return true;
+    while (found.next())
+        records->append(reader.read(found));
+    return found.isGood();
 }
 
 bool LocalRecordingStore::findOfChannels(QSqlDatabase& db, const QList<ChannelInfo>& channels, qint64 beginUtcMs,
                                          qint64 endUtcMs, int limit, Records* records)
 {
     RowReader reader(db);
-    SqlStep find(db, findOfChannelStatement);
+    SqlRows found(db, findOfChannelStatement);
     for (const ChannelInfo& channel : channels) {
-        if (!reader.isGood() || !find.run({SqlStep::notNull(channel.devId), channel.channelNo, endUtcMs, beginUtcMs,
-                                           beginUtcMs, limit - records->size()}))
+        if (!reader.isGood() || !found.run({SqlStep::notNull(channel.devId), channel.channelNo, endUtcMs, beginUtcMs,
+                                            beginUtcMs, limit - records->size()}))
             return false;
-        while (find.query().next())
-            records->append(reader.read(find.query()));
+        while (found.next())
+            records->append(reader.read(found));
+        if (!found.isGood())
+            return false;
     }
     std::stable_sort(records->begin(), records->end(),
                      [](const auto& a, const auto& b) { return a.beginTime < b.beginTime; });
@@ -160,13 +165,13 @@ bool LocalRecordingStore::findOfChannels(QSqlDatabase& db, const QList<ChannelIn
 bool LocalRecordingStore::remove(QSqlDatabase& db, const QStringList& filePaths, Records* removed)
 {
     RowReader reader(db);
-    SqlStep stored(db, findPathStatement);
+    SqlRows stored(db, findPathStatement);
     SqlStep gone(db, forgetStatement);
     for (const QString& filePath : filePaths) {
         if (!reader.isGood() || !stored.run({filePath}))
             return false;
-        if (stored.query().next())
-            removed->append(reader.read(stored.query()));
+        if (stored.next())
+            removed->append(reader.read(stored));
         if (!forget(gone, filePath))
             return false;
     }

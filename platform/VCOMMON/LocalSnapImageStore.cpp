@@ -1,8 +1,10 @@
 #include "LocalSnapImageStore.h"
 
 #include "LocalChannelStore.h"
-#include "LocalClock.h"
 #include "SqlStep.h"
+
+#include <LocalClock.h>
+#include <SqlRows.h>
 
 #include <QSqlDatabase>
 
@@ -13,27 +15,26 @@ namespace VCOMMON {
 bool LocalSnapImageStore::readNewest(QSqlDatabase& db, int limit, Records* records)
 {
     QHash<qint64, LocalChannel> channels;
-    SqlStep all(db, "SELECT capture_utc_ms, file_path, channel, bytes, problem FROM local_snapshots "
-                    "ORDER BY capture_utc_ms DESC LIMIT ?");
-    if (!LocalChannelStore(db).readAll(&channels) || !all.run({limit}))
+    vemo_data::SqlRows rows(db, "SELECT capture_utc_ms, file_path, channel, bytes, problem FROM local_snapshots "
+                                "ORDER BY capture_utc_ms DESC LIMIT ?");
+    if (!LocalChannelStore(db).readAll(&channels) || !rows.run({limit}))
         return false;
-    LocalClock clock;
-    QSqlQuery& query = all.query();
-    while (query.next()) {
-        const LocalChannel& channel = channels[query.value(2).toLongLong()];
+    vemo_data::LocalClock clock;
+    while (rows.next()) {
+        const LocalChannel& channel = channels[rows.number(2)];
         LocalSnapImageIndexInfo record;
         record.devId = channel.devId;
         record.channelNo = channel.channelNo;
         record.channelName = channel.channelName;
         record.devName = channel.devName;
-        record.captureTime = clock.toLocal(query.value(0).toLongLong());
-        record.filePath = query.value(1).toString();
-        record.bytes = query.value(3).toLongLong();
-        record.problem = query.value(4).toString();
+        record.captureTime = clock.toLocal(rows.number(0));
+        record.filePath = rows.text(1);
+        record.bytes = rows.number(3);
+        record.problem = rows.text(4);
         records->append(record);
     }
     std::reverse(records->begin(), records->end());
-    return true;
+    return rows.isGood();
 }
 
 bool LocalSnapImageStore::put(QSqlDatabase& db, const Records& records, const QHash<QString, FileMark>& marks)

@@ -1,5 +1,8 @@
 #include "DownloadTaskStore.h"
 
+#include "LocalClock.h"
+#include "SqlRows.h"
+
 #include <QDebug>
 #include <QSqlDatabase>
 #include <QSqlError>
@@ -7,7 +10,6 @@
 #include <QTimeZone>
 #include <QVariant>
 
-#include <array>
 #include <utility>
 
 namespace vemo_data {
@@ -19,28 +21,26 @@ QVariant utcMs(const QDateTime& time)
     return time.isValid() ? QVariant(time.toMSecsSinceEpoch()) : QVariant(QVariant::LongLong);
 }
 
-/// Local times from the database. The tasks of one request share their times, and one ends where the next begins, so
-/// the last ones are remembered: a conversion is the dearest part of reading a row.
+/// Local times from the database. One task often ends where the next begins, so the last time is remembered.
 class LocalTimes final
 {
 public:
-    QDateTime at(const QVariant& utcMilliseconds)
+    QDateTime at(const SqlRows& rows, int column)
     {
-        if (utcMilliseconds.isNull())
+        if (rows.isNull(column))
             return {};
-        const qint64 utcMs = utcMilliseconds.toLongLong();
-        for (const auto& known : m_known) {
-            if (known.first == utcMs && known.second.isValid())
-                return known.second;
+        const qint64 utcMs = rows.number(column);
+        if (!m_last.isValid() || utcMs != m_lastUtcMs) {
+            m_last = m_clock.toLocal(utcMs);
+            m_lastUtcMs = utcMs;
         }
-        auto& slot = m_known[m_next++ % m_known.size()];
-        slot = {utcMs, QDateTime::fromMSecsSinceEpoch(utcMs)};
-        return slot.second;
+        return m_last;
     }
 
 private:
-    std::array<std::pair<qint64, QDateTime>, 4> m_known;
-    std::size_t m_next = 0;
+    LocalClock m_clock;
+    qint64 m_lastUtcMs = 0;
+    QDateTime m_last;
 };
 
 bool isUnderWay(int state)
@@ -97,26 +97,26 @@ void bind(QSqlQuery& query, const DownloadTaskInfo& task, const QString& zone)
     put(":request_key", keyToHold(task));
 }
 
-DownloadTaskInfo read(const QSqlQuery& query, LocalTimes* times)
+DownloadTaskInfo read(const SqlRows& rows, LocalTimes* times)
 {
     DownloadTaskInfo task;
     int column = 0;
-    task.taskId = query.value(column++).toString();
-    task.channelId = query.value(column++).toString();
-    task.channelName = query.value(column++).toString();
-    task.devLabel = query.value(column++).toString();
-    task.channelNo = query.value(column++).toInt();
-    task.beginTime = times->at(query.value(column++));
-    task.endTime = times->at(query.value(column++));
-    task.downloadMode = query.value(column++).toInt();
-    task.state = query.value(column++).toInt();
-    task.location = query.value(column++).toInt();
-    task.progress = query.value(column++).toInt();
-    task.downloadedSize = query.value(column++).toLongLong();
-    task.fileName = query.value(column++).toString();
-    task.savePath = query.value(column++).toString();
-    task.downloadedMs = query.value(column++).toInt();
-    task.durationMs = query.value(column++).toInt();
+    task.taskId = rows.text(column++);
+    task.channelId = rows.text(column++);
+    task.channelName = rows.text(column++);
+    task.devLabel = rows.text(column++);
+    task.channelNo = rows.smallNumber(column++);
+    task.beginTime = times->at(rows, column++);
+    task.endTime = times->at(rows, column++);
+    task.downloadMode = rows.smallNumber(column++);
+    task.state = rows.smallNumber(column++);
+    task.location = rows.smallNumber(column++);
+    task.progress = rows.smallNumber(column++);
+    task.downloadedSize = rows.number(column++);
+    task.fileName = rows.text(column++);
+    task.savePath = rows.text(column++);
+    task.downloadedMs = rows.smallNumber(column++);
+    task.durationMs = rows.smallNumber(column++);
     return task;
 }
 
@@ -125,20 +125,20 @@ const char* const freeKey =
     "CASE WHEN EXISTS (SELECT 1 FROM download_tasks other WHERE other.request_key = :request_key"
     " AND other.task_id <> :task_id) THEN NULL ELSE :request_key END";
 
-bool select(QSqlDatabase& db, const QString& condition, QList<DownloadTaskInfo>* tasks)
+bool select(QSqlDatabase& db, const QByteArray& condition, QList<DownloadTaskInfo>* tasks)
 {
-    QSqlQuery query(db);
-    query.setForwardOnly(true);
-    query.prepare(QLatin1String("SELECT task_id, channel_id, channel_name, dev_label, channel_no, begin_utc_ms, "
-                                "end_utc_ms, download_mode, state, location, progress, downloaded_bytes, file_name, "
-                                "save_path, downloaded_ms, duration_ms FROM download_tasks ") %
-                  condition % QLatin1String("ORDER BY seq"));
-    if (!carryOut(query))
-        return false;
+    const QByteArray statement =
+        "SELECT task_id, channel_id, channel_name, dev_label, channel_no, begin_utc_ms, end_utc_ms, download_mode, "
+        "state, location, progress, downloaded_bytes, file_name, save_path, downloaded_ms, duration_ms "
+        "FROM download_tasks " +
+        condition + "ORDER BY seq";
+    SqlRows rows(db, statement.constData());
     LocalTimes times;
-    while (query.next())
-        tasks->append(read(query, &times));
-    return true;
+    if (!rows.run())
+        return false;
+    while (rows.next())
+        tasks->append(read(rows, &times));
+    return rows.isGood();
 }
 
 } // namespace
@@ -153,7 +153,7 @@ QString DownloadTaskStore::requestKey(const DownloadTaskInfo& task)
 
 bool DownloadTaskStore::all(QSqlDatabase& db, QList<DownloadTaskInfo>* tasks)
 {
-    return select(db, QString(), tasks);
+    return select(db, {}, tasks);
 }
 
 bool DownloadTaskStore::count(QSqlDatabase& db, int* tasks)
@@ -186,7 +186,8 @@ bool DownloadTaskStore::pauseWaiting(QSqlDatabase& db)
 
 bool DownloadTaskStore::open(QSqlDatabase& db, QList<DownloadTaskInfo>* tasks)
 {
-    return select(db, QStringLiteral("WHERE state BETWEEN %1 AND %2 ").arg(TaskWaiting).arg(TaskPaused), tasks);
+    static_assert(TaskWaiting == 0 && TaskPaused == 2);
+    return select(db, "WHERE state BETWEEN 0 AND 2 ", tasks);
 }
 
 bool DownloadTaskStore::add(QSqlDatabase& db, const QList<DownloadTaskInfo>& tasks, Duplicates duplicates,

@@ -1,6 +1,6 @@
 #include "LocalClock.h"
 
-namespace VCOMMON {
+namespace vemo_data {
 
 namespace {
 
@@ -40,4 +40,4 @@ QDateTime LocalClock::toLocal(qint64 utcMs)
             QTime::fromMSecsSinceStartOfDay(static_cast<int>(localMs - localDay * dayMs)), Qt::LocalTime};
 }
 
-} // namespace VCOMMON
+} // namespace vemo_data

@@ -1,14 +1,14 @@
 #pragma once
 
-#include "VCOMMON_global.h"
+#include "vemo_data_global.h"
 
 #include <QDateTime>
 
-namespace VCOMMON {
+namespace vemo_data {
 
 /// Turns many UTC times into local ones. Equal to QDateTime::fromMSecsSinceEpoch(), at about half of its cost, because
 /// the zone is only asked for days on which its clocks change. One thread.
-class VCOMMON_EXPORT LocalClock final
+class VEMO_DATA_EXPORT LocalClock final
 {
 public:
     QDateTime toLocal(qint64 utcMs);
@@ -22,4 +22,4 @@ private:
     bool m_isUniform = false; ///< one offset all day
 };
 
-} // namespace VCOMMON
+} // namespace vemo_data
