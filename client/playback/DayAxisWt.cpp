@@ -4,6 +4,7 @@
 
 #include <axis/AxisPainter.h>
 #include <axis/SpanWords.h>
+#include <PlainToolTips.h>
 #include <player/TransportButton.h>
 #include <StylePainter.h>
 #include <Theme.h>
@@ -365,7 +366,8 @@ bool DayAxisWt::viewportEvent(QEvent* event)
         if (axisRect().adjusted(0, 0, 0, scaleRoom).contains(position))
             showTip(position, row, timeAt(position.x()));
         else if (row >= 0)
-            QToolTip::showText(viewport()->mapToGlobal(position), m_channels.at(row).name.toHtmlEscaped(), viewport());
+            QToolTip::showText(viewport()->mapToGlobal(position),
+                               vemo_base::PlainToolTips::shown(m_channels.at(row).name), viewport());
         return true;
     }
     if (event->type() == QEvent::Leave) {

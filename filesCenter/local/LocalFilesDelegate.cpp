@@ -2,6 +2,7 @@
 
 #include "FileIconProvider.h"
 
+#include <PlainToolTips.h>
 #include <StylePainter.h>
 
 #include <QAbstractItemView>
@@ -110,7 +111,8 @@ bool LocalFilesDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, c
     if (!index.isValid() || event->type() != QEvent::ToolTip)
         return QStyledItemDelegate::helpEvent(event, view, option, index);
     const QPoint below = view->viewport()->mapToGlobal(option.rect.bottomLeft() + QPoint(sideMargin, -edgeMargin));
-    QToolTip::showText(below - tipOffset, index.data(Qt::ToolTipRole).toString(), view->viewport(), option.rect);
+    const QString name = vemo_base::PlainToolTips::shown(index.data(Qt::ToolTipRole).toString());
+    QToolTip::showText(below - tipOffset, name, view->viewport(), option.rect);
     return true;
 }
 

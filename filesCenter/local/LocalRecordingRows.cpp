@@ -130,7 +130,7 @@ void LocalRecordingRows::fillRow(int row, const LocalRecordingIndexInfo& record)
     channel->setTextAlignment(Qt::AlignCenter);
     if (!record.ok()) {
         channel->setData(TableWidget::FaultRole, tr("Damaged"));
-        channel->setToolTip(record.problem.toHtmlEscaped());
+        channel->setToolTip(record.problem);
     }
     m_table->setItem(row, ChannelColumn, channel);
 
@@ -146,7 +146,7 @@ void LocalRecordingRows::fillRow(int row, const LocalRecordingIndexInfo& record)
     auto* size = new QTableWidgetItem(TaskTexts::size(record.bytes, record.beginTime, record.endTime));
     size->setTextAlignment(Qt::AlignCenter);
     size->setData(TableWidget::SortKeyRole, record.bytes);
-    size->setToolTip(QDir::toNativeSeparators(record.filePath).toHtmlEscaped());
+    size->setToolTip(QDir::toNativeSeparators(record.filePath));
     m_table->setItem(row, SizeColumn, size);
     m_table->setItem(row, OperColumn, new QTableWidgetItem);
 }

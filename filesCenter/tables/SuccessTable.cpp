@@ -12,6 +12,7 @@
 #include <DownloadTaskData.h>
 #include <FilesCenterLogs.h>
 #include <LocalPlaybackDlg.h>
+#include <PlainToolTips.h>
 #include <SystemConfig.h>
 #include <TableWidget.h>
 #include <ToolsCollection.h>
@@ -301,7 +302,8 @@ void SuccessTable::slotCleanDownloadTask(const QString& key)
 
 void SuccessTable::showEndToolTip(const QString& key, const QPoint& globalPos)
 {
-    QToolTip::showText(globalPos, QDir::toNativeSeparators(m_tasks.record(key).savePath), m_table->viewport());
+    const QString path = QDir::toNativeSeparators(m_tasks.record(key).savePath);
+    QToolTip::showText(globalPos, vemo_base::PlainToolTips::shown(path), m_table->viewport());
 }
 
 void SuccessTable::fillMenu(QMenu* menu, const QString& key)

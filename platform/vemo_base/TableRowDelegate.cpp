@@ -1,13 +1,13 @@
 #include "TableRowDelegate.h"
 
 #include "Chip.h"
+#include "PlainToolTips.h"
 #include "StylePainter.h"
 #include "TableMetrics.h"
 #include "TableWidget.h"
 
 #include <QHelpEvent>
 #include <QPainter>
-#include <QTextDocument>
 #include <QToolTip>
 
 namespace vemo_base {
@@ -145,7 +145,7 @@ bool TableRowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, con
     if (event->type() != QEvent::ToolTip || index.data(Qt::ToolTipRole).isValid())
         return QStyledItemDelegate::helpEvent(event, view, option, index);
     const QString text = index.data().toString();
-    const QString shown = Qt::mightBeRichText(text) ? text.toHtmlEscaped() : text;
+    const QString shown = PlainToolTips::shown(text);
     const QRect cell = view->visualRect(index);
     const bool isElided = option.fontMetrics.horizontalAdvance(text) > textRoom(cell).width();
     QToolTip::showText(event->globalPos(), isElided && index.column() > 0 ? shown : QString(), view, cell);

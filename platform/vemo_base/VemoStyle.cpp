@@ -2,6 +2,7 @@
 
 #include "FocusRing.h"
 #include "Icons.h"
+#include "PlainToolTips.h"
 #include "StylePainter.h"
 #include "ThemeTokens.h"
 
@@ -11,6 +12,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
 #include <QProgressBar>
@@ -250,6 +252,10 @@ void VemoStyle::polish(QWidget* widget)
         widget->setAttribute(Qt::WA_Hover);
     if (auto* view = qobject_cast<QAbstractItemView*>(widget))
         view->viewport()->setAttribute(Qt::WA_Hover);
+    // Names of devices and people stand in labels. Only a label that says so shows markup; a tool tip's knows its text.
+    auto* label = qobject_cast<QLabel*>(widget);
+    if (label && label->textFormat() == Qt::AutoText && !label->inherits("QTipLabel"))
+        label->setTextFormat(Qt::PlainText);
 }
 
 void VemoStyle::polish(QApplication* application)
@@ -257,6 +263,8 @@ void VemoStyle::polish(QApplication* application)
     QProxyStyle::polish(application);
     if (!findChild<FocusRing*>())
         new FocusRing(this);
+    if (!findChild<PlainToolTips*>())
+        new PlainToolTips(this);
 }
 
 void VemoStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
