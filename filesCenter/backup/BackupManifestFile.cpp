@@ -1,8 +1,10 @@
 #include "BackupManifestFile.h"
 
 #include <FileChecksum.h>
+#include <PlainFile.h>
 
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -55,8 +57,13 @@ Record recordOf(const QJsonObject& object)
     return record;
 }
 
+/// A disk that others use too may hold anything under the name: a link there goes, and what it leads to stays as it is.
 bool replace(const QString& path, const QByteArray& content)
 {
+    const QFileInfo before(path);
+    const bool isOther = before.isSymLink() ? !QFile::remove(path) : before.exists() && !before.isFile();
+    if (isOther)
+        return false;
     QSaveFile file(path);
     return file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.commit();
 }
@@ -75,8 +82,9 @@ QString BackupManifestFile::jsonName()
 
 QList<BackupManifestFile::Record> BackupManifestFile::read(const QString& folder)
 {
-    QFile file(folder % QLatin1Char('/') % jsonName());
-    if (!file.open(QIODevice::ReadOnly) || file.size() > limitBytes)
+    QFile file;
+    const QString refused = VCOMMON::PlainFile::open(file, folder % QLatin1Char('/') % jsonName());
+    if (!refused.isEmpty() || file.size() > limitBytes)
         return {};
     const QJsonArray files = QJsonDocument::fromJson(file.read(limitBytes))[QStringLiteral("files")].toArray();
     QMap<QString, Record> records;

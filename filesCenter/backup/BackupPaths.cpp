@@ -5,6 +5,8 @@
 #include <SystemConfig.h>
 #include <ToolsCollection.h>
 
+#include <QFileInfo>
+
 namespace vemo_filesCenter {
 
 namespace {
@@ -52,6 +54,13 @@ QString BackupPaths::channelFolderName(const vemo_data::BackupTaskInfo& task)
 QString BackupPaths::folder(const QString& root, const vemo_data::BackupTaskInfo& task)
 {
     return root % QLatin1Char('/') % dayFolderName(task.date) % QLatin1Char('/') % channelFolderName(task);
+}
+
+bool BackupPaths::leadsElsewhere(const QString& filePath)
+{
+    const QString channelFolder = QFileInfo(filePath).path();
+    const QString dayFolder = QFileInfo(channelFolder).path();
+    return QFileInfo(channelFolder).isSymLink() || QFileInfo(dayFolder).isSymLink();
 }
 
 QString BackupPaths::fileName(const QTime& start, const QTime& end)

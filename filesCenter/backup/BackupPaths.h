@@ -17,6 +17,8 @@ QString channelName(const vemo_data::BackupTaskInfo& task);
 QString channelFolderName(const vemo_data::BackupTaskInfo& task);
 /// The day's folder of the task's channel.
 QString folder(const QString& root, const vemo_data::BackupTaskInfo& task);
+/// A link stands in place of the day's or the channel's folder: what is written there lies elsewhere.
+bool leadsElsewhere(const QString& filePath);
 QString fileName(const QTime& start, const QTime& end);
 /// Full path of a piece below the configured root.
 QString filePath(const vemo_data::BackupTaskInfo& task, const QTime& start, const QTime& end);
