@@ -11,9 +11,9 @@
 namespace vaws {
 namespace {
 
-constexpr std::int64_t gapThresholdNs = nsPerSecond; ///< a longer jump ahead is a gap of the recording
-constexpr std::int64_t backwardJumpNs = nsPerSecond; ///< a longer jump back starts a new file; a shorter one is clamped
-constexpr std::int64_t aheadOfLeadNs = nsPerSecond;  ///< sound further ahead of the pictures than this waits for them
+constexpr std::int64_t gapThresholdNs = nsPerSecond;  ///< a longer jump ahead is a gap of the recording
+constexpr std::int64_t backwardJumpNs = nsPerSecond;  ///< a longer jump back starts a new file
+constexpr std::int64_t aheadOfLeadNs = nsPerSecond;   ///< sound further ahead of the pictures than this waits for them
 constexpr std::int64_t soundAfterEndNs = nsPerSecond; ///< so long pictures past the end are awaited for late sound
 constexpr std::int64_t longestKeptGapNs = 12 * 3600 * nsPerSecond; ///< a sample's duration has 32 bits
 constexpr std::size_t maxHeldBytes = 4u * 1024 * 1024;
@@ -112,7 +112,9 @@ StreamAssembler::Outcome StreamAssembler::leadingFrame(const vav::FrameHeader& h
     const bool key = !video || (header.flags & vav::KeyFrame) != 0;
     if ((header.flags & vav::LossBefore) != 0)
         m_lostAhead += std::max<std::uint32_t>(header.lostBefore, 1);
-    if (m_builder && header.timeNs < m_lastLeadNs - std::max(backwardJumpNs, 20 * typicalNs()))
+    // No picture order goes back over a key frame: there the recorder's clock was set back, by however little.
+    const std::int64_t orderNs = video && key ? typicalNs() / 2 : std::max(backwardJumpNs, 20 * typicalNs());
+    if (m_builder && header.timeNs < m_lastLeadNs - orderNs)
         closeOutput(true, header.timeNs);
     else if (m_builder && key && m_request.maxFileBytes > 0 && m_builder->fileBytes() >= m_request.maxFileBytes)
         closeOutput(true, header.timeNs);

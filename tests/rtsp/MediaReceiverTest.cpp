@@ -126,6 +126,24 @@ TEST_F(Replay, putsMixedUpPacketsInOrderAndWaitsForLostOnesInBounds)
     EXPECT_EQ(receiver.lostPackets(), 1u);
 }
 
+TEST_F(Replay, keepsWaitingWhenEarlyPacketsComeTwice)
+{
+    picture(0, true, baseNs);
+    const std::uint16_t first = sequence();
+    // More pairs than the queue has places, each turned round and the early packet doubled.
+    constexpr int pairs = 40;
+    for (int pair = 0; pair < pairs; ++pair) {
+        const int number = 1 + 2 * pair;
+        for (const int offset : {1, 1, 0}) {
+            sequence() = static_cast<std::uint16_t>(first + number - 1 + offset);
+            picture(number + offset, false, baseNs + (number + offset) * frameNs);
+        }
+    }
+    receiver.finish();
+    EXPECT_EQ(frames().size(), std::size_t(1 + 2 * pairs));
+    EXPECT_EQ(receiver.lostPackets(), 0u);
+}
+
 TEST_F(Replay, keepsSoundInStepWithoutTimesOfItsOwn)
 {
     addTrack(audioMedia("PCMA", 8'000));

@@ -7,6 +7,11 @@ namespace vms_sdk::rtsp {
 
 void ReorderQueue::add(std::uint16_t sequence, const std::uint8_t* data, std::size_t bytes)
 {
+    // A second copy would stay behind when the first one is taken, and fill the queue up.
+    const bool isThere = std::any_of(m_packets.begin(), m_packets.end(),
+                                     [sequence](const Entry& entry) { return entry.sequence == sequence; });
+    if (isThere)
+        return;
     m_packets.push_back({sequence, std::vector<std::uint8_t>(data, data + bytes)});
 }
 
