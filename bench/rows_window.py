@@ -23,7 +23,7 @@ def offscreen(command, **others):
 
 def store(lab, report):
     """F8. The store takes its turns with the shell by itself; the table sorts in a program of its own."""
-    figures = Run([lab.program("store_bench"), str(lab.runs)]).answer()
+    figures = Run([lab.program("store_bench"), str(lab.runs), "rows"]).answer()
     sorted_rows = offscreen([lab.program("queue_rows_bench"), "sort", str(lab.runs)])["sort"]
     for key in ("insert", "load", "filter", "update", "delete"):
         report.add(f"F8/{key}", figures[key]["ours"], {"sqlite3": figures[key]["shell"]})
