@@ -88,14 +88,14 @@ Opening openAndCheck(QSqlDatabase& db)
     query.finish();
     if (health != QLatin1String("ok"))
         return {Verdict::Damaged, health};
-    QString error;
+    QSqlError error;
     switch (DatabaseSchema::upgrade(db, &error)) {
     case DatabaseSchema::Outcome::UpToDate:
         return {Verdict::Good, {}};
     case DatabaseSchema::Outcome::Newer:
         return {Verdict::Newer, {}};
     default:
-        return {Verdict::Damaged, error};
+        return judge(error);
     }
 }
 
@@ -250,14 +250,15 @@ void Database::Worker::carryOut(std::vector<Posted>& group)
         }
         committed = committed && query.exec(QStringLiteral("COMMIT"));
     }
-    const QString cause = (query.lastError().isValid() ? query.lastError() : db.lastError()).text();
+    const QString cause = (query.lastError().isValid() ? query.lastError() : db.lastError()).databaseText();
     if (!committed) {
         query.exec(QStringLiteral("ROLLBACK"));
         for (Posted& posted : group)
             posted.stored = false;
     }
     if (std::any_of(group.cbegin(), group.cend(), [](const Posted& posted) { return !posted.stored; }))
-        tell(say("A change could not be saved: %1").arg(cause.isEmpty() ? say("the database refused it") : cause));
+        tell(say("A change could not be saved in %1: %2")
+                 .arg(db.databaseName(), cause.isEmpty() ? say("the database refused it") : cause));
 }
 
 void Database::Worker::close()

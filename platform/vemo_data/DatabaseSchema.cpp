@@ -227,13 +227,13 @@ const std::vector<Step>& steps()
     return all;
 }
 
-bool fail(const QSqlQuery& query, QString* error)
+bool fail(const QSqlQuery& query, QSqlError* error)
 {
-    *error = query.lastError().text();
+    *error = query.lastError();
     return false;
 }
 
-bool carryOut(QSqlDatabase& db, const Step& step, int newVersion, QString* error)
+bool carryOut(QSqlDatabase& db, const Step& step, int newVersion, QSqlError* error)
 {
     QSqlQuery query(db);
     if (!query.exec(QStringLiteral("BEGIN IMMEDIATE")))
@@ -259,7 +259,7 @@ int DatabaseSchema::newestVersion()
     return static_cast<int>(steps().size());
 }
 
-DatabaseSchema::Outcome DatabaseSchema::upgrade(QSqlDatabase& db, QString* error)
+DatabaseSchema::Outcome DatabaseSchema::upgrade(QSqlDatabase& db, QSqlError* error)
 {
     QSqlQuery query(db);
     if (!query.exec(QStringLiteral("PRAGMA user_version")) || !query.next()) {

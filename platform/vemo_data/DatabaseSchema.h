@@ -1,8 +1,7 @@
 #pragma once
 
-#include <QString>
-
 class QSqlDatabase;
+class QSqlError;
 
 namespace vemo_data {
 
@@ -16,7 +15,7 @@ public:
 
     static int newestVersion();
     /// Carries out every missing step, each in a transaction of its own. `error` is set for Failed.
-    static Outcome upgrade(QSqlDatabase& db, QString* error);
+    static Outcome upgrade(QSqlDatabase& db, QSqlError* error);
 };
 
 } // namespace vemo_data

@@ -86,6 +86,8 @@ public:
         write({{QStringLiteral("step"), number},
                {QStringLiteral("told"), m_told},
                {QStringLiteral("notices"), m_notices}});
+        if (!m_told)
+            m_tasks = before; // what was not stored is not worked with
     }
 
 private:
