@@ -29,7 +29,10 @@ BackupManifest::BackupManifest(QObject* parent)
     connect(m_checksum, &VCOMMON::FileChecksum::signalFailed, this,
             [this](VCOMMON::FileChecksum::Failure failure, const QString& text) {
                 qCWarning(lcManifest).noquote() << "not summed up:" << text;
-                over(failure == VCOMMON::FileChecksum::Failure::Missing);
+                if (failure == VCOMMON::FileChecksum::Failure::Missing)
+                    forgetIfRemoved();
+                else
+                    over(false);
             });
     const QList<Job> remembered = vemo_data::BackupTaskData::instance().getUnlisted();
     for (const Job& job : remembered)
@@ -93,6 +96,15 @@ void BackupManifest::summed(const QByteArray& sha256, qint64 bytes)
                 qCWarning(lcManifest).noquote() << "the manifest of" << folder << "could not be written";
         },
         this, [this, isWritten] { over(*isWritten); }, 0);
+}
+
+/// A file whose folder is not there either may be on a disk that was pulled: it stays remembered.
+void BackupManifest::forgetIfRemoved()
+{
+    auto isRemoved = std::make_shared<bool>(false);
+    DiskWork::run(
+        [isRemoved, folder = QFileInfo(m_current.filePath).path()] { *isRemoved = QFileInfo(folder).isDir(); }, this,
+        [this, isRemoved] { over(*isRemoved); }, 0);
 }
 
 void BackupManifest::over(bool isListed)

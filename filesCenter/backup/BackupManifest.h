@@ -25,7 +25,8 @@ public:
 
     static BackupManifest& instance();
 
-    /// A finished file of the task, which keeps its name. One that is gone by its turn is left out.
+    /// A finished file of the task, which keeps its name. One that is gone by its turn is left out,
+    /// but made up for by the next start when its folder is gone as well.
     void add(const vemo_data::BackupTaskInfo& task, const QString& filePath);
     bool isIdle() const { return m_waiting.isEmpty() && !m_busy; }
 
@@ -38,6 +39,7 @@ private:
     void add(const Job& job);
     void startNext();
     void summed(const QByteArray& sha256, qint64 bytes);
+    void forgetIfRemoved();
     /// `isListed`: it need not be remembered any more.
     void over(bool isListed);
 
