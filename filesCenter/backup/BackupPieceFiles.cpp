@@ -43,12 +43,14 @@ QString nameByTimes(const FileInfo& entry)
 
 } // namespace
 
-bool BackupPieceFiles::makeRoom(const QString& ownPath, const QString& path)
+BackupPieceFiles::Room BackupPieceFiles::makeRoom(const QString& ownPath, const QString& path)
 {
-    if (!ownPath.isEmpty() && isThere(ownPath))
-        QFile::remove(ownPath);
+    if (!ownPath.isEmpty() && isThere(ownPath) && !QFile::remove(ownPath))
+        return Room::Stuck;
+    if (BackupPaths::leadsElsewhere(path))
+        return Room::Stuck;
     QDir().mkpath(QFileInfo(path).path());
-    return !isThere(path);
+    return isThere(path) ? Room::Taken : Room::Free;
 }
 
 QString BackupPieceFiles::makeOtherRoom(const QString& path, const QStringList& claimed)

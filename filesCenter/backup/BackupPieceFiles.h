@@ -15,8 +15,10 @@ class BackupPieceFiles final
 public:
     BackupPieceFiles() = delete;
 
-    /// Removes the piece's own leftover and makes the folder. False when a file stands at `path`.
-    static bool makeRoom(const QString& ownPath, const QString& path);
+    /// Stuck: the piece's own leftover can't be removed; Taken: a file stands at the path.
+    enum class Room { Unknown = 0, Free, Taken, Stuck };
+    /// Removes the piece's own leftover and makes the folder.
+    static Room makeRoom(const QString& ownPath, const QString& path);
     /// The same for a path that is taken: `path` when the file there, which no backup claims, could be moved aside to a
     /// name with " (2)", else another name for the piece.
     static QString makeOtherRoom(const QString& path, const QStringList& claimed);
@@ -29,7 +31,8 @@ public:
     };
     /// Gives the file of a whole piece the name of its times. Without a file the entry has no path any more.
     static Ended finish(const FileInfo& entry);
-    /// The same for a piece that was cut off, which ends there; a file that holds nothing of it is removed.
+    /// The same for a piece that was cut off, which ends there; a file that holds nothing of it is removed. An entry
+    /// whose file could not be closed is not for this: it stays as it is until the next start has repaired the file.
     static Ended cutOff(const QDate& date, const FileInfo& entry, const QDateTime& reached);
 
     /// What a run that was cut off left of the unfinished entry at `index` takes its place: the task's entries, of

@@ -3,10 +3,12 @@
 #include "BackupDisk.h"
 #include "BackupManifest.h"
 #include "BackupPaths.h"
+#include "details/TaskReportFacts.h"
 #include "download/DiskWork.h"
 #include "download/DownloadEvents.h"
 #include "download/DownloadSignals.h"
 #include "download/DownloadWorker.h"
+#include "tables/DownloadRecords.h"
 
 #include <BackupDay.h>
 #include <BackupSafety.h>
@@ -53,6 +55,12 @@ bool isFailure(int eventId)
     default:
         return false;
     }
+}
+
+/// The disk kept the file of the task's download from being finished: the repair of the next start does it.
+bool isLeftOpen(const QString& taskId)
+{
+    return TaskReportFacts::parse(DownloadRecords::reportOf(taskId)).isLeftOpen;
 }
 
 } // namespace
@@ -226,13 +234,14 @@ void BackupWorker::pieceFailed(const QString& taskId, int eventId)
 {
     m_downloading.remove(taskId);
     const QDateTime reached = stopDownload(taskId);
+    const bool leftOpen = isLeftOpen(taskId);
     const Task& task = m_tasks[taskId];
     const int index = task.curFileIndex;
     auto ended = std::make_shared<Ended>();
     atDisk(
         taskId,
-        [ended, reached, date = task.date, entry = task.fileInfos.at(index)] {
-            *ended = BackupPieceFiles::cutOff(date, entry, reached);
+        [ended, reached, leftOpen, date = task.date, entry = task.fileInfos.at(index)] {
+            *ended = leftOpen ? Ended{entry, reached} : BackupPieceFiles::cutOff(date, entry, reached);
         },
         [this, taskId, index, ended, eventId](bool isDiskThere) {
             if (isDiskThere)
@@ -330,6 +339,7 @@ void BackupWorker::stopTask(const QString& taskId)
     };
     if (m_downloading.remove(taskId)) {
         const QDateTime reached = stopDownload(taskId);
+        const bool leftOpen = isLeftOpen(taskId);
         DownloadWorker::instance().controlTask(taskId, DownloadWorker::ControlCancel);
         const int index = task.curFileIndex;
         const FileInfo entry = task.fileInfos.at(index);
@@ -337,7 +347,9 @@ void BackupWorker::stopTask(const QString& taskId)
         auto ended = std::make_shared<Ended>();
         atDisk(
             taskId,
-            [ended, reached, date = task.date, entry] { *ended = BackupPieceFiles::cutOff(date, entry, reached); },
+            [ended, reached, leftOpen, date = task.date, entry] {
+                *ended = leftOpen ? Ended{entry, reached} : BackupPieceFiles::cutOff(date, entry, reached);
+            },
             [this, taskId, index, ended, begin, logStop](bool isDiskThere) {
                 const auto stopped = m_tasks.find(taskId);
                 if (stopped == m_tasks.end())

@@ -205,15 +205,18 @@ void BackupWorker::findRoom(const QString& taskId, int index, const FileInfo& gi
         vemo_worker::SystemAssistant::instance().removeVdxFiles({ownPath});
     FileInfo piece = given;
     piece.filePath = BackupPaths::filePath(task, piece.startTime, piece.endTime);
-    auto isFree = std::make_shared<bool>(false);
+    using Room = BackupPieceFiles::Room;
+    auto room = std::make_shared<Room>(Room::Unknown);
     atDisk(
-        taskId, [isFree, ownPath, path = piece.filePath] { *isFree = BackupPieceFiles::makeRoom(ownPath, path); },
-        [this, taskId, index, piece, isFree](bool isDiskThere) {
+        taskId, [room, ownPath, path = piece.filePath] { *room = BackupPieceFiles::makeRoom(ownPath, path); },
+        [this, taskId, index, piece, room](bool isDiskThere) {
             if (!isGoingOn(taskId))
                 return;
             if (!isDiskThere)
                 tryLater(taskId, diskText());
-            else if (*isFree)
+            else if (*room == Room::Stuck)
+                tryLater(taskId, abnormalText()); // and its entry goes on naming the file
+            else if (*room == Room::Free)
                 startDownload(taskId, index, piece);
             else
                 findOtherRoom(taskId, index, piece);

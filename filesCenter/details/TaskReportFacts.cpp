@@ -1,5 +1,7 @@
 #include "TaskReportFacts.h"
 
+#include <vaws_download.h>
+
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -52,6 +54,8 @@ TaskReportFacts TaskReportFacts::parse(const QByteArray& report)
     facts.pictureSize =
         QSize(qBound(0, value("width").toInt(), widestPicture), qBound(0, value("height").toInt(), widestPicture));
     facts.verified = value("verified").toBool();
+    facts.isLeftOpen = value("event").toInt() == VAWS_EVENT_WRITE_ERROR && facts.bytes > 0 &&
+                       !value("files").toArray().contains(value("path"));
     const QJsonArray gaps = value("gaps").toArray();
     for (const QJsonValue& entry : gaps) {
         const QJsonObject gap = entry.toObject();

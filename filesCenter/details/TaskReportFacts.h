@@ -31,7 +31,8 @@ struct TaskReportFacts
     QString video; ///< as "h264"; empty: none
     QString audio;
     QSize pictureSize;
-    bool verified = false; ///< the finished file was read back
+    bool verified = false;   ///< the finished file was read back
+    bool isLeftOpen = false; ///< a write failed, and the file could not be finished
 
     static TaskReportFacts parse(const QByteArray& report);
 };

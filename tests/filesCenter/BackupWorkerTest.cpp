@@ -1,6 +1,8 @@
 #include "QueueWorld.h"
 
+#include <backup/BackupManifest.h>
 #include <backup/BackupPaths.h>
+#include <backup/BackupPieceFiles.h>
 #include <backup/BackupWorker.h>
 #include <download/DownloadEvents.h>
 #include <download/DownloadSignals.h>
@@ -21,6 +23,7 @@
 
 using namespace vemo_filesCenter;
 using FileInfo = BackupTaskInfo::FileInfo;
+using vemo_data::BackupTaskData;
 
 namespace {
 
@@ -311,6 +314,38 @@ private slots:
         QCOMPARE(fileOf("b"), unknown);
         QCOMPARE(QFileInfo(QFileInfo(first).path() + QStringLiteral("/100000-110059 (2).mp4")).size(), qint64(77));
         QCOMPARE(QFileInfo(first).size(), qint64(1000));
+    }
+
+    /// It plays by its fragments; only the repair of the next start can finish it.
+    void settlesNoFileThatTheDiskKeptOpen()
+    {
+        start(task("a", "08:00:00-09:00:59"), "07:00:00-20:00:00");
+        m_world->writeFile(fileOf("a"));
+        m_world->sdks.stopTime = "20260110083000";
+        m_world->sdks.reports["a"] = R"({"event": 10, "path": "080000-090059.mp4", "bytes": 2000, "files": []})";
+        event("a", EventAbnormal);
+        QCOMPARE(entries("a"), QStringLiteral("!08:00:00-09:00:59"));
+        QCOMPARE(filesThere(), QStringLiteral("080000-090059.mp4"));
+    }
+
+    void goesOnNamingALeftoverThatCantBeRemoved()
+    {
+        const QString stuck = m_world->filePath(QStringLiteral("a folder"));
+        QVERIFY(QDir().mkpath(stuck));
+        QCOMPARE(BackupPieceFiles::makeRoom(stuck, m_world->filePath(QStringLiteral("b.mp4"))),
+                 BackupPieceFiles::Room::Stuck);
+    }
+
+    void remembersForTheManifestWhatLiesOnADiskThatIsPulled()
+    {
+        const QString pulled = m_world->filePath(QStringLiteral("pulled/a.mp4"));
+        for (const QString& path : {pulled, m_world->filePath(QStringLiteral("removed.mp4"))})
+            BackupTaskData::instance().addUnlisted({path, QStringLiteral("dev"), 1, QStringLiteral("Gate 1")});
+        BackupManifest manifest(nullptr);
+        QTRY_VERIFY(manifest.isIdle());
+        const QList<vemo_data::BackupUnlisted> left = BackupTaskData::instance().getUnlisted();
+        QCOMPARE(left.size(), 1);
+        QCOMPARE(left.first().filePath, pulled);
     }
 
     void settlesNothingOnAnotherDisk_data()
