@@ -9,16 +9,19 @@
 #include <vaws_download.h>
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QHash>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QLoggingCategory>
+#include <QSet>
 #include <QTimer>
 #include <QUuid>
 
 #include <algorithm>
+#include <iterator>
 #include <memory>
 
 namespace vemo_filesCenter {
@@ -138,6 +141,32 @@ QList<Piece> namedPieces(const DownloadTaskInfo& task, FolderNames* folders, con
     return pieces;
 }
 
+/// Pieces in the order of their begins, the longest of equal ones first, without those whose footage another one holds.
+QList<Piece> withoutDoubles(QList<Piece> pieces)
+{
+    std::sort(pieces.begin(), pieces.end(),
+              [](const Piece& a, const Piece& b) { return a.begin != b.begin ? a.begin < b.begin : a.end > b.end; });
+    QList<Piece> kept;
+    for (const Piece& piece : qAsConst(pieces)) {
+        // One second is how far a file may start early.
+        if (kept.isEmpty() || (piece.end > kept.last().end && piece.begin.addMSecs(secondMs) >= kept.last().end))
+            kept.append(piece);
+    }
+    return kept;
+}
+
+/// Repaired files of a task that was fetched anew after all.
+QStringList doublesOf(const DownloadTaskInfo& task, const QStringList& repaired, const Owners& owners)
+{
+    QStringList doubles;
+    for (const QString& path : repaired) {
+        if (TaskFiles::comparable(path) != TaskFiles::comparable(task.savePath) &&
+            !owners.belongsToAnother(path, task) && pieceOf(task.savePath).end.isValid())
+            doubles.append(path);
+    }
+    return doubles;
+}
+
 QMultiHash<QString, QString> repairedPaths(const QByteArray& report)
 {
     QMultiHash<QString, QString> paths;
@@ -175,22 +204,62 @@ void store(const DownloadRecovery::Changes& changes)
         data.amendDownloadTasksByAdd(changes.adds);
 }
 
+/// Those that wait or are paused, and any other whose file was still to be closed: a disk that was full may have kept
+/// it open after the task had failed.
+QList<DownloadTaskInfo> tasksToLookAt(const QByteArray& report)
+{
+    vemo_data::DownloadTaskData& store = vemo_data::DownloadTaskData::instance();
+    QList<DownloadTaskInfo> tasks = store.getOpenDownloadTasks();
+    QSet<QString> others;
+    const QJsonArray entries = QJsonDocument::fromJson(report).array();
+    for (const QJsonValue& entry : entries)
+        others.insert(entry[QStringLiteral("task")].toString());
+    for (const DownloadTaskInfo& task : qAsConst(tasks))
+        others.remove(task.taskId);
+    if (!others.isEmpty()) {
+        const QList<DownloadTaskInfo> all = store.getAllDownloadTasks();
+        std::copy_if(all.begin(), all.end(), std::back_inserter(tasks),
+                     [&others](const DownloadTaskInfo& task) { return others.contains(task.taskId); });
+    }
+    return tasks;
+}
+
+/// Removes those files that no record names.
+void removeUnclaimed(QStringList paths, QObject* context)
+{
+    if (paths.isEmpty())
+        return;
+    QSet<QString> claimed;
+    const QList<DownloadTaskInfo> tasks = vemo_data::DownloadTaskData::instance().getAllDownloadTasks();
+    for (const DownloadTaskInfo& task : tasks)
+        claimed.insert(TaskFiles::comparable(task.savePath));
+    const auto isClaimed = [&claimed](const QString& path) { return claimed.contains(TaskFiles::comparable(path)); };
+    paths.erase(std::remove_if(paths.begin(), paths.end(), isClaimed), paths.end());
+    const auto remove = [paths] {
+        for (const QString& path : paths)
+            QFile::remove(path);
+    };
+    DiskWork::run(
+        remove, context, [] {}, 0);
+}
+
 void recoverWhenRepaired(QObject* context, const std::function<void()>& done, int waitMs)
 {
     if (!vaws_download_wait_repaired(waitMs)) {
         QTimer::singleShot(askAgainMs, context, [context, done] { recoverWhenRepaired(context, done, 0); });
         return;
     }
-    const QList<DownloadTaskInfo> tasks = vemo_data::DownloadTaskData::instance().getOpenDownloadTasks();
-    if (std::none_of(tasks.begin(), tasks.end(), isInterrupted)) {
+    const QByteArray report = repairReport();
+    const QList<DownloadTaskInfo> tasks = tasksToLookAt(report);
+    if (tasks.isEmpty()) {
         done();
         return;
     }
     auto changes = std::make_shared<DownloadRecovery::Changes>();
-    DiskWork::run([tasks, changes, report = repairReport()] { *changes = DownloadRecovery::recover(tasks, report); },
-                  context,
-                  [changes, done] {
+    DiskWork::run([tasks, changes, report] { *changes = DownloadRecovery::recover(tasks, report); }, context,
+                  [context, changes, done] {
                       store(*changes);
+                      removeUnclaimed(changes->doubles, context);
                       done();
                   },
                   patienceMs);
@@ -253,7 +322,11 @@ DownloadRecovery::Changes DownloadRecovery::recover(const QList<DownloadTaskInfo
     FolderNames folders;
     Changes all;
     for (const DownloadTaskInfo& task : tasks) {
-        if (!isInterrupted(task))
+        if (task.state == vemo_data::TaskSucceeded) {
+            all.doubles += doublesOf(task, repaired.values(task.taskId), owners);
+            continue;
+        }
+        if (!isInterrupted(task) && !repaired.contains(task.taskId))
             continue;
         QList<Piece> pieces = namedPieces(task, &folders, owners);
         QStringList paths = repaired.values(task.taskId);
@@ -267,11 +340,18 @@ DownloadRecovery::Changes DownloadRecovery::recover(const QList<DownloadTaskInfo
             if (piece.end.isValid())
                 pieces.append(piece);
         }
-        std::sort(pieces.begin(), pieces.end(), [](const Piece& a, const Piece& b) { return a.begin < b.begin; });
+        pieces = withoutDoubles(pieces);
         for (int i = 0; i + 1 < pieces.size(); ++i)
             pieces[i].isLast = false;
         for (const Piece& piece : qAsConst(pieces))
             owners.add(piece.path, task.taskId);
+        const QStringList closed = repaired.values(task.taskId);
+        for (const QString& path : closed) {
+            const bool isKept =
+                std::any_of(pieces.begin(), pieces.end(), [&path](const Piece& piece) { return piece.path == path; });
+            if (!pieces.isEmpty() && !isKept && !owners.belongsToAnother(path, task))
+                all.doubles.append(path);
+        }
 
         Changes changes = plan(task, pieces);
         for (QList<DownloadTaskInfo>* records : {&changes.updates, &changes.adds}) {

@@ -16,7 +16,8 @@ using vemo_data::DownloadTaskInfo;
 /// Puts the stored tasks right that a crash interrupted: what such a task left on the disk becomes a finished record of
 /// its own, the rest of its span waits (or is paused, when the task was). Footage is found by what the media download
 /// SDK repaired, by the path that the task was started with, and by the names that its parts get; files say themselves
-/// which span they hold. What is on the disk is believed, not the record. No file is removed or overwritten.
+/// which span they hold. What is on the disk is believed, not the record. No file is overwritten; removed is only what
+/// the repair closed for such a task when another one of its files holds the same footage.
 class DownloadRecovery final
 {
 public:
@@ -34,6 +35,7 @@ public:
     {
         QList<DownloadTaskInfo> updates;
         QList<DownloadTaskInfo> adds;
+        QStringList doubles; ///< repaired files whose footage others hold, to be removed once the rest is stored
     };
 
     DownloadRecovery() = delete;

@@ -1,5 +1,6 @@
 #include "DownloadRecords.h"
 
+#include "details/TaskReportFacts.h"
 #include "download/DownloadQueueStatus.h"
 #include "download/DownloadWorker.h"
 #include "download/TaskSplit.h"
@@ -89,6 +90,9 @@ bool DownloadRecords::split(const DownloadTaskInfo& task, int restState, double 
         return false;
 
     const QByteArray report = reportOf(task.taskId);
+    // One that the disk kept from being closed plays, but only the next start can finish it.
+    if (TaskReportFacts::parse(report).isLeftOpen)
+        return false;
     const TaskSplit parts = TaskSplit::at(task, splitTime, downloadedMs, restState);
     DownloadQueueStatus::instance().expect(parts.finished.taskId);
     store().removeDownloadTaskKey(task);

@@ -158,6 +158,33 @@ private slots:
         QCOMPARE(changes.adds.size(), 1);
     }
 
+    /// The disk was full when the first file was to be closed, so the span was fetched anew, and that was killed.
+    void takesAwayWhatAnotherFileOfTheTaskHolds()
+    {
+        DownloadTaskInfo task = QueueWorld::task(t());
+        const QString first = m_world->filePath(name("20260110080000~20260110090000"));
+        task.savePath = m_world->filePath(name("20260110080000~20260110090000", "Device (2)"));
+        m_world->writeRecording(first, QueueWorld::at(8), QueueWorld::at(8, 10));
+        m_world->writeRecording(task.savePath, QueueWorld::at(8), QueueWorld::at(8, 20));
+        QJsonArray entries;
+        for (const QString& path : {first, task.savePath})
+            entries.append(QJsonObject{{QStringLiteral("task"), t()},
+                                       {QStringLiteral("path"), path},
+                                       {QStringLiteral("outcome"), QStringLiteral("repaired")}});
+        const QByteArray report = QJsonDocument(entries).toJson();
+        for (const int state : {int(vemo_data::TaskWaiting), int(vemo_data::TaskAbnormal)}) {
+            task.state = state;
+            const DownloadRecovery::Changes changes = DownloadRecovery::recover({task}, report);
+            QCOMPARE(changes.updates.size(), 1);
+            QCOMPARE(changes.updates.first().endTime, QueueWorld::at(8, 20));
+            QCOMPARE(changes.adds.value(0).state, state);
+            QCOMPARE(changes.doubles, QStringList{first});
+            QVERIFY(QFile::rename(changes.updates.first().savePath, task.savePath));
+        }
+        task.state = vemo_data::TaskSucceeded;
+        QCOMPARE(DownloadRecovery::recover({task}, report).doubles, QStringList{first});
+    }
+
     void takesNoFileThatBelongsToAnotherTask()
     {
         DownloadTaskInfo task = QueueWorld::task(t());
