@@ -3,7 +3,7 @@
 the recovery from them (row E16). Rounds of faults hit one store each; after every fault store and files are looked at, after a
 round everything is fetched to its end and judged.
 
-usage: test_kills.py --build TREE [--row E2|E16] [--full | --cases N] [--seed N] [--only ROUND] [--keep]
+usage: test_kills.py --build TREE [--row E2|E16] [--full | --cases N] [--minutes N] [--seed N] [--only ROUND] [--keep]
 """
 import argparse
 import concurrent.futures
@@ -94,6 +94,7 @@ class Rounds:
         sizes = [min(size, cases - first) for first in range(0, cases, size)]
         self.jobs = [(number, size) for number, size in enumerate(sizes) if options.only in (None, number)]
         self.cases, self.violations, self.starts_s = 0, 0, []
+        self.until = time.monotonic() + (options.minutes or 1e6) * 60
 
     def run(self):
         with concurrent.futures.ThreadPoolExecutor(WORKERS) as pool:
@@ -111,7 +112,8 @@ class Rounds:
     def work(self, worker):
         with Recorder("--channels", "16") as recorder, Past(recorder) as past:
             for number, size in self.jobs[worker::WORKERS]:
-                self.round(past, number, size)
+                if time.monotonic() < self.until:
+                    self.round(past, number, size)
 
     def round(self, past, number, size):
         began = time.monotonic()
@@ -145,6 +147,7 @@ def main():
     parser.add_argument("--row", choices=ROUND, action="append")
     parser.add_argument("--cases", type=int)
     parser.add_argument("--only", type=int)
+    parser.add_argument("--minutes", type=float)
     parser.add_argument("--keep", action="store_true")
     parser.parse_known_args(namespace=systemlab.OPTIONS)
     systemlab.parse()

@@ -50,6 +50,7 @@ class Driver:
         self.queue = None  # running, waiting, paused, retrying
         self.backups_over = False
         self.tasks = None  # the latest answer to "list"
+        self.tips = {}     # what rows said when they were opened
         self.told = []     # notices and alerts
         self.claims = []   # (monotonic seconds, {task: report})
         self.errors = ""
@@ -73,18 +74,20 @@ class Driver:
             self.own_ready_s = self.ready_s - self.kept_waiting_s()
         self.queue = told.get("queue", self.queue)
         self.tasks = told.get("tasks", self.tasks)
+        if "tip" in told:
+            self.tips[told["task"]] = told["tip"]
         self.backups_over = self.backups_over or told.get("backup") == "over"
         if "claims" in told:
             self.claims.append((time.monotonic(), {each["task"]: each for each in told["claims"]}))
         self.told += [told] if {"notice", "alert", "outcome"} & set(told) else []
 
     def kept_waiting_s(self):
-        """How long others kept the processors from the thread that waited the longest for one."""
-        waits_ns = [0]
+        """How long others kept the processors from its threads, of which one waits for the other."""
+        waits_ns = []
         for thread in os.listdir(f"/proc/{self.process.pid}/task"):
             with contextlib.suppress(OSError), open(f"/proc/{self.process.pid}/task/{thread}/schedstat", encoding="ascii") as file:
                 waits_ns.append(int(file.read().split()[1]))
-        return max(waits_ns) / 1e9
+        return sum(waits_ns) / 1e9
 
     def wait(self, condition, timeout_s):
         """Whether it came true before the process' end and in time."""

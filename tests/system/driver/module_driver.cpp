@@ -1,10 +1,10 @@
 // The Files Center without its window, driven by a test: queue and backups work in one process, as behind the window,
 // and lines on the standard input do what a person does. usage: module_driver --data FOLDER [--backup]
 //
-// Commands: "add CHANNEL BEGIN END" (ISO 8601), "pause", "resume", "cancel", "redownload" and "clear" with a task's id,
-// "backup start", "backup stop", "list", "quit". The end of the input quits as well. Each answer and each event is one
-// JSON object a line: {"ready": ms} when the stored tasks are in their tables, {"queue": [running, waiting, paused,
-// retrying]}, {"claims": ...} what the download SDK claims of the tasks at work, five times a second.
+// Commands: "add CHANNEL BEGIN END" (ISO 8601), "pause", "resume", "cancel", "redownload", "clear" and "open" with a
+// task's id, "backup start", "backup stop", "list", "quit". The end of the input quits as well. Each answer and each
+// event is one JSON object a line: {"ready": ms} when the stored tasks are in their tables, {"queue": [running,
+// waiting, paused, retrying]}, {"claims": ...} what the download SDK claims of the tasks at work, five times a second.
 #include "cli/Interrupt.h"
 #include "cli/WindowLock.h"
 #include "settings/TransferSettings.h"
@@ -38,6 +38,7 @@
 #include <QSocketNotifier>
 #include <QTextStream>
 #include <QTimer>
+#include <QToolTip>
 
 #include <memory>
 #include <unistd.h>
@@ -128,8 +129,9 @@ private:
                     for (const QSet<QString>& taskIds : taskIdsByState)
                         m_open -= taskIds;
                 });
-        connect(&store, &vemo_data::DataSignals::signalStoreNotice, this,
-                [](const QString& text) { tell({{QStringLiteral("notice"), text}}); });
+        connect(&store, &vemo_data::DataSignals::signalStoreNotice, this, [](const QString& text) {
+            tell({{QStringLiteral("notice"), text}});
+        });
         const BackupAccess& backups = BackupAccess::instance();
         connect(&backups, &BackupAccess::signalTaskOver, this,
                 [](const QString& taskId, int outcome, const QString& message) {
@@ -137,10 +139,12 @@ private:
                           {QStringLiteral("outcome"), outcome},
                           {QStringLiteral("message"), message}});
                 });
-        connect(&backups, &BackupAccess::signalRunOver, this,
-                [] { tell({{QStringLiteral("backup"), QStringLiteral("over")}}); });
-        vemo_worker::SystemAssistant::instance().setPresenter(
-            [](const QString&, const QString& text) { tell({{QStringLiteral("alert"), text}}); });
+        connect(&backups, &BackupAccess::signalRunOver, this, [] {
+            tell({{QStringLiteral("backup"), QStringLiteral("over")}});
+        });
+        vemo_worker::SystemAssistant::instance().setPresenter([](const QString&, const QString& text) {
+            tell({{QStringLiteral("alert"), text}});
+        });
         vemo_base::VMessageBox::setAnswerer([](const QString&) { return answerYes; });
     }
 
@@ -202,6 +206,7 @@ private:
             {QStringLiteral("resume"), {"vemo_filesCenter::DownloadingTable", "slotStartDownloading"}},
             {QStringLiteral("cancel"), {"vemo_filesCenter::DownloadingTable", "slotCleanDownloadTask"}},
             {QStringLiteral("redownload"), {"vemo_filesCenter::FailedTable", "slotRedownloadTask"}},
+            {QStringLiteral("open"), {"vemo_filesCenter::SuccessTable", "slotOpenDownloadFile"}},
             {QStringLiteral("clear"), {"vemo_filesCenter::SuccessTable", "slotCleanDownloadTask"}}};
         const QString verb = words.first();
         if (verb == QLatin1String("quit"))
@@ -216,6 +221,8 @@ private:
             add(words.value(1).toInt(), words.value(2), words.value(3));
         else if (!deeds.contains(verb) || !press(deeds.value(verb), words.value(1)))
             qFatal("no such command: %s", qPrintable(words.join(QLatin1Char(' '))));
+        else if (verb == QLatin1String("open"))
+            tell({{QStringLiteral("tip"), QToolTip::text()}, {QStringLiteral("task"), words.value(1)}});
     }
 
     static void add(int channelNo, const QString& begin, const QString& end)
