@@ -6,6 +6,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QProgressBar>
+#include <QVariant>
 
 namespace vemo_filesCenter {
 
@@ -82,20 +83,16 @@ void DownloadStateWt::styleChanged()
 
 void DownloadStateWt::applyStyle()
 {
-    using vemo_base::TableOperWtStyle;
+    using vemo_base::Token;
+    // No style sheet: each is parsed and polished anew, which was most of what a row cost that comes into view.
     const bool isRunning = m_state == vemo_data::TaskDownloading;
-    const bool isSelected = getCurStyle() == TableOperWtStyle::Style::Selected;
-    const vemo_base::Theme& theme = vemo_base::Theme::instance();
-    const auto name = [&theme](vemo_base::Token token) { return theme.color(token).name(); };
-    // Below a style sheet the program's style no longer draws the bar, so the sheet describes it whole.
-    setStyleSheet(
-        QStringLiteral("QLabel#state { color: %1; }"
-                       "QProgressBar { border: none; border-radius: %2px; background: %3; }"
-                       "QProgressBar::chunk { border-radius: %2px; background: %4; }")
-            .arg(name(isRunning || isSelected ? vemo_base::Token::Text : vemo_base::Token::Text2))
-            .arg(barHeight / 2)
-            .arg(name(vemo_base::Token::Track),
-                 name(m_state == vemo_data::TaskPaused ? vemo_base::Token::Control : vemo_base::Token::Progress)));
+    const bool isSelected = getCurStyle() == vemo_base::TableOperWtStyle::Style::Selected;
+    QPalette colors = m_text->palette();
+    colors.setColor(QPalette::WindowText,
+                    vemo_base::Theme::instance().color(isRunning || isSelected ? Token::Text : Token::Text2));
+    m_text->setPalette(colors);
+    m_bar->setProperty("paused", m_state == vemo_data::TaskPaused); // drawn by the program's style
+    m_bar->update();
 }
 
 } // namespace vemo_filesCenter
