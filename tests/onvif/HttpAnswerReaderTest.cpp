@@ -36,6 +36,8 @@ void HttpAnswerReaderTest::readsTheSameAtEverySplitPoint_data()
     QTest::newRow("interim") << QByteArray(
                                     "HTTP/1.1 100 Continue\r\n\r\nHTTP/1.1 200 OK\r\nContent-Length: 5\r\n\r\nhello")
                              << false << true;
+    QTest::newRow("folded header")
+        << QByteArray("HTTP/1.1 200 OK\r\nServer: a\r\n\tb: c\r\ncontent-length:\r\n 5\r\n\r\nhello") << false << true;
     QTest::newRow("until closed") << QByteArray("HTTP/1.1 200 OK\r\nServer: x\r\n\r\nhello") << true << false;
 }
 
@@ -68,6 +70,8 @@ void HttpAnswerReaderTest::refusesWhatIsBeyondALimit_data()
                                << "longer than 8192";
     QTest::newRow("headers") << QByteArray(ok + QByteArray("X: y\r\n").repeated(200)) << ErrorKind::Corrupt
                              << "more than 128 headers";
+    QTest::newRow("folded without end") << QByteArray(ok + "X: y\r\n" + QByteArray(" y\r\n").repeated(200))
+                                        << ErrorKind::Corrupt << "more than 128 headers";
     QTest::newRow("interim answers") << QByteArray("HTTP/1.1 100 Continue\r\n\r\n").repeated(1000) << ErrorKind::Corrupt
                                      << "more than 128 headers";
     QTest::newRow("trailers") << QByteArray(ok + "Transfer-Encoding: chunked\r\n\r\n0\r\n" +

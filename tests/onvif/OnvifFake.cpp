@@ -136,8 +136,11 @@ bool OnvifFake::isTokenGood(const QByteArray& body) const
 
 void OnvifFake::send(QSslSocket* socket, int status, const QByteArray& body, const QByteArray& headers)
 {
-    socket->write("HTTP/1.1 " + QByteArray::number(status) + " Status\r\nContent-Type: application/soap+xml\r\n" +
-                  headers + "Content-Length: " + QByteArray::number(body.size()) + "\r\n\r\n" + body);
+    const QByteArray xml = flags.dressXml ? flags.dressXml(body) : body;
+    const QByteArray answer = "HTTP/1.1 " + QByteArray::number(status) +
+                              " Status\r\nContent-Type: application/soap+xml\r\n" + headers +
+                              "Content-Length: " + QByteArray::number(xml.size()) + "\r\n\r\n" + xml;
+    socket->write(flags.dressHttp ? flags.dressHttp(answer) : answer);
     if (flags.closesAfterAnswer)
         socket->disconnectFromHost();
 }
@@ -216,9 +219,13 @@ QByteArray OnvifFake::eventPage()
 {
     QByteArray list;
     if (flags.endlessEvents > 0) {
-        for (int i = 0; i < flags.endlessEvents; ++i)
-            list += trackState("rec-1", "V", "2026-01-10T08:00:00Z", (m_eventsSent++ & 1) == 0);
-        return "<tt:SearchState>Searching</tt:SearchState>" + list;
+        static QHash<int, QByteArray> pages; // of each size
+        QByteArray& page = pages[flags.endlessEvents];
+        for (int i = 0; page.isEmpty() && i < flags.endlessEvents; ++i)
+            list += trackState("rec-1", "V", "2026-01-10T08:00:00Z", (i & 1) == 0);
+        if (page.isEmpty())
+            page = list;
+        return "<tt:SearchState>Searching</tt:SearchState>" + page;
     }
     // Two a page, so that paging is always met.
     for (int i = 0; i < 2 && m_eventsSent < events.size(); ++i)
@@ -290,6 +297,14 @@ QByteArray OnvifFake::operationAnswer(const QByteArray& operation, const QByteAr
     if (operation == "FindRecordings")
         return envelope(
             "<tse:FindRecordingsResponse><tse:SearchToken>find-1</tse:SearchToken></tse:FindRecordingsResponse>");
+    if (operation == "GetRecordingSearchResults" && flags.endlessRecordings > 0) {
+        const QByteArray other =
+            "<tt:RecordingInformation><tt:RecordingToken>rec-9</tt:RecordingToken></tt:RecordingInformation>";
+        return envelope("<tse:GetRecordingSearchResultsResponse><tse:ResultList><tt:SearchState>Searching</"
+                        "tt:SearchState>" +
+                        other.repeated(flags.endlessRecordings) +
+                        "</tse:ResultList></tse:GetRecordingSearchResultsResponse>");
+    }
     if (operation == "GetRecordingSearchResults")
         return envelope("<tse:GetRecordingSearchResultsResponse><tse:ResultList><tt:SearchState>Completed</"
                         "tt:SearchState><tt:RecordingInformation>"

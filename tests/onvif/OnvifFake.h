@@ -9,6 +9,8 @@
 #include <QTcpServer>
 #include <QUrl>
 
+#include <functional>
+
 class QSslSocket;
 
 /// A small ONVIF device in the test's own process: answers device, media, recording, search and replay operations over
@@ -37,7 +39,9 @@ public:
         qint64 endlessBytes = 0; ///< after rawAnswer, that many filler bytes, as fast as they go
         bool isSilent = false;   ///< takes the request and says nothing
         bool oneByteASecond = false;
-        bool closesAfterAnswer = false; ///< without having said so
+        bool closesAfterAnswer = false;                                ///< without having said so
+        std::function<QByteArray(const QByteArray& xml)> dressXml;     ///< what goes out in place of an envelope
+        std::function<QByteArray(const QByteArray& answer)> dressHttp; ///< and in place of a whole answer
 
         // Services.
         QString toldHost; ///< in the service addresses, empty: the true one
@@ -45,7 +49,8 @@ public:
         bool hasReplay = true;
         bool hasEvents = true;
         bool refusesFilters = false;
-        int endlessEvents = 0; ///< pages of events that never complete, of this size each
+        int endlessEvents = 0;     ///< pages of events that never complete, of this size each
+        int endlessRecordings = 0; ///< the same of recordings, none of them the one that was asked for
         bool neverCompletes = false;
         QList<QByteArray> replayFaultCodes;
     };

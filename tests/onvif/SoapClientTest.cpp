@@ -84,6 +84,8 @@ private slots:
     void neverShowsThePassword();
     void judgesTheCertificateBeforeAnyLogin_data();
     void judgesTheCertificateBeforeAnyLogin();
+    void speaksNoOldTls();
+    void isNotLedFromTlsToTheOpen();
 };
 
 void SoapClientTest::logsInOnTheDevicesClock()
@@ -340,6 +342,34 @@ void SoapClientTest::judgesTheCertificateBeforeAnyLogin()
         QCOMPARE(refused.first().at(1).toByteArray(), rtsp::peerKeySha256(certificate.certificate));
         QCOMPARE(refused.first().at(1).toByteArray().size(), 32);
     }
+}
+
+void SoapClientTest::speaksNoOldTls()
+{
+    const TestCertificate certificate = TestCertificate::make(QStringLiteral("127.0.0.1"));
+    OnvifFake device;
+    device.useTls(certificate.serverConfiguration(QSsl::TlsV1_1));
+    TlsPolicy tls;
+    tls.caCertificates.append(certificate.certificate);
+    Client client({QStringLiteral("admin"), password, tls});
+    const Error error = client.ask(device.address()).error();
+    QVERIFY2(error.kind == ErrorKind::CertificateRefused, qPrintable(error.message + error.context));
+    QCOMPARE(device.requests.size(), 0);
+}
+
+void SoapClientTest::isNotLedFromTlsToTheOpen()
+{
+    const TestCertificate certificate = TestCertificate::make(QStringLiteral("127.0.0.1"));
+    OnvifFake open;
+    OnvifFake device;
+    device.useTls(certificate.serverConfiguration());
+    device.flags.redirects = 1;
+    device.flags.redirectTo = open.address().toEncoded() + "/onvif/device_service";
+    TlsPolicy tls;
+    tls.pinnedKeySha256 = rtsp::peerKeySha256(certificate.certificate);
+    Client client({QStringLiteral("admin"), password, tls});
+    QCOMPARE(client.ask(device.address()).error().kind, ErrorKind::Refused);
+    QCOMPARE(open.connections, 0);
 }
 
 QTEST_GUILESS_MAIN(SoapClientTest)

@@ -24,7 +24,7 @@ StreamRequest requestTo(const ScriptedRecorder& recorder, int pictures = 50)
     request.beginNs = ScriptedRecorder::beginNs;
     request.endNs = ScriptedRecorder::beginNs + pictures * ScriptedRecorder::frameNs;
     request.rateControl = false;
-    request.answerTimeoutMs = 400;
+    request.answerTimeoutMs = 1'000;
     request.connectTimeoutMs = 2'000;
     request.silenceTimeoutMs = 400;
     return request;
@@ -176,14 +176,14 @@ void StreamClientTest::keepsFailuresApart_data()
     for (const char* method : {"OPTIONS", "DESCRIBE", "SETUP", "PLAY"}) {
         Script script;
         script.silentOn = method;
-        row(QByteArray(QByteArray("no answer to ") + method).constData(), script, ErrorKind::TimedOut);
+        row(QByteArray(QByteArray("no answer to ") + method).constData(), script, ErrorKind::TimedOut, "within 1 s");
     }
     const auto sending = [](const QByteArray& bytes) {
         Script script;
         script.rawAnswer = bytes;
         return script;
     };
-    row("one byte at a time", sending("RTSP/1.0 200 OK\r\nX: y"), ErrorKind::TimedOut);
+    row("one byte at a time", sending("RTSP/1.0 200 OK\r\nX: y"), ErrorKind::TimedOut, "within 1 s");
     row("endless line", sending("RTSP/1.0 200 OK\r\nX: " + QByteArray(9'000, 'y')), ErrorKind::Corrupt, "8192");
     row("a million headers", sending("RTSP/1.0 200 OK\r\n" + QByteArray("X: y\r\n").repeated(300)), ErrorKind::Corrupt,
         "128");
@@ -193,6 +193,12 @@ void StreamClientTest::keepsFailuresApart_data()
     Script deaf = sending(QByteArray("OPTIONS * RTSP/1.0\r\nCSeq: 1\r\n\r\n").repeated(600'000));
     deaf.isDeaf = true;
     row("asks without reading", deaf, ErrorKind::Corrupt, "262144");
+    Script large;
+    large.pictures = 1;
+    large.packetize = [](int, const Bytes&) { return fragments(h264Nal(5, 17 << 20, 1), 60'000); };
+    row("a picture beyond the limit", large, ErrorKind::Corrupt, "16 MiB");
+    large.packetize = [](int, const Bytes& nal) { return std::vector<Bytes>(5'000, nal); };
+    row("a picture of too many pieces", large, ErrorKind::Corrupt, "4096");
     Script empty;
     empty.pictures = 0;
     empty.end = StreamEnd::Fin;

@@ -78,13 +78,14 @@ class ChangedAnswers(Test):
             for channel, (_, faults) in zip(channels, SCRIPTS):
                 self.fault(channel, **faults)
             rests = {task["channel"]: task for task in downloads.queue("list", "--json").lines if task["state"] != cutlab.SUCCEEDED}
-            sent = {}
+            sent, wrong = {}, []
             for channel in channels:
+                if channel not in rests:
+                    wrong.append(f"channel {channel} was not cut: {downloads.pieces(channel)}\n{downloads.runs[1]}")
                 joint = systemlab.parse_time(rests[channel]["begin"]) if channel in rests else end
                 sent[channel] = (joint, self.recorder.samples(channel, joint, end))
             downloads.queue("retry", "--all")
             downloads.queue("run", "--no-retry")
-            wrong = []
             for channel, (name, faults) in zip(channels, SCRIPTS):
                 found = self.judge(downloads.pieces(channel), truth[channel], sent[channel], begin, end, faults)
                 if found:
@@ -96,7 +97,7 @@ class ChangedAnswers(Test):
     def judge(pieces, whole, rest, begin, end, faults):
         joint, after = rest
         sent = {track: [sample for sample in whole[track] if sample[0] < joint.timestamp() - 0.0005] +
-                       [sample for sample in after[track] if sample[0] >= joint.timestamp() - 0.0005] for track in whole}
+                       [sample for sample in after.get(track, []) if sample[0] >= joint.timestamp() - 0.0005] for track in whole}
         wrong = cutlab.check_pieces(pieces, sent, begin, end, overlapping(after[1]) if "parameter-set-change" in faults else frozenset())
         missing = gaps_of([when for when, _ in sent[0]], begin.timestamp(), end.timestamp())
         told = sorted(tuple(systemlab.parse_time(gap[edge]).timestamp() for edge in ("begin", "end")) for task in pieces

@@ -127,6 +127,11 @@ HttpAnswerReader::Status HttpAnswerReader::takeHeader(const QByteArray& line)
 {
     if (++m_lines > m_limits.headers)
         return fail(tr("The device's answer has more than %1 headers.").arg(m_limits.headers));
+    // A folded value goes on (RFC 7230 clause 3.2.4).
+    if ((line.startsWith(' ') || line.startsWith('\t')) && !m_answer.headers.isEmpty()) {
+        m_answer.headers.last().second += ' ' + line.trimmed();
+        return Status::NeedsMore;
+    }
     const int colon = line.indexOf(':');
     if (colon <= 0)
         return fail(tr("The device's answer cannot be read."), QStringLiteral("header without a name"));

@@ -182,6 +182,13 @@ void HttpConnection::onDisconnected()
     }
     if (reopenReused())
         return;
+    if (m_peer.isTls && !m_socket.isEncrypted() && !m_reader.hasBegun()) {
+        // A peer that finds no common version often just hangs up.
+        const QString reason = m_socket.errorString();
+        fail(
+            {ErrorKind::CertificateRefused, tr("No secure connection to %1: %2.").arg(m_peer.shown(), reason), reason});
+        return;
+    }
     read();
     if (m_isBusy)
         finishWith(m_reader.end());
