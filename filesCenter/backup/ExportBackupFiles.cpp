@@ -31,7 +31,7 @@ Record recordOf(const QString& source)
     const QFileInfo file(source);
     const QList<Record> records = BackupManifestFile::read(file.path());
     for (const Record& record : records) {
-        if (record.file == file.fileName() && record.bytes == file.size())
+        if (record.file == file.fileName())
             return record;
     }
     return {};

@@ -206,12 +206,20 @@ private slots:
         QCOMPARE(BackupManifestFile::read(m_exported).size(), whole);
     }
 
+    void tellsOriginalsThatWereDamagedSinceTheirBackup_data()
+    {
+        QTest::addColumn<int>("backedUpBytes");
+        QTest::newRow("other bytes") << 5000;
+        QTest::newRow("cut off") << 9000;
+    }
+
     void tellsOriginalsThatWereDamagedSinceTheirBackup()
     {
+        QFETCH(int, backedUpBytes);
         addPiece("080000-090000.mp4", 5000);
         BackupManifestFile::Record record;
         record.file = QStringLiteral("080000-090000.mp4");
-        record.bytes = 5000;
+        record.bytes = backedUpBytes;
         record.sha256 = QByteArray(32, 'x');
         QVERIFY(BackupManifestFile::merge(m_backup, {record}));
         ExportBackupFiles files;
