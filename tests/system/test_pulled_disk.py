@@ -83,10 +83,12 @@ class Disk(BackupJudge):
                          LD_PRELOAD=os.path.join(systemlab.OPTIONS.build, "lib", "libvemo_faults.so"), **faults)
 
     def calls(self, disk, *arguments):
+        """The first and the last call of the copying: what comes before is no disk pulled in the middle of it."""
         trace = os.path.join(self.client.folder, "trace")
         self.faulty(disk, *arguments, VEMO_FAULTS_TRACE=trace)
         with open(trace, encoding="utf-8") as file:
-            return sum(1 for _ in file)
+            paths = [line.split("\t")[3] for line in file]
+        return next(number for number, path in enumerate(paths, 1) if path.endswith(".mp4")), len(paths)
 
     def pull(self, disk, call, *arguments):
         """The run, and whether the disks changed places; if so they have changed back by now."""
@@ -94,7 +96,9 @@ class Disk(BackupJudge):
         run = self.faulty(disk, *arguments, VEMO_FAULTS_SWAP=f"{call}:{disk}:{self.other}")
         is_pulled = contents(disk).get("theirs.txt") == theirs["theirs.txt"]
         if is_pulled:
-            self.assertEqual(contents(disk), theirs, f"the other disk was written to: {run}")
+            # A file that was about to be opened may have come to lie there; it is told as failed.
+            self.assertLessEqual(theirs.items(), contents(disk).items(), f"files of the other disk were changed: {run}")
+            self.assertNotIn(".vemo-backup", contents(disk), f"the other disk was taken for the own one: {run}")
             os.rename(disk, disk + ".gone")
             os.rename(self.other, disk)
             os.rename(disk + ".gone", self.other)
@@ -163,10 +167,11 @@ def main():
         with planned.client, finished.client:
             finished.verb("run")
             for work, like, one in (("backup", planned, pull_backup), ("export", finished, pull_target)):
-                calls = one(like, None)
-                # Evenly over the run, the seed decides where it begins.
-                step = max(1.0, calls / count)
-                points = sorted({int(index * step + options.seed % 1000 / 1000 * step) + 1 for index in range(min(count, calls))})
+                first, last = one(like, None)
+                # Evenly over the copying, the seed decides where it begins.
+                step = max(1.0, (last - first + 1) / count)
+                points = sorted({first + int(index * step + options.seed % 1000 / 1000 * step) for index in range(count)})
+                points = [point for point in points if point <= last]
                 if options.only:
                     points = [int(options.only.split(":")[1])] if options.only.startswith(work) else []
                 with concurrent.futures.ThreadPoolExecutor(WORKERS) as pool:
@@ -176,9 +181,9 @@ def main():
                             future.result()
                         except Exception:  # whatever a judge says
                             violations += 1
-                            print(f"FAILED E7, {work}, call {call} of {calls}:\n{traceback.format_exc()[-2500:]}\nagain: {sys.argv[0]} "
+                            print(f"FAILED E7, {work}, call {call} of {last}:\n{traceback.format_exc()[-2500:]}\nagain: {sys.argv[0]} "
                                   f"--build {options.build} --seed {options.seed} --only {work}:{call}", flush=True)
-                print(f"{work}: {len(points)} of {calls} calls", flush=True)
+                print(f"{work}: {len(points)} of the calls {first} to {last}", flush=True)
     return 1 if rows.tell("E7", "disk pulled in a backup, an export", done, violations, options.seed) else 0
 
 

@@ -227,8 +227,8 @@ class World(DownloadJudge, BackupJudge):
                     shutil.copy(self.store_path + ending, folder)
             with contextlib.closing(sqlite3.connect(os.path.join(folder, "vemo.db"))) as store:
                 self.assertEqual(store.execute("PRAGMA integrity_check").fetchall(), [("ok",)], "the store is damaged")
-                names = "task_id, state, channel_no, begin_utc_ms, end_utc_ms, save_path, downloaded_bytes, reason"
-                query = f"SELECT {names} FROM download_tasks LEFT JOIN task_facts USING (task_id) WHERE channel_no {{}} ? ORDER BY seq"
+                names = "task_id, state, channel_no, begin_utc_ms, end_utc_ms, save_path, downloaded_bytes"
+                query = f"SELECT {names} FROM download_tasks WHERE channel_no {{}} ? ORDER BY seq"
                 rows = store.execute(query.format("!="), (PAST_CHANNEL,)).fetchall()
                 past = hashlib.sha256(repr(store.execute(query.format("="), (PAST_CHANNEL,)).fetchall()).encode()).hexdigest()
                 backups = store.execute("SELECT file_path FROM backup_files WHERE finished = 1 AND file_path != ''").fetchall()
@@ -241,7 +241,7 @@ class World(DownloadJudge, BackupJudge):
             return (datetime.datetime.fromtimestamp(0, datetime.timezone.utc) + datetime.timedelta(milliseconds=ms)).isoformat()
 
         return {"id": row[0], "state": row[1], "channel": row[2], "begin": moment(row[3]), "end": moment(row[4]), "path": row[5],
-                "bytes": row[6], "reason": row[7]}
+                "bytes": row[6]}
 
     def pieces(self, tasks, request):
         channel, begin, end = request
@@ -259,12 +259,11 @@ class World(DownloadJudge, BackupJudge):
                 at = systemlab.parse_time(task["end"])
             self.assertEqual(at, request[2], f"{request} is not covered to its end: {tasks}")
         for task in tasks:
+            # Each failed state has words of its own, so that none is without a reason.
             self.assertIn(task["state"], (*OPEN, SUCCEEDED, 4, 5, 6, 8), f"nobody runs it: {task}")
             if task["state"] == SUCCEEDED:
                 self.assertTrue(os.path.isfile(task["path"]), f"finished, but not there: {task}")
                 self.assertEqual(os.path.getsize(task["path"]), task["bytes"], task)
-            elif task["state"] not in OPEN:
-                self.assertRegex(task["reason"] or "", r"^\S.{8,}", f"failed without a reason: {task}")
         done = [task["path"] for task in tasks if task["state"] == SUCCEEDED] + self.backup_paths
         self.assertEqual(len(set(done)), len(done), "two records share a file")
         for path in done:
@@ -326,14 +325,18 @@ class World(DownloadJudge, BackupJudge):
     def settle(self, driver):
         """To the end of all downloads and backups; whatever failed or was paused is started again, as a person would."""
         until = time.monotonic() + OVER_LIMIT_S
+        was_idle = False
         while True:
             driver.tasks = None
             driver.say("list")
             self.assertTrue(driver.wait(lambda: driver.tasks is not None, 30), f"no answer: {driver}")
             own = [(task, state) for task, state in driver.tasks if not task.startswith("{old-")]
             still_open = [task for task, state in own if state != SUCCEEDED]
-            if time.monotonic() - driver.began > SETTLED_LIMIT_S and any(state == WAITING for _, state in own):
-                self.assertGreater(driver.queue[0] + driver.queue[3], 0, f"tasks wait, and nobody runs them: {own} {driver}")
+            # Twice in a row, because the queue may have become empty since the answer.
+            is_idle = any(state == WAITING for _, state in own) and not driver.queue[0] + driver.queue[3]
+            if time.monotonic() - driver.began > SETTLED_LIMIT_S:
+                self.assertFalse(is_idle and was_idle, f"tasks wait, and nobody runs them: {own} {driver}")
+                was_idle = is_idle
             if not still_open and driver.backups_over:
                 return
             self.assertLess(time.monotonic(), until, f"not over: {still_open} {driver}")
