@@ -21,6 +21,7 @@
 #include <QTableWidget>
 #include <QTextStream>
 #include <QTimer>
+#include <QTimeZone>
 
 #include <algorithm>
 #include <cmath>
@@ -95,6 +96,7 @@ private:
 
 int main(int argc, char** argv)
 {
+    qputenv("TZ", QTimeZone::systemTimeZoneId()); // as the program does
     QApplication app(argc, argv);
     const QStringList args = QCoreApplication::arguments();
     if (args.size() != 10 && args.size() != 11) {

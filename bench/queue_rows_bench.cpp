@@ -25,6 +25,7 @@
 #include <QStackedWidget>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QTimeZone>
 
 #include <algorithm>
 #include <cstdio>
@@ -115,6 +116,7 @@ int main(int argc, char* argv[])
 {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && qEnvironmentVariableIsEmpty("DISPLAY"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("TZ", QTimeZone::systemTimeZoneId()); // as the program does
     QApplication application(argc, argv);
     const QTemporaryDir world;
     vemo_data::DataFolder::setRoot(world.path());
