@@ -180,6 +180,21 @@ TEST_F(Replay, makesBatchesThatEndAtAccessUnits)
     EXPECT_LE(log.batchBytes.size(), 20u) << "about 64 KiB a batch";
 }
 
+TEST_F(Replay, beginsWithTheDescriptionWhenTheFirstPictureIsBroken)
+{
+    addTrack(audioMedia("PCMU", 8000));
+    const std::vector<Bytes> parts = fragments(h264Nal(5, 3'000, 1), 1'000);
+    send(parts[0], 0, false, baseNs);
+    send(Bytes(160, 7), 0, true, baseNs, 0, 2);
+    lose(1);
+    send(parts[2], 0, true, baseNs);
+    picture(1, false, baseNs + frameNs);
+    receiver.finish();
+    ASSERT_FALSE(frames().empty());
+    EXPECT_EQ(frames().front().header.track, 1);
+    EXPECT_EQ(frames().front().infosBefore, 1u) << "sound came before anybody knew of what kind";
+}
+
 TEST_F(Replay, boundsWhatWaitsForAPictureThatNeverComes)
 {
     addTrack(audioMedia("PCMA", 8'000));

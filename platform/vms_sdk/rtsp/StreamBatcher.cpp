@@ -186,6 +186,9 @@ void StreamBatcher::afterUnit()
 {
     if (!m_behindUnit.isEmpty()) {
         m_canReopen = false;
+        // The unit may have been dropped, and the info with which it was to begin still stands out.
+        if (m_infoPending)
+            writeInfoBefore(m_used);
         append(bytesOf(m_behindUnit), static_cast<std::size_t>(m_behindUnit.size()));
         m_behindUnit.clear();
     }
