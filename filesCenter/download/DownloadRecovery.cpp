@@ -155,13 +155,23 @@ QList<Piece> withoutDoubles(QList<Piece> pieces)
     return kept;
 }
 
-/// Repaired files of a task that was fetched anew after all.
-QStringList doublesOf(const DownloadTaskInfo& task, const QStringList& repaired, const Owners& owners)
+/// Those repaired files of a task whose footage others of its files hold as a whole. What holds a moment that no other
+/// file has, or can't be read, is none.
+QStringList doublesOf(const DownloadTaskInfo& task, const QList<Piece>& held, const QStringList& repaired,
+                      const Owners& owners)
 {
     QStringList doubles;
     for (const QString& path : repaired) {
-        if (TaskFiles::comparable(path) != TaskFiles::comparable(task.savePath) &&
-            !owners.belongsToAnother(path, task) && pieceOf(task.savePath).end.isValid())
+        const auto isSame = [&path](const Piece& piece) {
+            return TaskFiles::comparable(piece.path) == TaskFiles::comparable(path);
+        };
+        if (owners.belongsToAnother(path, task) || std::any_of(held.begin(), held.end(), isSame))
+            continue;
+        const Piece part = pieceOf(path);
+        const auto holds = [&part](const Piece& piece) {
+            return piece.end.isValid() && piece.begin.addMSecs(-secondMs) <= part.begin && part.end <= piece.end;
+        };
+        if (part.end.isValid() && std::any_of(held.begin(), held.end(), holds))
             doubles.append(path);
     }
     return doubles;
@@ -323,7 +333,8 @@ DownloadRecovery::Changes DownloadRecovery::recover(const QList<DownloadTaskInfo
     Changes all;
     for (const DownloadTaskInfo& task : tasks) {
         if (task.state == vemo_data::TaskSucceeded) {
-            all.doubles += doublesOf(task, repaired.values(task.taskId), owners);
+            if (repaired.contains(task.taskId))
+                all.doubles += doublesOf(task, {pieceOf(task.savePath)}, repaired.values(task.taskId), owners);
             continue;
         }
         if (!isInterrupted(task) && !repaired.contains(task.taskId))
@@ -345,13 +356,7 @@ DownloadRecovery::Changes DownloadRecovery::recover(const QList<DownloadTaskInfo
             pieces[i].isLast = false;
         for (const Piece& piece : qAsConst(pieces))
             owners.add(piece.path, task.taskId);
-        const QStringList closed = repaired.values(task.taskId);
-        for (const QString& path : closed) {
-            const bool isKept =
-                std::any_of(pieces.begin(), pieces.end(), [&path](const Piece& piece) { return piece.path == path; });
-            if (!pieces.isEmpty() && !isKept && !owners.belongsToAnother(path, task))
-                all.doubles.append(path);
-        }
+        all.doubles += doublesOf(task, pieces, repaired.values(task.taskId), owners);
 
         Changes changes = plan(task, pieces);
         for (QList<DownloadTaskInfo>* records : {&changes.updates, &changes.adds}) {

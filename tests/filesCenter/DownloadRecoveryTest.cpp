@@ -183,6 +183,13 @@ private slots:
         }
         task.state = vemo_data::TaskSucceeded;
         QCOMPARE(DownloadRecovery::recover({task}, report).doubles, QStringList{first});
+        // What begins where the other one is not over, but goes on behind it, is all that is left of that footage.
+        QVERIFY(QFile::remove(task.savePath));
+        m_world->writeRecording(task.savePath, QueueWorld::at(8, 5), QueueWorld::at(8, 20));
+        for (const int state : {int(vemo_data::TaskWaiting), int(vemo_data::TaskSucceeded)}) {
+            task.state = state;
+            QCOMPARE(DownloadRecovery::recover({task}, report).doubles, QStringList());
+        }
     }
 
     void takesNoFileThatBelongsToAnotherTask()
