@@ -14,7 +14,7 @@ VEMO_PACKAGES=(
 # What the tests need beside them.
 VEMO_TEST_PACKAGES=(
     git sqlite3 clang-format clang libclang-rt-dev libimage-exiftool-perl exiv2 g++-mingw-w64-x86-64-posix openssl mediainfo time dpkg-dev lintian appstream man-db file strace gcovr
-    xvfb xauth xdotool x11-utils openbox dbus at-spi2-core gir1.2-atspi-2.0 python3-gi
+    mpv xvfb xauth xdotool x11-utils openbox dbus at-spi2-core gir1.2-atspi-2.0 python3-gi
     gstreamer1.0-tools gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-plugins-bad gstreamer1.0-libav
     libgstreamer1.0-dev libgstreamer-plugins-base1.0-dev libgstrtspserver-1.0-dev
 )

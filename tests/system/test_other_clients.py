@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Programs that know nothing of us play from the simulated recorder: ffprobe, ffmpeg and GStreamer's rtspsrc."""
+"""Programs that know nothing of us play from the simulated recorder: ffprobe, ffmpeg, mpv and GStreamer's rtspsrc; live and replay, with
+login, in the open and over TLS."""
 import datetime
 import os
 import tempfile
@@ -10,13 +11,14 @@ import systemlab
 from systemlab import Client, Recorder, Test
 
 PASSWORD = "gehe/im%2B+7"
+BEGIN = systemlab.FIRST_DAY + datetime.timedelta(hours=1)
 
 
 class OtherClients(Test):
     @classmethod
     def setUpClass(cls):
         # gst-launch cannot take every character in a property.
-        cls.recorder = Recorder("--channels", "2", password=PASSWORD)
+        cls.recorder = Recorder("--channels", "2", password=PASSWORD, tls=True)
         cls.addClassCleanup(cls.recorder.stop)
         cls.addresses = {}
         with Client() as client:
@@ -44,6 +46,41 @@ class OtherClients(Test):
                 done = media.run(["ffmpeg", "-v", "error", "-rtsp_transport", "tcp", "-i", self.with_login(channel), "-t", "5",
                                   "-f", "null", "-"])
                 self.assertEqual((done.returncode, done.stderr.strip()), (0, ""))
+
+    def span_of(self, scheme, channel, begin, end):
+        """A player cannot ask for a span; it stands in the address."""
+        user, password = (urllib.parse.quote(text, safe="") for text in (systemlab.USER, PASSWORD))
+        span = "-".join(each.strftime("%Y%m%dT%H%M%SZ") for each in (begin, end))
+        return self.recorder.addresses[scheme].replace("://", f"://{user}:{password}@") + f"/replay/{channel}?clock={span}"
+
+    @staticmethod
+    def units_by_ffmpeg(url, *options):
+        """How many access units ffmpeg receives of each stream."""
+        done = media.run(["ffmpeg", "-v", "error", "-rtsp_transport", "tcp", "-i", url, *options, "-map", "0:v", "-map", "0:a", "-c", "copy",
+                          "-f", "framemd5", "-"])
+        streams = [int(line.split(",")[0]) for line in done.stdout.splitlines() if not line.startswith("#")]
+        return done.stderr.strip(), {stream: streams.count(stream) for stream in set(streams)}
+
+    def test_ffmpeg_gets_every_unit_of_a_replay(self):
+        begin, end = BEGIN, BEGIN + datetime.timedelta(seconds=10)
+        for channel in (1, 2):
+            sent = {track: len(samples) for track, samples in self.recorder.samples(channel, begin, end).items()}
+            for scheme in ("rtsp", "rtsps"):
+                with self.subTest(channel=channel, scheme=scheme):
+                    self.assertEqual(self.units_by_ffmpeg(self.span_of(scheme, channel, begin, end)), ("", sent))
+
+    def test_ffmpeg_watches_live(self):
+        for channel in (1, 2):
+            with self.subTest(channel=channel):
+                address = self.span_of("rtsp", channel, BEGIN, BEGIN).replace("/replay/", "/live/").split("?")[0]
+                said, units = self.units_by_ffmpeg(address, "-t", "3")
+                self.assertEqual(said, "")
+                self.assertAlmostEqual(units[0], 75, delta=3)
+
+    def test_mpv_plays_to_the_end(self):
+        address = self.span_of("rtsp", 1, BEGIN, BEGIN + datetime.timedelta(seconds=4))
+        done = media.run(["mpv", "--no-config", "--vo=null", "--ao=null", "--untimed", "--rtsp-transport=tcp", "--msg-level=all=error", address])
+        self.assertEqual((done.returncode, done.stderr.strip()), (0, ""))
 
     def test_rtspsrc_plays_video_and_audio(self):
         depacketizers = {1: ("rtph264depay ! h264parse", "rtpmp4gdepay ! aacparse"), 2: ("rtph265depay ! h265parse", "rtppcmadepay")}
