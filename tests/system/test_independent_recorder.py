@@ -14,11 +14,10 @@ GOP_FRAMES = 25
 SECOND = datetime.timedelta(seconds=1)
 
 
-def make_clip(path):
+def make_clip(path, encoder=("libx264", "-preset", "veryfast", "-bf", "2", "-x264-params", "scenecut=0")):
     done = media.run(["ffmpeg", "-v", "error", "-y", "-f", "lavfi", "-i", f"testsrc2=size=640x360:rate=25:duration={CLIP_S}",
-                      "-f", "lavfi", "-i", f"sine=frequency=440:sample_rate=16000:duration={CLIP_S}", "-c:v", "libx264",
-                      "-preset", "veryfast", "-bf", "2", "-g", str(GOP_FRAMES), "-x264-params", "scenecut=0", "-c:a", "aac",
-                      "-b:a", "48k", path])
+                      "-f", "lavfi", "-i", f"sine=frequency=440:sample_rate=16000:duration={CLIP_S}", "-g", str(GOP_FRAMES), "-c:v",
+                      *encoder, "-c:a", "aac", "-b:a", "48k", path])
     if done.returncode != 0:
         raise RuntimeError(done.stderr)
 
@@ -30,14 +29,19 @@ class IndependentRecorder(Test):
         cls.addClassCleanup(folder.cleanup)
         cls.clip = os.path.join(folder.name, "clip.mov")
         make_clip(cls.clip)
-        password_file = os.path.join(folder.name, "password")
-        with open(password_file, "w", encoding="utf-8") as file:
-            file.write(systemlab.PASSWORD)
-        cls.peer = Server([systemlab.program("gst_replay_peer"), "--clip", cls.clip, "--begin", str(int(BEGIN.timestamp())),
-                           "--user", systemlab.USER, "--password-file", password_file])
+        cls.folder = folder.name
+        cls.peer = cls.serve(cls.clip)
         cls.addClassCleanup(cls.peer.stop)
         cls.device = cls.peer.addresses["rtsp"]
         cls.truth = cls.pictures(cls.clip)
+
+    @classmethod
+    def serve(cls, clip, *options):
+        password_file = os.path.join(cls.folder, "password")
+        with open(password_file, "w", encoding="utf-8") as file:
+            file.write(systemlab.PASSWORD)
+        return Server([systemlab.program("gst_replay_peer"), "--clip", clip, "--begin", str(int(BEGIN.timestamp())), "--user",
+                       systemlab.USER, "--password-file", password_file, *options])
 
     def setUp(self):
         self.client = Client()
@@ -75,6 +79,18 @@ class IndependentRecorder(Test):
         first = self.truth.index(got[0])
         self.assertEqual(first, 250, msg=run)
         self.assertEqual(got[:-3], self.truth[first:first + len(got) - 3])
+
+    def test_other_kinds_of_recordings(self):
+        hevc = os.path.join(self.folder, "hevc.mov")
+        make_clip(hevc, ("libx265", "-preset", "ultrafast", "-bf", "2", "-tag:v", "hvc1", "-x265-params", "scenecut=0:log-level=error"))
+        for clip, options, codecs in ((hevc, (), ["hevc", "aac"]), (hevc, ("--silent",), ["hevc"]), (self.clip, ("--silent",), ["h264"])):
+            with self.subTest(codecs=codecs), self.serve(clip, *options) as peer, Client() as client:
+                path = os.path.join(client.out, "whole.mp4")
+                run = client.download(peer.addresses["rtsp"], 1, BEGIN, BEGIN + CLIP_S * SECOND, path, timeout=90)
+                self.check_run(client, run, systemlab.DONE)
+                self.check_file(path)
+                self.assertEqual(self.pictures(path), self.pictures(clip))
+                self.assertEqual([stream["codec_name"] for stream in media.probe(path)["streams"]], codecs)
 
     def test_a_wrong_password_is_refused(self):
         run = self.client.download(self.device, 1, BEGIN, BEGIN + 10 * SECOND, password="not it")

@@ -2,10 +2,11 @@
 // replay, and a test picture live under /live.
 //
 //   gst_replay_peer --clip FILE --begin UTC-SECONDS --user NAME --password-file FILE [--password-in-clear]
+//                   [--silent]
 //
-// Prints {"rtsp": "rtsp://127.0.0.1:PORT/recording"} and serves until SIGTERM. The clip (QuickTime or MP4, H.264, and
-// AAC if it has it) stands on the peer's time line from --begin on; `Range: clock=` seeks in it, `Rate-Control: no` is
-// obeyed, and every packet carries the replay extension 0xABAC of GStreamer's rtponviftimestamp.
+// Prints {"rtsp": "rtsp://127.0.0.1:PORT/recording"} and serves until SIGTERM. The clip (QuickTime or MP4, H.264 or
+// H.265, and AAC if it has it) stands on the peer's time line from --begin on; `Range: clock=` seeks in it,
+// `Rate-Control: no` is obeyed, and every packet carries the replay extension 0xABAC of GStreamer's rtponviftimestamp.
 
 #include <gst/app/gstappsink.h>
 #include <gst/app/gstappsrc.h>
@@ -184,10 +185,15 @@ int main(int count, char** arguments)
     std::string password;
     GstClockTime begin = 0;
     bool inClear = false;
+    bool silent = false; // leaves the sound out
     for (int index = 1; index < count; ++index) {
         const std::string name = arguments[index];
         if (name == "--password-in-clear") {
             inClear = true;
+            continue;
+        }
+        if (name == "--silent") {
+            silent = true;
             continue;
         }
         if (index + 1 == count) {
@@ -215,13 +221,15 @@ int main(int count, char** arguments)
     const std::string demux = "filesrc location=" + clip + " ! qtdemux name=d ";
     // No parser on the way: it would make times of its own for reordered pictures.
     const std::string sink = "appsink name=out sync=false max-buffers=0";
-    tracks().push_back(load(demux + "d.video_0 ! queue ! video/x-h264 ! " + sink, begin));
+    tracks().push_back(load(demux + "d.video_0 ! queue ! " + sink, begin));
     if (tracks()[0].units.empty()) {
-        fail("the clip has no H.264 track");
+        fail("the clip has no pictures");
     }
-    const Track audio = load(demux + "d.audio_0 ! queue ! " + sink, begin);
-    std::string launch = "( appsrc name=video ! rtph264pay config-interval=-1 pt=96 ! rtponviftimestamp "
-                         "ntp-offset=0 name=pay0 ";
+    const std::string codec = gst_structure_get_name(gst_caps_get_structure(tracks()[0].caps, 0));
+    const std::string payloader = codec == "video/x-h265" ? "rtph265pay" : "rtph264pay";
+    const Track audio = silent ? Track() : load(demux + "d.audio_0 ! queue ! " + sink, begin);
+    std::string launch =
+        "( appsrc name=video ! " + payloader + " config-interval=-1 pt=96 ! rtponviftimestamp ntp-offset=0 name=pay0 ";
     if (!audio.units.empty()) {
         tracks().push_back(audio);
         launch += "appsrc name=audio ! rtpmp4gpay pt=97 ! rtponviftimestamp ntp-offset=0 name=pay1 ";
