@@ -9,9 +9,12 @@ import random
 import signal
 import struct
 import subprocess
+import sys
 import time
+import unittest
 
 import media
+import rows
 import systemlab
 from judges import DAY, PICTURE_S, BackupJudge, common, seconds
 from systemlab import Client, Recorder
@@ -329,5 +332,15 @@ class Backup(BackupJudge):
         self.assertIn("wrong user name or password for connecting device", over.last["message"])
 
 
+# What the tests of clocks try: two nights; five times set, and suspended twice; a day ahead.
+CLOCK_CASES = {"test_nights_in_which_the_clocks_change": 2, "test_clocks_that_are_set_and_sleep": 7, "test_a_clock_that_is_a_day_fast": 1}
+
 if __name__ == "__main__":
-    systemlab.main()
+    rest = systemlab.parse()
+    print(f"seed {systemlab.OPTIONS.seed}", file=sys.stderr)
+    outcome = unittest.main(module="__main__", argv=[sys.argv[0], *rest], verbosity=2, exit=False).result
+    violated = [test.id() for test, _ in outcome.failures + outcome.errors]
+    if not rest:
+        rows.tell("E15", "backups while clocks change", sum(CLOCK_CASES.values()),
+                  sum(any(name in test for test in violated) for name in CLOCK_CASES), systemlab.OPTIONS.seed)
+    sys.exit(1 if violated else 0)
