@@ -14,7 +14,7 @@ struct SdkLimits
     int silenceTimeoutMs = 9'500;  ///< a playing stream without a byte; told within 10 s, since its watch ticks
     qint64 streamCreditBytes = 12 * 1024 * 1024;
     qint64 liveCreditBytes = 4 * 1024 * 1024;
-    int searchEvents = 100'000;    ///< events that one search keeps
+    int searchEvents = 100'000;    ///< events that one search keeps, and recordings that it looks through
     int searchRecordings = 20'000; ///< recordings that one search answers
 };
 

@@ -1,7 +1,13 @@
 #include "SdkLife.h"
 
 #include <QElapsedTimer>
+#include <QFile>
 #include <QUuid>
+
+#include <algorithm>
+#include <memory>
+#include <numeric>
+#include <vector>
 
 using namespace vms_sdk;
 
@@ -18,6 +24,14 @@ RecsSearchCondition day(int channelNo = 1)
     condition.begin = QDateTime(QDate(2026, 1, 10), QTime(0, 0), Qt::UTC);
     condition.end = QDateTime(QDate(2026, 1, 10), QTime(23, 59, 59), Qt::UTC);
     return condition;
+}
+
+/// What the process holds in memory; 0 where the system does not tell.
+qint64 residentBytes()
+{
+    constexpr qint64 pageBytes = 4096;
+    QFile file(QStringLiteral("/proc/self/statm"));
+    return file.open(QIODevice::ReadOnly) ? file.readAll().split(' ').value(1).toLongLong() * pageBytes : 0;
 }
 
 /// "08:00-08:10 08:10-08:20!" in UTC, '!' for type 1.
@@ -45,6 +59,8 @@ private slots:
     void tellsWhatItCannotSearch_data();
     void tellsWhatItCannotSearch();
     void namesTheLimitWhenThereAreTooManyEvents();
+    void looksThroughNoMoreRecordingsThanItsLimit();
+    void staysSmallAndCancelsAtOnceAmongManyDevices();
     void timesOutOnceUnlessRenewed();
     void cancelsAtOnce();
     void answersEachOfManyExactlyOnce();
@@ -178,6 +194,72 @@ void RecordingSearchTest::namesTheLimitWhenThereAreTooManyEvents()
     QCOMPARE(kindOf(sdk.answers), ErrorKind::Corrupt);
     QVERIFY(search_error(condition.requestId).message.contains(QStringLiteral("3000")));
     QVERIFY(device.count("GetEventSearchResults") <= 7);
+}
+
+void RecordingSearchTest::looksThroughNoMoreRecordingsThanItsLimit()
+{
+    OnvifFake device;
+    giveEvents(device);
+    SdkLimits limits = SdkLife::quickLimits();
+    limits.searchEvents = 3000;
+    SdkLife sdk(limits);
+    sdk.logIn(SdkLife::loginTo(device.address()));
+    device.flags.endlessRecordings = 500;
+    const int before = device.count("GetRecordingSearchResults");
+    search_video_recordings_req(day());
+    QTRY_COMPARE_WITH_TIMEOUT(sdk.answers.size(), 1, patienceMs);
+    QCOMPARE(kindOf(sdk.answers), ErrorKind::None);
+    QVERIFY(shown(recordingsOf(sdk.answers)).startsWith(QStringLiteral("08:00-08:10")));
+    QVERIFY(device.count("GetRecordingSearchResults") - before <= 7);
+}
+
+/// G11: each of the devices has pages without end; all are searched at once.
+void RecordingSearchTest::staysSmallAndCancelsAtOnceAmongManyDevices()
+{
+    constexpr int devices = 200;
+    constexpr qint64 roomBytes = 300LL * 1024 * 1024;
+    SdkLimits limits = SdkLife::quickLimits();
+    limits.requestTimeoutMs = 4 * patienceMs;
+    limits.answerTimeoutMs = 4 * patienceMs;
+    SdkLife sdk(limits);
+    std::vector<std::unique_ptr<OnvifFake>> fakes;
+    QStringList ids;
+    for (int i = 0; i < devices; ++i) {
+        fakes.push_back(std::make_unique<OnvifFake>());
+        fakes.back()->flags.endlessEvents = 500;
+        login_dev_req(SdkLife::loginTo(fakes.back()->address(), QStringLiteral("dev-%1").arg(i)));
+    }
+    QTRY_COMPARE_WITH_TIMEOUT(sdk.logins.size(), devices, 4 * patienceMs);
+    const qint64 before = residentBytes();
+    for (int i = 0; i < devices; ++i) {
+        RecsSearchCondition condition = day();
+        condition.devId = QStringLiteral("dev-%1").arg(i);
+        ids.append(condition.requestId);
+        search_video_recordings_req(condition);
+    }
+    const auto pages = [&fakes] {
+        return std::accumulate(fakes.cbegin(), fakes.cend(), 0, [](int sum, const std::unique_ptr<OnvifFake>& fake) {
+            return sum + fake->count("GetEventSearchResults");
+        });
+    };
+    QTRY_VERIFY_WITH_TIMEOUT(pages() > devices / 2, 4 * patienceMs);
+    std::vector<qint64> times;
+    for (const QString& id : qAsConst(ids)) {
+        const int answered = sdk.answers.size();
+        QElapsedTimer timer;
+        timer.start();
+        cancel_request(id);
+        QVERIFY(QTest::qWaitFor([&] { return sdk.answers.size() > answered; }, patienceMs));
+        times.push_back(timer.elapsed());
+    }
+    std::sort(times.begin(), times.end());
+    const qint64 grown = residentBytes() - before;
+    qInfo("%d pages of %d events, %lld MiB more, cancelled in %lld ms (median), %lld ms (longest)", pages(), 500,
+          static_cast<long long>(grown >> 20), static_cast<long long>(times.at(times.size() / 2)),
+          static_cast<long long>(times.back()));
+    QVERIFY2(grown < roomBytes, qPrintable(QString::number(grown)));
+    QVERIFY2(times.at(times.size() / 2) < 200, qPrintable(QString::number(times.at(times.size() / 2))));
+    QCOMPARE(sdk.answers.size(), devices);
 }
 
 void RecordingSearchTest::timesOutOnceUnlessRenewed()

@@ -1,6 +1,7 @@
 #include "SdkCore.h"
 
 #include "ClientSignals.h"
+#include "SearchJob.h"
 
 namespace vms_sdk {
 
@@ -73,6 +74,13 @@ void SdkCore::discover(const QString& requestId, int timeoutMs)
 void SdkCore::cancelRequest(const QString& requestId)
 {
     m_soap.post([requestId](SoapWorker& worker) { worker.cancel(requestId); });
+    // The thread for SOAP may have the pages of two hundred devices to read before it hears of that.
+    QMetaObject::invokeMethod(
+        this,
+        [this, requestId] {
+            m_searches.answer(requestId, {ErrorKind::Cancelled, SearchJob::tr("The search was cancelled."), {}}, {});
+        },
+        Qt::QueuedConnection);
 }
 
 } // namespace vms_sdk

@@ -122,7 +122,9 @@ void SearchJob::takeExtent(const SoapAnswer& answer)
             m_isExtentKnown = entry.earliestMs.has_value() && entry.latestMs.has_value();
         }
     }
-    if (results.isValid && !results.completed && !m_isExtentKnown) {
+    // A device may tell of all its recordings, asked for one or not: then the search does without the extent.
+    m_recordingsSeen += results.entries.size();
+    if (results.isValid && !results.completed && !m_isExtentKnown && m_recordingsSeen <= m_limits.searchEvents) {
         if (!pollAgain(results.entries.isEmpty(), &SearchJob::pollExtent))
             finish({ErrorKind::TimedOut, tr("The device does not get on with its search."), {}});
         return;

@@ -64,6 +64,7 @@ private:
     quint64 m_callId = 0;
     int m_filter = 0; ///< which topic filter is being tried
     int m_eventsSeen = 0;
+    int m_recordingsSeen = 0;
     bool m_isExtentKnown = false;
     bool m_isFinished = false;
     QTimer m_pause;
