@@ -104,6 +104,11 @@ class Recorder:
     def url(self, channel, begin, end, login=""):
         return f"rtsp://{login}{self.rtsp.hostname}:{self.rtsp.port}{self.path(channel, begin, end)}"
 
+    @property
+    def replay(self):
+        """Its address for a client that needs no ONVIF."""
+        return f"rtsp://{self.rtsp.hostname}:{self.rtsp.port}/replay/{{channel}}"
+
     def stop(self):
         self.process.send_signal(signal.SIGTERM)
         self.process.wait(20)
@@ -181,12 +186,14 @@ class Lab:
 
     # Commands ---------------------------------------------------------------------------------------------------------
 
-    def login(self, recorder):
-        return ["--device", recorder.onvif, "--user", "admin", "--password-file", recorder.password_file]
+    @staticmethod
+    def login(recorder, device=None):
+        return ["--device", device or recorder.onvif, "--user", "admin", "--password-file", recorder.password_file]
 
-    def ours(self, channels, begin, end, out, recorder=None):
+    def ours(self, channels, begin, end, out, recorder=None, device=None):
+        """`device`: its address, when not that of its ONVIF service."""
         recorder = recorder or self.recorder
-        return [self.program("vemo_client"), "--data", os.path.join(recorder.folder, "data"), "download", *self.login(recorder),
+        return [self.program("vemo_client"), "--data", os.path.join(recorder.folder, "data"), "download", *self.login(recorder, device),
                 "--channel", ",".join(map(str, channels)), "--begin", iso(begin), "--end", iso(end), "--out", out, "--json"]
 
     def ffmpeg(self, channel, begin, end, out, *options, recorder=None):

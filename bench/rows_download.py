@@ -157,7 +157,9 @@ def until(command, out, reached):
 
 
 def first_fragment(lab, report):
-    """F5. A peer that writes a plain file has media on disk early which nobody can play; both are told."""
+    """F5. The peers are given the address of the replay, so ours is too; with ONVIF it also logs in and searches before. A peer that writes
+    a plain file has media on disk early which nobody can play: that is told, and not judged."""
+    replay = lab.recorder.replay
     end = BEGIN + timedelta(minutes=20)
 
     def of(name, command, reached):
@@ -170,15 +172,18 @@ def first_fragment(lab, report):
     def is_begun(path):
         return size(path) >= FIRST_BYTES
 
-    ways = {"ours": of("ours", lambda out: lab.ours([1], BEGIN, end, out), fragments),
+    ways = {"ours": of("ours", lambda out: lab.ours([1], BEGIN, end, out, device=replay), fragments),
+            "ours, ONVIF": of("ours", lambda out: lab.ours([1], BEGIN, end, out), fragments),
             "P1 fragmented": of("P1", lambda out: lab.ffmpeg(1, BEGIN, end, out, "-movflags", "frag_keyframe+empty_moov"), fragments),
             "P2 fragmented": of("P2", lambda out: lab.gstreamer(1, BEGIN, end, out, "fragment-duration=1000"), fragments),
-            "ours, bytes": of("ours", lambda out: lab.ours([1], BEGIN, end, out), is_begun),
+            "ours, bytes": of("ours", lambda out: lab.ours([1], BEGIN, end, out, device=replay), is_begun),
             "P1": of("P1", lambda out: lab.ffmpeg(1, BEGIN, end, out), is_begun),
             "P2": of("P2", lambda out: lab.gstreamer(1, BEGIN, end, out), is_begun)}
     figures = lab.turns(ways, warm=1)
     lab.out("first")
-    report.add("F5/fragment", figures["ours"], {name: figures[name] for name in ("P1 fragmented", "P2 fragmented")})
+    fragmented = {name: figures[name] for name in ("P1 fragmented", "P2 fragmented")}
+    report.add("F5/fragment", figures["ours"], fragmented)
+    report.add("F5/onvif", figures["ours, ONVIF"], fragmented)
     report.add("F5/bytes", figures["ours, bytes"], {name: figures[name] for name in ("P1", "P2")})
 
 
