@@ -98,13 +98,13 @@ void BackupManifest::summed(const QByteArray& sha256, qint64 bytes)
         this, [this, isWritten] { over(*isWritten); }, 0);
 }
 
-/// A file whose folder is not there either may be on a disk that was pulled: it stays remembered.
+/// A file whose folder has no manifest may be on a disk that was pulled: it stays remembered.
 void BackupManifest::forgetIfRemoved()
 {
     auto isRemoved = std::make_shared<bool>(false);
-    DiskWork::run(
-        [isRemoved, folder = QFileInfo(m_current.filePath).path()] { *isRemoved = QFileInfo(folder).isDir(); }, this,
-        [this, isRemoved] { over(*isRemoved); }, 0);
+    const QString manifest = QFileInfo(m_current.filePath).path() % QLatin1Char('/') % BackupManifestFile::jsonName();
+    DiskWork::run([isRemoved, manifest] { *isRemoved = QFileInfo(manifest).isFile(); }, this,
+                  [this, isRemoved] { over(*isRemoved); }, 0);
 }
 
 void BackupManifest::over(bool isListed)

@@ -26,7 +26,7 @@ public:
     static BackupManifest& instance();
 
     /// A finished file of the task, which keeps its name. One that is gone by its turn is left out,
-    /// but made up for by the next start when its folder is gone as well.
+    /// but made up for by the next start when its folder has no manifest.
     void add(const vemo_data::BackupTaskInfo& task, const QString& filePath);
     bool isIdle() const { return m_waiting.isEmpty() && !m_busy; }
 

@@ -88,17 +88,23 @@ BackupPieceFiles::Ended BackupPieceFiles::cutOff(const QDate& date, const FileIn
 
 BackupPieceFiles::Leftovers BackupPieceFiles::takeOver(BackupTaskInfo task, int index, const QStringList& claimed)
 {
+    const QString own = task.fileInfos.at(index).filePath;
     const QList<BackupLeftovers::Part> parts =
         BackupLeftovers::find(task, index, [&claimed](const QString& path) { return isClaimed(claimed, path); });
     BackupLeftovers::settle(&task, index, parts);
     Leftovers left{task.fileInfos, 0};
+    bool isOwnTaken = false;
     for (int place = index; place < left.entries.size() && left.taken < parts.size(); ++place) {
         FileInfo& entry = left.entries[place];
         if (!entry.finished)
             break;
+        isOwnTaken = isOwnTaken || entry.filePath == own;
         entry.filePath = nameByTimes(entry);
         ++left.taken;
     }
+    // The others hold the same footage, and no entry will name it any more.
+    if (left.taken > 0 && !isOwnTaken && isThere(own))
+        QFile::remove(own);
     return left;
 }
 

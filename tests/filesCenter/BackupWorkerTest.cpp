@@ -1,6 +1,7 @@
 #include "QueueWorld.h"
 
 #include <backup/BackupManifest.h>
+#include <backup/BackupManifestFile.h>
 #include <backup/BackupPaths.h>
 #include <backup/BackupPieceFiles.h>
 #include <backup/BackupWorker.h>
@@ -336,11 +337,31 @@ private slots:
                  BackupPieceFiles::Room::Stuck);
     }
 
+    /// It could not be closed, and another file of the piece holds its footage.
+    void takesAwayALeftoverThatNoEntryWillName()
+    {
+        BackupTaskInfo piece = task("a", "08:00:00-09:00:59");
+        FileInfo open;
+        open.startTime = time(QStringLiteral("08:00:00"));
+        open.endTime = time(QStringLiteral("09:00:59"));
+        open.filePath = m_world->writeRecording(m_world->filePath(QStringLiteral("080000-090059.mp4")),
+                                                QueueWorld::at(8), QDateTime());
+        piece.fileInfos = {open};
+        m_world->writeRecording(m_world->filePath(QStringLiteral("080000-090059 (2).mp4")), QueueWorld::at(8),
+                                QueueWorld::at(8, 30));
+        const BackupPieceFiles::Leftovers left = BackupPieceFiles::takeOver(piece, 0, {});
+        QCOMPARE(left.taken, 1);
+        QCOMPARE(left.entries.size(), 2);
+        QVERIFY(!QFile::exists(open.filePath));
+        QVERIFY(QFile::exists(left.entries.first().filePath));
+    }
+
     void remembersForTheManifestWhatLiesOnADiskThatIsPulled()
     {
         const QString pulled = m_world->filePath(QStringLiteral("pulled/a.mp4"));
         for (const QString& path : {pulled, m_world->filePath(QStringLiteral("removed.mp4"))})
             BackupTaskData::instance().addUnlisted({path, QStringLiteral("dev"), 1, QStringLiteral("Gate 1")});
+        m_world->writeFile(m_world->filePath(BackupManifestFile::jsonName()));
         BackupManifest manifest(nullptr);
         QTRY_VERIFY(manifest.isIdle());
         const QList<vemo_data::BackupUnlisted> left = BackupTaskData::instance().getUnlisted();
