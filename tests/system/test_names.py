@@ -20,12 +20,14 @@ from systemlab import Client, Recorder, Test
 SECOND = datetime.timedelta(seconds=1)
 BEGIN = systemlab.FIRST_DAY + datetime.timedelta(hours=2)
 SPAN = (BEGIN, BEGIN + SECOND)
-NAMES = ["../../../../escaped", "/absolute/name", "C:\\Windows\\system32\\x", "two\nlines\tand\rmore", "gate\u202egpj.exe", "\u2066isolated\u2069\u200f\ufeff",
+NAMES = ["../../../../escaped", "/absolute/name", "C:\\Windows\\system32\\x", "two\nlines\tand\rmore", "gate\u202egpj.exe",
+         "\u2066isolated\u2069\u200f\ufeff",
          "con", "NUL.txt", "lpt9 .x", "COM\u00b2", "dots and spaces. . .", " . .", "..", "x" * 4096, "\u00e4\u6f22" * 2000, "\U0001f4f7" * 300,
          "e\u0301" * 200, "Gate", "GATE", "gate", "caf\u00e9", "cafe\u0301", "<b>bold</b><img src=file:///etc/hostname>", "%s%n%08x", "-rf *",
          "$(touch escaped)`id`", "~/name", "a" * 254 + "\u00e9", "?*:\"<>|", "&amp;&lt;", "\u0645\u06cc\u200c\u062e", "@~_()"]
 DEVICE = "../../../evil\u202e\n" + "\u00fc" * 2000 + "/NUL"
-RESERVED = {"CON", "PRN", "AUX", "NUL", "CONIN$", "CONOUT$", *(f"{name}{digit}" for name in ("COM", "LPT") for digit in "123456789\u00b9\u00b2\u00b3")}
+RESERVED = {"CON", "PRN", "AUX", "NUL", "CONIN$", "CONOUT$",
+            *(f"{name}{digit}" for name in ("COM", "LPT") for digit in "123456789\u00b9\u00b2\u00b3")}
 COUNTS = {"names": 0, "bad names": 0, "traps": 0, "sprung": 0}
 
 
@@ -112,7 +114,8 @@ class Names(Test):
     def test_backups_and_their_export(self):
         channels = ",".join(map(str, range(1, len(NAMES) + 1)))
         day = systemlab.FIRST_DAY.strftime("%Y-%m-%d")
-        self.work("backup", "add", "--device", self.device, "--user", systemlab.USER, "--channels", channels, "--date", day, "--segments", "02:00-02:00")
+        self.work("backup", "add", "--device", self.device, "--user", systemlab.USER, "--channels", channels, "--date", day,
+                  "--segments", "02:00-02:00")
         self.work("backup", "run")
         videos = os.path.join(self.client.folder, "home", "Videos")
         self.check(videos, len(NAMES))
@@ -213,7 +216,8 @@ class Traps(Test):
             with self.subTest(name=name, kind=kind), Client() as client:
                 self.client = client
                 client.changes["VEMO_KEYRING"] = "off"
-                client.run("backup", "add", "--device", self.device, "--user", systemlab.USER, "--channels", 1, "--date", day, "--segments", "02:00-02:00")
+                client.run("backup", "add", "--device", self.device, "--user", systemlab.USER, "--channels", 1, "--date", day,
+                           "--segments", "02:00-02:00")
                 root = os.path.join(client.folder, "home", "Videos", "Vemo", "Backup")
                 with contextlib.closing(sqlite3.connect(os.path.join(client.folder, "data", "data", "vemo.db"))) as connection:
                     dev_id, = connection.execute("SELECT dev_id FROM devices").fetchone()

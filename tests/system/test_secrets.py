@@ -8,20 +8,19 @@ import hashlib
 import html
 import json
 import os
+import re
 import shutil
 import signal
-import stat
 import tempfile
 import time
 import unittest
 import urllib.parse
 
-import desktop
 import rows
 import secretscan
 import systemlab
 import systrace
-from desktop import Window, wait_for
+from desktop import wait_for
 from systemlab import Recorder, Test
 
 SECOND = datetime.timedelta(seconds=1)
@@ -36,14 +35,22 @@ class Scan(unittest.TestCase):
     """The judge himself."""
 
     def test_finds_every_spelling(self):
+        login = f"{USER}:{secretscan.REALM}:{SECRET}".encode()
         spelled = {
-            "as it is": SECRET.encode(), "UTF-16": SECRET.encode("utf-16-le"), "in a URL": f"rtsp://admin:{urllib.parse.quote(SECRET, safe='')}@host/".encode(),
-            "in a form": urllib.parse.urlencode({"p": SECRET}).encode(), "in a URL of lower case": secretscan.lower_digits(urllib.parse.quote(SECRET, safe="")).encode(),
+            "as it is": SECRET.encode(),
+            "UTF-16": SECRET.encode("utf-16-le"),
+            "in a URL": f"rtsp://admin:{urllib.parse.quote(SECRET, safe='')}@host/".encode(),
+            "in a form": urllib.parse.urlencode({"p": SECRET}).encode(),
+            "in a URL of lower case": secretscan.lower_digits(urllib.parse.quote(SECRET, safe="")).encode(),
             "in a header": b"Authorization: Basic " + base64.b64encode(f"{USER}:{SECRET}".encode()),
             "in another user's header": b"Basic " + base64.b64encode(f"x:{SECRET}".encode()) + b"\r\n",
-            "in a long text of base64": base64.b64encode(b"\0\1" + SECRET.encode() + b"\2" * 50), "for URLs": base64.urlsafe_b64encode(SECRET.encode()),
-            "in JSON": json.dumps({"password": SECRET}).encode(), "in XML": f"<Password>{html.escape(SECRET)}</Password>".encode(),
-            "hexadecimal": SECRET.encode().hex().upper().encode(), "as the login that it makes": hashlib.md5(f"{USER}:{secretscan.REALM}:{SECRET}".encode()).hexdigest().encode(), "in SQL": SECRET.replace("'", "''").encode(),
+            "in a long text of base64": base64.b64encode(b"\0\1" + SECRET.encode() + b"\2" * 50),
+            "in base64 for URLs": base64.urlsafe_b64encode(SECRET.encode()),
+            "in JSON": json.dumps({"password": SECRET}).encode(),
+            "in XML": f"<Password>{html.escape(SECRET)}</Password>".encode(),
+            "in SQL": SECRET.replace("'", "''").encode(),
+            "hexadecimal": SECRET.encode().hex().upper().encode(),
+            "as the login that it makes": hashlib.md5(login).hexdigest().encode(),
         }
         known = secretscan.forms(SECRET, USER)
         folder = tempfile.mkdtemp(prefix="vemo-scan-")
@@ -100,7 +107,7 @@ class Secrets(Test):
         device, span = recorder.addresses["onvifs"], (BEGIN, BEGIN + 2 * SECOND)
         refused = self.client.download(device, 1, *span)
         self.assertEqual(refused.code, systemlab.FAILED)
-        pin = max(refused.err.replace(":", "").split(), key=lambda word: len(word) if all(each in "0123456789abcdefABCDEF." for each in word) else 0).strip(".")
+        pin = re.search(r"(?:[0-9A-Fa-f]{2}:?){32}", refused.err).group()
         self.assertEqual(self.client.download(device, 1, *span, None, "--pin", pin).code, systemlab.DONE)
         self.assertEqual(self.client.download(device, 1, *span, None, "--pin", "00" * 32).code, systemlab.FAILED)
         self.check(SECRET)
@@ -110,14 +117,15 @@ class Secrets(Test):
         self.assertEqual(self.add(device, seconds=60).code, systemlab.DONE)
         for number in (signal.SIGSEGV, signal.SIGKILL, signal.SIGTERM):
             process = self.client.start("queue", "run")
-            wait_for(lambda: any(name.endswith(".mp4") for _, _, names in os.walk(self.client.folder) for name in names), "nothing is written")
+            wait_for(lambda: any(name.endswith(".mp4") for _, _, names in os.walk(self.client.folder) for name in names),
+                     "nothing is written")
             time.sleep(1)
             process.send_signal(number)
             self.client.finish(process)
         recorder.ask("/reset", method="POST")
         self.assertEqual(self.client.run("queue", "run").code, systemlab.DONE)
-        self.client.run("backup", "add", "--device", device, "--user", USER, "--channels", 1, "--date", systemlab.FIRST_DAY.strftime("%Y-%m-%d"),
-                        "--segments", "02:00-02:00")
+        self.client.run("backup", "add", "--device", device, "--user", USER, "--channels", 1, "--date",
+                        systemlab.FIRST_DAY.strftime("%Y-%m-%d"), "--segments", "02:00-02:00")
         self.assertEqual(self.client.run("backup", "run").code, systemlab.DONE)
         self.client.run("local", "recordings", "rescan")
         self.check(SECRET)
@@ -125,7 +133,8 @@ class Secrets(Test):
     def test_a_sealed_store_and_accounts(self):
         _, device = self.recorder()
         self.client.changes["VEMO_SECRETS_PASSWORD"] = MASTER
-        self.assertEqual(self.client.run("user", "add", "--name", "keller", "--administrator", "--stay-logged-in", password=WRONG).code, systemlab.DONE)
+        added = self.client.run("user", "add", "--name", "keller", "--administrator", "--stay-logged-in", password=WRONG)
+        self.assertEqual(added.code, systemlab.DONE)
         self.assertEqual(self.add(device).code, systemlab.DONE)
         self.assertEqual(self.client.run("queue", "run", password=None).code, systemlab.DONE)
         self.client.changes["VEMO_SECRETS_PASSWORD"] = "another"
