@@ -216,8 +216,12 @@ void RecordingSearchTest::looksThroughNoMoreRecordingsThanItsLimit()
 /// G11: each of the devices has pages without end; all are searched at once.
 void RecordingSearchTest::staysSmallAndCancelsAtOnceAmongManyDevices()
 {
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    constexpr int devices = 40;
+#else
     constexpr int devices = 200;
-    constexpr qint64 roomBytes = 300LL * 1024 * 1024;
+#endif
+    [[maybe_unused]] constexpr qint64 roomBytes = 300LL * 1024 * 1024;
     SdkLimits limits = SdkLife::quickLimits();
     limits.requestTimeoutMs = 4 * patienceMs;
     limits.answerTimeoutMs = 4 * patienceMs;
@@ -257,7 +261,9 @@ void RecordingSearchTest::staysSmallAndCancelsAtOnceAmongManyDevices()
     qInfo("%d pages of %d events, %lld MiB more, cancelled in %lld ms (median), %lld ms (longest)", pages(), 500,
           static_cast<long long>(grown >> 20), static_cast<long long>(times.at(times.size() / 2)),
           static_cast<long long>(times.back()));
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__) // they keep what was freed
     QVERIFY2(grown < roomBytes, qPrintable(QString::number(grown)));
+#endif
     QVERIFY2(times.at(times.size() / 2) < 200, qPrintable(QString::number(times.at(times.size() / 2))));
     QCOMPARE(sdk.answers.size(), devices);
 }
