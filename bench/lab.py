@@ -90,7 +90,7 @@ class Recorder:
         self.password_file = os.path.join(self.folder, "password")
         with open(self.password_file, "w", encoding="ascii") as file:
             file.write(PASSWORD)
-        command = [binary, "--port", "0", "--channels", "6", "--user", "admin", "--password-file", self.password_file,
+        command = [binary, "--port", "0", "--channels", "20", "--user", "admin", "--password-file", self.password_file,
                    "--first-day", "2026-01-10", "--days", "2", *options]
         self.process = subprocess.Popen(command, stdout=subprocess.PIPE, text=True)
         self.addresses = json.loads(self.process.stdout.readline())
