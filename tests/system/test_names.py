@@ -151,7 +151,6 @@ class Traps(Test):
         """Nothing outside is touched; what was is put right for the next trap."""
         with open(self.precious, encoding="utf-8") as file:
             is_whole = file.read() == "not the client's"
-        COUNTS["traps"] += 1
         COUNTS["sprung"] += not is_whole
         with open(self.precious, "w", encoding="utf-8") as file:
             file.write("not the client's")
@@ -163,6 +162,7 @@ class Traps(Test):
         self.assertTrue(is_whole, "what the link leads to was overwritten")
 
     def set_trap(self, kind, path):
+        COUNTS["traps"] += 1
         os.makedirs(os.path.dirname(path), exist_ok=True)
         if kind == "link":
             os.symlink(self.precious, path)
