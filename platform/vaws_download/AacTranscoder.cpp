@@ -4,6 +4,7 @@
 #include "GapTimeline.h"
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
 namespace vaws {
@@ -107,6 +108,8 @@ void AacTranscoder::push(std::int64_t mediaNs, const std::uint8_t* data, std::si
 bool AacTranscoder::take(Packet& packet)
 {
     const std::lock_guard lock(m_mutex);
+    if (m_noMemory)
+        throw std::bad_alloc();
     if (m_out.empty())
         return false;
     packet = std::move(m_out.front());
@@ -129,6 +132,17 @@ std::size_t AacTranscoder::backlogBytes() const
 }
 
 void AacTranscoder::run()
+{
+    try {
+        encodeAll();
+    } catch (const std::bad_alloc&) {
+        const std::lock_guard lock(m_mutex);
+        m_noMemory = m_drained = true;
+        m_changed.notify_all();
+    }
+}
+
+void AacTranscoder::encodeAll()
 {
     for (;;) {
         Chunk chunk;

@@ -47,6 +47,7 @@ private:
         std::vector<std::uint8_t> bytes;
     };
     void run();
+    void encodeAll();
     void encodeChunk(const Chunk& chunk);
     void encodeFrame();
     void completeWithSilence();
@@ -73,6 +74,7 @@ private:
     std::size_t m_backlog = 0;
     bool m_draining = false;
     bool m_drained = false;
+    bool m_noMemory = false; ///< the thread has ended, and take() says so
     bool m_stop = false;
 
     std::thread m_thread;

@@ -11,13 +11,10 @@ std::string errorText(int code)
 
 std::filesystem::path findByIdentity(const std::filesystem::path& folder, const FileIdentity& identity)
 {
-    constexpr int maxEntries = 100'000;
-    std::error_code error;
-    int entries = 0;
-    for (std::filesystem::directory_iterator entry(folder, error), end;
-         !error && entry != end && ++entries < maxEntries; entry.increment(error)) {
-        if (identityOf(entry->path()) == identity)
-            return entry->path();
+    constexpr std::size_t maxEntries = 100'000;
+    for (const std::filesystem::path& path : entriesOf(folder, maxEntries)) {
+        if (identityOf(path) == identity)
+            return path;
     }
     return {};
 }

@@ -53,6 +53,9 @@ private:
 };
 
 FileIdentity identityOf(const std::filesystem::path& path); ///< of a regular file; a link is none
+/// What stands in a folder, so many at most; empty when it cannot be read. The standard library's iterator ends the
+/// process when memory runs out in it.
+std::vector<std::filesystem::path> entriesOf(const std::filesystem::path& folder, std::size_t most);
 /// The file of this identity inside one folder, empty when it is not there.
 std::filesystem::path findByIdentity(const std::filesystem::path& folder, const FileIdentity& identity);
 /// Whether anything, of whatever kind, stands at `path`.

@@ -5,7 +5,9 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <dirent.h>
 #include <fcntl.h>
+#include <string_view>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
@@ -254,6 +256,18 @@ bool nameTaken(const std::filesystem::path& path)
     struct stat status
     {};
     return ::lstat(path.c_str(), &status) == 0;
+}
+
+std::vector<std::filesystem::path> entriesOf(const std::filesystem::path& folder, std::size_t most)
+{
+    std::vector<std::filesystem::path> entries;
+    const std::unique_ptr<DIR, int (*)(DIR*)> open(::opendir(folder.c_str()), &::closedir);
+    while (const dirent* entry = open && entries.size() < most ? ::readdir(open.get()) : nullptr) {
+        const std::string_view name = entry->d_name;
+        if (name != "." && name != "..")
+            entries.push_back(folder / name);
+    }
+    return entries;
 }
 
 int syncFolder(const std::filesystem::path& folder)

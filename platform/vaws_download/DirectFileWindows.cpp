@@ -12,6 +12,8 @@
 #include <algorithm>
 #include <cerrno>
 #include <malloc.h>
+#include <memory>
+#include <string>
 #include <utility>
 
 namespace vaws {
@@ -245,6 +247,22 @@ FileIdentity identityOf(const std::filesystem::path& path)
 bool nameTaken(const std::filesystem::path& path)
 {
     return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+std::vector<std::filesystem::path> entriesOf(const std::filesystem::path& folder, std::size_t most)
+{
+    std::vector<std::filesystem::path> entries;
+    WIN32_FIND_DATAW data{};
+    const HANDLE found = FindFirstFileW((folder / L"*").c_str(), &data);
+    if (found == INVALID_HANDLE_VALUE)
+        return entries;
+    const std::unique_ptr<void, BOOL(WINAPI*)(HANDLE)> open(found, &FindClose);
+    do {
+        const std::wstring name = data.cFileName;
+        if (name != L"." && name != L"..")
+            entries.push_back(folder / name);
+    } while (entries.size() < most && FindNextFileW(found, &data));
+    return entries;
 }
 
 int syncFolder(const std::filesystem::path&)

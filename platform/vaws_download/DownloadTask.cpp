@@ -86,12 +86,16 @@ int DownloadTask::push(const void* data, std::size_t size)
         m_received.fetch_add(static_cast<std::int64_t>(size), std::memory_order_relaxed);
         m_pushed += static_cast<std::int64_t>(size);
         m_unassigned += static_cast<std::int64_t>(size);
-        if (m_phase == Phase::Taking)
-            feed(data, size);
-        else
-            returnUnassigned();
-        if (m_idle && m_phase == Phase::Taking)
-            handOver(false);
+        try {
+            if (m_phase == Phase::Taking)
+                feed(data, size);
+            else
+                returnUnassigned();
+            if (m_idle && m_phase == Phase::Taking)
+                handOver(false);
+        } catch (const std::bad_alloc&) {
+            endForMemory();
+        }
         wake = !m_queue.empty() || m_giveBack > 0 || m_phase != Phase::Taking || !m_events.empty();
     }
     if (wake)
@@ -106,31 +110,27 @@ void DownloadTask::feed(const void* data, std::size_t size)
                    "The disk of \"" + m_settings.path + "\" is slower than the recording arrives.", EAGAIN);
         return;
     }
-    try {
-        vav::PacketReader reader(data, size);
-        for (;;) {
-            const vav::PacketReader::Status status = reader.next();
-            if (status == vav::PacketReader::Status::End)
-                break;
-            if (status != vav::PacketReader::Status::Packet) {
-                requestEnd(VAWS_EVENT_INVALID,
-                           status == vav::PacketReader::Status::Torn
-                               ? "The stream contains a packet that is cut."
-                               : "The stream contains a packet of an unknown form or beyond the limits.");
-                return;
-            }
-            if (reader.kind() == vav::PacketKind::StreamInfo)
-                applyInfo(reader.streamInfo());
-            else
-                accept(m_assembler.frame(reader.frame(), reader.payload()));
-            if (m_phase != Phase::Taking)
-                break;
+    vav::PacketReader reader(data, size);
+    for (;;) {
+        const vav::PacketReader::Status status = reader.next();
+        if (status == vav::PacketReader::Status::End)
+            break;
+        if (status != vav::PacketReader::Status::Packet) {
+            requestEnd(VAWS_EVENT_INVALID,
+                       status == vav::PacketReader::Status::Torn
+                           ? "The stream contains a packet that is cut."
+                           : "The stream contains a packet of an unknown form or beyond the limits.");
+            return;
         }
-        if (!m_assembler.hasOutput())
-            returnUnassigned();
-    } catch (const std::bad_alloc&) {
-        requestEnd(VAWS_EVENT_WRITE_ERROR, "There is not enough memory to go on with the download.", ENOMEM);
+        if (reader.kind() == vav::PacketKind::StreamInfo)
+            applyInfo(reader.streamInfo());
+        else
+            accept(m_assembler.frame(reader.frame(), reader.payload()));
+        if (m_phase != Phase::Taking)
+            break;
     }
+    if (!m_assembler.hasOutput())
+        returnUnassigned();
 }
 
 void DownloadTask::applyInfo(const vav::StreamInfo& info)
@@ -162,6 +162,18 @@ void DownloadTask::requestEnd(int event, const std::string& problem, int code)
     m_endEvent = event;
     m_report.error = problem;
     m_report.errnoValue = code;
+    m_wake.notify_one();
+}
+
+void DownloadTask::endForMemory()
+{
+    if (m_phase == Phase::Over)
+        return;
+    m_noMemory = true;
+    m_phase = Phase::Finishing;
+    m_endEvent = VAWS_EVENT_WRITE_ERROR;
+    m_report.error.clear();
+    m_report.errnoValue = ENOMEM;
     m_wake.notify_one();
 }
 
@@ -229,13 +241,13 @@ bool DownloadTask::takeFrame(const vav::FrameHeader& header, const std::uint8_t*
             m_unassigned += size;
             try {
                 accept(m_assembler.frame(header, payload));
+                if (!m_assembler.hasOutput())
+                    returnUnassigned();
+                if (m_idle)
+                    handOver(false);
             } catch (const std::bad_alloc&) {
-                requestEnd(VAWS_EVENT_WRITE_ERROR, "There is not enough memory to go on with the cut.", ENOMEM);
+                endForMemory();
             }
-            if (!m_assembler.hasOutput())
-                returnUnassigned();
-            if (m_idle)
-                handOver(false);
         }
         going = m_phase == Phase::Taking;
     }
@@ -254,40 +266,48 @@ void DownloadTask::sourceEnded(const SourceEnd& end)
     }
 }
 
+void DownloadTask::sourceWithoutMemory()
+{
+    const Lock lock(m_mutex);
+    endForMemory();
+}
+
 int DownloadTask::playerEvent(int event)
 {
     {
         const Lock lock(m_mutex);
         if (m_phase == Phase::Over)
             return VAWS_UNKNOWN_TASK;
-        switch (event) {
-        case VAWS_PLAYER_CONNECTING:
-            post(VAWS_EVENT_CONNECTING);
-            break;
-        case VAWS_PLAYER_PLAYING:
-            post(VAWS_EVENT_PLAYING);
-            break;
-        case VAWS_PLAYER_FAILED:
-            requestEnd(VAWS_EVENT_CONNECT_FAILED, "The stream could not be opened.");
-            break;
-        case VAWS_PLAYER_LOGIN_REFUSED:
-            requestEnd(VAWS_EVENT_LOGIN_FAILED, "The recorder refused the login.");
-            break;
-        case VAWS_PLAYER_LIMIT_REACHED:
-            requestEnd(VAWS_EVENT_LIMIT_REACHED, "The recorder has reached its limit of connections.");
-            break;
-        case VAWS_PLAYER_ENDED:
-            requestEnd(VAWS_EVENT_FINISHED);
-            break;
-        case VAWS_PLAYER_BROKEN:
-            requestEnd(VAWS_EVENT_BROKEN, "The stream broke off.");
-            break;
-        default:
+        if (event < VAWS_PLAYER_CONNECTING || event > VAWS_PLAYER_BROKEN)
             return VAWS_BAD_ARGUMENT;
+        try {
+            takePlayerEvent(event);
+        } catch (const std::bad_alloc&) {
+            endForMemory();
         }
     }
     m_wake.notify_one();
     return VAWS_OK;
+}
+
+void DownloadTask::takePlayerEvent(int event)
+{
+    switch (event) {
+    case VAWS_PLAYER_CONNECTING:
+        return post(VAWS_EVENT_CONNECTING);
+    case VAWS_PLAYER_PLAYING:
+        return post(VAWS_EVENT_PLAYING);
+    case VAWS_PLAYER_FAILED:
+        return requestEnd(VAWS_EVENT_CONNECT_FAILED, "The stream could not be opened.");
+    case VAWS_PLAYER_LOGIN_REFUSED:
+        return requestEnd(VAWS_EVENT_LOGIN_FAILED, "The recorder refused the login.");
+    case VAWS_PLAYER_LIMIT_REACHED:
+        return requestEnd(VAWS_EVENT_LIMIT_REACHED, "The recorder has reached its limit of connections.");
+    case VAWS_PLAYER_BROKEN:
+        return requestEnd(VAWS_EVENT_BROKEN, "The stream broke off.");
+    default:
+        return requestEnd(VAWS_EVENT_FINISHED);
+    }
 }
 
 int DownloadTask::pause()
@@ -402,6 +422,8 @@ TaskReport DownloadTask::report() const
     const Lock lock(m_mutex);
     TaskReport report = m_report;
     report.status = now;
+    if (m_noMemory && report.error.empty())
+        report.error = "There is not enough memory to go on with the file \"" + m_settings.path + "\".";
     report.beginNs = m_reached.beginNs;
     report.endNs = m_reached.endNs;
     report.frames = m_reached.frames;

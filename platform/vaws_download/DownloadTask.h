@@ -103,12 +103,16 @@ private:
     bool takeInfo(const vav::StreamInfo& info) override;
     bool takeFrame(const vav::FrameHeader& header, const std::uint8_t* payload) override;
     void sourceEnded(const SourceEnd& end) override;
+    void sourceWithoutMemory() override;
 
     // With m_mutex held.
     void feed(const void* data, std::size_t size);
     void accept(StreamAssembler::Outcome outcome);
     void applyInfo(const vav::StreamInfo& info);
     void requestEnd(int event, const std::string& problem = {}, int code = 0);
+    /// Memory ran out: the task ends with what was handed to the writer. Asks for no memory itself.
+    void endForMemory();
+    void takePlayerEvent(int event);
     void handOver(bool whateverThere);
     void returnUnassigned();
     void post(int event, int value = 0);
@@ -120,7 +124,10 @@ private:
 
     // On the writer thread.
     void run();
+    void begin(Lock& lock);
     bool step(Lock& lock);
+    /// After endForMemory(): leaves the file as far as it plays; its journal stays where it could not be finished.
+    void rescueForMemory(Lock& lock);
     bool soundIsBehind() const;
     void deliver(Lock& lock);
     void process(Item item, Lock& lock);
@@ -170,6 +177,8 @@ private:
     bool m_stopping = false;
     bool m_settled = false; ///< nothing that stop() waits for is left to do
     int m_endEvent = 0;
+    int m_lastWord = 0; ///< told behind m_events: an ending that there was no memory to queue
+    bool m_noMemory = false;
     Reached m_reached;
     double m_diskRate = 0;
     TaskReport m_report;

@@ -4,6 +4,8 @@
 #include "LocalCutter.h"
 
 #include <algorithm>
+#include <cerrno>
+#include <new>
 #include <system_error>
 #include <utility>
 
@@ -35,10 +37,28 @@ bool DownloadTask::mayWrite() const
 
 void DownloadTask::run()
 {
-    WriteFailure refused;
-    if (m_settings.problem.empty())
-        refused = OutputWriter::check(m_settings.path);
     Lock lock(m_mutex);
+    try {
+        begin(lock);
+        while (step(lock)) {
+        }
+    } catch (const std::bad_alloc&) {
+        if (!lock.owns_lock())
+            lock.lock();
+        endForMemory();
+        rescueForMemory(lock);
+    }
+    leave(lock);
+}
+
+void DownloadTask::begin(Lock& lock)
+{
+    WriteFailure refused;
+    if (m_settings.problem.empty()) {
+        lock.unlock();
+        refused = OutputWriter::check(m_settings.path);
+        lock.lock();
+    }
     if (!m_settings.problem.empty())
         requestEnd(VAWS_EVENT_INVALID, m_settings.problem);
     else if (refused)
@@ -47,9 +67,29 @@ void DownloadTask::run()
         post(VAWS_EVENT_PLAYING);
         m_cutter->start();
     }
-    while (step(lock)) {
+}
+
+void DownloadTask::rescueForMemory(Lock& lock)
+{
+    try {
+        if (m_cancelled)
+            abandon(lock);
+        else if (m_writer)
+            fail({ENOMEM, {}}, lock);
+        if (m_unsettled) {
+            lock.unlock();
+            m_unsettled->settle();
+            lock.lock();
+        }
+    } catch (const std::bad_alloc&) {
+        // Nothing more can be done now; the next start repairs the file.
+        if (!lock.owns_lock())
+            lock.lock();
     }
-    leave(lock);
+    m_queue.clear();
+    m_report.event = m_endEvent;
+    if (!m_cancelled && !m_stopping)
+        m_lastWord = m_endEvent;
 }
 
 bool DownloadTask::step(Lock& lock)
@@ -104,9 +144,10 @@ bool DownloadTask::soundIsBehind() const
 void DownloadTask::deliver(Lock& lock)
 {
     const bool behind = soundIsBehind();
-    if (m_events.empty() && (m_giveBack == 0 || behind))
+    if (m_events.empty() && m_lastWord == 0 && (m_giveBack == 0 || behind))
         return;
     const auto events = std::exchange(m_events, {});
+    const int lastWord = std::exchange(m_lastWord, 0);
     const std::int64_t consumed = behind ? 0 : std::exchange(m_giveBack, 0);
     m_changed.notify_all();
     lock.unlock();
@@ -114,6 +155,8 @@ void DownloadTask::deliver(Lock& lock)
         m_gate.pass([&] { m_callbacks.consumed(m_settings.id, consumed); });
     for (const std::pair<int, int>& told : events)
         m_gate.pass([&] { m_callbacks.event(m_settings.id, told.first, told.second); });
+    if (lastWord != 0)
+        m_gate.pass([&] { m_callbacks.event(m_settings.id, lastWord, 0); });
     lock.lock();
 }
 

@@ -23,6 +23,8 @@ public:
     /// Waits while the disk is behind. False: no more is wanted.
     virtual bool takeFrame(const vav::FrameHeader& header, const std::uint8_t* payload) = 0;
     virtual void sourceEnded(const SourceEnd& end) = 0;
+    /// It ended because memory ran out.
+    virtual void sourceWithoutMemory() = 0;
 };
 
 } // namespace vaws

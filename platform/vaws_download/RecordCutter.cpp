@@ -9,6 +9,7 @@ extern "C" {
 
 #include <algorithm>
 #include <memory>
+#include <new>
 #include <vector>
 
 namespace vaws {
@@ -309,6 +310,15 @@ void RecordCutter::start()
 }
 
 void RecordCutter::run()
+{
+    try {
+        readAll();
+    } catch (const std::bad_alloc&) {
+        m_target.sourceWithoutMemory();
+    }
+}
+
+void RecordCutter::readAll()
 {
     SourceEnd end;
     for (const CutRecord& record : m_list.records) {

@@ -24,6 +24,7 @@ public:
 private:
     class Source;
     void run();
+    void readAll();
     /// False when no more is wanted.
     bool readRecord(const CutRecord& record, std::string& problem);
     bool readPackets(Source& source, const CutRecord& record, std::string& problem);

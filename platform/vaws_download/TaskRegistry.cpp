@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdlib>
+#include <new>
 #include <system_error>
 #include <utility>
 
@@ -37,8 +38,10 @@ bool freeBytes(const std::string& path, std::uint64_t& bytes)
 
 TaskRegistry& TaskRegistry::instance()
 {
-    // Never destroyed: its threads may outlive main() in a process that forgot vaws_download_shutdown().
-    static auto* registry = new TaskRegistry;
+    // Never destroyed: its threads may outlive main() in a process that forgot vaws_download_shutdown(). Made without
+    // asking for memory, since who registers a callback cannot be told that there was none.
+    alignas(TaskRegistry) static unsigned char room[sizeof(TaskRegistry)];
+    static auto* registry = new (room) TaskRegistry;
     return *registry;
 }
 
@@ -53,27 +56,31 @@ int TaskRegistry::initialise(const std::string& folder)
     if (m_initialised && m_folder == path)
         return VAWS_OK;
     keepLargeBlocksOnHeap(largestBatch);
-    m_folder = path;
-    m_initialised = true;
-    m_stopping = false;
     m_changed.wait(lock, [&] { return m_repaired; });
     if (m_repairer.joinable())
         m_repairer.join();
-    m_repaired = false;
+    m_folder = path;
+    m_stopping = false;
     m_repairs.clear();
-    // The journals are listed before any task can write a new one.
-    m_repairer = std::thread([this, left = TaskJournal::leftIn(path)]() mutable { repairAll(left); });
     if (!m_watcher.joinable())
         m_watcher = std::thread([this] { watch(); });
+    // The journals are listed before any task can write a new one.
+    m_repairer = std::thread([this, left = TaskJournal::leftIn(path)]() mutable { repairAll(left); });
+    m_repaired = false; // the repairer waits for the lock
+    m_initialised = true;
     return VAWS_OK;
 }
 
 void TaskRegistry::repairAll(std::vector<TaskJournal::Left>& journals)
 {
     for (TaskJournal::Left& left : journals) {
-        RepairRecord record = Mp4Repair::repair(left);
-        const std::lock_guard lock(m_mutex);
-        m_repairs.push_back(std::move(record));
+        try {
+            RepairRecord record = Mp4Repair::repair(left);
+            const std::lock_guard lock(m_mutex);
+            m_repairs.push_back(std::move(record));
+        } catch (const std::bad_alloc&) {
+            // Its journal stays for the next start.
+        }
     }
     const std::lock_guard lock(m_mutex);
     m_repaired = true;
@@ -96,16 +103,25 @@ int TaskRegistry::start(TaskSettings settings)
         if (low)
             return VAWS_REFUSED;
         settings.journalFolder = m_folder;
-        std::shared_ptr<DownloadTask>& slot = m_tasks[settings.id];
-        if (slot && slot->status() != VAWS_STATUS_ENDED && slot->status() != VAWS_STATUS_FINISHING)
-            return VAWS_TASK_EXISTS;
-        if (slot)
-            m_replaced.push_back(std::move(slot));
-        m_ended.erase(std::remove(m_ended.begin(), m_ended.end(), settings.id), m_ended.end());
-        slot = std::make_shared<DownloadTask>(std::move(settings), m_pool, m_callbacks);
-        task = slot;
+        const auto before = m_tasks.find(settings.id);
+        if (before != m_tasks.end()) {
+            const int status = before->second->status();
+            if (status != VAWS_STATUS_ENDED && status != VAWS_STATUS_FINISHING)
+                return VAWS_TASK_EXISTS;
+        }
+        task = std::make_shared<DownloadTask>(std::move(settings), m_pool, m_callbacks);
+        if (before != m_tasks.end())
+            m_replaced.push_back(before->second);
+        m_tasks[task->id()] = task;
+        m_ended.erase(std::remove(m_ended.begin(), m_ended.end(), task->id()), m_ended.end());
     }
-    task->start();
+    try {
+        task->start();
+    } catch (...) {
+        const std::lock_guard lock(m_mutex);
+        m_tasks.erase(task->id());
+        throw;
+    }
     m_changed.notify_all();
     return VAWS_OK;
 }
@@ -123,22 +139,33 @@ void TaskRegistry::watch()
     std::map<const DownloadTask*, std::int64_t> before;
     while (!m_stopping) {
         m_changed.wait_for(lock, watchInterval, [&] { return m_stopping; });
-        std::map<const DownloadTask*, std::int64_t> now;
-        std::int64_t bytes = 0;
-        for (const auto& [id, task] : m_tasks) {
-            if (task->over())
-                continue;
-            const std::int64_t received = task->receivedBytes();
-            now[task.get()] = received;
-            bytes += received - (before.count(task.get()) ? before[task.get()] : 0);
+        try {
+            tellRate(before, lock);
+            reap(lock);
+        } catch (const std::bad_alloc&) {
+            // The next turn does it.
+            if (!lock.owns_lock())
+                lock.lock();
         }
-        before = std::move(now);
-        if (!before.empty() && !m_stopping) {
-            lock.unlock();
-            m_callbacks.bitrate(static_cast<int>(std::min<std::int64_t>(bytes * 8 / 1000, 0x7fffffff)));
-            lock.lock();
-        }
-        reap(lock);
+    }
+}
+
+void TaskRegistry::tellRate(std::map<const DownloadTask*, std::int64_t>& before, std::unique_lock<std::mutex>& lock)
+{
+    std::map<const DownloadTask*, std::int64_t> now;
+    std::int64_t bytes = 0;
+    for (const auto& [id, task] : m_tasks) {
+        if (task->over())
+            continue;
+        const std::int64_t received = task->receivedBytes();
+        now[task.get()] = received;
+        bytes += received - (before.count(task.get()) ? before[task.get()] : 0);
+    }
+    before = std::move(now);
+    if (!before.empty() && !m_stopping) {
+        lock.unlock();
+        m_callbacks.bitrate(static_cast<int>(std::min<std::int64_t>(bytes * 8 / 1000, 0x7fffffff)));
+        lock.lock();
     }
 }
 
@@ -206,8 +233,13 @@ void TaskRegistry::shutdown()
     m_changed.notify_all();
     std::int64_t count = 0;
     std::string time;
-    for (const auto& [id, task] : tasks)
-        task->stop(count, time);
+    for (const auto& [id, task] : tasks) {
+        try {
+            task->stop(count, time);
+        } catch (const std::bad_alloc&) {
+            // It has stopped; there was no memory to say how far it got.
+        }
+    }
     tasks.clear();
     replaced.clear();
     for (std::thread* thread : {&watcher, &repairer}) {

@@ -4,8 +4,8 @@
 
 #include <atomic>
 #include <condition_variable>
-#include <deque>
 #include <filesystem>
+#include <list>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -38,6 +38,7 @@ public:
 private:
     TaskRegistry() = default;
     void watch();
+    void tellRate(std::map<const DownloadTask*, std::int64_t>& before, std::unique_lock<std::mutex>& lock);
     void repairAll(std::vector<TaskJournal::Left>& journals);
     void reap(std::unique_lock<std::mutex>& lock);
 
@@ -52,7 +53,7 @@ private:
     std::condition_variable m_changed;
     std::map<std::string, std::shared_ptr<DownloadTask>> m_tasks;
     std::vector<std::shared_ptr<DownloadTask>> m_replaced; ///< their id has a newer task; still working
-    std::deque<std::string> m_ended;                       ///< ids, oldest first
+    std::list<std::string> m_ended;                        ///< ids, oldest first
     std::filesystem::path m_folder;
     bool m_initialised = false;
     bool m_repaired = true;

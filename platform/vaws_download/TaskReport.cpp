@@ -1,64 +1,63 @@
 #include "TaskReport.h"
 
 #include "ClockText.h"
-
-#include <nlohmann/json.hpp>
+#include "JsonText.h"
 
 namespace vaws {
-namespace {
-
-std::string dumped(const nlohmann::ordered_json& json)
-{
-    return json.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
-}
-
-} // namespace
 
 std::string TaskReport::json() const
 {
-    nlohmann::ordered_json gapList = nlohmann::ordered_json::array();
+    std::vector<std::string> fileList;
+    for (const std::string& file : files)
+        fileList.push_back(JsonText::quoted(file));
+    std::vector<std::string> gapList;
     for (const Gap& gap : gaps)
-        gapList.push_back(
-            {{"begin", isoUtcText(gap.beginNs)}, {"end", isoUtcText(gap.endNs)}, {"cause", gapCauseText(gap.cause)}});
-    return dumped({
-        {"task", task},
-        {"status", status},
-        {"event", event},
-        {"error", error},
-        {"path", path},
-        {"files", files},
-        {"bytes", bytes},
-        {"begin", isoUtcText(beginNs)},
-        {"end", isoUtcText(endNs)},
-        {"asked_begin", isoUtcText(askedBeginNs)},
-        {"asked_end", isoUtcText(askedEndNs)},
-        {"progress", progress},
-        {"frames", frames},
-        {"lost", lost},
-        {"gaps", gapList},
-        {"video", video},
-        {"audio", audio},
-        {"width", width},
-        {"height", height},
-        {"verified", verified},
-        {"errno", errnoValue},
-    });
+        gapList.push_back(JsonText()
+                              .text("begin", isoUtcText(gap.beginNs))
+                              .text("end", isoUtcText(gap.endNs))
+                              .text("cause", gapCauseText(gap.cause))
+                              .object());
+    return JsonText()
+        .text("task", task)
+        .number("status", status)
+        .number("event", event)
+        .text("error", error)
+        .text("path", path)
+        .raw("files", JsonText::list(fileList))
+        .number("bytes", bytes)
+        .text("begin", isoUtcText(beginNs))
+        .text("end", isoUtcText(endNs))
+        .text("asked_begin", isoUtcText(askedBeginNs))
+        .text("asked_end", isoUtcText(askedEndNs))
+        .number("progress", progress)
+        .number("frames", frames)
+        .number("lost", lost)
+        .raw("gaps", JsonText::list(gapList))
+        .text("video", video)
+        .text("audio", audio)
+        .number("width", width)
+        .number("height", height)
+        .flag("verified", verified)
+        .number("errno", errnoValue)
+        .object();
 }
 
 std::string repairJson(const std::vector<RepairRecord>& records)
 {
-    nlohmann::ordered_json list = nlohmann::ordered_json::array();
+    std::vector<std::string> list;
     for (const RepairRecord& record : records) {
-        list.push_back({{"task", record.task},
-                        {"path", record.path},
-                        {"outcome", repairOutcomeText(record.outcome)},
-                        {"bytes", record.bytes},
-                        {"begin", isoUtcText(record.beginNs)},
-                        {"end", isoUtcText(record.endNs)},
-                        {"asked_end", isoUtcText(record.askedEndNs)},
-                        {"error", record.error}});
+        list.push_back(JsonText()
+                           .text("task", record.task)
+                           .text("path", record.path)
+                           .text("outcome", repairOutcomeText(record.outcome))
+                           .number("bytes", record.bytes)
+                           .text("begin", isoUtcText(record.beginNs))
+                           .text("end", isoUtcText(record.endNs))
+                           .text("asked_end", isoUtcText(record.askedEndNs))
+                           .text("error", record.error)
+                           .object());
     }
-    return dumped(list);
+    return JsonText::list(list);
 }
 
 } // namespace vaws

@@ -115,13 +115,13 @@ class Lab:
             if first in self.truth[1][:LEADING_AUDIO]:
                 self.truth[1] = self.truth[1][self.truth[1].index(first):]
 
-    def run(self, box, *options, outputs=None, trace=False, log=False, repair=False, under=None, **variables):
-        """fault_task on the files of `box`; `variables` go to the preload library as VEMO_FAULTS_<NAME>."""
-        return self.finish(self.start(box, *options, outputs=outputs, trace=trace, log=log, repair=repair, under=under,
-                                      **variables))
+    def run(self, box, *options, **variables):
+        """fault_task on the files of `box`; as start()."""
+        return self.finish(self.start(box, *options, **variables))
 
-    def start(self, box, *options, outputs=None, trace=False, log=False, repair=False, under=None, **variables):
-        environment = dict(os.environ, VEMO_DISK_RESERVE_BYTES="0")
+    def start(self, box, *options, outputs=None, trace=False, log=False, repair=False, under=None, environment=None, **variables):
+        """`variables` go to the preload library as VEMO_FAULTS_<NAME>; `environment` is added as it is."""
+        environment = {**os.environ, "VEMO_DISK_RESERVE_BYTES": "0", **(environment or {})}
         command = [self.task, "--temp", box.temp]
         if repair:
             command.append("--repair")

@@ -66,6 +66,12 @@ def main():
     with tempfile.TemporaryDirectory() as folder:
         done = run(arguments, folder, short="2:300:kill")
         expect("no torn write of 300 bytes", done.returncode == -signal.SIGKILL and content(folder) == b"x" * 300)
+    for short, left in (("2:300", b"x" * 300 + b"z" * 30 + bytes(370) + b"y" * 600),
+                        ("3:100", b"x" * 700 + b"y" * 100 + b"x" * 200 + b"z" * 30),
+                        ("5:7", b"x" * 700 + b"y" * 300 + b"z" * 7 + b"y" * 293)):
+        with tempfile.TemporaryDirectory() as folder:
+            done = run(arguments, folder, short=short)
+            expect(f"a write that carries less, {short}: {done.stderr}", done.returncode == 0 and content(folder, "b") == left)
     with tempfile.TemporaryDirectory() as folder:
         done = run(arguments, folder, fail="3:ENOSPC")
         expect("no failing call", "No space left" in done.stderr and content(folder) == b"x" * 1000)

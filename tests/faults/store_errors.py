@@ -18,35 +18,12 @@ STEPS = 10
 SEED = 4
 
 
-def allowed(lines):
-    """{task: the values that it may have}: the last one announced, or one that was asked for since; None is "not there"."""
-    told = {line["step"] for line in lines if line.get("told")}
-    values = {}
-    for line in lines:
-        if "put" not in line:
-            continue
-        changes = {**line["put"], **dict.fromkeys(line["gone"])}
-        for task, value in changes.items():
-            values[task] = [value] if line["step"] in told else values.get(task, [None]) + [value]
-    return values
-
-
-def judge_after(build, store, lines):
-    """What a start on a well disk makes of it."""
-    answer, = storelab.reopen(build, [store.data])
-    problems = storelab.answer_problems(answer) + storelab.file_problems(store.data) + store.surroundings.neighbour_problems()
-    values = allowed(lines)
-    problems += [f"{task} is {answer['tasks'].get(task)} instead of one of {each}" for task, each in values.items()
-                 if answer["tasks"].get(task) not in each]
-    return problems + [f"{task} comes from nowhere" for task in answer["tasks"] if task not in values]
-
-
 def judge_kill(build, k):
     with Store(build) as store:
         done = store.work(SEED, STEPS, kill=k)
         if not faultlab.killed(done) and done.returncode != 0:
             return [f"exit {done.returncode}: {done.stderr[-300:]}"]
-        return judge_after(build, store, store.lines())
+        return storelab.judge_after(build, store, store.lines())
 
 
 def judge_failure(build, error, k, ever):
@@ -71,7 +48,7 @@ def judge_failure(build, error, k, ever):
         # A store that could not be opened is tried again half a minute later.
         if not ever and len(lost) > 2 and not any("can't be opened" in notice for notice in notices):
             problems.append(f"one failing call cost the steps {lost}")
-        return problems + judge_after(build, store, lines)
+        return problems + storelab.judge_after(build, store, lines)
 
 
 def main():

@@ -36,8 +36,10 @@ class Store:
     def __exit__(self, *_):
         shutil.rmtree(self.base, ignore_errors=True)
 
-    def work(self, seed, steps=STEPS, trace=False, log=False, **variables):
-        environment = dict(os.environ, LD_PRELOAD=os.path.join(self.build, "lib", "libvemo_faults.so"), VEMO_FAULTS_ROOT=self.root)
+    def work(self, seed, steps=STEPS, trace=False, log=False, environment=None, **variables):
+        """`variables` go to the preload library as VEMO_FAULTS_<NAME>; with `environment` another one is at work."""
+        environment = {**os.environ, **(environment or {"LD_PRELOAD": os.path.join(self.build, "lib", "libvemo_faults.so"),
+                                                        "VEMO_FAULTS_ROOT": self.root})}
         if trace:
             environment["VEMO_FAULTS_TRACE"] = self.trace
         if log:
@@ -99,3 +101,26 @@ def file_problems(folder):
 def answer_problems(answer):
     problems = [] if answer["readable"] else ["the store cannot be used"]
     return problems + ([f"told: {answer['notice']}"] if answer["notice"] else [])
+
+
+def allowed(lines):
+    """{task: the values that it may have}: the last one announced, or one that was asked for since; None is "not there"."""
+    told = {line["step"] for line in lines if line.get("told")}
+    values = {}
+    for line in lines:
+        if "put" not in line:
+            continue
+        changes = {**line["put"], **dict.fromkeys(line["gone"])}
+        for task, value in changes.items():
+            values[task] = [value] if line["step"] in told else values.get(task, [None]) + [value]
+    return values
+
+
+def judge_after(build, store, lines):
+    """What a start on a well disk makes of it."""
+    answer, = reopen(build, [store.data])
+    problems = answer_problems(answer) + file_problems(store.data) + store.surroundings.neighbour_problems()
+    values = allowed(lines)
+    problems += [f"{task} is {answer['tasks'].get(task)} instead of one of {each}" for task, each in values.items()
+                 if answer["tasks"].get(task) not in each]
+    return problems + [f"{task} comes from nowhere" for task in answer["tasks"] if task not in values]
