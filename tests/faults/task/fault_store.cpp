@@ -7,9 +7,9 @@
 // when the store has answered, {"ns", "step", "told": whether the change was announced, "notices": [text]}. `list`
 // prints a line a store: {"tasks": {id: [...]}, "readable", "notice"}.
 
+#include <Database.h>
 #include <DataFolder.h>
 #include <DataSignals.h>
-#include <Database.h>
 #include <DownloadTaskData.h>
 
 #include <QCoreApplication>
