@@ -56,8 +56,8 @@ class OtherClients(Test):
     @staticmethod
     def units_by_ffmpeg(url, *options):
         """How many access units ffmpeg receives of each stream."""
-        done = media.run(["ffmpeg", "-v", "error", "-rtsp_transport", "tcp", "-i", url, *options, "-map", "0:v", "-map", "0:a", "-c", "copy",
-                          "-f", "framemd5", "-"])
+        done = media.run(["ffmpeg", "-v", "error", "-rtsp_transport", "tcp", "-i", url, *options, "-map", "0:v", "-map", "0:a",
+                          "-c", "copy", "-f", "framemd5", "-"])
         streams = [int(line.split(",")[0]) for line in done.stdout.splitlines() if not line.startswith("#")]
         return done.stderr.strip(), {stream: streams.count(stream) for stream in set(streams)}
 
@@ -79,7 +79,8 @@ class OtherClients(Test):
 
     def test_mpv_plays_to_the_end(self):
         address = self.span_of("rtsp", 1, BEGIN, BEGIN + datetime.timedelta(seconds=4))
-        done = media.run(["mpv", "--no-config", "--vo=null", "--ao=null", "--untimed", "--rtsp-transport=tcp", "--msg-level=all=error", address])
+        done = media.run(["mpv", "--no-config", "--vo=null", "--ao=null", "--untimed", "--rtsp-transport=tcp", "--msg-level=all=error",
+                          address])
         self.assertEqual((done.returncode, done.stderr.strip()), (0, ""))
 
     def test_rtspsrc_plays_video_and_audio(self):

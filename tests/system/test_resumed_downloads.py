@@ -16,7 +16,7 @@ KINDS = ("rst", "fin", "silence")
 STREAM = ("between packets", "interleaved header", "RTP header", "header extension", "payload", "inside a fragmented unit",
           "in front of a key frame", "control packet")
 HANDSHAKE = tuple(f"{part} to {method}" for method in ("OPTIONS", "DESCRIBE", "SETUP", "PLAY")
-                  for part in ("head of answer", "behind answer"))
+                  for part in ("head of answer", "behind answer")) + ("body of answer to DESCRIBE",)
 SOAP = tuple(f"answer to {operation}" for operation in ("GetSystemDateAndTime", "GetServices", "GetDeviceInformation", "GetRecordings",
                                                        "GetReplayUri"))
 SPAN_S = 6
