@@ -307,7 +307,7 @@ def sample(cases, count, seed):
         return cases
     step = len(cases) / count
     phase = random.Random(seed).random()
-    return sorted({cases[int((index + phase) * step) % len(cases)] for index in range(count)})
+    return [cases[place] for place in sorted({int((index + phase) * step) % len(cases) for index in range(count)})]
 
 
 def repeat_command(arguments, number):
