@@ -88,7 +88,11 @@ def judge_repair(lab, usual, fail):
         wreck(lab, box)
         starved = Starved(lab.build, box.base, MEDIA, fail)
         done = lab.run(box, repair=True, environment=starved.environment)
-        problems = end_problems(lab, box, done) if done.returncode else starved.leak_problems(usual)
+        if done.returncode:
+            problems = end_problems(lab, box, done)
+        else:
+            # The library keeps what it repaired until the next start; a record with a cause has one text more.
+            problems = starved.leak_problems(usual + sum(bool(each["error"]) for each in json.loads(done.stdout)["repaired"] or []))
         if os.path.exists(box.out):
             problems += lab.judge(box.out)[1]
         return problems + after_repair(lab, box)
