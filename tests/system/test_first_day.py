@@ -23,6 +23,7 @@ NAME, SECRET = "m.keller", "correct horse battery 9"
 # What can be typed by a pointer's and a keyboard's means alone.
 RECORDER_SECRET = "open sesame 9"
 RECORD_S = 4
+AFTERNOON_HOUR = 14
 SPAN_LIMITS_S = (20, 400)
 
 
@@ -36,14 +37,17 @@ def setUpModule():
 
 class FirstDay(Test):
     def setUp(self):
-        today = datetime.datetime.now(datetime.timezone.utc).replace(hour=0, minute=0, second=0, microsecond=0)
-        with unittest.mock.patch.object(systemlab, "FIRST_DAY", today):
-            self.recorder = Recorder("--channels", "4", "--discovery", password=RECORDER_SECRET)
+        # In a zone where it is early afternoon now, so that the span in the middle of the time line has come.
+        now = datetime.datetime.now(datetime.timezone.utc)
+        offset = AFTERNOON_HOUR - now.hour
+        zone = f"Etc/GMT{-offset:+d}"
+        with unittest.mock.patch.object(systemlab, "FIRST_DAY", now + datetime.timedelta(hours=offset)):
+            self.recorder = Recorder("--channels", "4", "--discovery", "--time-zone", zone, password=RECORDER_SECRET)
         self.addCleanup(self.recorder.stop)
         self.client = TalkativeClient() if systrace.is_there() else Client()
         self.addCleanup(self.client.__exit__)
         self.client.program = os.path.join(test_package.unpacked("vemo"), "usr/bin/vemo_client")
-        self.client.changes.update(VEMO_KEYRING="off", TZ="UTC")
+        self.client.changes.update(VEMO_KEYRING="off", TZ=zone)
         os.makedirs(os.path.join(self.client.folder, "home", "Videos"))
         self.window = Window(self.client, "--theme", "dark", login=True)
         self.addCleanup(self.window.kill)
@@ -80,7 +84,7 @@ class FirstDay(Test):
                 if any(text in (table.get_accessible_at(row, each).get_name() or "") for each in range(table.get_n_columns())):
                     return table.get_accessible_at(row, column)
             return None
-        return wait_for(look, f"no row with {text}", 30)
+        return wait_for(look, lambda: f"no row with {text}; the window shows {self.window.shown()}", 30)
 
     def box_of(self, accessible):
         from gi.repository import Atspi
