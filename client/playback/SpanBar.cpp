@@ -47,6 +47,7 @@ SpanBar::SpanBar(QWidget* parent)
     layout->addWidget(m_clear);
     m_words = new QLabel(this);
     m_words->setTextFormat(Qt::PlainText);
+    m_words->setWordWrap(true); // two lines fit beside the buttons
     m_words->setMinimumWidth(wordsWidth);
     m_words->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     layout->addWidget(m_words, 1);
