@@ -102,8 +102,12 @@ BackupPieceFiles::Leftovers BackupPieceFiles::takeOver(BackupTaskInfo task, int 
         entry.filePath = nameByTimes(entry);
         ++left.taken;
     }
-    // The others hold the same footage, and no entry will name it any more.
-    if (left.taken > 0 && !isOwnTaken && isThere(own))
+    // No entry will name it any more. It goes, unless it is whole and holds what the others don't.
+    const auto part = std::find_if(parts.begin(), parts.end(), [&own](const auto& each) { return each.path == own; });
+    const auto holdsMore = [&] {
+        return part != parts.end() && part->span.end > BackupDay::endOf(task, left.entries.at(index + left.taken - 1));
+    };
+    if (left.taken > 0 && !isOwnTaken && isThere(own) && !holdsMore())
         QFile::remove(own);
     return left;
 }

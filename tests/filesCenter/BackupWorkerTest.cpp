@@ -354,6 +354,12 @@ private slots:
         QCOMPARE(left.entries.size(), 2);
         QVERIFY(!QFile::exists(open.filePath));
         QVERIFY(QFile::exists(left.entries.first().filePath));
+        // A whole one that overlaps and goes on behind it is all that is left of that footage.
+        QVERIFY(
+            QFile::rename(left.entries.first().filePath, m_world->filePath(QStringLiteral("080000-090059 (2).mp4"))));
+        m_world->writeRecording(open.filePath, QueueWorld::at(8, 10), QueueWorld::at(8, 50));
+        QCOMPARE(BackupPieceFiles::takeOver(piece, 0, {}).taken, 1);
+        QVERIFY(QFile::exists(open.filePath));
     }
 
     void remembersForTheManifestWhatLiesOnADiskThatIsPulled()
