@@ -387,3 +387,17 @@ class CuttingProxy:
 
 def interrupt(process):
     process.send_signal(signal.SIGINT)
+
+
+class RecorderTest(Test):
+    """With a recorder of two channels for all tests of the class, and a client for each."""
+
+    @classmethod
+    def setUpClass(cls):
+        cls.recorder = Recorder("--channels", "2")
+        cls.addClassCleanup(cls.recorder.stop)
+        cls.device = cls.recorder.addresses["onvif"]
+
+    def setUp(self):
+        self.client = Client()
+        self.addCleanup(self.client.__exit__)

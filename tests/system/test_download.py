@@ -6,7 +6,7 @@ import time
 
 import media
 import systemlab
-from systemlab import Client, Recorder, Test
+from systemlab import Client, Recorder, RecorderTest
 
 FRAME_S = 0.04
 CODECS = {"h264": {"aac"}, "hevc": {"aac"}}
@@ -24,17 +24,7 @@ def day_of(test, client, recorder, channel):
     return recordings
 
 
-class Download(Test):
-    @classmethod
-    def setUpClass(cls):
-        cls.recorder = Recorder("--channels", "2")
-        cls.addClassCleanup(cls.recorder.stop)
-        cls.device = cls.recorder.addresses["onvif"]
-
-    def setUp(self):
-        self.client = Client()
-        self.addCleanup(self.client.__exit__)
-
+class Download(RecorderTest):
     def longest(self, channel):
         recordings = day_of(self, self.client, self.recorder, channel)
         return max(recordings, key=lambda each: systemlab.parse_time(each["end"]) - systemlab.parse_time(each["begin"]))

@@ -15,7 +15,7 @@ import unicodedata
 import media
 import rows
 import systemlab
-from systemlab import Client, Recorder, Test
+from systemlab import Client, Recorder, RecorderTest, Test
 
 SECOND = datetime.timedelta(seconds=1)
 BEGIN = systemlab.FIRST_DAY + datetime.timedelta(hours=2)
@@ -128,18 +128,11 @@ class Names(Test):
         self.assertEqual(len(exported), len(NAMES))
 
 
-class Traps(Test):
+class Traps(RecorderTest):
     """In place of what is to be written."""
 
-    @classmethod
-    def setUpClass(cls):
-        cls.recorder = Recorder("--channels", "2")
-        cls.addClassCleanup(cls.recorder.stop)
-        cls.device = cls.recorder.addresses["onvif"]
-
     def setUp(self):
-        self.client = Client()
-        self.addCleanup(self.client.__exit__)
+        super().setUp()
         self.client.changes["VEMO_KEYRING"] = "off"
         self.outside = os.path.join(self.client.folder, "outside")
         os.mkdir(self.outside)

@@ -8,7 +8,7 @@ import tempfile
 import threading
 
 import systemlab
-from systemlab import Client, Recorder, Test
+from systemlab import Recorder, RecorderTest
 
 SECOND = datetime.timedelta(seconds=1)
 BEGIN = systemlab.FIRST_DAY + datetime.timedelta(hours=1)
@@ -55,17 +55,7 @@ def http(body, headers=()):
     return "\r\n".join(lines).encode() + b"\r\n\r\n" + body
 
 
-class Refusals(Test):
-    @classmethod
-    def setUpClass(cls):
-        cls.recorder = Recorder("--channels", "2")
-        cls.addClassCleanup(cls.recorder.stop)
-        cls.device = cls.recorder.addresses["onvif"]
-
-    def setUp(self):
-        self.client = Client()
-        self.addCleanup(self.client.__exit__)
-
+class Refusals(RecorderTest):
     def check_refused(self, run, code, within_s=IN_TIME_S, words=None):
         self.check_run(self.client, run, code, within_s)
         if words:
