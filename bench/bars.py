@@ -30,6 +30,8 @@ class Measure:
 MEASURES = (
     Measure("F1", "rate", "one download to a final MP4", "MB/s", 5, FASTEST_CLIENTS, more_is_better=True, near=4),
     Measure("F1", "floor", "the same beside reading and writing alone", "MB/s", 0.6, ("P0",), more_is_better=True),
+    # Ours is on the disk when it is finished; P0's bytes may still be in memory. Told, not judged.
+    Measure("F1", "synced", "the same beside P0 with its bytes on the disk", "MB/s", None, ("P0 on the disk",), more_is_better=True),
     Measure("F2", "cpu", "CPU time of the same run", "s/GiB", 1 / 6, ("P1",), digits=2),
     Measure("F3", "rate", "five downloads in one process", "MB/s", 4, ("five P1",), more_is_better=True, near=3.5),
     Measure("F3", "memory", "the same, peak memory", "MB", 150, of="max"),
@@ -61,7 +63,8 @@ MEASURES = (
     Measure("F10", "10000", "start to window, 10,000 tasks", "ms", 500),
     Measure("F10", "100000", "start to window, 100,000 tasks", "ms", 1.5, ("empty store",)),
     Measure("F11", "cold", "1,000 pictures of 12 megapixels, thumbnails made", "s", 0.5, ("ffmpeg",), digits=2),
-    Measure("F11", "cached", "thumbnails out of the cache", "s", 0.1, ("ours, cold",), digits=2),
+    # A tenth of what the cold ones may take.
+    Measure("F11", "cached", "thumbnails out of the cache", "s", 0.05, ("ffmpeg",), digits=2),
     # One is being made when the view moves, and one is on its way to the window.
     Measure("F11", "visible", "pictures made ahead of those in view, a thread", "pictures", 2, of="max", digits=1),
     Measure("F12", "zoom", "time line, 16 channels, 10,000 segments, zooming, 99th percentile", "ms", 4, digits=2),

@@ -205,9 +205,9 @@ class Lab:
                 "latency=0", "buffer-mode=none", "user-id=admin", f"user-pw={PASSWORD}", "!", "rtph264depay", "!", "h264parse", "!",
                 "h264timestamper", "!", "mp4mux", *muxer, "!", "filesink", f"location={out}"]
 
-    def floor(self, channel, begin, end, out, limit):
+    def floor(self, channel, begin, end, out, limit, *options):
         return [self.program("p0_sink"), self.recorder.rtsp.hostname, str(self.recorder.rtsp.port), self.recorder.path(channel), "admin",
-                self.recorder.password_file, f"clock={clock(begin)}-{clock(end)}", out, str(limit)]
+                self.recorder.password_file, f"clock={clock(begin)}-{clock(end)}", out, str(limit), *options]
 
     def bytes_a_second(self, channel):
         """Of the channel's footage, by a short download."""

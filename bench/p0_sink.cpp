@@ -1,5 +1,6 @@
 // P0, the floor under every download: the bytes of the stream read from the socket and written to a file, nothing else.
-// usage: p0_sink HOST PORT PATH USER PASSWORD_FILE RANGE OUT BYTES ; OUT "-" discards. Prints one JSON line.
+// usage: p0_sink HOST PORT PATH USER PASSWORD_FILE RANGE OUT BYTES [sync]
+// OUT "-" discards; with "sync" the bytes are on the disk at the end, as those of a finished download. Prints one JSON line.
 // platform file: measuring runs on Linux.
 #include "RtspProbe.h"
 
@@ -11,14 +12,16 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <fstream>
 #include <string>
 #include <vector>
 
 int main(int argc, char** argv)
 {
-    if (argc != 9) {
-        std::fprintf(stderr, "usage: p0_sink HOST PORT PATH USER PASSWORD_FILE RANGE OUT BYTES\n");
+    const bool isSynced = argc == 10 && std::strcmp(argv[9], "sync") == 0;
+    if (argc != 9 && !isSynced) {
+        std::fprintf(stderr, "usage: p0_sink HOST PORT PATH USER PASSWORD_FILE RANGE OUT BYTES [sync]\n");
         return 2;
     }
     RtspProbe::Target target;
@@ -53,6 +56,10 @@ int main(int argc, char** argv)
             done += wrote;
         }
         total += got;
+    }
+    if (isSynced && ::fdatasync(file) != 0) {
+        std::perror("fdatasync");
+        return 1;
     }
     if (file >= 0)
         ::close(file);

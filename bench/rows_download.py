@@ -42,12 +42,14 @@ def one_download(lab, report):
     lab.out("one-first.mp4")
     figures = lab.turns({"ours": of("ours", lambda out: lab.ours([1], BEGIN, end, out)),
                          "P0": of("P0", lambda out: lab.floor(1, BEGIN, end, out, limit)),
+                         "P0 on the disk": of("P0-disk", lambda out: lab.floor(1, BEGIN, end, out, limit, "sync")),
                          "P1": of("P1", lambda out: lab.ffmpeg(1, BEGIN, end, out)),
                          "P2": of("P2", lambda out: lab.gstreamer(1, BEGIN, end, out))}, warm=1)
     rates, cpu = ({name: [each[at] for each in values] for name, values in figures.items()} for at in (0, 1))
     note = f"{moved['ours'] / GIB:.2f} GiB"
     report.add("F1/rate", rates.pop("ours"), rates, note=note)
     report.add("F1/floor", [each[0] for each in figures["ours"]], {"P0": rates["P0"]})
+    report.add("F1/synced", [each[0] for each in figures["ours"]], {"P0 on the disk": rates["P0 on the disk"]})
     report.add("F2/cpu", cpu.pop("ours"), cpu)
 
 
