@@ -5573,6 +5573,37 @@ Opens the folder of downloads: %2</source>
     </message>
 </context>
 <context>
+    <name>vemo_data::Database::Worker</name>
+    <message>
+        <source>the file is read-only</source>
+        <translation>die Datei ist schreibgeschützt</translation>
+    </message>
+    <message>
+        <source>the file can&apos;t be written</source>
+        <translation>die Datei kann nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>The database was written by a newer version. It was set aside as %1 and an empty one begun.</source>
+        <translation>Die Datenbank wurde von einer neueren Version geschrieben. Sie wurde als %1 beiseitegelegt und eine leere begonnen.</translation>
+    </message>
+    <message>
+        <source>The database was damaged (%1). It was set aside as %2 and an empty one begun.</source>
+        <translation>Die Datenbank war beschädigt (%1). Sie wurde als %2 beiseitegelegt und eine leere begonnen.</translation>
+    </message>
+    <message>
+        <source>The database %1 can&apos;t be opened: %2. Changes are not kept.</source>
+        <translation>Die Datenbank %1 kann nicht geöffnet werden: %2. Änderungen werden nicht behalten.</translation>
+    </message>
+    <message>
+        <source>A change could not be saved in %1: %2</source>
+        <translation>Eine Änderung konnte nicht in %1 gespeichert werden: %2</translation>
+    </message>
+    <message>
+        <source>the database refused it</source>
+        <translation>die Datenbank hat sie abgelehnt</translation>
+    </message>
+</context>
+<context>
     <name>vemo_filesCenter::AddBackupTasksToolWt</name>
     <message>
         <source>Add backup tasks</source>

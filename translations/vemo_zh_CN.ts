@@ -5569,6 +5569,37 @@ Opens the folder of downloads: %2</source>
     </message>
 </context>
 <context>
+    <name>vemo_data::Database::Worker</name>
+    <message>
+        <source>the file is read-only</source>
+        <translation>文件为只读</translation>
+    </message>
+    <message>
+        <source>the file can&apos;t be written</source>
+        <translation>无法写入文件</translation>
+    </message>
+    <message>
+        <source>The database was written by a newer version. It was set aside as %1 and an empty one begun.</source>
+        <translation>数据库由更新的版本写入。已将其另存为 %1，并新建了一个空数据库。</translation>
+    </message>
+    <message>
+        <source>The database was damaged (%1). It was set aside as %2 and an empty one begun.</source>
+        <translation>数据库已损坏（%1）。已将其另存为 %2，并新建了一个空数据库。</translation>
+    </message>
+    <message>
+        <source>The database %1 can&apos;t be opened: %2. Changes are not kept.</source>
+        <translation>无法打开数据库 %1：%2。更改将不会保存。</translation>
+    </message>
+    <message>
+        <source>A change could not be saved in %1: %2</source>
+        <translation>无法将更改保存到 %1：%2</translation>
+    </message>
+    <message>
+        <source>the database refused it</source>
+        <translation>数据库拒绝了该更改</translation>
+    </message>
+</context>
+<context>
     <name>vemo_filesCenter::AddBackupTasksToolWt</name>
     <message>
         <source>Add backup tasks</source>

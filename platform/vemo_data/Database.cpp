@@ -40,9 +40,9 @@ QString connectionName()
     return QStringLiteral("vemo_data");
 }
 
-QString say(const char* text)
+QString tr(const char* text)
 {
-    return QCoreApplication::translate("vemo_data::Database", text);
+    return QCoreApplication::translate("vemo_data::Database::Worker", text);
 }
 
 void onGuiThread(std::function<void()> call)
@@ -155,9 +155,9 @@ Opening Database::Worker::openFile(const QString& path)
 {
     // Somebody protected it on purpose, so its permissions are not touched.
     if (QFile::exists(path) && !(QFile::permissions(path) & QFile::WriteOwner))
-        return {Verdict::Unavailable, say("the file is read-only")};
+        return {Verdict::Unavailable, tr("the file is read-only")};
     if (!DataFolder::makePrivateFile(path))
-        return {Verdict::Unavailable, say("the file can't be written")};
+        return {Verdict::Unavailable, tr("the file can't be written")};
     Opening opening;
     {
         QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connectionName());
@@ -203,9 +203,9 @@ bool Database::Worker::ensureOpen()
         if (!aside.isEmpty()) {
             text =
                 opening.verdict == Verdict::Newer
-                    ? say("The database was written by a newer version. It was set aside as %1 and an empty one begun.")
+                    ? tr("The database was written by a newer version. It was set aside as %1 and an empty one begun.")
                           .arg(aside)
-                    : say("The database was damaged (%1). It was set aside as %2 and an empty one begun.")
+                    : tr("The database was damaged (%1). It was set aside as %2 and an empty one begun.")
                           .arg(opening.cause, aside);
             opening = openFile(path);
             m_begunAnew = opening.verdict == Verdict::Good;
@@ -216,7 +216,7 @@ bool Database::Worker::ensureOpen()
         m_failedSince.invalidate();
     } else {
         m_failedSince.start();
-        text = say("The database %1 can't be opened: %2. Changes are not kept.").arg(path, opening.cause);
+        text = tr("The database %1 can't be opened: %2. Changes are not kept.").arg(path, opening.cause);
     }
     note(text);
     return m_open;
@@ -257,8 +257,8 @@ void Database::Worker::carryOut(std::vector<Posted>& group)
             posted.stored = false;
     }
     if (std::any_of(group.cbegin(), group.cend(), [](const Posted& posted) { return !posted.stored; }))
-        tell(say("A change could not be saved in %1: %2")
-                 .arg(db.databaseName(), cause.isEmpty() ? say("the database refused it") : cause));
+        tell(tr("A change could not be saved in %1: %2")
+                 .arg(db.databaseName(), cause.isEmpty() ? tr("the database refused it") : cause));
 }
 
 void Database::Worker::close()
