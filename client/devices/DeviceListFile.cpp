@@ -112,8 +112,8 @@ QByteArray DeviceListFile::write(const QVector<DevRecord>& records)
     bytes += CsvLine::of(
         {nameColumn(), addressColumn(), userColumn(), groupColumn(), useColumn(), channelsColumn(), enabledColumn()});
     for (const DevRecord& record : records)
-        bytes += CsvLine::of({record.name, record.address.toString(QUrl::RemoveUserInfo | QUrl::PrettyDecoded),
-                              record.user, record.group, record.kind == DevKind::RtspSource ? liveAlone() : recorder(),
+        bytes += CsvLine::of({record.name, RecorderAddress::typed(record.address), record.user, record.group,
+                              record.kind == DevKind::RtspSource ? liveAlone() : recorder(),
                               record.channelCount > 0 ? QString::number(record.channelCount) : QString(),
                               record.enabled ? QStringLiteral("yes") : QStringLiteral("no")});
     return bytes;
@@ -126,9 +126,7 @@ DeviceListFile::Content DeviceListFile::read(const QByteArray& bytes)
         content.problems.append(tr("The file is larger than a list of recorders can be."));
         return content;
     }
-    QString text = QString::fromUtf8(bytes.constData(), bytes.size()); // behind a NUL as well
-    if (text.startsWith(QChar::ByteOrderMark))
-        text.remove(0, 1);
+    const QString text = QString::fromUtf8(bytes.constData(), bytes.size()); // behind a NUL as well, without the mark
     const int firstEnd = text.indexOf(QLatin1Char('\n'));
     const QChar separator = text.leftRef(firstEnd).contains(QLatin1Char(';')) ? QLatin1Char(';') : QLatin1Char(',');
     int at = 0;

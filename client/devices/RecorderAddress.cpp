@@ -36,6 +36,18 @@ QString authorityOf(const QString& text)
     return text.mid(begin, end < 0 ? -1 : end - begin);
 }
 
+QString hostOf(const QString& authority)
+{
+    return authority.left(authority.indexOf(QLatin1Char(':'), authority.lastIndexOf(QLatin1Char(']')) + 1));
+}
+
+/// What looks like numbers is meant as numbers: "192.168.1" would be completed to some other host.
+bool isOfNumbers(const QString& host)
+{
+    static const QRegularExpression numbers(QStringLiteral("^[0-9.]+$"));
+    return numbers.match(host).hasMatch();
+}
+
 /// What stands behind the host is stored readable.
 QString problemOfPath(const QString& path)
 {
@@ -52,21 +64,17 @@ QString problemOfAuthority(const QString& authority)
 {
     if (authority.contains(QLatin1Char('@')))
         return tr("The address carries a login. Put user and password into their own fields.");
-    const int bracket = authority.lastIndexOf(QLatin1Char(']'));
-    const int colon = authority.indexOf(QLatin1Char(':'), bracket + 1);
-    const QString host = authority.left(colon);
+    const QString host = hostOf(authority);
     if (host.isEmpty())
         return tr("The address names no host. Example: 192.168.1.20");
-    if (colon >= 0) {
+    if (host.size() < authority.size()) {
         bool isNumber = false;
-        const int port = authority.mid(colon + 1).toInt(&isNumber);
+        const int port = authority.mid(host.size() + 1).toInt(&isNumber);
         if (!isNumber || port < 1 || port > highestPort)
             return tr("The port must be a number from 1 to 65535.");
     }
-    // What looks like numbers is meant as numbers: "192.168.1" would be completed to some other host.
-    static const QRegularExpression numbers(QStringLiteral("^[0-9.]+$"));
     static const QRegularExpression fourNumbers(QStringLiteral("^[0-9]{1,3}(\\.[0-9]{1,3}){3}$"));
-    if (numbers.match(host).hasMatch() &&
+    if (isOfNumbers(host) &&
         (!fourNumbers.match(host).hasMatch() || QHostAddress(host).protocol() != QAbstractSocket::IPv4Protocol))
         return tr("An address of numbers has four of them from 0 to 255. Example: 192.168.1.20");
     return QString();
@@ -94,7 +102,14 @@ RecorderAddress RecorderAddress::parse(const QString& typed)
                                      QStringLiteral("rtsps")};
     if (!schemes.contains(text.section(QLatin1Char(':'), 0, 0).toLower()))
         return wrong(tr("The address must begin with http, https, rtsp or rtsps."));
-    const QString authority = authorityOf(text);
+    QString authority = authorityOf(text);
+    if (isOfNumbers(hostOf(authority))) {
+        // Zeros in front are padding here; left there, they make an octal number and some other host of it.
+        static const QRegularExpression padding(QStringLiteral("(?<![0-9])0+(?=[0-9])"));
+        const int typedSize = authority.size();
+        authority.remove(padding);
+        text.replace(authorityBegin(text), typedSize, authority);
+    }
     QString problem = problemOfAuthority(authority);
     if (problem.isEmpty())
         problem = problemOfPath(text.mid(authorityBegin(text) + authority.size()));
@@ -136,6 +151,14 @@ bool RecorderAddress::hasChannelNumber(const QUrl& url)
 {
     return url.toString().contains(QLatin1String("{channel}")) ||
            url.toString(QUrl::FullyEncoded).contains(QLatin1String("%7Bchannel%7D"));
+}
+
+QString RecorderAddress::typed(const QUrl& url)
+{
+    QString text = url.toString(QUrl::RemoveUserInfo | QUrl::EncodeSpaces);
+    text.replace(QLatin1String("%7Bchannel%7D"), QLatin1String("{channel}"));
+    // Other blanks and signs without a form of their own can't be typed.
+    return parse(text).url == url ? text : url.toString(QUrl::RemoveUserInfo | QUrl::FullyEncoded);
 }
 
 QString RecorderAddress::text(const QUrl& url)

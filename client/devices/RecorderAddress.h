@@ -30,6 +30,8 @@ struct RecorderAddress
     static bool isDirect(const QUrl& url);
     /// "{channel}" in it stands for the channel's number.
     static bool hasChannelNumber(const QUrl& url);
+    /// As a person would type it, without login; parse() reads the same address from it.
+    static QString typed(const QUrl& url);
     /// As a person reads it: without what is the same for all.
     static QString text(const QUrl& url);
 };

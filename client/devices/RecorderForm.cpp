@@ -175,7 +175,7 @@ void RecorderForm::edit(const QString& devId)
     const vemo_data::DevRecord record = vemo_data::DevsMgrData::instance().devRecord(devId);
     m_devId = devId;
     m_isNew = false;
-    m_address->setText(record.address.toString(QUrl::PrettyDecoded));
+    m_address->setText(RecorderAddress::typed(record.address));
     m_user->setText(record.user);
     m_password->setPlaceholderText(tr("unchanged"));
     m_name->setText(record.name);

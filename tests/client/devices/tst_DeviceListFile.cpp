@@ -27,7 +27,7 @@ void tst_DeviceListFile::readsWhatItWrote()
     recorder.enabled = false;
     recorder.pinnedKeySha256 = QByteArray(32, 'k');
     DevRecord source;
-    source.address = QUrl(QStringLiteral("rtsp://10.0.0.5/live/%7Bchannel%7D"));
+    source.address = QUrl(QStringLiteral("rtsp://10.0.0.5/my%20cameras/%7Bchannel%7D"));
     source.kind = DevKind::RtspSource;
     source.channelCount = 6;
     const QByteArray bytes = DeviceListFile::write({recorder, source});

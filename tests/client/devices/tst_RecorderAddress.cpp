@@ -50,39 +50,50 @@ void tst_RecorderAddress::readsWhatIsTyped_data()
 {
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QString>("url");
-    QTest::addColumn<bool>("isDirect");
+    QTest::addColumn<QString>("shown"); // where recorders are listed
+    QTest::addColumn<QString>("kind");  // "direct" or not, "numbered" or not
 
-    QTest::newRow("numbers") << "192.168.1.20"
-                             << "http://192.168.1.20" << false;
-    QTest::newRow("name and port, blanks around") << "  nvr.example:8080 "
-                                                  << "http://nvr.example:8080" << false;
-    QTest::newRow("bare IPv6") << "fd00::1:20"
-                               << "http://[fd00::1:20]" << false;
-    QTest::newRow("IPv6 with port") << "https://[fd00::20]:8443"
-                                    << "https://[fd00::20]:8443" << false;
-    QTest::newRow("scheme in capitals, lone slash") << "HTTPS://nvr/"
-                                                    << "https://nvr" << false;
-    QTest::newRow("device service") << "https://nvr.example/onvif/device_service"
-                                    << "https://nvr.example/onvif/device_service" << false;
-    QTest::newRow("host of letters that looks like a number") << "1a"
-                                                              << "http://1a" << false;
-    QTest::newRow("fragment is dropped") << "http://nvr/onvif/device_service#top"
-                                         << "http://nvr/onvif/device_service" << false;
-    QTest::newRow("replay") << "rtsp://10.0.0.5:8554/replay/1"
-                            << "rtsp://10.0.0.5:8554/replay/1" << true;
-    QTest::newRow("replay by number") << "rtsps://nvr/{channel}/main?x=1"
-                                      << "rtsps://nvr/%7Bchannel%7D/main?x=1" << true;
+    const auto row = [](const char* name, const char* typed, const char* url, const char* shown,
+                        const char* kind = "") {
+        QTest::newRow(name) << QString::fromUtf8(typed) << QString::fromLatin1(url) << QString::fromUtf8(shown)
+                            << QString::fromLatin1(kind);
+    };
+    row("numbers", "192.168.1.20", "http://192.168.1.20", "192.168.1.20");
+    row("numbers with zeros in front", "192.168.001.010:0080", "http://192.168.1.10:80", "192.168.1.10:80");
+    row("zeros in front that are no octal number", "10.0.0.089", "http://10.0.0.89", "10.0.0.89");
+    row("numbers, one of them zero", "http://10.0.0.0/00", "http://10.0.0.0/00", "10.0.0.0");
+    row("name and port, blanks around", "  nvr.example:8080 ", "http://nvr.example:8080", "nvr.example:8080");
+    row("bare IPv6", "fd00::1:20", "http://[fd00::1:20]", "[fd00::1:20]");
+    row("IPv6 with port", "https://[fd00::20]:8443", "https://[fd00::20]:8443", "https://[fd00::20]:8443");
+    row("scheme in capitals, lone slash", "HTTPS://nvr/", "https://nvr", "https://nvr");
+    row("device service", "https://nvr.example/onvif/device_service", "https://nvr.example/onvif/device_service",
+        "https://nvr.example");
+    row("host of letters that looks like a number", "1a", "http://1a", "1a");
+    row("fragment is dropped", "http://nvr/onvif/device_service#top", "http://nvr/onvif/device_service", "nvr");
+    row("replay", "rtsp://10.0.0.5:8554/replay/1", "rtsp://10.0.0.5:8554/replay/1", "rtsp://10.0.0.5:8554", "direct");
+    row("replay by number", "rtsps://nvr/{channel}/main?x=1", "rtsps://nvr/%7Bchannel%7D/main?x=1", "rtsps://nvr",
+        "direct numbered");
+    row("replay by number, encoded", "rtsp://nvr/%7Bchannel%7D", "rtsp://nvr/%7Bchannel%7D", "rtsp://nvr",
+        "direct numbered");
+    row("blanks, at signs and other scripts behind the host", "rtsp://nvr/%20%40%2F\xe4\xb8\xad%E3%80%80",
+        "rtsp://nvr/%20%40%2F%E4%B8%AD%E3%80%80", "rtsp://nvr", "direct");
 }
 
 void tst_RecorderAddress::readsWhatIsTyped()
 {
     QFETCH(const QString, typed);
     QFETCH(const QString, url);
-    QFETCH(const bool, isDirect);
+    QFETCH(const QString, shown);
+    QFETCH(const QString, kind);
     const RecorderAddress address = RecorderAddress::parse(typed);
     QCOMPARE(address.problem, QString());
     QCOMPARE(address.url.toString(QUrl::FullyEncoded), url);
-    QCOMPARE(RecorderAddress::isDirect(address.url), isDirect);
+    QCOMPARE(RecorderAddress::text(address.url), shown);
+    QCOMPARE(RecorderAddress::isDirect(address.url), kind.contains(QLatin1String("direct")));
+    QCOMPARE(RecorderAddress::hasChannelNumber(address.url), kind.contains(QLatin1String("numbered")));
+    // As it is shown where it can be changed.
+    const QString again = RecorderAddress::typed(address.url);
+    QVERIFY2(RecorderAddress::parse(again).url == address.url, qPrintable(again));
 }
 
 void tst_RecorderAddress::saysWhatIsWrong_data()
