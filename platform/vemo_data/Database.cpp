@@ -40,11 +40,6 @@ QString connectionName()
     return QStringLiteral("vemo_data");
 }
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("vemo_data::Database::Worker", text);
-}
-
 void onGuiThread(std::function<void()> call)
 {
     if (QCoreApplication* app = QCoreApplication::instance())
@@ -121,6 +116,8 @@ QString setAside(const QString& path)
 /// Lives on the database's thread, with the connection.
 class Database::Worker final : public QObject
 {
+    Q_DECLARE_TR_FUNCTIONS(vemo_data::Database::Worker)
+
 public:
     struct Posted
     {
