@@ -114,6 +114,7 @@ bool readTrackFragment(ByteReader in, std::uint64_t moofOffset, const std::vecto
         if (type == fourcc("tfhd")) {
             box.skip(4);
             run.trackId = box.u32();
+            format = nullptr; // also where an earlier one named a track that is there
             for (const TrackFormat& track : tracks)
                 format = track.trackId == run.trackId ? &track : format;
         } else if (type == fourcc("tfdt")) {
@@ -127,7 +128,7 @@ bool readTrackFragment(ByteReader in, std::uint64_t moofOffset, const std::vecto
         if (!box.good())
             return false;
     }
-    return in.good() && !run.samples.empty();
+    return in.good() && format && !run.samples.empty();
 }
 
 /// Samples of all runs lie inside the fragment's data.

@@ -12,9 +12,12 @@ namespace {
 
 constexpr std::size_t maxHeaderBytes = 1024 * 1024;
 constexpr std::size_t maxTracks = 8;
+constexpr int maxDepth = 6;
 
-bool readTrack(ByteReader in, TrackFormat& format)
+bool readTrack(ByteReader in, TrackFormat& format, int depth = 0)
 {
+    if (depth > maxDepth)
+        return false;
     std::uint32_t type = 0;
     for (ByteReader box(nullptr, 0); in.box(type, box);) {
         if (type == fourcc("tkhd")) {
@@ -36,7 +39,7 @@ bool readTrack(ByteReader in, TrackFormat& format)
             box.skip(8);
             format.sampleEntry.assign(box.at(), box.at() + box.left());
         } else if (type == fourcc("mdia") || type == fourcc("minf") || type == fourcc("stbl")) {
-            if (!readTrack(box, format))
+            if (!readTrack(box, format, depth + 1))
                 return false;
         }
         if (!box.good())

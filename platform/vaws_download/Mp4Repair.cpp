@@ -75,7 +75,8 @@ RepairRecord Mp4Repair::repair(TaskJournal::Left& left)
     const std::filesystem::path path = findOutput(entry);
     std::unique_ptr<DirectFile> file;
     const int error = path.empty() ? ENOENT : DirectFile::open(path, false, file);
-    if (error == ENOENT || error == EINVAL || error == ELOOP) {
+    // Something else may stand at its place, or at its folder's.
+    if (error == ENOENT || error == EINVAL || error == ELOOP || error == ENOTDIR || error == EISDIR) {
         record.outcome = RepairOutcome::Kept;
         record.error = "The file \"" + entry.path + "\" is not there any more.";
         left.journal.drop();
