@@ -88,10 +88,18 @@ void BackupManifest::summed(const QByteArray& sha256, qint64 bytes)
     auto isWritten = std::make_shared<bool>(false);
     DiskWork::run(
         [record, isWritten, path = m_current.filePath, folder = file.path()]() mutable {
-            const RecordingFile recording = RecordingFile::read(path);
-            record.begin = recording.begin;
-            record.end = recording.end;
-            *isWritten = BackupManifestFile::merge(folder, {record});
+            // Its disk may have been pulled since it was read: another one in that place gets nothing, and a manifest
+            // that came to lie there tells nobody of the file.
+            const auto isThere = [&path, &record] {
+                const QFileInfo present(path);
+                return present.isFile() && present.size() == record.bytes;
+            };
+            if (isThere()) {
+                const RecordingFile recording = RecordingFile::read(path);
+                record.begin = recording.begin;
+                record.end = recording.end;
+                *isWritten = BackupManifestFile::merge(folder, {record}) && isThere();
+            }
             if (!*isWritten)
                 qCWarning(lcManifest).noquote() << "the manifest of" << folder << "could not be written";
         },

@@ -1,7 +1,5 @@
 #include "QueueWorld.h"
 
-#include <backup/BackupManifest.h>
-#include <backup/BackupManifestFile.h>
 #include <backup/BackupPaths.h>
 #include <backup/BackupPieceFiles.h>
 #include <backup/BackupWorker.h>
@@ -360,19 +358,6 @@ private slots:
         m_world->writeRecording(open.filePath, QueueWorld::at(8, 10), QueueWorld::at(8, 50));
         QCOMPARE(BackupPieceFiles::takeOver(piece, 0, {}).taken, 1);
         QVERIFY(QFile::exists(open.filePath));
-    }
-
-    void remembersForTheManifestWhatLiesOnADiskThatIsPulled()
-    {
-        const QString pulled = m_world->filePath(QStringLiteral("pulled/a.mp4"));
-        for (const QString& path : {pulled, m_world->filePath(QStringLiteral("removed.mp4"))})
-            BackupTaskData::instance().addUnlisted({path, QStringLiteral("dev"), 1, QStringLiteral("Gate 1")});
-        m_world->writeFile(m_world->filePath(BackupManifestFile::jsonName()));
-        BackupManifest manifest(nullptr);
-        QTRY_VERIFY(manifest.isIdle());
-        const QList<vemo_data::BackupUnlisted> left = BackupTaskData::instance().getUnlisted();
-        QCOMPARE(left.size(), 1);
-        QCOMPARE(left.first().filePath, pulled);
     }
 
     void settlesNothingOnAnotherDisk_data()
