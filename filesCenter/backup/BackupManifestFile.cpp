@@ -3,12 +3,14 @@
 #include <FileChecksum.h>
 #include <PlainFile.h>
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QMap>
+#include <QRegularExpression>
 #include <QSaveFile>
 
 namespace vemo_filesCenter {
@@ -20,6 +22,7 @@ using Record = BackupManifestFile::Record;
 constexpr qint64 limitBytes = 16 * 1024 * 1024;
 constexpr int version = 1;
 constexpr int sumBytes = 32;
+constexpr qint64 headBytes = 80;
 
 QString utc(const QDateTime& time)
 {
@@ -55,6 +58,31 @@ Record recordOf(const QJsonObject& object)
     record.bytes = static_cast<qint64>(object[QStringLiteral("bytes")].toDouble());
     record.sha256 = QByteArray::fromHex(object[QStringLiteral("sha256")].toString().toLatin1());
     return record;
+}
+
+/// Whether a file has the name that QSaveFile gives to what it writes, and begins as a manifest does or holds nothing.
+bool isLeftover(const QString& folder, const QString& name)
+{
+    static const QRegularExpression ownName(QStringLiteral(R"(\A(?:SHA256SUMS|manifest\.json)\.[A-Za-z]{6}\z)"));
+    static const QRegularExpression ownHead(QStringLiteral(R"re(\A(?:\z|\\?[0-9a-f]{64}  |\{\n    "files": \[))re"));
+    QFile file;
+    if (!ownName.match(name).hasMatch() || !VCOMMON::PlainFile::open(file, folder % QLatin1Char('/') % name).isEmpty())
+        return false;
+    const QByteArray head = file.read(headBytes); // zeros: its content never reached the disk
+    return ownHead.match(QString::fromLatin1(head.constData())).hasMatch();
+}
+
+/// What a disk that was pulled, or a program that was killed, left of replacing the manifest.
+void removeLeftovers(const QString& folder)
+{
+    const QDir dir(folder);
+    const QStringList names = dir.entryList({BackupManifestFile::sumsName() % QLatin1String(".??????"),
+                                             BackupManifestFile::jsonName() % QLatin1String(".??????")},
+                                            QDir::Files | QDir::NoSymLinks);
+    for (const QString& name : names) {
+        if (isLeftover(folder, name))
+            QFile::remove(dir.filePath(name));
+    }
 }
 
 /// A disk that others use too may hold anything under the name: a link there goes, and what it leads to stays as it is.
@@ -111,6 +139,7 @@ bool BackupManifestFile::merge(const QString& folder, const QList<Record>& added
         sums += VCOMMON::FileChecksum::checkLine(record.sha256, record.file).toUtf8() + '\n';
         files.append(objectOf(record));
     }
+    removeLeftovers(folder);
     const QJsonObject manifest{{QStringLiteral("version"), version}, {QStringLiteral("files"), files}};
     return replace(folder % QLatin1Char('/') % sumsName(), sums) &&
            replace(folder % QLatin1Char('/') % jsonName(), QJsonDocument(manifest).toJson());

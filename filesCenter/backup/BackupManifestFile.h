@@ -33,7 +33,8 @@ public:
 
     /// In the order of the names; empty when there is none or it is not ours. At most 16 MiB are read.
     static QList<Record> read(const QString& folder);
-    /// Adds the records, in place of those of the same files; false when a file could not be written.
+    /// Adds the records, in place of those of the same files; false when a file could not be written. What an earlier
+    /// one that was cut off left beside them, "manifest.json.xxxxxx", is removed.
     static bool merge(const QString& folder, const QList<Record>& records);
 };
 

@@ -18,6 +18,8 @@ private slots:
     void neitherFollowsNorWaitsForWhatStandsInItsPlace_data();
     void neitherFollowsNorWaitsForWhatStandsInItsPlace();
     void takesNoRecordThatIsNotOfItsFolder();
+    void removesOnlyItsOwnLeftovers_data();
+    void removesOnlyItsOwnLeftovers();
 };
 
 namespace {
@@ -98,6 +100,48 @@ void BackupManifestFileTest::takesNoRecordThatIsNotOfItsFolder()
     }
     write(path, "{\"files\": 7}");
     QVERIFY(BackupManifestFile::read(world.path()).isEmpty());
+}
+
+void BackupManifestFileTest::removesOnlyItsOwnLeftovers_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("content"); ///< null: what the file without the last part of the name holds
+    QTest::addColumn<bool>("isRemoved");
+    const auto row = [](const char* name, const QByteArray& content, bool isRemoved) {
+        QTest::addRow("%s, %s", name, content.isNull() ? "ours" : content.constData())
+            << QString::fromLatin1(name) << content << isRemoved;
+    };
+    row("manifest.json.aBcXyZ", {}, true);
+    row("SHA256SUMS.qqqqqq", {}, true);
+    row("manifest.json.aBcXyZ", "", true);
+    row("SHA256SUMS.AbCdEf", QByteArray(64, '\0'), true);
+    row("manifest.json.backup", "not ours", false);
+    row("SHA256SUMS.backup", "{\"files\": 7}", false);
+    for (const char* name : {"manifest.json.aBcXy", "manifest.json.aBcXyZz", "manifest.json.aBcXy1",
+                             "SHA256SUMS.a.BcXy", "Manifest.json.aBcXyZ", "a.manifest.json.aBcXyZ", "MD5SUMS.aBcXyZ"})
+        row(name, "", false);
+}
+
+void BackupManifestFileTest::removesOnlyItsOwnLeftovers()
+{
+    QFETCH(const QString, name);
+    QFETCH(const QByteArray, content);
+    QFETCH(const bool, isRemoved);
+    const QTemporaryDir world;
+    const QString path = world.filePath(name);
+    QVERIFY(BackupManifestFile::merge(world.path(), one(QStringLiteral("a.mp4"))));
+    const QString whole = world.filePath(name.left(name.lastIndexOf(QLatin1Char('.'))));
+    write(path, content.isNull() ? contentOf(whole) : content);
+    const QString precious = world.filePath(QStringLiteral("precious"));
+    const QString link = world.filePath(QStringLiteral("manifest.json.LinkTo"));
+    write(precious, {});
+    QVERIFY(QFile::link(precious, link) && QDir(world.path()).mkdir(QStringLiteral("SHA256SUMS.Folder")));
+
+    QVERIFY(BackupManifestFile::merge(world.path(), one(QStringLiteral("b.mp4"))));
+    QCOMPARE(QFileInfo::exists(path), !isRemoved);
+    QVERIFY(QFileInfo(link).isSymLink() && QFileInfo::exists(precious));
+    QVERIFY(QFileInfo(world.filePath(QStringLiteral("SHA256SUMS.Folder"))).isDir());
+    QCOMPARE(BackupManifestFile::read(world.path()).size(), 2);
 }
 
 QTEST_GUILESS_MAIN(BackupManifestFileTest)
