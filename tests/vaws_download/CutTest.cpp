@@ -6,6 +6,7 @@
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
 
 namespace {
@@ -131,6 +132,98 @@ TEST_F(Cut, cutsAgainWhatItCutAtTheTimesInsideTheFile)
     EXPECT_NEAR(probeNumber(driver.path("again.mp4"), "-select_streams v -show_entries stream=duration"), 2.0, 0.001);
 }
 
+/// A recording file that another program wrote, made of one of our clips.
+struct OtherForm
+{
+    const char* name;
+    const char* clip;
+    const char* suffix;
+    const char* arguments; ///< of ffmpeg, between the clip and the file
+    const char* codecs;    ///< of the cut
+};
+
+class CutsOtherForm : public Cut, public testing::WithParamInterface<OtherForm>
+{};
+
+TEST_P(CutsOtherForm, pictureByPicture)
+{
+    const std::string clip = TaskDriver::clip(GetParam().clip);
+    const std::string file = driver.path(std::string("other.") + GetParam().suffix);
+    const std::string judge = driver.path("judge.mp4");
+    const auto remux = [](const std::string& from, const std::string& arguments, const std::string& to) {
+        return shellOutput("ffmpeg -v error -i '" + from + "' " + arguments + " '" + to + "' 2>&1");
+    };
+    ASSERT_EQ(remux(clip, GetParam().arguments, file), "");
+    ASSERT_EQ(remux(file, "-map 0:v:0 -c copy", judge), "");
+    const auto length = static_cast<std::int64_t>(ClipSource(clip).endNs() - ClipSource(clip).beginNs());
+    ASSERT_EQ(cut("t", origin, origin + length, {{file, origin, origin + length}}), VAWS_EVENT_FINISHED)
+        << TaskDriver::report("t");
+    EXPECT_EQ(TaskDriver::reportText("t", "error"), "");
+    const std::string path = driver.path("t.mp4");
+    EXPECT_EQ(probe(path, "-show_entries stream=codec_name"), GetParam().codecs);
+    EXPECT_EQ(ffmpegPacketMd5(path, 0), ffmpegPacketMd5(judge, 0));
+    EXPECT_THAT(decodeErrors(path), IsEmpty());
+    EXPECT_NEAR(probeNumber(path, "-show_entries format=duration"), static_cast<double>(length) / nsPerSecond, 0.1);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Files, CutsOtherForm,
+    testing::Values(OtherForm{"StartCodes", "h264_aac", "ts", "-an -c copy", "h264"},
+                    OtherForm{"StartCodes265", "h265_g711", "ts", "-an -c copy", "hevc"},
+                    OtherForm{"Lengths265", "h265_g711", "mov", "-c copy", "hevc\naac"},
+                    OtherForm{"MuLaw", "h264_g711", "mov", "-c copy", "h264\naac"},
+                    OtherForm{"Mjpeg", "mjpeg", "mkv", "-c copy", "mjpeg"},
+                    OtherForm{"Picture", "h264_aac", "mp4",
+                              "-f lavfi -i color=s=64x64:d=1:r=1 -map 0 -map 1 -c copy -c:v:1 mjpeg "
+                              "-disposition:v:1 attached_pic",
+                              "h264\naac"},
+                    OtherForm{"NoPictures", "h264_small", "mkv", "-c copy -map 0:v -map 0:a -c:a:0 flac", "h264"}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+TEST_F(Cut, takesWhatTwoFilesHoldBothOnce)
+{
+    const std::string clip = TaskDriver::clip("h264_plain"); // 6 s, a key frame a second
+    struct Row
+    {
+        const char* task;
+        std::int64_t secondBeginMs;
+        std::size_t pictures;
+        double seconds;
+    };
+    for (const Row& row : {Row{"hand in hand", 6000, 300, 12}, Row{"a part of a second", 5200, 300, 12},
+                           Row{"two seconds", 4000, 250, 10}, Row{"the same", 0, 150, 6}}) {
+        const std::int64_t second = origin + row.secondBeginMs * 1'000'000;
+        ASSERT_EQ(cut(row.task, origin, origin + 60 * nsPerSecond,
+                      {{clip, origin, origin + 6 * nsPerSecond}, {clip, second, second + 6 * nsPerSecond}}),
+                  VAWS_EVENT_FINISHED)
+            << row.task;
+        const std::string path = driver.path(std::string(row.task) + ".mp4");
+        EXPECT_EQ(ffmpegPacketMd5(path, 0).size(), row.pictures) << row.task;
+        EXPECT_NEAR(probeNumber(path, "-show_entries format=duration"), row.seconds, 0.05) << row.task;
+    }
+}
+
+TEST_F(Cut, keepsWhatStandsBeforeADamageAndTellsIt)
+{
+    const std::string clip = TaskDriver::clip("h264_plain");
+    const std::string part = driver.path("part.mp4");
+    const std::string sound = driver.path("sound.wav");
+    shellOutput("ffmpeg -v error -i '" + clip + "' -c copy -movflags +faststart '" + part + "'");
+    std::filesystem::resize_file(part, std::filesystem::file_size(part) * 6 / 10);
+    shellOutput("ffmpeg -v error -f lavfi -i sine=d=1 -c:a pcm_s16le '" + sound + "'");
+    ASSERT_EQ(cut("t", origin, origin + 6 * nsPerSecond, {{part, origin, origin + 6 * nsPerSecond}}),
+              VAWS_EVENT_FINISHED);
+    EXPECT_THAT(TaskDriver::reportText("t", "error"), HasSubstr("part.mp4\" is damaged"));
+    EXPECT_THAT(TaskDriver::report("t"), HasSubstr("not recorded"));
+    const std::vector<std::string> sent = ClipSource(clip).payloadMd5(0);
+    const std::vector<std::string> found = ffmpegPacketMd5(driver.path("t.mp4"), 0);
+    ASSERT_GT(found.size(), 50u);
+    ASSERT_LT(found.size(), sent.size());
+    EXPECT_TRUE(std::equal(found.begin(), found.end(), sent.begin()));
+    EXPECT_EQ(cut("s", origin, origin + nsPerSecond, {{sound, origin, origin + nsPerSecond}}), VAWS_EVENT_INVALID);
+    EXPECT_THAT(TaskDriver::reportText("s", "error"), HasSubstr("sound.wav\" holds nothing that an MP4 file can hold"));
+}
+
 TEST_F(Cut, namesTheFileThatIsMissingOrBroken)
 {
     const std::string clip = TaskDriver::clip("h264_aac");
@@ -181,6 +274,12 @@ TEST(CutListText, refusesWhatIsNoList)
     vaws::CutList list;
     std::string error;
     const std::string head = R"({"begin_time":"20260110080000","end_time":"20260110090000")";
+    const auto entry = [](const std::string& begin, const std::string& file) {
+        return R"({"file_path":")" + file + R"(","begin_time":")" + begin + R"(","end_time":"20260110090000"})";
+    };
+    std::string tooMany;
+    for (int i = 0; i < 100'000; ++i)
+        tooMany += "0,";
     EXPECT_TRUE(list.parse(head + "}", error));
     EXPECT_TRUE(list.parse(
         head + R"(,"records":[{"file_path":"a","begin_time":"20260110080000","end_time":"20260110090000"}]})", error));
@@ -188,6 +287,10 @@ TEST(CutListText, refusesWhatIsNoList)
     for (const std::string& wrong :
          {std::string(), std::string("vavframe"), std::string("{}"), std::string("[]"), head,
           head + R"(,"records":{}})", head + R"(,"records":[1]})", head + R"(,"records":[{"file_path":"a"}]})",
+          head + R"(,"records":[)" + entry("20260110080000", "a\\u0000b") + "]}",
+          head + R"(,"records":[)" + entry("20260110080000", std::string(4097, 'a')) + "]}",
+          head + R"(,"records":[)" + entry("20261310080000", "a") + "]}", head + R"(,"records":[)" + tooMany + "0]}",
+          head + R"(,"note":")" + std::string(16 * 1024 * 1024, 'x') + "\"}",
           std::string(R"({"begin_time":"20260110090000","end_time":"20260110080000"})"), std::string(100'000, '['),
           std::string("{\"a\":") + std::string(5000, '[')}) {
         error.clear();
