@@ -227,6 +227,7 @@ bool DownloadTask::endOnWholeSecond()
     const std::int64_t second = m_writer->endOnWholeSecond();
     if (second == 0) {
         m_reached = m_before;
+        m_report.bytes = m_before.bytes;
         return false;
     }
     takeReached();
@@ -291,7 +292,7 @@ void DownloadTask::fail(const WriteFailure& failure, Lock& lock)
     lock.lock();
     m_writer.reset();
     if (!left.path.empty()) {
-        m_report.bytes = left.bytes;
+        m_report.bytes = m_before.bytes + left.bytes;
         m_report.verified = left.verified;
         m_reached.endNs = left.endNs;
         if (left.verified)

@@ -249,12 +249,12 @@ TEST_F(Repair, tellsWhatBecameOfAFileThatItCannotOpen)
 TEST_F(Repair, leavesAnEmptyFileThatStoodThereBeforeTheJournal)
 {
     saveBytes(path("out.mp4"), {});
-    while (birthTimeNs(path("out.mp4")) >= birthTimeNs(folder)) { // until the clock of the file system has moved on
-        std::filesystem::remove_all(path("later"));
-        std::filesystem::create_directories(path("later"));
-        if (birthTimeNs(path("later")) > birthTimeNs(path("out.mp4")))
-            break;
-    }
+    if (birthTimeNs(path("out.mp4")) == 0)
+        GTEST_SKIP() << "the file system does not tell when a file came to be";
+    do { // until its clock has moved on
+        std::filesystem::remove(path("later"));
+        saveBytes(path("later"), {});
+    } while (birthTimeNs(path("later")) <= birthTimeNs(path("out.mp4")));
     TaskJournal::Left journal = left("out.mp4", {}, 7, false);
     EXPECT_EQ(Mp4Repair::repair(journal).outcome, RepairOutcome::Kept);
     EXPECT_TRUE(std::filesystem::exists(path("out.mp4")));
