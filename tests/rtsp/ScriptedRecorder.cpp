@@ -184,7 +184,7 @@ void ScriptedRecorder::answer(const RtspMessage& request)
             return;
         }
         // Begins at the key frame before, as recorders do.
-        if (hasRange && m_next > 0)
+        if (hasRange)
             m_next = static_cast<int>((fromNs - beginNs) / frameNs) / 25 * 25;
         const bool begins = !std::exchange(m_playing, true);
         if (begins && m_script.playsBeforeItAnswers)
@@ -284,6 +284,9 @@ void ScriptedRecorder::sendEnd()
         break;
     case StreamEnd::Announce:
         write("ANNOUNCE rtsp://h/replay RTSP/1.0\r\nCSeq: 1\r\nx-notice: 2101 End-of-Stream Reached\r\n\r\n");
+        break;
+    case StreamEnd::Redirect:
+        write("REDIRECT rtsp://h/replay RTSP/1.0\r\nCSeq: 1\r\nLocation: rtsp://elsewhere/replay\r\n\r\n");
         break;
     case StreamEnd::Fin:
         m_socket->disconnectFromHost();

@@ -22,6 +22,7 @@ enum class StreamEnd {
     Bye,
     TearDown,
     Announce,
+    Redirect,
     Fin,
     Rst,
     Silence,

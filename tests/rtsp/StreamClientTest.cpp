@@ -1,79 +1,8 @@
-#include "ScriptedRecorder.h"
-#include "StreamLog.h"
-
-#include <QTest>
-
-#include <functional>
+#include "ScriptedReplay.h"
 
 using namespace rtptest;
 using namespace vms_sdk;
 using namespace vms_sdk::rtsp;
-
-Q_DECLARE_METATYPE(rtptest::Script)
-
-namespace {
-
-constexpr int waitMs = 10'000;
-
-StreamRequest requestTo(const ScriptedRecorder& recorder, int pictures = 50)
-{
-    StreamRequest request;
-    request.url = recorder.url();
-    request.user = QStringLiteral("viewer");
-    request.password = QStringLiteral("s3cret!word");
-    request.beginNs = ScriptedRecorder::beginNs;
-    request.endNs = ScriptedRecorder::beginNs + pictures * ScriptedRecorder::frameNs;
-    request.rateControl = false;
-    request.answerTimeoutMs = 1'000;
-    request.connectTimeoutMs = 2'000;
-    request.silenceTimeoutMs = 400;
-    return request;
-}
-
-/// Every picture once, in order, unaltered.
-void compareWithSent(const ScriptedRecorder& recorder, const StreamLog& log, int pictures)
-{
-    QVERIFY(log.batches.readable);
-    QCOMPARE(static_cast<int>(log.batches.frames.size()), pictures);
-    for (int i = 0; i < pictures; ++i) {
-        const BatchLog::Frame& frame = log.batches.frames[static_cast<std::size_t>(i)];
-        const QByteArray sent = recorder.payload(i);
-        QCOMPARE(frame.header.timeNs, ScriptedRecorder::beginNs + i * ScriptedRecorder::frameNs);
-        QVERIFY2(frame.payload == lengthPrefixed({Bytes(sent.begin(), sent.end())}),
-                 "a picture was altered on the way");
-    }
-}
-
-/// A replay from a recorder that follows a script; the request may be changed before it is started.
-struct Replay
-{
-    explicit Replay(const Script& script, int pictures = 50, const std::function<void(StreamRequest*)>& change = {})
-        : recorder(script)
-        , client([&] {
-            StreamRequest request = requestTo(recorder, pictures);
-            if (change)
-                change(&request);
-            return request;
-        }())
-        , log(client)
-    {}
-
-    bool isStartedAndEnds()
-    {
-        client.start();
-        return ends();
-    }
-    bool ends()
-    {
-        return QTest::qWaitFor([this] { return log.hasEnded(); }, waitMs);
-    }
-
-    ScriptedRecorder recorder;
-    StreamClient client;
-    StreamLog log;
-};
-
-} // namespace
 
 class StreamClientTest final : public QObject
 {
@@ -82,6 +11,10 @@ class StreamClientTest final : public QObject
 private slots:
     void tellsHowTheRecordingEnded_data();
     void tellsHowTheRecordingEnded();
+    void endsInOrderWithoutAPicture_data();
+    void endsInOrderWithoutAPicture();
+    void waitsNotForSoundThatNeverComes_data();
+    void waitsNotForSoundThatNeverComes();
     void keepsFailuresApart_data();
     void keepsFailuresApart();
     void logsIn_data();
@@ -90,17 +23,6 @@ private slots:
     void followsNoRedirectsWithoutEnd();
     void playsWholeFromOddRecorders_data();
     void playsWholeFromOddRecorders();
-    void stopsReadingWithoutCredit();
-    void pausesAndGoesOn_data();
-    void pausesAndGoesOn();
-    void staysAliveWhilePaused();
-    void saysNothingAfterStop();
-    void mayBeStoppedFromItsOwnSignal();
-    void changesItsSpeed();
-    void jumps_data();
-    void jumps();
-    void skimsKeyFrames();
-    void endsWhenTheSessionIsForgotten();
     void tellsWhyThereIsNoConnection_data();
     void tellsWhyThereIsNoConnection();
 };
@@ -127,6 +49,7 @@ void StreamClientTest::tellsHowTheRecordingEnded_data()
     row("torn down early", StreamEnd::TearDown, 500, StreamOutcome::EndByDevice);
     row("closed early", StreamEnd::Fin, 500, StreamOutcome::Broken, ErrorKind::BrokenOff);
     row("reset early", StreamEnd::Rst, 500, StreamOutcome::Broken, ErrorKind::BrokenOff);
+    row("moved elsewhere", StreamEnd::Redirect, 500, StreamOutcome::Broken, ErrorKind::BrokenOff);
     row("silent early", StreamEnd::Silence, 500, StreamOutcome::Broken, ErrorKind::TimedOut);
     row("silent inside a packet", StreamEnd::HalfPacket, 500, StreamOutcome::Broken, ErrorKind::TimedOut);
 }
@@ -150,6 +73,60 @@ void StreamClientTest::tellsHowTheRecordingEnded()
     QCOMPARE(replay.recorder.last("SETUP").header("Require"), QByteArray("onvif-replay"));
     QCOMPARE(replay.recorder.last("PLAY").header("Rate-Control"), QByteArray("no"));
     QVERIFY(replay.recorder.last("PLAY").header("Range").startsWith("clock=20231114T221320.000Z-20231114T2213"));
+}
+
+void StreamClientTest::endsInOrderWithoutAPicture_data()
+{
+    QTest::addColumn<int>("how");
+    QTest::addColumn<bool>("isReplay");
+    QTest::newRow("replay, bye") << static_cast<int>(StreamEnd::Bye) << true;
+    QTest::newRow("replay, torn down") << static_cast<int>(StreamEnd::TearDown) << true;
+    QTest::newRow("live, bye") << static_cast<int>(StreamEnd::Bye) << false;
+    QTest::newRow("live, announced") << static_cast<int>(StreamEnd::Announce) << false;
+}
+
+void StreamClientTest::endsInOrderWithoutAPicture()
+{
+    QFETCH(int, how);
+    QFETCH(bool, isReplay);
+    Script script;
+    script.pictures = 0;
+    script.end = static_cast<StreamEnd>(how);
+    Replay replay(script, 50, [isReplay](StreamRequest* request) { request->replay = isReplay; });
+    QVERIFY(replay.isStartedAndEnds());
+    QCOMPARE(replay.log.order, QByteArray("pe"));
+    QCOMPARE(static_cast<int>(replay.log.end), static_cast<int>(StreamOutcome::EndByDevice));
+    QCOMPARE(static_cast<int>(replay.log.error.kind), static_cast<int>(ErrorKind::NotFound));
+    QVERIFY2(replay.log.error.message.contains(isReplay ? QStringLiteral("nothing recorded") : QStringLiteral("live")),
+             qPrintable(replay.log.error.message));
+}
+
+void StreamClientTest::waitsNotForSoundThatNeverComes_data()
+{
+    QTest::addColumn<int>("asked"); // pictures, of which the recorder marks the fiftieth as its last
+    QTest::addColumn<int>("end");
+    QTest::newRow("to the end") << 50 << static_cast<int>(StreamOutcome::EndOfRecording);
+    QTest::newRow("beyond the end") << 40 << static_cast<int>(StreamOutcome::EndOfRecording);
+    QTest::newRow("ended early") << 500 << static_cast<int>(StreamOutcome::EndByDevice);
+}
+
+void StreamClientTest::waitsNotForSoundThatNeverComes()
+{
+    QFETCH(int, asked);
+    QFETCH(int, end);
+    Script script;
+    script.offersSound = true;
+    script.dress = [](const RtspMessage& request, const QByteArray& answer) {
+        return request.method != "SETUP" || !request.uri.endsWith("audio")
+                   ? answer
+                   : QByteArray("RTSP/1.0 200 OK\r\nCSeq: " + request.header("CSeq") +
+                                "\r\nTransport: RTP/AVP/TCP;interleaved=6-7\r\nSession: s1\r\n\r\n");
+    };
+    Replay replay(script, asked, [](StreamRequest* request) { request->silenceTimeoutMs = waitMs; });
+    QVERIFY(replay.isStartedAndEnds());
+    QCOMPARE(static_cast<int>(replay.log.end), end);
+    QCOMPARE(static_cast<int>(replay.log.error.kind), 0);
+    compareWithSent(replay.recorder, replay.log, 50);
 }
 
 void StreamClientTest::keepsFailuresApart_data()
@@ -183,6 +160,31 @@ void StreamClientTest::keepsFailuresApart_data()
         script.rawAnswer = bytes;
         return script;
     };
+    row("nothing recorded then", refusing("PLAY", 457), ErrorKind::NotFound, "nothing recorded");
+    const auto describing = [](const QByteArray& sdp) {
+        Script script;
+        script.sdp = sdp;
+        return script;
+    };
+    row("no description", describing("<html></html>"), ErrorKind::Corrupt, "no readable description");
+    row("metadata alone", describing("v=0\r\nm=application 0 RTP/AVP 107\r\na=rtpmap:107 vnd.onvif.metadata/90000\r\n"),
+        ErrorKind::Unsupported, "nothing that can be received");
+    row("a codec nobody knows", describing("v=0\r\nm=video 0 RTP/AVP 98\r\na=rtpmap:98 VP9/90000\r\n"),
+        ErrorKind::Unsupported, "VP9");
+    Script datagrams;
+    datagrams.dress = [](const RtspMessage&, const QByteArray& answer) {
+        return QByteArray(answer).replace("/TCP;unicast;interleaved=4-5", ";unicast;client_port=4-5");
+    };
+    row("sends by UDP alone", datagrams, ErrorKind::Unsupported, "over TCP");
+    Script web;
+    web.redirectTo = "http://127.0.0.1/replay";
+    row("redirects to a web page", web, ErrorKind::Refused, "none of RTSP");
+    Script odd;
+    odd.challenges = {"Negotiate"};
+    row("a login nobody knows", odd, ErrorKind::LoginRefused, "no way to log in");
+    Script silent;
+    silent.rawAnswer = "RTSP/1.0 200 OK\r\nContent-Length: five\r\n\r\n";
+    row("a length that is no number", silent, ErrorKind::Corrupt, "no number");
     row("one byte at a time", sending("RTSP/1.0 200 OK\r\nX: y"), ErrorKind::TimedOut, "within 1 s");
     row("endless line", sending("RTSP/1.0 200 OK\r\nX: " + QByteArray(9'000, 'y')), ErrorKind::Corrupt, "8192");
     row("a million headers", sending("RTSP/1.0 200 OK\r\n" + QByteArray("X: y\r\n").repeated(300)), ErrorKind::Corrupt,
@@ -336,197 +338,6 @@ void StreamClientTest::playsWholeFromOddRecorders()
     const RtspMessage play = replay.recorder.last("PLAY");
     QVERIFY(play.hasHeader("Range"));
     QCOMPARE(play.hasHeader("Require") || play.hasHeader("Rate-Control"), asksForReplay);
-}
-
-void StreamClientTest::stopsReadingWithoutCredit()
-{
-    Script script;
-    script.pictures = 400;
-    script.pictureBytes = 20'000;
-    script.picturesAtOnce = 20;
-    Replay replay(script, 400, [](StreamRequest* request) {
-        request->creditBytes = 300'000;
-        request->endNs = 0;
-    });
-    replay.log.consumes = false;
-    replay.client.start();
-    QTRY_VERIFY_WITH_TIMEOUT(replay.log.outstandingBytes >= 300'000, waitMs);
-    QTest::qWait(1'000); // longer than the silence that would be a fault
-    QVERIFY2(replay.log.outstandingBytes < 300'000 + 2 * 64 * 1024, "more was signalled than the credit allows");
-    QVERIFY2(replay.client.bytesReceived() < 2'000'000, "the socket was read although the credit was used up");
-    QVERIFY(!replay.log.hasEnded());
-    replay.log.consumes = true;
-    replay.client.returnCredit(replay.log.outstandingBytes);
-    replay.log.outstandingBytes = 0;
-    QVERIFY(replay.ends());
-    QCOMPARE(static_cast<int>(replay.log.end), static_cast<int>(StreamOutcome::EndOfRecording));
-    compareWithSent(replay.recorder, replay.log, 400);
-}
-
-void StreamClientTest::pausesAndGoesOn_data()
-{
-    QTest::addColumn<bool>("resumeNeedsRange");
-    QTest::addColumn<bool>("pauseUnknown");
-    QTest::newRow("goes on where it was") << false << false;
-    QTest::newRow("needs a range, begins at a key frame") << true << false;
-    QTest::newRow("knows no PAUSE") << false << true;
-}
-
-void StreamClientTest::pausesAndGoesOn()
-{
-    QFETCH(bool, resumeNeedsRange);
-    QFETCH(bool, pauseUnknown);
-    Script script;
-    script.pictures = 120;
-    script.picturesAtOnce = 7;
-    script.resumeNeedsRange = resumeNeedsRange;
-    if (pauseUnknown)
-        script.refusals.insert("PAUSE", 501);
-    Replay replay(script, 120, [](StreamRequest* request) { request->rateControl = true; });
-    replay.client.start();
-    QTRY_VERIFY_WITH_TIMEOUT(replay.log.batches.frames.size() > 30, waitMs);
-    replay.client.pause();
-    QTRY_VERIFY_WITH_TIMEOUT(replay.recorder.count("PAUSE") == 1, waitMs);
-    QTest::qWait(600); // longer than the silence that would be a fault
-    const std::size_t before = replay.log.batches.frames.size();
-    QVERIFY(!replay.log.hasEnded() && before < 100);
-    replay.client.resume();
-    QVERIFY(replay.ends());
-    QCOMPARE(static_cast<int>(replay.log.end), static_cast<int>(StreamOutcome::EndOfRecording));
-    compareWithSent(replay.recorder, replay.log, 120);
-}
-
-void StreamClientTest::staysAliveWhilePaused()
-{
-    Script script;
-    script.sessionTimeoutS = 2;
-    script.pictures = 1'000;
-    script.picturesAtOnce = 5;
-    Replay replay(script, 1'000);
-    replay.client.start();
-    QTRY_VERIFY_WITH_TIMEOUT(!replay.log.order.isEmpty(), waitMs);
-    replay.client.pause();
-    QTRY_COMPARE_WITH_TIMEOUT(replay.recorder.count("GET_PARAMETER"), 2, waitMs);
-    QCOMPARE(replay.recorder.last("GET_PARAMETER").header("Session"), QByteArray("s1"));
-}
-
-void StreamClientTest::saysNothingAfterStop()
-{
-    Script script;
-    script.pictures = 1'000;
-    script.picturesAtOnce = 5;
-    Replay replay(script, 1'000);
-    replay.client.start();
-    QTRY_VERIFY_WITH_TIMEOUT(!replay.log.batches.frames.empty(), waitMs);
-    replay.client.stop();
-    const QByteArray order = replay.log.order;
-    const std::size_t frames = replay.log.batches.frames.size();
-    QTRY_COMPARE_WITH_TIMEOUT(replay.recorder.count("TEARDOWN"), 1, waitMs);
-    QTest::qWait(100);
-    QCOMPARE(replay.log.order, order);
-    QCOMPARE(replay.log.batches.frames.size(), frames);
-}
-
-void StreamClientTest::mayBeStoppedFromItsOwnSignal()
-{
-    Script script;
-    script.pictureBytes = 30'000;
-    Replay replay(script);
-    connect(&replay.client, &StreamClient::packets, &replay.client, [&replay] { replay.client.stop(); });
-    replay.client.start();
-    QTRY_COMPARE_WITH_TIMEOUT(replay.recorder.count("TEARDOWN"), 1, waitMs);
-    QTest::qWait(50);
-    QCOMPARE(replay.log.order, QByteArray("pd"));
-    QCOMPARE(replay.log.batches.batchBytes.size(), std::size_t(1));
-}
-
-void StreamClientTest::changesItsSpeed()
-{
-    Script script;
-    script.pictures = 200;
-    script.picturesAtOnce = 2;
-    Replay replay(script, 200, [](StreamRequest* request) { request->rateControl = true; });
-    replay.client.start();
-    QTRY_VERIFY_WITH_TIMEOUT(replay.log.batches.frames.size() > 10, waitMs);
-    QVERIFY(!replay.recorder.last("PLAY").hasHeader("Scale"));
-    replay.client.setScale(4);
-    QTRY_COMPARE_WITH_TIMEOUT(replay.recorder.count("PLAY"), 2, waitMs);
-    QCOMPARE(replay.recorder.last("PLAY").header("Scale"), QByteArray("4.000"));
-    replay.client.setScale(0);
-    QTRY_COMPARE_WITH_TIMEOUT(replay.recorder.count("PLAY"), 3, waitMs);
-    QCOMPARE(replay.recorder.last("PLAY").header("Rate-Control"), QByteArray("no"));
-    QVERIFY(replay.ends());
-    compareWithSent(replay.recorder, replay.log, 200);
-}
-
-void StreamClientTest::jumps_data()
-{
-    QTest::addColumn<Script>("script");
-    QTest::addColumn<int>("plays");
-    Script script;
-    QTest::newRow("while it plays") << script << 2;
-    script.playNeedsPause = true;
-    QTest::newRow("after a pause, where PLAY needs one") << script << 3;
-    script.knowsReplay = false;
-    QTest::newRow("without knowing of replay") << script << 3;
-}
-
-void StreamClientTest::jumps()
-{
-    QFETCH(Script, script);
-    QFETCH(int, plays);
-    constexpr int target = 110;
-    script.pictures = 200;
-    script.picturesAtOnce = 2;
-    Replay replay(script, 200, [](StreamRequest* request) { request->rateControl = true; });
-    replay.client.start();
-    QTRY_VERIFY_WITH_TIMEOUT(replay.log.batches.frames.size() > 10, waitMs);
-    const std::size_t before = replay.log.batches.frames.size();
-    replay.client.seek(ScriptedRecorder::beginNs + target * ScriptedRecorder::frameNs);
-    QVERIFY(replay.ends());
-    QCOMPARE(static_cast<int>(replay.log.end), static_cast<int>(StreamOutcome::EndOfRecording));
-    const auto& frames = replay.log.batches.frames;
-    QCOMPARE(frames.size(), before + 100);
-    for (std::size_t i = before; i < frames.size(); ++i)
-        QCOMPARE(frames[i].header.timeNs,
-                 ScriptedRecorder::beginNs + static_cast<int>(100 + i - before) * ScriptedRecorder::frameNs);
-    QCOMPARE(static_cast<int>(frames[before].header.flags), vav::KeyFrame | vav::Discontinuity);
-    QCOMPARE(replay.recorder.count("PLAY"), plays);
-    const RtspMessage play = replay.recorder.last("PLAY");
-    QVERIFY(play.header("Range").startsWith("clock=20231114T221324.400Z-"));
-    QCOMPARE(play.header("Immediate"), script.knowsReplay ? QByteArray("yes") : QByteArray());
-}
-
-void StreamClientTest::skimsKeyFrames()
-{
-    Script script;
-    script.pictures = 300;
-    script.picturesAtOnce = 2;
-    Replay replay(script, 300, [](StreamRequest* request) { request->rateControl = true; });
-    replay.client.start();
-    QTRY_VERIFY_WITH_TIMEOUT(replay.log.batches.frames.size() > 10, waitMs);
-    replay.client.setScale(8);
-    QTRY_COMPARE_WITH_TIMEOUT(replay.recorder.last("PLAY").header("Frames"), QByteArray("intra"), waitMs);
-    const std::size_t before = replay.log.batches.frames.size();
-    QVERIFY(replay.ends());
-    // This recorder sends every picture all the same; the key frames pass, and are no gaps.
-    const auto& frames = replay.log.batches.frames;
-    QVERIFY(frames.size() > before && frames.size() <= before + 12);
-    for (std::size_t i = before; i < frames.size(); ++i)
-        QCOMPARE(static_cast<int>(frames[i].header.flags & ~vav::EndOfRecording), static_cast<int>(vav::KeyFrame));
-}
-
-void StreamClientTest::endsWhenTheSessionIsForgotten()
-{
-    Script script;
-    script.sessionTimeoutS = 2;
-    script.pictures = 100'000;
-    script.picturesAtOnce = 1;
-    script.refusals.insert("GET_PARAMETER", 454);
-    Replay replay(script, 100'000);
-    QVERIFY(replay.isStartedAndEnds());
-    QCOMPARE(static_cast<int>(replay.log.end), static_cast<int>(StreamOutcome::Broken));
-    QCOMPARE(static_cast<int>(replay.log.error.kind), static_cast<int>(ErrorKind::BrokenOff));
 }
 
 void StreamClientTest::tellsWhyThereIsNoConnection_data()

@@ -35,6 +35,8 @@ class StreamClientTlsTest final : public QObject
 private slots:
     void judgesThePeerBeforeAByteIsSent_data();
     void judgesThePeerBeforeAByteIsSent();
+    void tellsWhyNothingIsSecure_data();
+    void tellsWhyNothingIsSecure();
     void sendsBasicOverTlsOnly();
     void isNotLedFromTlsToTheOpen();
 
@@ -102,6 +104,43 @@ void StreamClientTlsTest::judgesThePeerBeforeAByteIsSent()
     QCOMPARE(log.order, QByteArray(kind == static_cast<int>(ErrorKind::CertificateRefused) ? "ce" : "e"));
     if (kind == static_cast<int>(ErrorKind::CertificateRefused))
         QCOMPARE(log.keySha256, peerKeySha256(made.certificate));
+}
+
+void StreamClientTlsTest::tellsWhyNothingIsSecure_data()
+{
+    QTest::addColumn<QByteArray>("greeting"); // and then it hangs up; none: it stays silent
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("silent") << QByteArray() << static_cast<int>(ErrorKind::TimedOut) << "did not answer";
+    QTest::newRow("hangs up") << QByteArray("") << static_cast<int>(ErrorKind::Unsupported) << "ended the attempt";
+    QTest::newRow("speaks in the open") << QByteArray("RTSP/1.0 400 Bad Request\r\n\r\n")
+                                        << static_cast<int>(ErrorKind::Unsupported) << "No secure connection";
+}
+
+void StreamClientTlsTest::tellsWhyNothingIsSecure()
+{
+    QFETCH(QByteArray, greeting);
+    QFETCH(int, kind);
+    QFETCH(QString, text);
+    QTcpServer peer;
+    QVERIFY(peer.listen(QHostAddress::LocalHost));
+    connect(&peer, &QTcpServer::newConnection, this, [&] {
+        QTcpSocket* socket = peer.nextPendingConnection();
+        if (greeting.isNull())
+            return;
+        socket->write(greeting);
+        socket->disconnectFromHost();
+    });
+    StreamRequest request;
+    request.url = QUrl(QStringLiteral("rtsps://127.0.0.1:%1/replay").arg(peer.serverPort()));
+    request.connectTimeoutMs = greeting.isNull() ? 300 : waitMs;
+    StreamClient client(request);
+    StreamLog log(client);
+    client.start();
+    QTRY_VERIFY_WITH_TIMEOUT(log.hasEnded(), waitMs);
+    QCOMPARE(log.order, QByteArray("e"));
+    QCOMPARE(static_cast<int>(log.error.kind), kind);
+    QVERIFY2(log.error.message.contains(text), qPrintable(log.error.message));
 }
 
 /// The end of a replay by the script, from a recorder whose certificate is trusted.

@@ -30,6 +30,9 @@ void StreamSession::answered(const RtspMessage& answer, const RtspRequest& reque
     if (!isKeepAlive)
         m_answerTimer.stop();
     if (answer.status == statusUnauthorized) {
+        // Keep-alives are not waited for: the stream itself is watched.
+        if (!isKeepAlive)
+            m_answerTimer.start(m_request.answerTimeoutMs);
         logIn(answer, request);
         return;
     }
@@ -100,7 +103,6 @@ void StreamSession::logIn(const RtspMessage& answer, const RtspRequest& request)
         fail(loginError(verdict, host()));
         return;
     }
-    m_answerTimer.start(m_request.answerTimeoutMs);
     m_connection->send(m_requester->send(request));
 }
 
