@@ -9,6 +9,8 @@ using namespace vms_sdk;
 
 using Misbehave = std::function<void(OnvifFake&)>;
 Q_DECLARE_METATYPE(Misbehave)
+using Dress = std::function<QByteArray(const QByteArray&)>;
+Q_DECLARE_METATYPE(Dress)
 
 class DeviceSessionTest final : public QObject
 {
@@ -21,6 +23,9 @@ private slots:
     void tellsAPeerThatIsNoRecorder_data();
     void tellsAPeerThatIsNoRecorder();
     void asksCapabilitiesWhereThereIsNoServiceList();
+    void findsChannelsWhateverTheDeviceLists_data();
+    void findsChannelsWhateverTheDeviceLists();
+    void tellsAnAddressThatIsNone();
     void staysOnTheHostThatWasReached();
     void refusesAnUnknownCertificateAndShowsIt();
     void answersEveryLoginOnceWhenTheyCrowd();
@@ -142,6 +147,81 @@ void DeviceSessionTest::asksCapabilitiesWhereThereIsNoServiceList()
     QCOMPARE(sdk.logIn(SdkLife::loginTo(device.address())).kind, ErrorKind::None);
     QVERIFY(dev_info(QStringLiteral("dev-1")).supportsBackup);
     QCOMPARE(dev_info(QStringLiteral("dev-1")).channels.size(), 2);
+}
+
+void DeviceSessionTest::findsChannelsWhateverTheDeviceLists_data()
+{
+    QTest::addColumn<QStringList>("listed"); // recordings that the device lists without being searched
+    QTest::addColumn<Dress>("dress");
+    QTest::addColumn<QStringList>("found"); // name, recording and profile of each channel
+
+    const auto row = [](const char* name, const QStringList& listed, const QStringList& found, const Dress& dress) {
+        QTest::newRow(name) << listed << dress << found;
+    };
+    const auto text = [](const char* words) { return QString::fromLatin1(words); };
+    const auto of = [](const QByteArray& answer, const char* operation) {
+        return answer.contains(QByteArray(operation) + "Response");
+    };
+    const QStringList one{text("rec-1")};
+    const QStringList searched{text("Channel 1|rec-1|prof-1")};
+    row("found by a search", {}, searched, [](const QByteArray& answer) { return answer; });
+    row("a search that takes its time and does not wait", {}, searched,
+        [of, time = QElapsedTimer()](const QByteArray& answer) mutable {
+            if (!of(answer, "GetRecordingSearchResults"))
+                return answer;
+            if (!time.isValid())
+                time.start();
+            return time.elapsed() > 1500
+                       ? answer
+                       : OnvifFake::envelope("<tse:GetRecordingSearchResultsResponse><tse:ResultList>"
+                                             "<tt:SearchState>Searching</tt:SearchState>"
+                                             "</tse:ResultList></tse:GetRecordingSearchResultsResponse>");
+        });
+    row("a search that begins anew on each page", {}, searched, [of, pages = 0](QByteArray answer) mutable {
+        const bool isEarly = of(answer, "GetRecordingSearchResults") && ++pages < 3;
+        return isEarly ? answer.replace("Completed", "Searching") : answer;
+    });
+    row("a recording that is listed twice", {text("rec-1"), text("rec-1"), text("rec-2")},
+        {text("Gate 1|rec-1|prof-1"), text("Gate 3|rec-2|")}, [](const QByteArray& answer) { return answer; });
+    row("no recordings, but cameras", {}, {text("Channel 1||prof-1")}, [of](const QByteArray& answer) {
+        return of(answer, "FindRecordings") ? OnvifFake::fault("ter:ActionNotSupported", "No") : answer;
+    });
+    row("sources named by their addresses", one, {text("Gate 1|rec-1|prof-1")},
+        [](QByteArray answer) { return answer.replace("SourceId>src-", "SourceId>http://10.0.0."); });
+    row("no media service", one, {text("Gate 1|rec-1|")},
+        [](QByteArray answer) { return answer.replace("ver10/media/wsdl</", "ver99/media/wsdl</"); });
+    row("a media service that answers nonsense", one, {text("Gate 1|rec-1|")}, [of](const QByteArray& answer) {
+        return of(answer, "GetProfiles") || of(answer, "GetVideoSources") ? QByteArray("<html/>") : answer;
+    });
+}
+
+void DeviceSessionTest::findsChannelsWhateverTheDeviceLists()
+{
+    QFETCH(QStringList, listed);
+    QFETCH(Dress, dress);
+    QFETCH(QStringList, found);
+    OnvifFake device;
+    device.recordingTokens = listed;
+    device.flags.dressXml = dress;
+    SdkLife sdk;
+    DevLogin login = SdkLife::loginTo(device.address());
+    login.name.clear();
+    QCOMPARE(sdk.logIn(login).message, QString());
+    const DevInfo info = dev_info(QStringLiteral("dev-1"));
+    QCOMPARE(info.name, QStringLiteral("Four Channels")); // the model, where the person gave no name
+    QStringList channels;
+    for (const ChannelInfo& channel : info.channels)
+        channels.append(channel.name + QLatin1Char('|') + channel.recordingToken + QLatin1Char('|') +
+                        channel.profileToken);
+    QCOMPARE(channels, found);
+}
+
+void DeviceSessionTest::tellsAnAddressThatIsNone()
+{
+    SdkLife sdk;
+    const Error error = sdk.logIn(SdkLife::loginTo(QUrl(QStringLiteral("ftp://127.0.0.1/onvif"))));
+    QCOMPARE(error.kind, ErrorKind::Unsupported);
+    QVERIFY2(error.message.contains(QStringLiteral("must begin with")), qPrintable(error.message));
 }
 
 void DeviceSessionTest::staysOnTheHostThatWasReached()

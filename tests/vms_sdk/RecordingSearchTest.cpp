@@ -2,6 +2,7 @@
 
 #include <QElapsedTimer>
 #include <QFile>
+#include <QRegularExpression>
 #include <QUuid>
 
 #include <algorithm>
@@ -56,9 +57,12 @@ private slots:
     void makesRecordingsOfTheDevicesEvents();
     void findsSomethingWhateverTheDeviceOffers_data();
     void findsSomethingWhateverTheDeviceOffers();
+    void goesOnOrTellsWhyNot_data();
+    void goesOnOrTellsWhyNot();
     void tellsWhatItCannotSearch_data();
     void tellsWhatItCannotSearch();
     void namesTheLimitWhenThereAreTooManyEvents();
+    void namesTheLimitWhenThereAreTooManyRecordings();
     void looksThroughNoMoreRecordingsThanItsLimit();
     void staysSmallAndCancelsAtOnceAmongManyDevices();
     void timesOutOnceUnlessRenewed();
@@ -145,6 +149,68 @@ void RecordingSearchTest::findsSomethingWhateverTheDeviceOffers()
     QCOMPARE(recordingsOf(sdk.answers).first().replayUri.isEmpty(), !hasReplay);
 }
 
+void RecordingSearchTest::goesOnOrTellsWhyNot_data()
+{
+    QTest::addColumn<QByteArray>("answerOf"); // the operation that is answered otherwise
+    QTest::addColumn<QByteArray>("pattern");  // a part of that answer and what stands there; none: a fault of that code
+    QTest::addColumn<QByteArray>("with");
+    QTest::addColumn<ErrorKind>("kind");
+    QTest::addColumn<QString>("found");
+
+    const auto row = [](const char* name, const char* answerOf, const char* pattern, const char* with, ErrorKind kind,
+                        const char* found = "") {
+        QTest::newRow(name) << QByteArray(answerOf) << QByteArray(pattern) << QByteArray(with) << kind
+                            << QString::fromLatin1(found);
+    };
+    const char* const all = "08:00-08:10 08:10-08:20! 08:20-08:30 23:00-23:59";
+    const char* const extents = "GetRecordingSearchResults";
+    const char* const events = "GetEventSearchResults";
+    row("no search of recordings", "FindRecordings", "", "ter:ActionNotSupported", ErrorKind::None, all);
+    row("a search of recordings that leads nowhere", "FindRecordings", "find-1", "", ErrorKind::None, all);
+    row("extents refused", extents, "", "ter:InvalidToken", ErrorKind::None, all);
+    row("login refused for the extents", extents, "", "ter:NotAuthorized", ErrorKind::LoginRefused);
+    row("account locked meanwhile", "FindRecordings", "", "ter:AccountLocked", ErrorKind::AccountLocked);
+    row("busy with other searches", "FindEvents", "", "ter:ResourceProblem", ErrorKind::LimitReached);
+    row("events refused to this person", "FindEvents", "", "ter:NotAuthorized", ErrorKind::LoginRefused);
+    row("a search of events that leads nowhere", "FindEvents", "events-1", "", ErrorKind::None, "00:00-23:59");
+    row("every filter refused", "FindEvents", "", "ter:InvalidFilterFault", ErrorKind::None, "00:00-23:59");
+    row("a search that is forgotten meanwhile", events, "", "ter:InvalidToken", ErrorKind::NotFound);
+    row("no results", events, "tse:ResultList", "tse:Other", ErrorKind::Corrupt);
+    row("events of other recordings alone", events, "rec-1", "rec-2", ErrorKind::None);
+    row("begun later", extents, "2026-01-10T00", "2026-01-11T00", ErrorKind::None);
+    row("ended before", extents, "2026-01-12T00:00:00Z", "2026-01-10T00:00:00Z", ErrorKind::None);
+    row("ended on that day", extents, "2026-01-12T00", "2026-01-10T08", ErrorKind::None);
+    row("being written", extents, "2026-01-12T00:00:00Z(.*)Stopped", "2026-01-10T08:05:00Z\\1Recording",
+        ErrorKind::None, all);
+}
+
+void RecordingSearchTest::goesOnOrTellsWhyNot()
+{
+    QFETCH(QByteArray, answerOf);
+    QFETCH(QByteArray, pattern);
+    QFETCH(QByteArray, with);
+    QFETCH(ErrorKind, kind);
+    QFETCH(QString, found);
+    OnvifFake device;
+    giveEvents(device);
+    SdkLife sdk;
+    QCOMPARE(sdk.logIn(SdkLife::loginTo(device.address())).kind, ErrorKind::None);
+    device.flags.dressXml = [&](const QByteArray& text) {
+        if (!text.contains(answerOf + "Response"))
+            return text;
+        return pattern.isEmpty()
+                   ? OnvifFake::fault(with, "No")
+                   : QString::fromUtf8(text)
+                         .replace(QRegularExpression(QString::fromLatin1(pattern)), QString::fromUtf8(with))
+                         .toUtf8();
+    };
+    const RecsSearchCondition condition = day();
+    search_video_recordings_req(condition);
+    QTRY_COMPARE_WITH_TIMEOUT(sdk.answers.size(), 1, patienceMs);
+    QVERIFY2(kindOf(sdk.answers) == kind, qPrintable(search_error(condition.requestId).message));
+    QCOMPARE(shown(recordingsOf(sdk.answers)), found);
+}
+
 void RecordingSearchTest::tellsWhatItCannotSearch_data()
 {
     QTest::addColumn<QString>("device");
@@ -194,6 +260,21 @@ void RecordingSearchTest::namesTheLimitWhenThereAreTooManyEvents()
     QCOMPARE(kindOf(sdk.answers), ErrorKind::Corrupt);
     QVERIFY(search_error(condition.requestId).message.contains(QStringLiteral("3000")));
     QVERIFY(device.count("GetEventSearchResults") <= 7);
+}
+
+void RecordingSearchTest::namesTheLimitWhenThereAreTooManyRecordings()
+{
+    OnvifFake device;
+    giveEvents(device);
+    SdkLimits limits = SdkLife::quickLimits();
+    limits.searchRecordings = 3;
+    SdkLife sdk(limits);
+    sdk.logIn(SdkLife::loginTo(device.address()));
+    const RecsSearchCondition condition = day();
+    search_video_recordings_req(condition);
+    QTRY_COMPARE_WITH_TIMEOUT(sdk.answers.size(), 1, patienceMs);
+    QCOMPARE(kindOf(sdk.answers), ErrorKind::Corrupt);
+    QVERIFY(search_error(condition.requestId).message.contains(QStringLiteral("more than 3 recordings")));
 }
 
 void RecordingSearchTest::looksThroughNoMoreRecordingsThanItsLimit()

@@ -48,6 +48,13 @@ DevStatus statusAfter(ErrorKind kind)
     }
 }
 
+bool isRefusal(const SoapAnswer& answer)
+{
+    const ErrorKind kind = answer.error().kind;
+    return answer.isFault() && kind != ErrorKind::LoginRefused && kind != ErrorKind::AccountLocked &&
+           kind != ErrorKind::NotActivated && kind != ErrorKind::LimitReached;
+}
+
 DeviceSession::DeviceSession(DevLogin login, const SdkLimits& limits, SoapClient::Clock clock, QObject* parent)
     : QObject(parent)
     , m_login(std::move(login))
@@ -334,9 +341,7 @@ void DeviceSession::findLive(int channelNo, LiveProfile profile, StreamDone done
 Error DeviceSession::takeUri(const SoapAnswer& answer, const Error& missing, QUrl& url) const
 {
     const Error& error = answer.error();
-    const bool isRefusal = answer.isFault() && error.kind != ErrorKind::LoginRefused &&
-                           error.kind != ErrorKind::AccountLocked && error.kind != ErrorKind::LimitReached;
-    if (isRefusal || error.kind == ErrorKind::NotFound || (!error && url.isEmpty()))
+    if (isRefusal(answer) || error.kind == ErrorKind::NotFound || (!error && url.isEmpty()))
         return {missing.kind, missing.message, error.context};
     if (error)
         return error;

@@ -101,4 +101,7 @@ private:
 /// The status that a failure of this kind gives a device.
 DevStatus statusAfter(ErrorKind kind);
 
+/// The device refuses this request alone: another one may still be answered, with the same login and at this time.
+bool isRefusal(const onvif::SoapAnswer& answer);
+
 } // namespace vms_sdk

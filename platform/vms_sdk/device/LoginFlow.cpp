@@ -1,6 +1,7 @@
 #include "LoginFlow.h"
 
 #include <QElapsedTimer>
+#include <QTimer>
 
 #include <algorithm>
 
@@ -14,6 +15,8 @@ constexpr int maxChannels = 1024;
 constexpr int recordingsAPage = 200;
 // Pages of recordings that a login asks for; a device that has nothing new to say ends it sooner.
 constexpr int maxPolls = 64;
+// Before the next page when one was empty: not every device waits until it has something.
+constexpr int pollPauseMs = 100;
 
 } // namespace
 
@@ -220,7 +223,8 @@ void LoginFlow::pollRecordings(const QString& searchToken)
                       const bool more = !answer.error() && results.isValid && !results.completed &&
                                         m_recordings.size() < maxChannels && ++m_polls < maxPolls;
                       if (more) {
-                          pollRecordings(searchToken);
+                          QTimer::singleShot(results.entries.isEmpty() ? pollPauseMs : 0, this,
+                                             [this, searchToken] { pollRecordings(searchToken); });
                           return;
                       }
                       m_client.call(search, requests::endSearch(searchToken), SoapClient::Auth::Login,
@@ -232,7 +236,10 @@ void LoginFlow::pollRecordings(const QString& searchToken)
 void LoginFlow::takeRecordings(const QVector<RecordingEntry>& recordings)
 {
     for (const RecordingEntry& recording : recordings) {
-        if (m_recordings.size() < maxChannels)
+        const bool isKnown =
+            std::any_of(m_recordings.cbegin(), m_recordings.cend(),
+                        [&recording](const RecordingEntry& known) { return known.token == recording.token; });
+        if (!isKnown && m_recordings.size() < maxChannels)
             m_recordings.append(recording);
     }
 }

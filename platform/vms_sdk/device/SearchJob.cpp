@@ -100,7 +100,7 @@ void SearchJob::findExtent()
 void SearchJob::takeExtentSearch(const SoapAnswer& answer)
 {
     m_searchToken = answers::searchToken(answer.payload());
-    if (answer.isFault() && answer.error().kind != ErrorKind::LoginRefused)
+    if (isRefusal(answer))
         findEvents();
     else if (!isOver(answer.error()))
         m_searchToken.isEmpty() ? findEvents() : pollExtent();
@@ -113,7 +113,7 @@ void SearchJob::pollExtent()
 
 void SearchJob::takeExtent(const SoapAnswer& answer)
 {
-    if (isOver(answer.isFault() ? Error() : answer.error()))
+    if (isOver(isRefusal(answer) ? Error() : answer.error()))
         return;
     const auto results = answers::recordingSearchResults(answer.payload());
     for (const RecordingEntry& entry : results.entries) {
@@ -159,7 +159,7 @@ void SearchJob::findEvents()
 void SearchJob::takeEventSearch(const SoapAnswer& answer)
 {
     m_searchToken = answers::searchToken(answer.payload());
-    if (answer.isFault() && answer.error().kind != ErrorKind::LoginRefused) {
+    if (isRefusal(answer)) {
         const bool isUnknown = answer.error().kind == ErrorKind::Unsupported;
         if (!isUnknown && ++m_filter < filterCount)
             findEvents();
