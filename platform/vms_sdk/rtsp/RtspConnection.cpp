@@ -52,11 +52,11 @@ void RtspConnection::open(const QUrl& url, const TlsPolicy& tls, int connectTime
 void RtspConnection::connectPlain()
 {
     m_socket = new QTcpSocket(this);
-    m_socket->setReadBufferSize(socketBufferBytes);
     connect(m_socket, &QTcpSocket::connected, this, &RtspConnection::becomeReady);
     connect(m_socket, &QTcpSocket::readyRead, this, &RtspConnection::readMore);
     connect(m_socket, &QTcpSocket::errorOccurred, this, &RtspConnection::onSocketError);
-    m_socket->connectToHost(m_host, m_port);
+    // The reader has a buffer of its own; another one in between would be one more copy of everything.
+    m_socket->connectToHost(m_host, m_port, QIODevice::ReadWrite | QIODevice::Unbuffered);
 }
 
 void RtspConnection::connectTls(const TlsPolicy& tls)
@@ -124,8 +124,11 @@ void RtspConnection::send(const QByteArray& bytes)
 {
     if (m_stage != Stage::Ready)
         return;
-    m_socket->write(bytes);
-    if (m_socket->bytesToWrite() <= maxUnsentBytes)
+    m_unsent += bytes;
+    // Answers to what is being read leave together.
+    if (!m_reading)
+        flush();
+    if (m_unsent.size() + m_socket->bytesToWrite() <= maxUnsentBytes)
         return;
     // Not from within this call: the caller is not done.
     m_stage = Stage::Overrun;
@@ -141,11 +144,25 @@ void RtspConnection::send(const QByteArray& bytes)
         Qt::QueuedConnection);
 }
 
+void RtspConnection::flush()
+{
+    if (m_socket && !m_unsent.isEmpty())
+        m_socket->write(m_unsent);
+    m_unsent.clear();
+}
+
 void RtspConnection::readMore()
 {
     if (m_reading || m_stage != Stage::Ready)
         return;
     m_reading = true;
+    readAll();
+    m_reading = false;
+    flush();
+}
+
+void RtspConnection::readAll()
+{
     qint64 turnBytes = 0;
     while (handOut() && m_handler.mayRead()) {
         if (turnBytes >= maxBytesATurn) {
@@ -164,6 +181,7 @@ void RtspConnection::readMore()
         std::uint8_t* area = m_reader.writeArea();
         const qint64 bytes = m_socket->read(reinterpret_cast<char*>(area), static_cast<qint64>(m_reader.writeRoom()));
         if (bytes <= 0) {
+            m_peerClosed = m_peerClosed || bytes < 0; // an unbuffered socket tells its end by this alone
             m_handler.socketDrained();
             if (m_peerClosed && m_stage == Stage::Ready) {
                 m_reading = false;
@@ -176,7 +194,6 @@ void RtspConnection::readMore()
         m_bytesReceived += bytes;
         turnBytes += bytes;
     }
-    m_reading = false;
 }
 
 /// Hands out what the reader holds; true when it wants more bytes.
@@ -210,6 +227,7 @@ void RtspConnection::close()
     if (!m_socket)
         return;
     m_socket->disconnect(this);
+    flush();
     if (wasReady)
         m_socket->flush();
     // Not aborted here: this may be a call from within the socket's own signal.

@@ -65,6 +65,8 @@ private:
     void onSocketError(QAbstractSocket::SocketError error);
     void refuse(const QSslCertificate& certificate, const QString& reason);
     bool handOut();
+    void readAll();
+    void flush();
     void becomeReady();
     void lose(const Error& error);
     Error connectError(QAbstractSocket::SocketError error) const;
@@ -77,6 +79,7 @@ private:
     QString m_host;
     quint16 m_port = 0;
     QByteArray m_pin;
+    QByteArray m_unsent; ///< of the present turn of reading
     Stage m_stage = Stage::Idle;
     bool m_reading = false;
     bool m_peerClosed = false;
