@@ -180,6 +180,42 @@ INSTANTIATE_TEST_SUITE_P(
                     OtherForm{"NoPictures", "h264_small", "mkv", "-c copy -map 0:v -map 0:a -c:a:0 flac", "h264"}),
     [](const auto& row) { return std::string(row.param.name); });
 
+TEST_F(Cut, readsUnitsWhoseLengthsHaveTwoBytes)
+{
+    const std::string clip = TaskDriver::clip("h264_small");
+    std::ifstream in(clip, std::ios::binary);
+    std::string bytes{std::istreambuf_iterator<char>(in), {}};
+    bytes.at(bytes.find("avcC") + 8) = static_cast<char>(0xfd);
+    const ClipSource source(clip);
+    for (const ClipSource::Frame& frame : source.frames()) {
+        if (frame.header.track != 0)
+            continue;
+        std::string units;
+        for (std::size_t at = 0; at + 4 < frame.payload.size();) {
+            const std::size_t end = at + 4 + (frame.payload[at + 2] << 8 | frame.payload[at + 3]);
+            units.append(frame.payload.begin() + static_cast<std::ptrdiff_t>(at + 2),
+                         frame.payload.begin() + static_cast<std::ptrdiff_t>(end));
+            at = end;
+        }
+        // The bytes that are left over become a unit of filler, so that nothing else in the file moves.
+        const std::size_t filler = frame.payload.size() - units.size() - 2;
+        units += {'\0', static_cast<char>(filler)};
+        units += std::string("\x0c\xff\xff\xff\xff\xff\xff\xff\xff\xff").substr(0, filler);
+        const std::size_t place = bytes.find(std::string(frame.payload.begin(), frame.payload.end()));
+        ASSERT_NE(place, std::string::npos);
+        bytes.replace(place, units.size(), units);
+    }
+    const std::string file = driver.path("short.mp4");
+    std::ofstream(file, std::ios::binary) << bytes;
+    const auto pictures = [](const std::string& path) {
+        return shellOutput("ffmpeg -v error -i '" + path + "' -map 0:v -f framemd5 - | grep -v '^#' | cut -d, -f6");
+    };
+    ASSERT_EQ(cut("t", origin, origin + 4 * nsPerSecond, {{file, origin, origin + 4 * nsPerSecond}}),
+              VAWS_EVENT_FINISHED);
+    EXPECT_EQ(pictures(driver.path("t.mp4")), pictures(clip));
+    EXPECT_THAT(decodeErrors(driver.path("t.mp4")), IsEmpty());
+}
+
 TEST_F(Cut, takesWhatTwoFilesHoldBothOnce)
 {
     const std::string clip = TaskDriver::clip("h264_plain"); // 6 s, a key frame a second
