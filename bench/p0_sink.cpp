@@ -1,7 +1,7 @@
 // P0, the floor under every download: the bytes of the stream read from the socket and written to a file, nothing else.
 // usage: p0_sink HOST PORT PATH USER PASSWORD_FILE RANGE OUT BYTES [sync]
-// OUT "-" discards; with "sync" the bytes are on the disk at the end, as those of a finished download. Prints one JSON line.
-// platform file: measuring runs on Linux.
+// OUT "-" discards; with "sync" the bytes are on the disk at the end, as those of a finished download. Prints one JSON
+// line. platform file: measuring runs on Linux.
 #include "RtspProbe.h"
 
 #include <fcntl.h>
