@@ -76,6 +76,9 @@ void DeviceSessionTest::keepsFailuresApart_data()
     }) << ErrorKind::LoginRefused << DevStatus::WrongLogin;
     QTest::newRow("locked") << Misbehave([](OnvifFake& d) { d.flags.isLocked = true; }) << ErrorKind::AccountLocked
                             << DevStatus::Locked;
+    QTest::newRow("not activated") << Misbehave([](OnvifFake& d) {
+        d.flags.dressXml = [](const QByteArray&) { return OnvifFake::fault("ter:NotActivated", "No password yet"); };
+    }) << ErrorKind::NotActivated << DevStatus::NotActive;
     QTest::newRow("not there") << Misbehave([](OnvifFake& d) { d.close(); }) << ErrorKind::Unreachable
                                << DevStatus::Offline;
     QTest::newRow("silent") << Misbehave([](OnvifFake& d) { d.flags.isSilent = true; }) << ErrorKind::TimedOut
@@ -214,6 +217,7 @@ void DeviceSessionTest::findsChannelsWhateverTheDeviceLists()
         channels.append(channel.name + QLatin1Char('|') + channel.recordingToken + QLatin1Char('|') +
                         channel.profileToken);
     QCOMPARE(channels, found);
+    QVERIFY2(device.count("GetRecordingSearchResults") <= 20, "asked again and again without a pause");
 }
 
 void DeviceSessionTest::tellsAnAddressThatIsNone()
