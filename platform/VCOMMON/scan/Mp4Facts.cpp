@@ -93,7 +93,7 @@ private:
     void readTags(const Box& box);
     void readFragments();
     qint64 fragmentEndMs(const Box& fragment, bool ofBegin);
-    qint64 runLength(const Box& run, quint32 defaultDuration);
+    double runLength(const Box& run, quint32 defaultDuration);
 
     QIODevice& m_device;
     const qint64 m_length;
@@ -256,8 +256,8 @@ void Reader::readMovie(const Box& movie)
     m_facts.hasMovie = !m_tracks.isEmpty();
 }
 
-/// Length of all samples in a track's run, in its timescale.
-qint64 Reader::runLength(const Box& run, quint32 defaultDuration)
+/// Length of all samples in a track's run, in its timescale; numbers that lie may exceed every integer.
+double Reader::runLength(const Box& run, quint32 defaultDuration)
 {
     const QByteArray bytes = bytesOf(run, maxFragmentHeadBytes);
     Numbers in(bytes);
@@ -265,9 +265,9 @@ qint64 Reader::runLength(const Box& run, quint32 defaultDuration)
     const quint32 count = in.u32();
     in.skip((flags & 0x1 ? 4 : 0) + (flags & 0x4 ? 4 : 0));
     if (!(flags & 0x100))
-        return qint64(count) * defaultDuration;
+        return double(count) * defaultDuration;
     const int others = (flags & 0x200 ? 4 : 0) + (flags & 0x400 ? 4 : 0) + (flags & 0x800 ? 4 : 0);
-    qint64 length = 0;
+    double length = 0;
     for (quint32 sample = 0; sample < count && in.isGood(); ++sample) {
         length += in.u32();
         in.skip(others);
@@ -285,7 +285,7 @@ qint64 Reader::fragmentEndMs(const Box& fragment, bool ofBegin)
             return;
         Track track;
         quint64 decodeTime = 0;
-        qint64 length = 0;
+        double length = 0;
         forChildren(part, [&](const Box& leaf) {
             if (leaf.type == "tfhd") {
                 Numbers in(bytesOf(leaf, maxLeafBytes));
@@ -305,7 +305,7 @@ qint64 Reader::fragmentEndMs(const Box& fragment, bool ofBegin)
         });
         if (track.timescale == 0)
             return;
-        const double ms = (double(decodeTime) + (ofBegin ? 0.0 : double(length))) * 1000 / track.timescale;
+        const double ms = (double(decodeTime) + (ofBegin ? 0.0 : length)) * 1000 / track.timescale;
         if (ms < 0 || ms > double(maxDurationMs))
             return;
         const auto time = static_cast<qint64>(ms + 0.5);

@@ -30,18 +30,32 @@ inline QByteArray tag(const char* name, const QByteArray& text)
                            box("data", number(1) + number(0) + text));
 }
 
+/// The video track 1, in 1/1000 s; of version 1 where `version` is 1 << 24.
+inline QByteArray track(quint32 version = 0, quint32 duration = 0)
+{
+    const int bytes = version == 0 ? 4 : 8;
+    const QByteArray times = number(version) + number(0, bytes) + number(0, bytes);
+    const QByteArray mdhd = box("mdhd", times + number(1000) + number(duration, bytes));
+    return box("trak", box("tkhd", times + number(1)) + box("mdia", box("hdlr", {}) + mdhd));
+}
+
 /// One video track of 1/1000 s; `duration` in the same.
 inline QByteArray movie(quint64 created1904, quint32 duration, const QByteArray& more = {})
 {
     const QByteArray mvhd = box("mvhd", number(0) + number(created1904) + number(0) + number(1000) + number(duration));
-    const QByteArray mdhd = box("mdhd", number(0) + number(0) + number(0) + number(1000) + number(duration));
-    const QByteArray track = box("tkhd", number(0) + number(0) + number(0) + number(1)) + box("mdia", mdhd);
-    return box("moov", mvhd + box("trak", track) + more);
+    return box("moov", mvhd + track(0, duration) + more);
 }
 
 inline QByteArray tags(const QByteArray& list)
 {
     return box("udta", box("meta", number(0) + box("ilst", list)));
+}
+
+/// A fragment whose track says this of itself and of its samples.
+inline QByteArray fragment(const QByteArray& header, const QByteArray& run)
+{
+    return box("moof", box("traf", box("tfhd", header) + box("tfdt", number(0, 8)) + box("trun", run))) +
+           box("mdat", "samples");
 }
 
 /// Two samples of half a second from `decodeTime` on.
