@@ -83,7 +83,8 @@ QList<BackupLeftovers::Part> BackupLeftovers::find(const BackupTaskInfo& task, i
         if (path != open.filePath && isClaimed(path))
             continue;
         const RecordingFile file = RecordingFile::read(path);
-        if (file.isFinished())
+        const bool isOfChannel = file.channelNo == 0 || task.channelNo == 0 || file.channelNo == task.channelNo;
+        if (file.isFinished() && isOfChannel)
             parts.append({path, {file.begin, file.end}});
     }
     std::sort(parts.begin(), parts.end(), [](const Part& a, const Part& b) { return a.span.begin < b.span.begin; });

@@ -57,6 +57,26 @@ void BackupManifest::add(const BackupTaskInfo& task, const QString& filePath)
     add(job);
 }
 
+void BackupManifest::complete(const BackupTaskInfo& task)
+{
+    QStringList paths;
+    for (const BackupTaskInfo::FileInfo& entry : task.fileInfos) {
+        if (entry.finished && !entry.filePath.isEmpty())
+            paths.append(entry.filePath);
+    }
+    auto unlisted = std::make_shared<QStringList>();
+    ++m_lookups;
+    DiskWork::run([paths, unlisted] { *unlisted = BackupManifestFile::unlisted(paths); }, this,
+                  [this, task, unlisted] {
+                      --m_lookups;
+                      for (const QString& path : qAsConst(*unlisted))
+                          add(task, path);
+                      if (isIdle())
+                          emit signalIdle();
+                  },
+                  0);
+}
+
 void BackupManifest::add(const Job& job)
 {
     const auto isIt = [&job](const Job& other) { return other.filePath == job.filePath; };

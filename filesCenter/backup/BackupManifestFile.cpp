@@ -6,12 +6,14 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QHash>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QMap>
 #include <QRegularExpression>
 #include <QSaveFile>
+#include <QSet>
 
 namespace vemo_filesCenter {
 
@@ -123,6 +125,25 @@ QList<BackupManifestFile::Record> BackupManifestFile::read(const QString& folder
             records.insert(record.file, record);
     }
     return records.values();
+}
+
+QStringList BackupManifestFile::unlisted(const QStringList& filePaths)
+{
+    QHash<QString, QSet<QString>> listed; // by folder
+    QStringList paths;
+    for (const QString& path : filePaths) {
+        const QFileInfo file(path);
+        auto known = listed.find(file.path());
+        if (known == listed.end()) {
+            known = listed.insert(file.path(), {});
+            const QList<Record> records = read(file.path());
+            for (const Record& record : records)
+                known->insert(record.file);
+        }
+        if (file.isFile() && !known->contains(file.fileName()))
+            paths.append(path);
+    }
+    return paths;
 }
 
 bool BackupManifestFile::merge(const QString& folder, const QList<Record>& added)

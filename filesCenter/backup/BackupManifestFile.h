@@ -4,6 +4,7 @@
 #include <QDateTime>
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 namespace vemo_filesCenter {
 
@@ -33,6 +34,8 @@ public:
 
     /// In the order of the names; empty when there is none or it is not ours. At most 16 MiB are read.
     static QList<Record> read(const QString& folder);
+    /// Those of the files that stand where they are said to be and are not in the manifest of their folder.
+    static QStringList unlisted(const QStringList& filePaths);
     /// Adds the records, in place of those of the same files; false when a file could not be written. What an earlier
     /// one that was cut off left beside them, "manifest.json.xxxxxx", is removed.
     static bool merge(const QString& folder, const QList<Record>& records);

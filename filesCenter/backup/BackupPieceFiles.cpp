@@ -12,6 +12,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <functional>
 
 namespace vemo_filesCenter {
 
@@ -39,6 +40,23 @@ QString nameByTimes(const FileInfo& entry)
     const QString named =
         QFileInfo(entry.filePath).path() % QLatin1Char('/') % BackupPaths::fileName(entry.startTime, entry.endTime);
     return named != entry.filePath && QFile::rename(entry.filePath, named) ? named : entry.filePath;
+}
+
+/// The parts in place of the entry, each file under the name of its times; `taken` is told each path of before.
+BackupPieceFiles::Leftovers settled(BackupTaskInfo* task, int index, const QList<BackupLeftovers::Part>& parts,
+                                    const std::function<void(const QString&)>& taken)
+{
+    BackupLeftovers::settle(task, index, parts);
+    BackupPieceFiles::Leftovers left{task->fileInfos, 0};
+    for (int place = index; place < left.entries.size() && left.taken < parts.size(); ++place) {
+        FileInfo& entry = left.entries[place];
+        if (!entry.finished)
+            break;
+        taken(entry.filePath);
+        entry.filePath = nameByTimes(entry);
+        ++left.taken;
+    }
+    return left;
 }
 
 } // namespace
@@ -91,17 +109,10 @@ BackupPieceFiles::Leftovers BackupPieceFiles::takeOver(BackupTaskInfo task, int 
     const QString own = task.fileInfos.at(index).filePath;
     const QList<BackupLeftovers::Part> parts =
         BackupLeftovers::find(task, index, [&claimed](const QString& path) { return isClaimed(claimed, path); });
-    BackupLeftovers::settle(&task, index, parts);
-    Leftovers left{task.fileInfos, 0};
     bool isOwnTaken = false;
-    for (int place = index; place < left.entries.size() && left.taken < parts.size(); ++place) {
-        FileInfo& entry = left.entries[place];
-        if (!entry.finished)
-            break;
-        isOwnTaken = isOwnTaken || entry.filePath == own;
-        entry.filePath = nameByTimes(entry);
-        ++left.taken;
-    }
+    const Leftovers left = settled(&task, index, parts, [&](const QString& path) {
+        isOwnTaken = isOwnTaken || path == own;
+    });
     // No entry will name it any more. It goes, unless it is whole and holds what the others don't.
     const auto part = std::find_if(parts.begin(), parts.end(), [&own](const auto& each) { return each.path == own; });
     const auto holdsMore = [&] {
@@ -110,6 +121,18 @@ BackupPieceFiles::Leftovers BackupPieceFiles::takeOver(BackupTaskInfo task, int 
     if (left.taken > 0 && !isOwnTaken && isThere(own) && !holdsMore())
         QFile::remove(own);
     return left;
+}
+
+BackupPieceFiles::Leftovers BackupPieceFiles::adopt(BackupTaskInfo task, int index, const FileInfo& piece,
+                                                    const QStringList& claimed)
+{
+    if (index < task.fileInfos.size())
+        task.fileInfos[index] = piece;
+    else
+        task.fileInfos.append(piece);
+    const QList<BackupLeftovers::Part> parts =
+        BackupLeftovers::find(task, index, [&claimed](const QString& path) { return isClaimed(claimed, path); });
+    return settled(&task, index, parts, [](const QString&) {});
 }
 
 QDateTime BackupPieceFiles::exactMoment(const QDateTime& local, const QString& filePath)

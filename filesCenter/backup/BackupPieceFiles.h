@@ -44,6 +44,11 @@ public:
     };
     static Leftovers takeOver(vemo_data::BackupTaskInfo task, int index, const QStringList& claimed);
 
+    /// The same for a piece without a leftover of its own, which is yet to be fetched to its path: files of it that no
+    /// entry claims, since the store could not be told of them. Nothing is removed.
+    static Leftovers adopt(vemo_data::BackupTaskInfo task, int index, const FileInfo& piece,
+                           const QStringList& claimed);
+
     /// In the hour that passes twice a local time leaves open which pass it is; the file knows.
     static QDateTime exactMoment(const QDateTime& local, const QString& filePath);
 };

@@ -306,6 +306,7 @@ void BackupWorker::finishTask(const QString& taskId)
     Task& task = m_tasks[taskId];
     task.state = vemo_data::BackupFinished;
     task.recordings.clear();
+    BackupManifest::instance().complete(task);
     emit signalTaskStateChanged(taskId, vemo_data::BackupFinished);
     setTaskMessage(taskId, QString(), false);
     m_running.remove(taskId);

@@ -106,6 +106,7 @@ private:
     /// False while the SDK repairs what a crash left, or the task is at the disk: it is tried again in a moment.
     bool isReady(const BackupTaskInfo& task) const;
     void takeOverLeftovers(const QString& taskId, int open);
+    void settle(const QString& taskId, int index, const BackupPieceFiles::Leftovers& left);
     void choosePiece(const QString& taskId);
     void findRoom(const QString& taskId, int index, const FileInfo& piece);
     void findOtherRoom(const QString& taskId, int index, const FileInfo& piece);

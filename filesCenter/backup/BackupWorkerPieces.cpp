@@ -119,17 +119,8 @@ void BackupWorker::takeOverLeftovers(const QString& taskId, int open)
             *left = BackupPieceFiles::takeOver(task, open, claimed);
         },
         [this, taskId, left, open](bool isDiskThere) {
-            const auto found = m_tasks.find(taskId);
-            if (found == m_tasks.end())
-                return;
-            if (isDiskThere && left->taken > 0) {
-                found->fileInfos = left->entries;
-                for (int place = open; place < open + left->taken; ++place) {
-                    logEnd(*found, found->fileInfos.at(place));
-                    BackupManifest::instance().add(*found, found->fileInfos.at(place).filePath);
-                }
-                store(*found);
-            }
+            if (isDiskThere)
+                settle(taskId, open, *left);
             if (!isGoingOn(taskId))
                 return;
             if (!isDiskThere)
@@ -139,6 +130,19 @@ void BackupWorker::takeOverLeftovers(const QString& taskId, int open)
             else
                 choosePiece(taskId);
         });
+}
+
+void BackupWorker::settle(const QString& taskId, int index, const BackupPieceFiles::Leftovers& left)
+{
+    const auto found = m_tasks.find(taskId);
+    if (found == m_tasks.end() || left.taken == 0)
+        return;
+    found->fileInfos = left.entries;
+    for (int place = index; place < index + left.taken; ++place) {
+        logEnd(*found, found->fileInfos.at(place));
+        BackupManifest::instance().add(*found, found->fileInfos.at(place).filePath);
+    }
+    store(*found);
 }
 
 void BackupWorker::choosePiece(const QString& taskId)
@@ -207,13 +211,25 @@ void BackupWorker::findRoom(const QString& taskId, int index, const FileInfo& gi
     piece.filePath = BackupPaths::filePath(task, piece.startTime, piece.endTime);
     using Room = BackupPieceFiles::Room;
     auto room = std::make_shared<Room>(Room::Unknown);
+    auto left = std::make_shared<BackupPieceFiles::Leftovers>();
     atDisk(
-        taskId, [room, ownPath, path = piece.filePath] { *room = BackupPieceFiles::makeRoom(ownPath, path); },
-        [this, taskId, index, piece, room](bool isDiskThere) {
+        taskId,
+        [room, left, ownPath, task, index, piece, claimed = claimedPaths(task, index)] {
+            // A file whose entry never reached the disk is known by what it says itself.
+            if (ownPath.isEmpty())
+                *left = BackupPieceFiles::adopt(task, index, piece, claimed);
+            if (left->taken == 0)
+                *room = BackupPieceFiles::makeRoom(ownPath, piece.filePath);
+        },
+        [this, taskId, index, piece, room, left](bool isDiskThere) {
+            if (isDiskThere)
+                settle(taskId, index, *left);
             if (!isGoingOn(taskId))
                 return;
             if (!isDiskThere)
                 tryLater(taskId, diskText());
+            else if (left->taken > 0)
+                runNextPiece(taskId);
             else if (*room == Room::Stuck)
                 tryLater(taskId, abnormalText()); // and its entry goes on naming the file
             else if (*room == Room::Free)

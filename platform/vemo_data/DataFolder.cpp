@@ -1,14 +1,15 @@
 // platform file: making files and folders that were never anybody else's, for a moment neither
 #include "DataFolder.h"
 
-#include <QDateTime>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QLockFile>
 #include <QMutex>
 #include <QMutexLocker>
 #include <QStandardPaths>
+#include <QThread>
 
 #if !defined(Q_OS_WIN)
 #include <fcntl.h>
@@ -127,7 +128,9 @@ bool DataFolder::makePrivateFile(const QString& path)
 
 bool DataFolder::tryLock(QLockFile* lock, const QString& path)
 {
-    constexpr qint64 madeWithinSeconds = 2;
+    // So long may it take to write the name into a lock file that was made.
+    constexpr qint64 namedWithinMs = 1000;
+    constexpr unsigned long lookAgainMs = 20;
     lock->setStaleLockTime(0);
     const auto take = [&] {
         const bool isTaken = lock->tryLock();
@@ -135,14 +138,22 @@ bool DataFolder::tryLock(QLockFile* lock, const QString& path)
             QFile::setPermissions(path, ownerFile); // QLockFile leaves it to the system's mask
         return isTaken;
     };
-    if (take())
-        return true;
-    qint64 pid = 0;
-    QString host;
-    QString program;
-    const bool namesNobody = lock->error() == QLockFile::LockFailedError && !lock->getLockInfo(&pid, &host, &program);
-    return namesNobody && QFileInfo(path).lastModified().secsTo(QDateTime::currentDateTime()) > madeWithinSeconds &&
-           QFile::remove(path) && take();
+    const auto namesNobody = [lock] {
+        qint64 pid = 0;
+        QString host;
+        QString program;
+        return lock->error() == QLockFile::LockFailedError && !lock->getLockInfo(&pid, &host, &program);
+    };
+    QElapsedTimer waited;
+    waited.start();
+    while (!take()) {
+        if (!namesNobody())
+            return false;
+        if (waited.hasExpired(namedWithinMs))
+            return QFile::remove(path) && take();
+        QThread::msleep(lookAgainMs);
+    }
+    return true;
 }
 
 } // namespace vemo_data
