@@ -28,8 +28,8 @@ public:
     /// A finished file of the task, which keeps its name. One that is gone by its turn is left out,
     /// but made up for by the next start when its folder has no manifest.
     void add(const vemo_data::BackupTaskInfo& task, const QString& filePath);
-    /// Adds the finished files of the task that its manifests don't tell of: what was to be remembered of them may never
-    /// have reached the store.
+    /// Adds the finished files of the task that its manifests don't tell of: what was to be remembered of them may
+    /// never have reached the store.
     void complete(const vemo_data::BackupTaskInfo& task);
     bool isIdle() const { return m_waiting.isEmpty() && !m_busy && m_lookups == 0; }
 
@@ -49,7 +49,7 @@ private:
     VCOMMON::FileChecksum* const m_checksum;
     QList<Job> m_waiting;
     Job m_current;
-    int m_lookups = 0; ///< tasks that complete() looks through
+    int m_lookups = 0;   ///< tasks that complete() looks through
     bool m_busy = false; ///< m_current is being summed up or written
 };
 

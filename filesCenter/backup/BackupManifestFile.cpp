@@ -63,9 +63,11 @@ Record recordOf(const QJsonObject& object)
 }
 
 /// Whether a file has the name that QSaveFile gives to what it writes, and begins as a manifest does or holds nothing.
+/// Six small letters are rather somebody's ".backup": the few of ours that look like it stay.
 bool isLeftover(const QString& folder, const QString& name)
 {
-    static const QRegularExpression ownName(QStringLiteral(R"(\A(?:SHA256SUMS|manifest\.json)\.[A-Za-z]{6}\z)"));
+    static const QRegularExpression ownName(
+        QStringLiteral(R"(\A(?:SHA256SUMS|manifest\.json)\.(?![a-z]{6}\z)[A-Za-z]{6}\z)"));
     static const QRegularExpression ownHead(QStringLiteral(R"re(\A(?:\z|\\?[0-9a-f]{64}  |\{\n    "files": \[))re"));
     QFile file;
     if (!ownName.match(name).hasMatch() || !VCOMMON::PlainFile::open(file, folder % QLatin1Char('/') % name).isEmpty())

@@ -110,9 +110,8 @@ BackupPieceFiles::Leftovers BackupPieceFiles::takeOver(BackupTaskInfo task, int 
     const QList<BackupLeftovers::Part> parts =
         BackupLeftovers::find(task, index, [&claimed](const QString& path) { return isClaimed(claimed, path); });
     bool isOwnTaken = false;
-    const Leftovers left = settled(&task, index, parts, [&](const QString& path) {
-        isOwnTaken = isOwnTaken || path == own;
-    });
+    const Leftovers left =
+        settled(&task, index, parts, [&](const QString& path) { isOwnTaken = isOwnTaken || path == own; });
     // No entry will name it any more. It goes, unless it is whole and holds what the others don't.
     const auto part = std::find_if(parts.begin(), parts.end(), [&own](const auto& each) { return each.path == own; });
     const auto holdsMore = [&] {

@@ -11,6 +11,8 @@
 #include <QStandardPaths>
 #include <QThread>
 
+#include <algorithm>
+
 #if !defined(Q_OS_WIN)
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -76,6 +78,15 @@ QString underRoot(const QString& name, QStandardPaths::StandardLocation fallback
     return path;
 }
 
+/// There is a lock file, and nobody's name in it.
+bool namesNobody(const QString& path)
+{
+    qint64 pid = 0;
+    QString host;
+    QString program;
+    return QFile::exists(path) && !QLockFile(path).getLockInfo(&pid, &host, &program);
+}
+
 } // namespace
 
 void DataFolder::setRoot(const QString& folder)
@@ -138,19 +149,20 @@ bool DataFolder::tryLock(QLockFile* lock, const QString& path)
             QFile::setPermissions(path, ownerFile); // QLockFile leaves it to the system's mask
         return isTaken;
     };
-    const auto namesNobody = [lock] {
-        qint64 pid = 0;
-        QString host;
-        QString program;
-        return lock->error() == QLockFile::LockFailedError && !lock->getLockInfo(&pid, &host, &program);
-    };
+    // Qt takes away the lock of a dead process under a lock of its own, which may be left as well.
+    const QStringList files{path, path + QStringLiteral(".rmlock")};
     QElapsedTimer waited;
     waited.start();
     while (!take()) {
-        if (!namesNobody())
+        if (lock->error() != QLockFile::LockFailedError || std::none_of(files.cbegin(), files.cend(), namesNobody))
             return false;
-        if (waited.hasExpired(namedWithinMs))
-            return QFile::remove(path) && take();
+        if (waited.hasExpired(namedWithinMs)) {
+            for (const QString& file : files) {
+                if (namesNobody(file))
+                    QFile::remove(file);
+            }
+            return take();
+        }
         QThread::msleep(lookAgainMs);
     }
     return true;

@@ -18,6 +18,7 @@ private slots:
     void neitherFollowsNorWaitsForWhatStandsInItsPlace_data();
     void neitherFollowsNorWaitsForWhatStandsInItsPlace();
     void takesNoRecordThatIsNotOfItsFolder();
+    void tellsWhatItLacks();
     void removesOnlyItsOwnLeftovers_data();
     void removesOnlyItsOwnLeftovers();
 };
@@ -102,6 +103,20 @@ void BackupManifestFileTest::takesNoRecordThatIsNotOfItsFolder()
     QVERIFY(BackupManifestFile::read(world.path()).isEmpty());
 }
 
+void BackupManifestFileTest::tellsWhatItLacks()
+{
+    const QTemporaryDir world;
+    const QString listed = world.filePath(QStringLiteral("a.mp4"));
+    const QString lacking = world.filePath(QStringLiteral("b.mp4"));
+    write(listed, "a");
+    write(lacking, "b");
+    QVERIFY(BackupManifestFile::merge(world.path(), one(QStringLiteral("a.mp4"))));
+    const QStringList asked{listed, lacking, world.filePath(QStringLiteral("gone.mp4"))};
+    QCOMPARE(BackupManifestFile::unlisted(asked), QStringList{lacking});
+    QVERIFY(QFile::remove(world.filePath(BackupManifestFile::jsonName())));
+    QCOMPARE(BackupManifestFile::unlisted(asked), (QStringList{listed, lacking}));
+}
+
 void BackupManifestFileTest::removesOnlyItsOwnLeftovers_data()
 {
     QTest::addColumn<QString>("name");
@@ -112,7 +127,8 @@ void BackupManifestFileTest::removesOnlyItsOwnLeftovers_data()
             << QString::fromLatin1(name) << content << isRemoved;
     };
     row("manifest.json.aBcXyZ", {}, true);
-    row("SHA256SUMS.qqqqqq", {}, true);
+    row("SHA256SUMS.qqqqqQ", {}, true);
+    row("manifest.json.backup", {}, false);
     row("manifest.json.aBcXyZ", "", true);
     row("SHA256SUMS.AbCdEf", QByteArray(64, '\0'), true);
     row("manifest.json.backup", "not ours", false);

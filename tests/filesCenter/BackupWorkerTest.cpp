@@ -360,6 +360,31 @@ private slots:
         QVERIFY(QFile::exists(open.filePath));
     }
 
+    /// It was fetched and closed while the store could take nothing; then the power went.
+    void adoptsAFileThatTheStoreWasNotToldOf()
+    {
+        BackupTaskInfo piece = task("a", "08:00:00-09:00:59");
+        piece.channelNo = 4;
+        FileInfo next;
+        next.startTime = time(QStringLiteral("08:00:00"));
+        next.endTime = time(QStringLiteral("09:00:59"));
+        next.filePath = m_world->filePath(QStringLiteral("080000-090059.mp4"));
+        const QString half = m_world->filePath(QStringLiteral("080000-083000.mp4"));
+        // Neither of these is a whole file of the piece: it has another begin, or was never closed.
+        m_world->writeRecording(next.filePath, QueueWorld::at(7), QueueWorld::at(9));
+        m_world->writeRecording(m_world->filePath(QStringLiteral("080000-084500.mp4")), QueueWorld::at(8), QDateTime());
+        QCOMPARE(BackupPieceFiles::adopt(piece, 0, next, {}).taken, 0);
+        m_world->writeRecording(half, QueueWorld::at(8), QueueWorld::at(8, 30));
+        QCOMPARE(BackupPieceFiles::adopt(piece, 0, next, {half}).taken, 0); // another backup's
+        const BackupPieceFiles::Leftovers left = BackupPieceFiles::adopt(piece, 0, next, {});
+        QCOMPARE(left.taken, 1);
+        QCOMPARE(left.entries.size(), 2);
+        QCOMPARE(left.entries.first().filePath, half);
+        QCOMPARE(left.entries.last().startTime, time(QStringLiteral("08:30:00")));
+        QVERIFY(left.entries.last().filePath.isEmpty());
+        QVERIFY(QFile::exists(next.filePath));
+    }
+
     void settlesNothingOnAnotherDisk_data()
     {
         QTest::addColumn<QString>("how");

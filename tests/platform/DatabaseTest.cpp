@@ -3,8 +3,10 @@
 #include <DataSignals.h>
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <QLockFile>
 #include <QSignalSpy>
 #include <QSqlDatabase>
 #include <QSqlQuery>
@@ -66,6 +68,41 @@ private slots:
         Database::instance().close();
         QCOMPARE(logs(), QStringList{QStringLiteral("one")});
         QCOMPARE(Database::instance().notice(), QString());
+    }
+
+    void locksInPlaceOfATornLock_data()
+    {
+        QTest::addColumn<QByteArray>("contents");
+        QTest::addColumn<bool>("isGuarded");
+        const QByteArray dead = "4194305\nvemo_client\n" + QSysInfo::machineHostName().toUtf8() + "\n";
+        QTest::newRow("torn") << QByteArray() << false;
+        QTest::newRow("torn guard") << dead << true;
+        QTest::newRow("both") << QByteArray() << true;
+    }
+
+    /// A lock file that a kill left unwritten names nobody; one that names a living process stays.
+    void locksInPlaceOfATornLock()
+    {
+        QFETCH(const QByteArray, contents);
+        QFETCH(const bool, isGuarded);
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(QStringLiteral("window.lock"));
+        // The lock of a dead process, and Qt's guard for taking it away.
+        QFile stale(path);
+        QVERIFY(stale.open(QIODevice::WriteOnly) && stale.write(contents) == contents.size());
+        stale.close();
+        QFile guard(path + QStringLiteral(".rmlock"));
+        QVERIFY(!isGuarded || guard.open(QIODevice::WriteOnly));
+        guard.close();
+        QLockFile lock(path);
+        QElapsedTimer waited;
+        waited.start();
+        QVERIFY(DataFolder::tryLock(&lock, path));
+        QVERIFY(waited.elapsed() < 2000);
+        QLockFile second(path);
+        waited.restart();
+        QVERIFY(!DataFolder::tryLock(&second, path));
+        QVERIFY(waited.elapsed() < 500);
     }
 
     void carriesOutJobsInOrderAndTellsOnTheGuiThread()
