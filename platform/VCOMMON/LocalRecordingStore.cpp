@@ -51,9 +51,11 @@ public:
 
     bool isGood() const { return m_isGood; }
 
-    LocalRecordingIndexInfo read(const SqlRows& rows)
+    /// Appends the record of the row, which is made in its place: a copy costs as much as a column.
+    void append(const SqlRows& rows, Records* records)
     {
-        LocalRecordingIndexInfo record;
+        records->append(LocalRecordingIndexInfo());
+        LocalRecordingIndexInfo& record = records->last();
         const qint64 packed = rows.number(3);
         const LocalChannel& channel = m_channels[packed / 4];
         record.devId = channel.devId;
@@ -68,7 +70,6 @@ public:
         record.isSpanGuessed = (packed & 2) != 0;
         if ((packed & 1) != 0 && m_problem.run({record.filePath}) && m_problem.query().next())
             record.problem = m_problem.query().value(0).toString();
-        return record;
     }
 
 private:
@@ -139,7 +140,7 @@ bool LocalRecordingStore::find(QSqlDatabase& db, qint64 beginUtcMs, qint64 endUt
     if (!reader.isGood() || !found.run({endUtcMs, beginUtcMs, beginUtcMs, limit}))
         return false;
     while (found.next())
-        records->append(reader.read(found));
+        reader.append(found, records);
     return found.isGood();
 }
 
@@ -153,7 +154,7 @@ bool LocalRecordingStore::findOfChannels(QSqlDatabase& db, const QList<ChannelIn
                                             beginUtcMs, limit - records->size()}))
             return false;
         while (found.next())
-            records->append(reader.read(found));
+            reader.append(found, records);
         if (!found.isGood())
             return false;
     }
@@ -171,7 +172,7 @@ bool LocalRecordingStore::remove(QSqlDatabase& db, const QStringList& filePaths,
         if (!reader.isGood() || !stored.run({filePath}))
             return false;
         if (stored.next())
-            removed->append(reader.read(stored));
+            reader.append(stored, removed);
         if (!forget(gone, filePath))
             return false;
     }

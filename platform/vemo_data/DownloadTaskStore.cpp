@@ -97,9 +97,11 @@ void bind(QSqlQuery& query, const DownloadTaskInfo& task, const QString& zone)
     put(":request_key", keyToHold(task));
 }
 
-DownloadTaskInfo read(const SqlRows& rows, LocalTimes* times)
+/// Makes the task in its place in the list.
+void appendTask(const SqlRows& rows, LocalTimes* times, QList<DownloadTaskInfo>* tasks)
 {
-    DownloadTaskInfo task;
+    tasks->append(DownloadTaskInfo());
+    DownloadTaskInfo& task = tasks->last();
     int column = 0;
     task.taskId = rows.text(column++);
     task.channelId = rows.text(column++);
@@ -117,7 +119,6 @@ DownloadTaskInfo read(const SqlRows& rows, LocalTimes* times)
     task.savePath = rows.text(column++);
     task.downloadedMs = rows.smallNumber(column++);
     task.durationMs = rows.smallNumber(column++);
-    return task;
 }
 
 /// The key that a row may hold: none while another row holds it.
@@ -137,7 +138,7 @@ bool select(QSqlDatabase& db, const QByteArray& condition, QList<DownloadTaskInf
     if (!rows.run())
         return false;
     while (rows.next())
-        tasks->append(read(rows, &times));
+        appendTask(rows, &times, tasks);
     return rows.isGood();
 }
 
