@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <ctime>
 
@@ -213,8 +214,9 @@ TEST_P(Shape, isReadOutOfEveryFormOfSequenceParameterSet)
     const ShapeCase& row = GetParam();
     vav::TrackInfo track;
     track.codec = row.codec;
-    track.parameterSets = {0, 0, 0, static_cast<std::uint8_t>(row.sps.size())};
-    track.parameterSets.insert(track.parameterSets.end(), row.sps.begin(), row.sps.end());
+    track.parameterSets.assign(4 + row.sps.size(), 0);
+    track.parameterSets[3] = static_cast<std::uint8_t>(row.sps.size());
+    std::copy(row.sps.begin(), row.sps.end(), track.parameterSets.begin() + 4);
     const VideoShape shape = videoShape(track);
     ASSERT_EQ(shape.known, row.width > 0);
     EXPECT_EQ(shape.width, row.width);
