@@ -161,21 +161,26 @@ void RtspConnection::readMore()
     flush();
 }
 
+void RtspConnection::readSoon()
+{
+    if (m_readScheduled)
+        return;
+    m_readScheduled = true;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            m_readScheduled = false;
+            readMore();
+        },
+        Qt::QueuedConnection);
+}
+
 void RtspConnection::readAll()
 {
     qint64 turnBytes = 0;
     while (handOut() && m_handler.mayRead()) {
         if (turnBytes >= maxBytesATurn) {
-            if (!m_readScheduled) {
-                m_readScheduled = true;
-                QMetaObject::invokeMethod(
-                    this,
-                    [this] {
-                        m_readScheduled = false;
-                        readMore();
-                    },
-                    Qt::QueuedConnection);
-            }
+            readSoon();
             break;
         }
         std::uint8_t* area = m_reader.writeArea();

@@ -50,6 +50,8 @@ public:
     void open(const QUrl& url, const TlsPolicy& tls, int connectTimeoutMs);
     void send(const QByteArray& bytes);
     void readMore();
+    /// The same when the event loop turns.
+    void readSoon();
     void close();
 
     qint64 bytesReceived() const { return m_bytesReceived; }

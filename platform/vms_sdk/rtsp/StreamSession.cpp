@@ -106,9 +106,10 @@ void StreamSession::seek(qint64 beginNs)
     m_receiver->seek(beginNs);
     m_seekWanted = true;
     followWishes();
-    // What is on its way from the old place is read and dropped, whoever holds credit.
+    // What is on its way from the old place is read and dropped, whoever holds credit. Not within this call: the answer
+    // and pictures of the new place may be there at once, and the caller has yet to tell where they begin.
     if (m_connection)
-        m_connection->readMore();
+        m_connection->readSoon();
 }
 
 void StreamSession::followWishes()
