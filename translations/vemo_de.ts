@@ -7923,6 +7923,10 @@ Opens the folder of downloads: %2</source>
         <source>The device refuses the request (HTTP %1).</source>
         <translation>Das Gerät lehnt die Anfrage ab (HTTP %1).</translation>
     </message>
+    <message>
+        <source>There is not enough memory to read what the device answers.</source>
+        <translation>Der Arbeitsspeicher reicht nicht, um die Antwort des Geräts zu lesen.</translation>
+    </message>
 </context>
 <context>
     <name>vms_sdk::onvif::TlsCheck</name>
@@ -8035,6 +8039,10 @@ Opens the folder of downloads: %2</source>
     <message>
         <source>%1 sent %2.</source>
         <translation>%1 hat gesendet: %2.</translation>
+    </message>
+    <message>
+        <source>There is not enough memory to read what %1 sends.</source>
+        <translation>Der Arbeitsspeicher reicht nicht, um zu lesen, was %1 sendet.</translation>
     </message>
 </context>
 <context>

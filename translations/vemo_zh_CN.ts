@@ -7916,6 +7916,10 @@ Opens the folder of downloads: %2</source>
         <source>The device refuses the request (HTTP %1).</source>
         <translation>设备拒绝该请求 (HTTP %1)。</translation>
     </message>
+    <message>
+        <source>There is not enough memory to read what the device answers.</source>
+        <translation>内存不足，无法读取设备的应答。</translation>
+    </message>
 </context>
 <context>
     <name>vms_sdk::onvif::TlsCheck</name>
@@ -8028,6 +8032,10 @@ Opens the folder of downloads: %2</source>
     <message>
         <source>%1 sent %2.</source>
         <translation>%1发送了%2。</translation>
+    </message>
+    <message>
+        <source>There is not enough memory to read what %1 sends.</source>
+        <translation>内存不足，无法读取 %1 发送的数据。</translation>
     </message>
 </context>
 <context>

@@ -1,5 +1,10 @@
 #include "ScriptedReplay.h"
 
+#include <RtspConnection.h>
+
+#include <QTcpServer>
+
+#include <new>
 #include <utility>
 
 using namespace rtptest;
@@ -30,6 +35,7 @@ private slots:
     void jumps();
     void skimsKeyFrames();
     void endsWhenTheSessionIsForgotten();
+    void endsTheConnectionWhenMemoryRunsOut();
 };
 
 void StreamSteeringTest::stopsReadingWithoutCredit_data()
@@ -345,6 +351,44 @@ void StreamSteeringTest::endsWhenTheSessionIsForgotten()
     QVERIFY(replay.isStartedAndEnds());
     QCOMPARE(static_cast<int>(replay.log.end), static_cast<int>(StreamOutcome::Broken));
     QCOMPARE(static_cast<int>(replay.log.error.kind), static_cast<int>(ErrorKind::BrokenOff));
+}
+
+namespace {
+
+/// Has no memory for the second packet.
+class StarvedHandler final : public RtspConnection::Handler
+{
+public:
+    void connectionReady() override {}
+    void messageReceived(const RtspMessage&) override {}
+    void packetReceived(std::uint8_t, const std::uint8_t*, std::size_t) override
+    {
+        if (++packets == 2)
+            throw std::bad_alloc();
+    }
+    void socketDrained() override {}
+    bool mayRead() const override { return true; }
+    void certificateRefused(const QSslCertificate&, const QByteArray&, const QString&) override {}
+    void connectionLost(const Error& error) override { lost = error; }
+
+    int packets = 0;
+    Error lost;
+};
+
+} // namespace
+
+void StreamSteeringTest::endsTheConnectionWhenMemoryRunsOut()
+{
+    QTcpServer server;
+    QVERIFY(server.listen(QHostAddress::LocalHost));
+    connect(&server, &QTcpServer::newConnection, &server,
+            [&server] { server.nextPendingConnection()->write(QByteArray("$\0\0\4abcd", 8).repeated(5)); });
+    StarvedHandler handler;
+    RtspConnection connection(handler, nullptr);
+    connection.open(QUrl(QStringLiteral("rtsp://127.0.0.1:%1/").arg(server.serverPort())), {}, waitMs);
+    QTRY_COMPARE_WITH_TIMEOUT(static_cast<int>(handler.lost.kind), static_cast<int>(ErrorKind::BrokenOff), waitMs);
+    QVERIFY(handler.lost.message.contains(QLatin1String("memory")));
+    QCOMPARE(handler.packets, 2);
 }
 
 QTEST_GUILESS_MAIN(StreamSteeringTest)

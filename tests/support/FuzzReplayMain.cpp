@@ -1,10 +1,13 @@
 // Drives a fuzz target's entry point once over every file of the folders and files given as arguments, so that builds
 // without libFuzzer check the seed corpora too. Arguments that start with '-' are libFuzzer's options and are passed
-// over.
+// over, but for --starved: then the target meets every file once for each of its allocations, which is refused.
+#include "Starvation.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -15,6 +18,10 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
 namespace {
+
+bool isStarved = false;
+long refusals = 0;
+long kept = 0;
 
 bool runFile(const std::filesystem::path& path)
 {
@@ -27,8 +34,18 @@ bool runFile(const std::filesystem::path& path)
     // An allocation of exactly the input's size, so that a sanitizer sees each read past its end.
     const std::unique_ptr<std::uint8_t[]> exact(new std::uint8_t[bytes.size()]);
     std::copy(bytes.begin(), bytes.end(), exact.get());
-    LLVMFuzzerTestOneInput(exact.get(), bytes.size());
-    return true;
+    if (!isStarved) {
+        LLVMFuzzerTestOneInput(exact.get(), bytes.size());
+        return true;
+    }
+    const starvation::Outcome outcome = starvation::everyAllocation(
+        path.filename().string(), [&] { LLVMFuzzerTestOneInput(exact.get(), bytes.size()); });
+    refusals += outcome.cases;
+    kept += outcome.kept;
+    if (outcome.problem.empty())
+        return true;
+    std::fprintf(stderr, "%s\n", outcome.problem.c_str());
+    return false;
 }
 
 } // namespace
@@ -37,6 +54,7 @@ int main(int argc, char** argv)
 {
     std::size_t files = 0;
     bool good = true;
+    isStarved = std::any_of(argv + 1, argv + argc, [](const char* each) { return !std::strcmp(each, "--starved"); });
     for (int i = 1; i < argc; ++i) {
         if (argv[i][0] == '-')
             continue;
@@ -60,5 +78,7 @@ int main(int argc, char** argv)
         }
     }
     std::printf("%zu inputs\n", files);
+    if (isStarved)
+        std::printf("%ld refusals, %ld kept a block\n", refusals, kept);
     return good && files > 0 ? 0 : 1;
 }

@@ -3,6 +3,7 @@
 #include "UsernameToken.h"
 
 #include <algorithm>
+#include <new>
 
 namespace vms_sdk::onvif {
 
@@ -231,9 +232,14 @@ SoapAnswer SoapClient::readAnswer(const HttpAnswer& answer) const
     const QString evidence = QStringLiteral("HTTP %1").arg(answer.status);
     // Faults come with a status of their own (400, 401, 500).
     if (isSuccess || answer.body.contains("Envelope")) {
-        SoapAnswer soap = SoapAnswer::parse(answer.body, m_limits.xml);
-        if (isSuccess || soap.isFault())
-            return soap;
+        try {
+            SoapAnswer soap = SoapAnswer::parse(answer.body, m_limits.xml);
+            if (isSuccess || soap.isFault())
+                return soap;
+        } catch (const std::bad_alloc&) { // must not pass through the event loop
+            return SoapAnswer(
+                {ErrorKind::BrokenOff, tr("There is not enough memory to read what the device answers."), evidence});
+        }
     }
     switch (answer.status) {
     case 401:

@@ -6,6 +6,8 @@
 #include <QSslError>
 #include <QSslSocket>
 
+#include <new>
+
 namespace vms_sdk::rtsp {
 namespace {
 
@@ -156,8 +158,15 @@ void RtspConnection::readMore()
     if (m_reading || m_stage != Stage::Ready)
         return;
     m_reading = true;
-    readAll();
+    bool isStarved = false;
+    try {
+        readAll();
+    } catch (const std::bad_alloc&) { // must not pass through the event loop
+        isStarved = true;
+    }
     m_reading = false;
+    if (isStarved)
+        lose({ErrorKind::BrokenOff, tr("There is not enough memory to read what %1 sends.").arg(m_host), QString()});
     flush();
 }
 
