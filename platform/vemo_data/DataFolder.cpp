@@ -1,6 +1,7 @@
 // platform file: making files and folders that were never anybody else's, for a moment neither
 #include "DataFolder.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
@@ -139,8 +140,9 @@ bool DataFolder::makePrivateFile(const QString& path)
 
 bool DataFolder::tryLock(QLockFile* lock, const QString& path)
 {
-    // So long may it take to write the name into a lock file that was made.
+    // So long may it take to write the name into a lock file that was made; one of the future is believed no longer.
     constexpr qint64 namedWithinMs = 1000;
+    constexpr qint64 waitMs = 3 * namedWithinMs;
     constexpr unsigned long lookAgainMs = 20;
     lock->setStaleLockTime(0);
     const auto take = [&] {
@@ -156,14 +158,17 @@ bool DataFolder::tryLock(QLockFile* lock, const QString& path)
     while (!take()) {
         if (lock->error() != QLockFile::LockFailedError || std::none_of(files.cbegin(), files.cend(), namesNobody))
             return false;
-        if (waited.hasExpired(namedWithinMs)) {
-            for (const QString& file : files) {
-                if (namesNobody(file))
-                    QFile::remove(file);
-            }
-            return take();
+        const bool isOver = waited.hasExpired(waitMs);
+        bool isRemoved = false;
+        for (const QString& file : files) {
+            const bool isOld =
+                isOver || QFileInfo(file).lastModified().msecsTo(QDateTime::currentDateTime()) > namedWithinMs;
+            isRemoved = (isOld && namesNobody(file) && QFile::remove(file)) || isRemoved;
         }
-        QThread::msleep(lookAgainMs);
+        if (isOver && !isRemoved)
+            return false;
+        if (!isRemoved)
+            QThread::msleep(lookAgainMs);
     }
     return true;
 }

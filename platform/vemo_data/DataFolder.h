@@ -33,7 +33,7 @@ public:
     static bool makePrivateFile(const QString& path);
     /// As QLockFile::tryLock() for the lock at that path, held by a process that lives. Also taken is a lock file that
     /// names nobody: a process that was killed while it made the lock left it, and Qt takes that for held for good.
-    /// Such a one is waited for, a second at the most.
+    /// Such a one is taken when it is a second old, which is waited for.
     static bool tryLock(QLockFile* lock, const QString& path);
 };
 
