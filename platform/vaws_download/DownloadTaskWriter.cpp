@@ -405,12 +405,12 @@ void DownloadTask::leave(Lock& lock)
     deliver(lock);
     if (m_cutter)
         m_cutter->requestStop();
-    // Whoever cancelled goes on by now: a large file without a name takes long to close.
-    auto writer = std::move(m_writer);
-    auto unsettled = std::move(m_unsettled);
+    // Whoever cancelled goes on by now: a large file without a name takes long to close, and the sound's encoder may be
+    // at work. Nobody else touches them once the task is over; its report is kept for longer.
     lock.unlock();
-    writer.reset();
-    unsettled.reset();
+    m_writer.reset();
+    m_unsettled.reset();
+    m_assembler.discard();
     lock.lock();
     m_exited = true;
 }

@@ -455,4 +455,14 @@ void StreamAssembler::finish()
         closeOutput(false, 0);
 }
 
+void StreamAssembler::discard()
+{
+    m_transcoder.reset();
+    m_builder.reset();
+    m_plan.reset();
+    m_held.clear();
+    m_preroll.clear();
+    m_tail.clear();
+}
+
 } // namespace vaws

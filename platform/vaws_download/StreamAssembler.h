@@ -59,6 +59,8 @@ public:
     void drain();
     /// The stream is over: closes the file that is open.
     void finish();
+    /// Nothing more is taken or asked for but info(): lets go of what is buffered and of the sound's encoder.
+    void discard();
 
     const std::string& problem() const { return m_problem; }
     bool hasOutput() const { return m_builder != nullptr; }

@@ -99,7 +99,8 @@ class ChangedAnswers(Test):
         joint, after = rest
         sent = {track: [sample for sample in whole[track] if sample[0] < joint.timestamp() - 0.0005] +
                        [sample for sample in after.get(track, []) if sample[0] >= joint.timestamp() - 0.0005] for track in whole}
-        wrong = cutlab.check_pieces(pieces, sent, begin, end, overlapping(after[1]) if "parameter-set-change" in faults else frozenset())
+        optional = overlapping(after[1], joint.timestamp()) if "parameter-set-change" in faults else frozenset()
+        wrong = cutlab.check_pieces(pieces, sent, begin, end, optional)
         missing = gaps_of([when for when, _ in sent[0]], begin.timestamp(), end.timestamp())
         told = sorted(tuple(systemlab.parse_time(gap[edge]).timestamp() for edge in ("begin", "end")) for task in pieces
                       for gap in task["gaps"])
@@ -111,12 +112,15 @@ class ChangedAnswers(Test):
         return wrong + [errors for task in pieces if (errors := media.decode_errors(task["path"]))]
 
 
-def overlapping(sound):
+def overlapping(sound, joint):
     """Where this recorder goes over to other parameter sets, its sound goes over to another loop, and the last unit of the old one lasts
-    beyond the begin of the new one: files that join there have room for one of the two."""
+    beyond the begin of the new one: files that join there have room for one of the two. The unit across the begin of the rest is
+    another one than it was at the first request."""
     ordered = sorted(sound)
     typical = statistics.median(later[0] - one[0] for one, later in zip(ordered, ordered[1:]))
-    return frozenset(md5 for pair in zip(ordered, ordered[1:]) if pair[1][0] - pair[0][0] < 0.98 * typical for _, md5 in pair)
+    twice = [pair for pair in zip(ordered, ordered[1:]) if pair[1][0] - pair[0][0] < 0.98 * typical]
+    across = [one for one in ordered if joint - typical < one[0] < joint]
+    return frozenset(md5 for units in [*twice, across] for _, md5 in units)
 
 
 def gaps_of(times, begin, end):

@@ -27,7 +27,7 @@ WARM_UP_RESTS = 4  # caches fill: the download library alone keeps the reports o
 GROWTH_LIMIT_MIB = 12
 COUNT_LIMIT = 3
 PACE_S = 0.04
-RATE = 600_000
+RATE = 1_500_000
 CHANNELS = [3, 4, 7, 8, 11, 12, 15, 16]
 MOST_OPEN, MOST_ENDED = 30, 40
 SEGMENTS = ",".join(f"09:{minute:02}-09:{minute:02}" for minute in range(0, 60, 2))
@@ -74,7 +74,7 @@ class Soak(DownloadJudge):
         driver.say("list")
         self.assertTrue(driver.wait(lambda: driver.tasks is not None, 30), f"no answer: {driver}")
         tasks = {}
-        for task, state in driver.tasks:
+        for task, state, _ in driver.tasks:
             tasks.setdefault(min(state, 4), []).append(task)
         return tasks
 
@@ -104,7 +104,7 @@ class Soak(DownloadJudge):
         time.sleep(PACE_S)
 
     def rest(self, driver):
-        """Everything is paused or stopped; then the process is looked at, and all goes on."""
+        """Everything is paused or stopped, and what had begun is cancelled; then the process is looked at, and the rest goes on."""
         driver.say("backup", "stop")
         self.backup_runs = False
         until = time.monotonic() + 30
@@ -113,6 +113,8 @@ class Soak(DownloadJudge):
             for task in self.list(driver).get(WAITING, []):
                 driver.say("pause", task)
             driver.wait(lambda: not any(driver.queue[:2]), 0.5)
+        for task in [task for task, _, has_begun in driver.tasks if has_begun]:
+            driver.say("cancel", task)
         time.sleep(1)
         process = f"/proc/{driver.process.pid}"
         with open(f"{process}/status", encoding="ascii") as file:

@@ -57,7 +57,7 @@ class Driver:
         self.own_ready_s = None
         self.queue = None  # running, waiting, paused, retrying
         self.backups_over = False
-        self.tasks = None  # the latest answer to "list"
+        self.tasks = None  # the latest answer to "list": (task, state, whether it was paused after it had begun)
         self.tips = {}     # what rows said when they were opened
         self.told = []     # notices and alerts
         self.claims = []   # (monotonic seconds, {task: report})
@@ -338,7 +338,7 @@ class World(DownloadJudge, BackupJudge):
             driver.tasks = None
             driver.say("list")
             self.assertTrue(driver.wait(lambda: driver.tasks is not None, 30), f"no answer: {driver}")
-            own = [(task, state) for task, state in driver.tasks if not task.startswith("{old-")]
+            own = [(task, state) for task, state, _ in driver.tasks if not task.startswith("{old-")]
             still_open = [task for task, state in own if state != SUCCEEDED]
             # Twice in a row, because the queue may have become empty since the answer.
             is_idle = any(state == WAITING for _, state in own) and not driver.queue[0] + driver.queue[3]

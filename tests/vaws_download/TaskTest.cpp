@@ -4,8 +4,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
+#include <filesystem>
 #include <fstream>
+#include <thread>
 
 namespace {
 
@@ -397,6 +400,27 @@ TEST_F(Task, cancelRemovesItsFileAndNothingElse)
     EXPECT_THAT(driver.journalFiles(), IsEmpty());
     EXPECT_EQ(driver.callbackCount(), callbacks);
 }
+
+#if defined(__linux__)
+TEST_F(Task, keepsNoThreadOfASoundThatNobodyWaitsFor)
+{
+    const auto threads = [] {
+        const std::filesystem::directory_iterator tasks("/proc/self/task");
+        return std::distance(begin(tasks), std::filesystem::directory_iterator());
+    };
+    const ClipSource source(TaskDriver::clip("h265_g711"));
+    const auto before = threads();
+    for (const std::string task : {"one", "other", "third"}) {
+        startRange(task, task + ".mp4", source.beginNs(), source.beginNs() + 3600 * nsPerSecond);
+        driver.pushAll(task, source);
+        EXPECT_GT(threads(), before);
+        ASSERT_EQ(vaws_download_cancel(task.c_str()), VAWS_OK);
+    }
+    for (int i = 0; i < 200 && threads() > before; ++i)
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    EXPECT_EQ(threads(), before);
+}
+#endif
 
 TEST_F(Task, goesOnAfterAPauseWithoutAHole)
 {

@@ -247,8 +247,10 @@ private:
     static void list()
     {
         QJsonArray tasks;
-        for (const DownloadTaskInfo& task : DownloadTaskData::instance().getAllDownloadTasks())
-            tasks.append(QJsonArray{task.taskId, task.state});
+        for (const DownloadTaskInfo& task : DownloadTaskData::instance().getAllDownloadTasks()) {
+            const int status = vaws_download_get_status(task.taskId.toUtf8().constData());
+            tasks.append(QJsonArray{task.taskId, task.state, status == VAWS_STATUS_PAUSED});
+        }
         tell({{QStringLiteral("tasks"), tasks}});
     }
 
