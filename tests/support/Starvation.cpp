@@ -2,6 +2,8 @@
 #include "Starvation.h"
 
 #if defined(__GLIBC__) && !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+#include "GlibcAllocator.h"
+
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
@@ -9,14 +11,6 @@
 #include <exception>
 #include <new>
 #include <unistd.h>
-
-extern "C" {
-void* __libc_malloc(size_t size);
-void* __libc_calloc(size_t count, size_t size);
-void* __libc_realloc(void* block, size_t size);
-void* __libc_memalign(size_t alignment, size_t size);
-void __libc_free(void* block);
-}
 
 namespace {
 

@@ -115,17 +115,20 @@ void TaskDriver::push(const std::string& task, const std::vector<std::uint8_t>& 
     vaws_download_push_vavframe(task.c_str(), batch.data(), batch.size());
 }
 
-void TaskDriver::pushAll(const std::string& task, const ClipSource& source, std::size_t batchBytes)
+std::int64_t TaskDriver::pushAll(const std::string& task, const ClipSource& source, std::size_t batchBytes)
 {
+    std::int64_t pushed = 0;
     for (const std::vector<std::uint8_t>& batch : source.batches(batchBytes)) {
         std::unique_lock lock(mutex);
         changed.wait_for(lock, std::chrono::seconds(10),
                          [&] { return endOf(task) != 0 || vaws_download_get_backlog(task.c_str()) < 8 * 1024 * 1024; });
         if (endOf(task) != 0)
-            return;
+            break;
         lock.unlock();
         push(task, batch);
+        pushed += static_cast<std::int64_t>(batch.size());
     }
+    return pushed;
 }
 
 int TaskDriver::waitForEnd(const std::string& task, int timeoutMs)

@@ -39,8 +39,8 @@ public:
     /// A clip of this name, made once for all test programs.
     static std::string clip(const std::string& name);
 
-    /// Pushes all batches of the source with flow control; stops early when the task ends.
-    void pushAll(const std::string& task, const ClipSource& source, std::size_t batchBytes = 64 * 1024);
+    /// Pushes all batches of the source with flow control; stops early when the task ends. How many bytes it pushed.
+    std::int64_t pushAll(const std::string& task, const ClipSource& source, std::size_t batchBytes = 64 * 1024);
     void push(const std::string& task, const std::vector<std::uint8_t>& batch);
     /// The ending event of the task (not 1, 2, 6, 7, 11, 17), 0 when none came in time.
     int waitForEnd(const std::string& task, int timeoutMs = 20'000);

@@ -360,11 +360,12 @@ TEST_P(EndsEarly, onAWholeSecondFromWhichTheRestIsAskedFor)
     vaws_download_time_range("vavFrame", clockText(source.beginNs()).c_str(),
                              clockText(source.beginNs() + 3600 * nsPerSecond).c_str(), path.c_str(), "t");
     vaws_download_set_whole_seconds(0);
-    driver.pushAll("t", source);
+    const std::int64_t pushed = driver.pushAll("t", source);
     if (GetParam().broken) {
         vaws_download_push_player_event("t", VAWS_PLAYER_BROKEN);
         ASSERT_EQ(driver.waitForEnd("t"), VAWS_EVENT_BROKEN);
     }
+    ASSERT_TRUE(driver.waitForConsumed("t", pushed)); // stop() writes for so long and no longer
     std::int64_t count = 0;
     char text[24] = {};
     ASSERT_EQ(vaws_download_stop("t", &count, text), VAWS_OK);

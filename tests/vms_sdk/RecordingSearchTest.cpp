@@ -61,9 +61,8 @@ private slots:
     void goesOnOrTellsWhyNot();
     void tellsWhatItCannotSearch_data();
     void tellsWhatItCannotSearch();
-    void namesTheLimitWhenThereAreTooManyEvents();
-    void namesTheLimitWhenThereAreTooManyRecordings();
-    void looksThroughNoMoreRecordingsThanItsLimit();
+    void keepsToItsLimits_data();
+    void keepsToItsLimits();
     void staysSmallAndCancelsAtOnceAmongManyDevices();
     void timesOutOnceUnlessRenewed();
     void cancelsAtOnce();
@@ -246,51 +245,45 @@ void RecordingSearchTest::tellsWhatItCannotSearch()
     QCOMPARE(search_error(condition.requestId).kind, kind);
 }
 
-void RecordingSearchTest::namesTheLimitWhenThereAreTooManyEvents()
+void RecordingSearchTest::keepsToItsLimits_data()
 {
-    OnvifFake device;
-    device.flags.endlessEvents = 500;
-    SdkLimits limits = SdkLife::quickLimits();
-    limits.searchEvents = 3000;
-    SdkLife sdk(limits);
-    sdk.logIn(SdkLife::loginTo(device.address()));
-    const RecsSearchCondition condition = day();
-    search_video_recordings_req(condition);
-    QTRY_COMPARE_WITH_TIMEOUT(sdk.answers.size(), 1, patienceMs);
-    QCOMPARE(kindOf(sdk.answers), ErrorKind::Corrupt);
-    QVERIFY(search_error(condition.requestId).message.contains(QStringLiteral("3000")));
-    QVERIFY(device.count("GetEventSearchResults") <= 7);
+    const SdkLimits usual = SdkLife::quickLimits();
+    QTest::addColumn<int>("endlessEvents");
+    QTest::addColumn<int>("endlessRecordings");
+    QTest::addColumn<int>("mostEvents");
+    QTest::addColumn<int>("mostRecordings");
+    QTest::addColumn<QString>("message"); // none: what was found is answered
+    QTest::newRow("events") << 500 << 0 << 3000 << usual.searchRecordings << "3000";
+    QTest::newRow("recordings of the day") << 0 << 0 << usual.searchEvents << 3 << "more than 3 recordings";
+    QTest::newRow("recordings looked through") << 0 << 500 << 3000 << usual.searchRecordings << "";
 }
 
-void RecordingSearchTest::namesTheLimitWhenThereAreTooManyRecordings()
+void RecordingSearchTest::keepsToItsLimits()
 {
+    QFETCH(int, endlessEvents);
+    QFETCH(int, endlessRecordings);
+    QFETCH(int, mostEvents);
+    QFETCH(int, mostRecordings);
+    QFETCH(QString, message);
     OnvifFake device;
     giveEvents(device);
     SdkLimits limits = SdkLife::quickLimits();
-    limits.searchRecordings = 3;
+    limits.searchEvents = mostEvents;
+    limits.searchRecordings = mostRecordings;
     SdkLife sdk(limits);
     sdk.logIn(SdkLife::loginTo(device.address()));
-    const RecsSearchCondition condition = day();
-    search_video_recordings_req(condition);
-    QTRY_COMPARE_WITH_TIMEOUT(sdk.answers.size(), 1, patienceMs);
-    QCOMPARE(kindOf(sdk.answers), ErrorKind::Corrupt);
-    QVERIFY(search_error(condition.requestId).message.contains(QStringLiteral("more than 3 recordings")));
-}
-
-void RecordingSearchTest::looksThroughNoMoreRecordingsThanItsLimit()
-{
-    OnvifFake device;
-    giveEvents(device);
-    SdkLimits limits = SdkLife::quickLimits();
-    limits.searchEvents = 3000;
-    SdkLife sdk(limits);
-    sdk.logIn(SdkLife::loginTo(device.address()));
-    device.flags.endlessRecordings = 500;
+    device.flags.endlessEvents = endlessEvents;
+    device.flags.endlessRecordings = endlessRecordings;
     const int before = device.count("GetRecordingSearchResults");
-    search_video_recordings_req(day());
+    const RecsSearchCondition condition = day();
+    search_video_recordings_req(condition);
     QTRY_COMPARE_WITH_TIMEOUT(sdk.answers.size(), 1, patienceMs);
-    QCOMPARE(kindOf(sdk.answers), ErrorKind::None);
-    QVERIFY(shown(recordingsOf(sdk.answers)).startsWith(QStringLiteral("08:00-08:10")));
+    QCOMPARE(kindOf(sdk.answers), message.isEmpty() ? ErrorKind::None : ErrorKind::Corrupt);
+    if (message.isEmpty())
+        QVERIFY(shown(recordingsOf(sdk.answers)).startsWith(QStringLiteral("08:00-08:10")));
+    else
+        QVERIFY(search_error(condition.requestId).message.contains(message));
+    QVERIFY(device.count("GetEventSearchResults") <= 7);
     QVERIFY(device.count("GetRecordingSearchResults") - before <= 7);
 }
 

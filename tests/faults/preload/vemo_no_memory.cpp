@@ -7,6 +7,8 @@
 //
 // Who asks is told by the return address; where that is the C++ library, by the first caller outside of it.
 
+#include "GlibcAllocator.h"
+
 #include <cerrno>
 #include <cstdint>
 #include <cstdio>
@@ -21,14 +23,6 @@
 #include <unistd.h>
 
 #define VEMO_INTERPOSED extern "C" __attribute__((visibility("default")))
-
-extern "C" {
-void* __libc_malloc(size_t size);
-void* __libc_calloc(size_t count, size_t size);
-void* __libc_realloc(void* block, size_t size);
-void* __libc_memalign(size_t alignment, size_t size);
-void __libc_free(void* block);
-}
 
 namespace {
 
