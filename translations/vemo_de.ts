@@ -5131,14 +5131,6 @@ Neuer Versuch...</translation>
 <context>
     <name>vemo_client::StatusBar</name>
     <message>
-        <source>%1 GB</source>
-        <translation>%1 GB</translation>
-    </message>
-    <message>
-        <source>%1 TB</source>
-        <translation>%1 TB</translation>
-    </message>
-    <message>
         <source>%1 MB/s</source>
         <translation>%1 MB/s</translation>
     </message>

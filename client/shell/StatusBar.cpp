@@ -2,6 +2,7 @@
 
 #include "StatusItem.h"
 
+#include <DiskFreeSpaceBar.h>
 #include <DiskManager.h>
 #include <StylePainter.h>
 #include <SystemConfig.h>
@@ -19,6 +20,8 @@
 
 namespace vemo_client {
 
+using vemo_base::DiskFreeSpaceBar;
+
 namespace {
 
 constexpr int barHeight = 28;
@@ -31,16 +34,6 @@ constexpr int mostOmitted = 3;
 constexpr qint64 gigabyte = 1'000'000'000;
 constexpr qint64 lowBytes = 10 * gigabyte;
 constexpr qint64 emptyBytes = gigabyte;
-
-QString sizeText(qint64 bytes)
-{
-    constexpr double thousand = 1000.0;
-    const QLocale locale;
-    double value = double(bytes) / double(gigabyte);
-    if (value < thousand)
-        return StatusBar::tr("%1 GB").arg(locale.toString(value, 'f', 1));
-    return StatusBar::tr("%1 TB").arg(locale.toString(value / thousand, 'f', 2));
-}
 
 QString rateText(double megabytes)
 {
@@ -219,8 +212,9 @@ void StatusBar::showDisk(const QString& name, qint64 freeBytes, qint64 totalByte
     if (totalBytes <= 0)
         return;
     const QString mount = name.endsWith(QLatin1Char(':')) ? name : name + QLatin1Char(':');
-    m_diskShortWords = tr("%1 %2 free").arg(mount, sizeText(freeBytes));
-    QString words = tr("%1 %2 free of %3").arg(mount, sizeText(freeBytes), sizeText(totalBytes));
+    m_diskShortWords = tr("%1 %2 free").arg(mount, DiskFreeSpaceBar::sizeText(freeBytes));
+    QString words = tr("%1 %2 free of %3")
+                        .arg(mount, DiskFreeSpaceBar::sizeText(freeBytes), DiskFreeSpaceBar::sizeText(totalBytes));
     vemo_base::Token tone = vemo_base::Token::Text2;
     if (freeBytes < emptyBytes) {
         tone = vemo_base::Token::Error;

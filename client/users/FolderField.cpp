@@ -2,6 +2,7 @@
 
 #include "MessageLine.h"
 
+#include <DiskFreeSpaceBar.h>
 #include <FolderCheck.h>
 #include <Icons.h>
 
@@ -10,7 +11,6 @@
 #include <QFileDialog>
 #include <QHBoxLayout>
 #include <QLineEdit>
-#include <QLocale>
 #include <QPushButton>
 #include <QVariant>
 #include <QVBoxLayout>
@@ -19,6 +19,7 @@
 
 namespace vemo_client {
 
+using vemo_base::DiskFreeSpaceBar;
 using vemo_worker::FolderCheck;
 
 FolderField::FolderField(const QString& name, Get get, Set set, QWidget* parent)
@@ -79,10 +80,9 @@ void FolderField::check()
         m_isUsable = result.isUsable();
         m_path->setProperty("invalid", !m_isUsable);
         m_path->update();
-        const auto words = [](qint64 bytes) {
-            return QLocale().formattedDataSize(bytes, 1, QLocale::DataSizeTraditionalFormat);
-        };
-        const QString room = tr("%1 free of %2").arg(words(result.freeBytes), words(result.totalBytes));
+        const QString room =
+            tr("%1 free of %2")
+                .arg(DiskFreeSpaceBar::sizeText(result.freeBytes), DiskFreeSpaceBar::sizeText(result.totalBytes));
         if (!m_isUsable)
             m_message->tell(MessageLine::Tone::Error, result.sentence);
         else if (!result.sentence.isEmpty())

@@ -27,15 +27,6 @@ constexpr int barHeight = 6;
 constexpr int markWidth = 2;
 constexpr int markRise = 2;
 
-QString sizeText(qint64 bytes)
-{
-    constexpr double thousand = 1000.0;
-    const double gigabytes = double(bytes) / double(gigabyte);
-    const QLocale locale;
-    return gigabytes < thousand ? DiskFreeSpaceBar::tr("%1 GB").arg(locale.toString(gigabytes, 'f', 1))
-                                : DiskFreeSpaceBar::tr("%1 TB").arg(locale.toString(gigabytes / thousand, 'f', 2));
-}
-
 } // namespace
 
 DiskFreeSpaceBar::DiskFreeSpaceBar(QWidget* parent)
@@ -144,6 +135,15 @@ void DiskFreeSpaceBar::paintEvent(QPaintEvent*)
                          theme.color(Token::Warning));
     }
     painter.restore();
+}
+
+QString DiskFreeSpaceBar::sizeText(qint64 bytes)
+{
+    constexpr double thousand = 1000.0;
+    const double gigabytes = double(bytes) / double(gigabyte);
+    const QLocale locale;
+    return gigabytes < thousand ? tr("%1 GB").arg(locale.toString(gigabytes, 'f', 1))
+                                : tr("%1 TB").arg(locale.toString(gigabytes / thousand, 'f', 2));
 }
 
 } // namespace vemo_base

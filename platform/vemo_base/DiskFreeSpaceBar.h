@@ -25,6 +25,9 @@ public:
     void setFigures(const QString& diskName, qint64 freeBytes, qint64 totalBytes);
     QString words() const { return m_words; }
 
+    /// A disk's size or room as the client writes it: decimal gigabytes, or terabytes. Any thread.
+    static QString sizeText(qint64 bytes);
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
