@@ -54,7 +54,7 @@ class Wire:
         self.buffer = b""
         self.tally = Tally()
         self.methods = {}
-        self.inside_fu = False
+        self.left_at = 0.0  # when the client closed its side
 
     def asked(self, request):
         """Notes which method a sequence number belongs to."""
@@ -200,6 +200,9 @@ class BoundaryProxy:
             with contextlib.suppress(OSError):
                 near.shutdown(socket.SHUT_WR)
         backward.join()
+        if wire.cut and wire.cut.done:
+            # A client that had all it asked for may have left just before.
+            wire.cut.noticed_after = max(0.0, wire.left_at - wire.cut.cut_at)
 
     @staticmethod
     def pass_requests(near, far, wire):
@@ -209,8 +212,7 @@ class BoundaryProxy:
                 if wire.cut and wire.cut.done:
                     continue
                 far.sendall(data)
-        if wire.cut and wire.cut.done:
-            wire.cut.noticed_after = time.monotonic() - wire.cut.cut_at
+        wire.left_at = time.monotonic()
         with contextlib.suppress(OSError):
             far.shutdown(socket.SHUT_RDWR)
 
