@@ -6,7 +6,7 @@ VEMO_PACKAGES=(
     build-essential cmake ninja-build ccache pkg-config python3 ca-certificates
     qtbase5-dev libqt5sql5-sqlite libsqlite3-dev libqt5svg5-dev qttools5-dev qttools5-dev-tools qttranslations5-l10n
     libavformat-dev libavcodec-dev libavutil-dev libswresample-dev libswscale-dev
-    libmpv-dev libexif-dev libkdsoap-dev qtkeychain-qt5-dev libssl-dev libsodium-dev zlib1g-dev nlohmann-json3-dev
+    libmpv-dev libexif-dev libkdsoap-dev qtkeychain-qt5-dev libssl-dev libsodium-dev zlib1g-dev libpng-dev nlohmann-json3-dev
     libgtest-dev libgmock-dev libbenchmark-dev
     ffmpeg fonts-dejavu-core
 )

@@ -313,6 +313,7 @@ TEST_F(Failing, tellsTheRateWhileATaskRunsAndNobodyWhoDoesNotListen)
         bytes += static_cast<std::int64_t>(batch.size());
     driver.pushAll("t", source);
     EXPECT_TRUE(waitUntil([] { return highestRate > 0; }));
+    EXPECT_TRUE(driver.waitForConsumed("t", bytes)); // stop() writes for so long and no longer
     EXPECT_LE(highestRate, bytes * 8 / 1000 + 1);
     vaws_download_register_bitrate_callback(nullptr);
     vaws_download_register_event_callback(nullptr);

@@ -56,7 +56,7 @@ public:
 
 private:
     QString failurePath(const QString& path) const;
-    bool write(QImage image, const Original& original, const QSize& pictureSize, const QString& target) const;
+    bool write(const QImage& image, const Original& original, const QSize& pictureSize, const QString& target) const;
     bool isInside(const QString& path) const;
 
     QString m_root;

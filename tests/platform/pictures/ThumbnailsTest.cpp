@@ -22,6 +22,8 @@ private slots:
     void followsTheSharedFormat();
     void countsOnlyForTheFileAsItIs_data();
     void countsOnlyForTheFileAsItIs();
+    void keepsEachPixel_data();
+    void keepsEachPixel();
     void decodesEachFileOnce();
     void bringsTheNewestFirstAndDropsTheWithdrawn();
     void tellsWhatCannotBeRead_data();
@@ -131,6 +133,32 @@ void ThumbnailsTest::countsOnlyForTheFileAsItIs()
         store.remove(original.path);
         QVERIFY2(!store.find(original, Bucket::Normal), "the picture of a deleted file is kept");
     }
+}
+
+void ThumbnailsTest::keepsEachPixel_data()
+{
+    QTest::addColumn<QImage::Format>("format");
+    QTest::addColumn<QSize>("size");
+    QTest::newRow("opaque") << QImage::Format_RGB32 << QSize(127, 95);
+    QTest::newRow("with holes") << QImage::Format_ARGB32 << QSize(61, 128);
+    QTest::newRow("a row") << QImage::Format_RGB32 << QSize(128, 1);
+}
+
+void ThumbnailsTest::keepsEachPixel()
+{
+    QFETCH(QImage::Format, format);
+    QFETCH(QSize, size);
+    QImage image(size, format);
+    for (int y = 0; y < size.height(); ++y) {
+        for (int x = 0; x < size.width(); ++x)
+            image.setPixel(x, y, qRgba(x * 2, y * 2, x * y % 256, format == QImage::Format_RGB32 ? 255 : 1 + x * 4));
+    }
+    const ThumbnailStore store(m_dir.filePath(QStringLiteral("pixels")));
+    const ThumbnailStore::Original original{QStringLiteral("/footage/b.jpg"), 1'700'000'000, 5000};
+    QVERIFY(store.store(original, Bucket::Normal, {image, {4000, 3000}}));
+    const QImage found = store.find(original, Bucket::Normal).value_or(ThumbnailStore::Entry()).image;
+    QCOMPARE(found.hasAlphaChannel(), image.hasAlphaChannel());
+    QCOMPARE(found.convertToFormat(format), image);
 }
 
 void ThumbnailsTest::decodesEachFileOnce()
