@@ -24,11 +24,7 @@ inline vms_sdk::rtsp::StreamRequest requestTo(const ScriptedRecorder& recorder, 
     request.rateControl = false;
     request.answerTimeoutMs = 1'000;
     request.connectTimeoutMs = 2'000;
-#if defined(__SANITIZE_THREAD__)
-    request.silenceTimeoutMs = 4'000; // the recorder's work for a large picture counts as silence, and is slow there
-#else
     request.silenceTimeoutMs = 400;
-#endif
     return request;
 }
 

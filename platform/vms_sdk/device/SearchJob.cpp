@@ -16,8 +16,8 @@ constexpr qint64 silenceMs = 120'000;
 
 // From the most exact filter to none: devices refuse topics that they don't know (ONVIF Recording Search 5.8).
 const char* const topicFilters[] = {
-    "tns1:RecordingHistory/Track/State|tns1:VideoSource/MotionAlarm|tns1:RuleEngine//.|tns1:Device/Trigger/"
-    "DigitalInput",
+    ("tns1:RecordingHistory/Track/State|tns1:VideoSource/MotionAlarm|tns1:RuleEngine//.|"
+     "tns1:Device/Trigger/DigitalInput"),
     "tns1:RecordingHistory/Track/State|tns1:VideoSource/MotionAlarm",
     "tns1:RecordingHistory/Track/State",
     "",
