@@ -9,9 +9,9 @@ class QIODevice;
 
 namespace vemo_base {
 
-/// Writes PNG files (ISO/IEC 15948) that are quick to make and to read: each row as its differences to the row above,
-/// packed a little. Of photographs that takes a quarter of the time of choosing a filter for each row, is no larger, and
-/// is read in little more than half of the time. Any thread; without state.
+/// Writes PNG files (ISO/IEC 15948) that are quick to read: each row as its differences to the row above, packed a
+/// little. A photograph is no larger than with a filter chosen for each row, and is read in little more than half of
+/// the time. Any thread; without state.
 class QuickPng final
 {
 public:
