@@ -155,10 +155,11 @@ bool RecorderAddress::hasChannelNumber(const QUrl& url)
 
 QString RecorderAddress::typed(const QUrl& url)
 {
-    QString text = url.toString(QUrl::RemoveUserInfo | QUrl::EncodeSpaces);
+    const QUrl shown = url.adjusted(QUrl::RemoveUserInfo);
+    QString text = shown.toString(QUrl::EncodeSpaces);
     text.replace(QLatin1String("%7Bchannel%7D"), QLatin1String("{channel}"));
     // Other blanks and signs without a form of their own can't be typed.
-    return parse(text).url == url ? text : url.toString(QUrl::RemoveUserInfo | QUrl::FullyEncoded);
+    return parse(text).url == url ? text : shown.toString(QUrl::FullyEncoded);
 }
 
 QString RecorderAddress::text(const QUrl& url)

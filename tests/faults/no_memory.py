@@ -120,13 +120,13 @@ def parts(arguments, build):
             starved = Starved(build, box.base, MEDIA)
             lab.run(box, environment=starved.environment)
             count, usual = starved.counted()
-        yield f"muxer, {clip}", count, 1200, 30, lambda fail, lab=lab, usual=usual: judge_task(lab, usual, fail)
+        yield f"muxer, {clip}", count, 2000, 30, lambda fail, lab=lab, usual=usual: judge_task(lab, usual, fail)
     with Box() as box:
         wreck(lab, box)
         starved = Starved(build, box.base, MEDIA)
         lab.run(box, repair=True, environment=starved.environment)
         count, usual = starved.counted()
-    yield f"repair, {lab}", count, 400, 10, lambda fail: judge_repair(lab, usual, fail)
+    yield f"repair, {lab}", count, 1000, 10, lambda fail: judge_repair(lab, usual, fail)
     with Store(build) as store:
         starved = Starved(build, store.base, DATABASE)
         store.work(STORE_SEED, STORE_STEPS, environment=starved.environment)

@@ -120,7 +120,7 @@ QList<RtpInfoEntry> parseRtpInfo(const QByteArray& value)
 
 QByteArray requestUri(const QUrl& url)
 {
-    return url.toEncoded(QUrl::RemoveUserInfo | QUrl::RemoveFragment | QUrl::FullyEncoded);
+    return url.toEncoded(QUrl::RemoveUserInfo | QUrl::RemoveFragment);
 }
 
 bool isRtspOverTls(const QUrl& url)
