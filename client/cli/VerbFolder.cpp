@@ -8,6 +8,8 @@
 
 namespace vemo_client {
 
+using vemo_data::FolderLock;
+
 namespace {
 
 constexpr int mostAtOnce = 256;
@@ -26,28 +28,29 @@ Outcome VerbFolder::take()
     // What a crash left is to be put in order soon, so its folder goes first.
     const QStringList used = QDir(parent).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
     for (const QString& name : used) {
-        if (hasLeftovers(parent + QLatin1Char('/') + name) && lock(parent + QLatin1Char('/') + name))
+        if (hasLeftovers(parent + QLatin1Char('/') + name) &&
+            lock(parent + QLatin1Char('/') + name) == FolderLock::Outcome::Taken)
             return {};
     }
     for (int number = 1; number <= mostAtOnce; ++number) {
-        if (lock(parent + QLatin1Char('/') + QString::number(number)))
+        const FolderLock::Outcome outcome = lock(parent + QLatin1Char('/') + QString::number(number));
+        if (outcome == FolderLock::Outcome::Taken)
             return {};
-        if (m_lock->error() != QLockFile::LockFailedError)
+        if (outcome != FolderLock::Outcome::Held)
             break;
     }
     return {ExitCode::Disk,
             QCoreApplication::translate("vemo_client::VerbFolder", "The data folder %1 can't be used.").arg(parent)};
 }
 
-bool VerbFolder::lock(const QString& folder)
+FolderLock::Outcome VerbFolder::lock(const QString& folder)
 {
     vemo_data::DataFolder::makePrivateFolder(folder);
-    const QString path = folder + QStringLiteral("/lock");
-    m_lock = std::make_unique<QLockFile>(path);
-    if (!vemo_data::DataFolder::tryLock(m_lock.get(), path))
-        return false;
-    vemo_worker::SysPaths::setRoot(folder);
-    return true;
+    m_lock = std::make_unique<FolderLock>();
+    const FolderLock::Outcome outcome = m_lock->take(folder + QStringLiteral("/lock"));
+    if (outcome == FolderLock::Outcome::Taken)
+        vemo_worker::SysPaths::setRoot(folder);
+    return outcome;
 }
 
 } // namespace vemo_client

@@ -2,7 +2,7 @@
 
 #include "ExitCode.h"
 
-#include <QLockFile>
+#include <FolderLock.h>
 
 #include <memory>
 
@@ -19,9 +19,10 @@ public:
     Outcome take();
 
 private:
-    bool lock(const QString& folder);
+    /// Taken: the client's folders lie below it.
+    vemo_data::FolderLock::Outcome lock(const QString& folder);
 
-    std::unique_ptr<QLockFile> m_lock;
+    std::unique_ptr<vemo_data::FolderLock> m_lock;
 };
 
 } // namespace vemo_client

@@ -1,20 +1,20 @@
 #include "WindowLock.h"
 
-#include <DataFolder.h>
 #include <SysPaths.h>
 
 #include <QCoreApplication>
 
 namespace vemo_client {
 
+using vemo_data::FolderLock;
+
 Outcome WindowLock::take()
 {
     const QString folder = vemo_worker::SysPaths::dataDir();
-    const QString path = folder + QStringLiteral("/window.lock");
-    m_lock = std::make_unique<QLockFile>(path);
-    if (vemo_data::DataFolder::tryLock(m_lock.get(), path))
+    const FolderLock::Outcome outcome = m_lock.take(folder + QStringLiteral("/window.lock"));
+    if (outcome == FolderLock::Outcome::Taken)
         return {};
-    if (m_lock->error() == QLockFile::LockFailedError)
+    if (outcome == FolderLock::Outcome::Held)
         return {ExitCode::Failed, QCoreApplication::translate("vemo_client::WindowLock",
                                                               "A window or another run is at work in the data folder "
                                                               "%1; close it first.")

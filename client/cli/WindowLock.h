@@ -2,9 +2,7 @@
 
 #include "ExitCode.h"
 
-#include <QLockFile>
-
-#include <memory>
+#include <FolderLock.h>
 
 namespace vemo_client {
 
@@ -17,7 +15,7 @@ public:
     Outcome take();
 
 private:
-    std::unique_ptr<QLockFile> m_lock;
+    vemo_data::FolderLock m_lock;
 };
 
 } // namespace vemo_client

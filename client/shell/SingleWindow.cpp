@@ -1,8 +1,6 @@
 // platform file: which program may come to the front
 #include "SingleWindow.h"
 
-#include <DataFolder.h>
-
 #include <QCryptographicHash>
 #include <QDir>
 #include <QLocalSocket>
@@ -12,6 +10,8 @@
 #endif
 
 namespace vemo_client {
+
+using vemo_data::FolderLock;
 
 namespace {
 
@@ -31,7 +31,6 @@ SingleWindow::SingleWindow(const QString& dataDir, QObject* parent)
     : QObject(parent)
     , m_name(serverName(dataDir))
     , m_lockPath(dataDir + QStringLiteral("/window.lock"))
-    , m_lock(m_lockPath)
 {
     m_server.setSocketOptions(QLocalServer::UserAccessOption);
     connect(&m_server, &QLocalServer::newConnection, this, [this] {
@@ -46,14 +45,15 @@ SingleWindow::~SingleWindow() = default;
 
 SingleWindow::Outcome SingleWindow::take()
 {
-    if (vemo_data::DataFolder::tryLock(&m_lock, m_lockPath)) {
+    const FolderLock::Outcome outcome = m_lock.take(m_lockPath);
+    if (outcome == FolderLock::Outcome::Taken) {
         // What a crashed window left under the name is nobody's any more.
         QLocalServer::removeServer(m_name);
         m_server.listen(m_name);
         return Outcome::Taken;
     }
     // Another failure than a held lock, such as a folder without right to write, is told by the stores.
-    if (m_lock.error() != QLockFile::LockFailedError)
+    if (outcome != FolderLock::Outcome::Held)
         return Outcome::Taken;
 #if defined(Q_OS_WIN)
     // The desktop lets a program come to the front only when the one that is there now agrees.

@@ -1,7 +1,8 @@
 #pragma once
 
+#include <FolderLock.h>
+
 #include <QLocalServer>
-#include <QLockFile>
 #include <QObject>
 
 namespace vemo_client {
@@ -32,7 +33,7 @@ signals:
 private:
     QString m_name;
     QString m_lockPath;
-    QLockFile m_lock;
+    vemo_data::FolderLock m_lock;
     QLocalServer m_server;
 };
 

@@ -1,18 +1,12 @@
 // platform file: making files and folders that were never anybody else's, for a moment neither
 #include "DataFolder.h"
 
-#include <QDateTime>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
-#include <QLockFile>
 #include <QMutex>
 #include <QMutexLocker>
 #include <QStandardPaths>
-#include <QThread>
-
-#include <algorithm>
 
 #if !defined(Q_OS_WIN)
 #include <fcntl.h>
@@ -79,15 +73,6 @@ QString underRoot(const QString& name, QStandardPaths::StandardLocation fallback
     return path;
 }
 
-/// There is a lock file, and nobody's name in it.
-bool namesNobody(const QString& path)
-{
-    qint64 pid = 0;
-    QString host;
-    QString program;
-    return QFile::exists(path) && !QLockFile(path).getLockInfo(&pid, &host, &program);
-}
-
 } // namespace
 
 void DataFolder::setRoot(const QString& folder)
@@ -136,41 +121,6 @@ bool DataFolder::makePrivateFolder(const QString& path)
 bool DataFolder::makePrivateFile(const QString& path)
 {
     return (!QFile::exists(path) && makeOwnersFile(path)) || QFile::setPermissions(path, ownerFile);
-}
-
-bool DataFolder::tryLock(QLockFile* lock, const QString& path)
-{
-    // So long may it take to write the name into a lock file that was made; one of the future is believed no longer.
-    constexpr qint64 namedWithinMs = 1000;
-    constexpr qint64 waitMs = 3 * namedWithinMs;
-    constexpr unsigned long lookAgainMs = 20;
-    lock->setStaleLockTime(0);
-    const auto take = [&] {
-        const bool isTaken = lock->tryLock();
-        if (isTaken)
-            QFile::setPermissions(path, ownerFile); // QLockFile leaves it to the system's mask
-        return isTaken;
-    };
-    // Qt takes away the lock of a dead process under a lock of its own, which may be left as well.
-    const QStringList files{path, path + QStringLiteral(".rmlock")};
-    QElapsedTimer waited;
-    waited.start();
-    while (!take()) {
-        if (lock->error() != QLockFile::LockFailedError || std::none_of(files.cbegin(), files.cend(), namesNobody))
-            return false;
-        const bool isOver = waited.hasExpired(waitMs);
-        bool isRemoved = false;
-        for (const QString& file : files) {
-            const bool isOld =
-                isOver || QFileInfo(file).lastModified().msecsTo(QDateTime::currentDateTime()) > namedWithinMs;
-            isRemoved = (isOld && namesNobody(file) && QFile::remove(file)) || isRemoved;
-        }
-        if (isOver && !isRemoved)
-            return false;
-        if (!isRemoved)
-            QThread::msleep(lookAgainMs);
-    }
-    return true;
 }
 
 } // namespace vemo_data

@@ -4,8 +4,6 @@
 
 #include <QString>
 
-class QLockFile;
-
 namespace vemo_data {
 
 /// Where the client keeps settings and data. Default: the platform's config and data folders for "vemo". The
@@ -31,10 +29,6 @@ public:
     /// Makes an empty file accessible to its owner only from the beginning, unless it is there already; in that case
     /// its permissions are set.
     static bool makePrivateFile(const QString& path);
-    /// As QLockFile::tryLock() for the lock at that path, held by a process that lives. Also taken is a lock file that
-    /// names nobody: a process that was killed while it made the lock left it, and Qt takes that for held for good.
-    /// Such a one is taken when it is a second old, which is waited for.
-    static bool tryLock(QLockFile* lock, const QString& path);
 };
 
 } // namespace vemo_data

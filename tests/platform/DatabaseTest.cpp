@@ -1,12 +1,13 @@
 #include "TestWorld.h"
 
 #include <DataSignals.h>
+#include <FolderLock.h>
 
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
-#include <QLockFile>
+#include <QProcess>
 #include <QSignalSpy>
 #include <QSqlDatabase>
 #include <QSqlQuery>
@@ -15,6 +16,7 @@
 
 using vemo_data::Database;
 using vemo_data::DataFolder;
+using vemo_data::FolderLock;
 
 namespace {
 
@@ -70,39 +72,29 @@ private slots:
         QCOMPARE(Database::instance().notice(), QString());
     }
 
-    void locksInPlaceOfATornLock_data()
+    /// Whatever lies in the file, such as the name of a process that may live, as older versions left it when killed.
+    void locksAFolderAsLongAsItsHolderLives()
     {
-        QTest::addColumn<QByteArray>("contents");
-        QTest::addColumn<bool>("isGuarded");
-        const QByteArray dead = "4194305\nvemo_client\n" + QSysInfo::machineHostName().toUtf8() + "\n";
-        QTest::newRow("torn") << QByteArray() << false;
-        QTest::newRow("torn guard") << dead << true;
-        QTest::newRow("both") << QByteArray() << true;
-    }
-
-    /// A lock file that a kill left unwritten names nobody; one that names a living process stays.
-    void locksInPlaceOfATornLock()
-    {
-        QFETCH(const QByteArray, contents);
-        QFETCH(const bool, isGuarded);
         const QTemporaryDir folder;
         const QString path = folder.filePath(QStringLiteral("window.lock"));
-        // The lock of a dead process, and Qt's guard for taking it away.
-        QFile stale(path);
-        QVERIFY(stale.open(QIODevice::WriteOnly) && stale.write(contents) == contents.size());
-        stale.close();
-        QFile guard(path + QStringLiteral(".rmlock"));
-        QVERIFY(!isGuarded || guard.open(QIODevice::WriteOnly));
-        guard.close();
-        QLockFile lock(path);
-        QElapsedTimer waited;
-        waited.start();
-        QVERIFY(DataFolder::tryLock(&lock, path));
-        QVERIFY(waited.elapsed() < 2000);
-        QLockFile second(path);
-        waited.restart();
-        QVERIFY(!DataFolder::tryLock(&second, path));
-        QVERIFY(waited.elapsed() < 500);
+        QFile left(path);
+        QVERIFY(left.open(QIODevice::WriteOnly) && left.write("1\nvemo_client\nhere\n") > 0);
+        left.close();
+        QProcess started; // that outlives the holder
+        {
+            FolderLock lock;
+            QCOMPARE(lock.take(path), FolderLock::Outcome::Taken);
+            QCOMPARE(lock.take(path), FolderLock::Outcome::Taken);
+            QVERIFY(!(QFileInfo(path).permissions() & (QFile::ReadGroup | QFile::ReadOther | QFile::WriteOther)));
+            QCOMPARE(FolderLock().take(path), FolderLock::Outcome::Held);
+            started.start(QStringLiteral("sleep"), {QStringLiteral("60")});
+            QVERIFY(started.waitForStarted());
+        }
+        QCOMPARE(FolderLock().take(path), FolderLock::Outcome::Taken);
+        QCOMPARE(FolderLock().take(folder.path()), FolderLock::Outcome::Unusable);
+        QCOMPARE(FolderLock().take(folder.filePath(QStringLiteral("none/lock"))), FolderLock::Outcome::Unusable);
+        started.kill();
+        started.waitForFinished();
     }
 
     void carriesOutJobsInOrderAndTellsOnTheGuiThread()

@@ -17,13 +17,13 @@ import traceback
 import rows
 import systemlab
 from systemlab import Recorder
-from worldlab import START_LIMIT_S, Driver, Past, World
+from worldlab import Driver, Past, World
 
 ROUND = {"E2": 25, "E16": 12}
 CASES = {"E2": 12, "E16": 8}
 CASES_FULL = {"E2": 1000, "E16": 500}
 SHORT_SEED = 7
-WORKERS = 2
+WORKERS = {"E2": 1, "E16": 2}  # how long a start takes is asked of one client at work
 READY_WITHIN_S = 20
 ERRORS = ["ENOSPC", "EIO", "EDQUOT", "EROFS", "EACCES"]
 MOST_CALLS = 300
@@ -43,7 +43,7 @@ def kill_at_work(world):
     driver = Driver(world.client, "--backup")
     try:
         world.assertTrue(driver.wait(lambda: driver.ready_s is not None, READY_WITHIN_S), f"it does not start: {driver}")
-        world.starts_s.append((driver.own_ready_s, driver.ready_s))
+        world.note_start(driver)
         time.sleep(delay)
     finally:
         driver.end()
@@ -93,28 +93,30 @@ class Rounds:
     def __init__(self, row, options):
         self.row, self.seed = row, options.seed
         cases = options.cases or (CASES_FULL if options.full else CASES)[row]
-        self.wanted, size = cases, min(ROUND[row], -(-cases // WORKERS))
+        self.wanted, size = cases, min(ROUND[row], -(-cases // WORKERS[row]))
         sizes = [min(size, cases - first) for first in range(0, cases, size)]
         self.jobs = [(number, size) for number, size in enumerate(sizes) if options.only in (None, number)]
         self.cases, self.violations, self.starts_s = 0, 0, []
         self.until = time.monotonic() + (options.minutes or 1e6) * 60
 
     def run(self):
-        with concurrent.futures.ThreadPoolExecutor(WORKERS) as pool:
-            futures = [pool.submit(self.work, worker) for worker in range(min(WORKERS, len(self.jobs)))]
+        os.sync()  # what tests before this one left to be written keeps no start
+        workers = min(WORKERS[self.row], len(self.jobs))
+        with concurrent.futures.ThreadPoolExecutor(workers) as pool:
+            futures = [pool.submit(self.work, self.jobs[first::workers]) for first in range(workers)]
             for future in futures:
                 future.result()
         rows.tell(self.row, {"E2": "kills while five downloads and a backup run", "E16": "second faults during recovery"}[self.row],
                   self.cases, self.violations, self.seed)
-        if self.starts_s:
+        if WORKERS[self.row] == 1 and self.starts_s:
             own, whole = zip(*self.starts_s)
             print(f"{self.row}: {len(own)} starts on 10,000 tasks, s: median {statistics.median(own):.2f}, max {max(own):.2f}; with what "
                   f"others took of the processors: median {statistics.median(whole):.2f}, max {max(whole):.2f}", flush=True)
         return self.violations
 
-    def work(self, worker):
+    def work(self, jobs):
         with Recorder("--channels", "16") as recorder, Past(recorder) as past:
-            for number, size in self.jobs[worker::WORKERS]:
+            for number, size in jobs:
                 if time.monotonic() < self.until:
                     self.round(past, number, size)
 
@@ -136,10 +138,9 @@ class Rounds:
                       f"again: {sys.argv[0]} --build {systemlab.OPTIONS.build} --row {self.row} --cases {self.wanted} "
                       f"--seed {self.seed} --only {number}", flush=True)
                 world.is_kept = systemlab.OPTIONS.keep
-            late = [own for own, _ in world.starts_s if own > START_LIMIT_S]
-            if late:
-                self.violations += len(late)
-                print(f"FAILED {self.row}, round {number}: starts took {late} s", flush=True)
+            for late in world.late_starts if WORKERS[self.row] == 1 else []:
+                self.violations += 1
+                print(f"FAILED {self.row}, round {number}: a start took {late}", flush=True)
             self.starts_s += world.starts_s
         self.cases += done
         print(f"{self.row} round {number}: {done} faults, {time.monotonic() - began:.1f} s", flush=True)

@@ -1,7 +1,9 @@
 """A client with a long past, at work on downloads and backups in one process, for faults to hit it again and again: what is looked at
 after each of them, and what is demanded when all is done."""
+import collections
 import contextlib
 import datetime
+import glob
 import hashlib
 import json
 import os
@@ -36,18 +38,10 @@ WINDOW_S = 1.5
 OPEN = (WAITING, PAUSED)
 
 
-def wait_for_lock(path):
-    """A lock that names nobody, as a fault in its making leaves it, may be one in the making: for 2 s it is respected."""
-    with contextlib.suppress(FileNotFoundError):
-        while os.path.getsize(path) == 0 and time.time() - os.path.getmtime(path) < 4:
-            time.sleep(0.1)
-
-
 class Driver:
     """module_driver at work in a world, and all it has told so far."""
 
     def __init__(self, world, *arguments, **changes):
-        wait_for_lock(os.path.join(world.folder, "data", "data", "window.lock"))
         self.began = time.monotonic()
         world.program = systemlab.program("module_driver")
         self.process = world.start(*arguments, stdin=subprocess.PIPE, TZ="UTC", **changes)
@@ -62,7 +56,8 @@ class Driver:
         self.told = []     # notices and alerts
         self.claims = []   # (monotonic seconds, {task: report})
         self.errors = ""
-        self.threads = [threading.Thread(target=each) for each in (self.listen, self.collect)]
+        self.disk_waits = collections.Counter()  # in what its threads were found waiting for the disk before it was ready
+        self.threads = [threading.Thread(target=each) for each in (self.listen, self.collect, self.watch)]
         for thread in self.threads:
             thread.start()
 
@@ -75,6 +70,21 @@ class Driver:
 
     def collect(self):
         self.errors = self.process.stderr.read()
+
+    def watch(self):
+        """Looks twenty times a second at what keeps the start."""
+        while self.ready_s is None and self.process.poll() is None:
+            for folder in glob.glob(f"/proc/{self.process.pid}/task/*"):
+                name, stat, place, call = (self.told_by_system(folder, each) for each in ("comm", "stat", "wchan", "syscall"))
+                if stat.rpartition(") ")[2].startswith("D"):
+                    self.disk_waits[f"{name.strip()} in {place}, call {call.partition(' ')[0]}"] += 1
+            time.sleep(0.05)
+
+    @staticmethod
+    def told_by_system(folder, name):
+        with contextlib.suppress(OSError), open(os.path.join(folder, name), encoding="utf-8") as file:
+            return file.read()
+        return ""
 
     def take(self, told):
         if "ready" in told:
@@ -91,11 +101,8 @@ class Driver:
 
     def kept_waiting_s(self):
         """How long others kept the processors from its threads, of which one waits for the other."""
-        waits_ns = []
-        for thread in os.listdir(f"/proc/{self.process.pid}/task"):
-            with contextlib.suppress(OSError), open(f"/proc/{self.process.pid}/task/{thread}/schedstat", encoding="ascii") as file:
-                waits_ns.append(int(file.read().split()[1]))
-        return sum(waits_ns) / 1e9
+        told = [self.told_by_system(folder, "schedstat").split() for folder in glob.glob(f"/proc/{self.process.pid}/task/*")]
+        return sum(int(each[1]) for each in told if each) / 1e9
 
     def wait(self, condition, timeout_s):
         """Whether it came true before the process' end and in time."""
@@ -147,6 +154,10 @@ class Past:
             raise RuntimeError(f"the recorder could not be stored: {run}")
         self.folder = os.path.join(self.client.folder, "data")
         self.fill()
+        # A start after a kill finds the program in memory.
+        driver = Driver(self.client)
+        driver.wait(lambda: driver.ready_s is not None, OVER_LIMIT_S)
+        driver.end(kill=False)
 
     def fill(self):
         with contextlib.closing(sqlite3.connect(os.path.join(self.folder, "data", "vemo.db"))) as store:
@@ -185,7 +196,7 @@ class World(DownloadJudge, BackupJudge):
         shutil.copytree(past.folder, os.path.join(self.client.folder, "data"), dirs_exist_ok=True)
         self.videos = os.path.join(self.client.folder, "home", "Videos", "Vemo")
         self.store_path = os.path.join(self.client.folder, "data", "data", "vemo.db")
-        self.neighbours, self.whole, self.starts_s, self.history, self.is_kept = {}, {}, [], [], False
+        self.neighbours, self.whole, self.starts_s, self.history, self.late_starts, self.is_kept = {}, {}, [], [], [], False
         for name in ("Downloads/theirs.mp4", "Downloads/notes.txt", "Backup/theirs.bin"):
             content = hashlib.sha256(name.encode()).digest() * 100
             path = os.path.join(self.videos, name)
@@ -224,6 +235,12 @@ class World(DownloadJudge, BackupJudge):
         run = self.client.run(*arguments)
         self.assertEqual(run.code, systemlab.DONE, run)
         return run
+
+    def note_start(self, driver):
+        self.starts_s.append((driver.own_ready_s, driver.ready_s))
+        if driver.own_ready_s > START_LIMIT_S:
+            self.late_starts.append(f"{driver.own_ready_s:.2f} s ({driver.ready_s:.2f} with others), found waiting for the disk: "
+                                    f"{dict(driver.disk_waits.most_common(6))}")
 
     # What is looked at after each fault.
 
@@ -323,7 +340,7 @@ class World(DownloadJudge, BackupJudge):
         driver = Driver(self.client, "--backup")
         try:
             self.assertTrue(driver.wait(lambda: driver.ready_s is not None, OVER_LIMIT_S), f"it does not start: {driver}")
-            self.starts_s.append((driver.own_ready_s, driver.ready_s))
+            self.note_start(driver)
             self.settle(driver)
         finally:
             code = driver.end(kill=False)
