@@ -17,6 +17,7 @@ struct [[gnu::packed]] Record
     std::uint32_t magic = 0x474c4656u;
     std::uint32_t call = 0;
     std::uint64_t number = 0;
+    std::uint64_t beganNs = 0;
     std::uint64_t timeNs = 0;
     std::uint64_t inode = 0;
     std::uint32_t flags = 0;
@@ -26,13 +27,6 @@ struct [[gnu::packed]] Record
     std::uint16_t secondPathBytes = 0;
     std::uint32_t dataBytes = 0;
 };
-
-std::uint64_t nowNs()
-{
-    timespec now{};
-    clock_gettime(CLOCK_MONOTONIC, &now);
-    return static_cast<std::uint64_t>(now.tv_sec) * 1'000'000'000u + static_cast<std::uint64_t>(now.tv_nsec);
-}
 
 // System calls straight away: the wrappers of the C library are the interposed ones here.
 int openForAppending(const std::string& path)
@@ -49,6 +43,13 @@ int openForAppending(const std::string& path)
 }
 
 } // namespace
+
+std::uint64_t monotonicNs()
+{
+    timespec now{};
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    return static_cast<std::uint64_t>(now.tv_sec) * 1'000'000'000u + static_cast<std::uint64_t>(now.tv_nsec);
+}
 
 CallLog& CallLog::instance()
 {
@@ -70,7 +71,7 @@ void CallLog::trace(const Decision& decision, Call call, const std::string& path
     char line[4500];
     const int size = std::snprintf(line, sizeof(line), "%llu\t%s\t%llu\t%.4096s\t%lld\t%llu\n",
                                    static_cast<unsigned long long>(decision.number), nameOf(call),
-                                   static_cast<unsigned long long>(nowNs()), path.c_str(),
+                                   static_cast<unsigned long long>(monotonicNs()), path.c_str(),
                                    static_cast<long long>(offset), static_cast<unsigned long long>(length));
     (void)syscall(SYS_write, m_traceFile, line, static_cast<std::size_t>(size));
 }
@@ -81,8 +82,8 @@ void CallLog::note(const char* text)
         return;
     }
     char line[200];
-    const int size =
-        std::snprintf(line, sizeof(line), "0\t%s\t%llu\t\t0\t0\n", text, static_cast<unsigned long long>(nowNs()));
+    const int size = std::snprintf(line, sizeof(line), "0\t%s\t%llu\t\t0\t0\n", text,
+                                   static_cast<unsigned long long>(monotonicNs()));
     (void)syscall(SYS_write, m_traceFile, line, static_cast<std::size_t>(size));
 }
 
@@ -94,7 +95,8 @@ void CallLog::write(const LoggedCall& entry)
     Record record;
     record.call = static_cast<std::uint32_t>(entry.call);
     record.number = entry.number;
-    record.timeNs = nowNs();
+    record.beganNs = entry.beganNs;
+    record.timeNs = monotonicNs();
     record.inode = entry.inode;
     record.flags = (entry.isFolder ? 1u : 0u) | (entry.created ? 2u : 0u) | (entry.truncated ? 4u : 0u);
     record.offset = entry.offset;

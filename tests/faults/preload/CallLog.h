@@ -8,9 +8,12 @@
 
 namespace faults {
 
+std::uint64_t monotonicNs();
+
 /// One call that went through, for replaying what a disk saw.
 struct LoggedCall
 {
+    std::uint64_t beganNs = monotonicNs();
     Call call = Call::None;
     std::uint64_t number = 0;
     std::uint64_t inode = 0; ///< of the file, 0 where the call has none
@@ -25,9 +28,9 @@ struct LoggedCall
 };
 
 /// Writes the two records that FaultPlan names, past the interposed calls, so that they survive a SIGKILL of the
-/// process. The binary record, little-endian: u32 magic "VFLG", u32 call, u64 number, u64 monotonic ns, u64 inode, u32
-/// flags (1 folder, 2 created, 4 truncated), i64 offset, u64 length, u16 path bytes, u16 second path bytes, u32 data
-/// bytes; then the three texts. The caller serialises the calls.
+/// process. The binary record, little-endian: u32 magic "VFLG", u32 call, u64 number, u64 monotonic ns of its
+/// beginning and u64 of its end, u64 inode, u32 flags (1 folder, 2 created, 4 truncated), i64 offset, u64 length, u16
+/// path bytes, u16 second path bytes, u32 data bytes; then the three texts. The caller serialises the calls.
 class CallLog
 {
 public:
