@@ -66,6 +66,7 @@ RecorderForm::RecorderForm(RecorderLogins* logins, QWidget* parent)
     layout->setSpacing(6);
     m_address = addField(tr("Address"), tr("192.168.1.20 or https://nvr.example/onvif/device_service"));
     m_addressWords = addWords();
+    layout->addSpacing(4);
     m_direct = makeDirectFields();
     layout->addWidget(m_direct);
     m_user = addField(tr("User name"), QString());
