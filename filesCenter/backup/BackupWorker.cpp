@@ -17,9 +17,11 @@
 #include <FilesCenterLogs.h>
 #include <SystemConfig.h>
 #include <SystemMsg.h>
+#include <vaws_download.h>
 #include <vms_sdk.h>
 
 #include <QRandomGenerator>
+#include <QThread>
 
 namespace vemo_filesCenter {
 
@@ -57,9 +59,16 @@ bool isFailure(int eventId)
     }
 }
 
-/// The disk kept the file of the task's download from being finished: the repair of the next start does it.
+/// On the disks' thread, behind a stop: a slow disk may still be at the closing. True when it kept the file from being
+/// closed at all: the repair of the next start does it.
 bool isLeftOpen(const QString& taskId)
 {
+    constexpr int mostMs = 10'000;
+    constexpr int lookMs = 20;
+    const QByteArray id = taskId.toUtf8();
+    for (int waitedMs = 0; waitedMs < mostMs && vaws_download_get_status(id.constData()) == VAWS_STATUS_FINISHING;
+         waitedMs += lookMs)
+        QThread::msleep(lookMs);
     return TaskReportFacts::parse(DownloadRecords::reportOf(taskId)).isLeftOpen;
 }
 
@@ -234,14 +243,13 @@ void BackupWorker::pieceFailed(const QString& taskId, int eventId)
 {
     m_downloading.remove(taskId);
     const QDateTime reached = stopDownload(taskId);
-    const bool leftOpen = isLeftOpen(taskId);
     const Task& task = m_tasks[taskId];
     const int index = task.curFileIndex;
     auto ended = std::make_shared<Ended>();
     atDisk(
         taskId,
-        [ended, reached, leftOpen, date = task.date, entry = task.fileInfos.at(index)] {
-            *ended = leftOpen ? Ended{entry, reached} : BackupPieceFiles::cutOff(date, entry, reached);
+        [ended, taskId, reached, date = task.date, entry = task.fileInfos.at(index)] {
+            *ended = isLeftOpen(taskId) ? Ended{entry, reached} : BackupPieceFiles::cutOff(date, entry, reached);
         },
         [this, taskId, index, ended, eventId](bool isDiskThere) {
             if (isDiskThere)
@@ -340,7 +348,6 @@ void BackupWorker::stopTask(const QString& taskId)
     };
     if (m_downloading.remove(taskId)) {
         const QDateTime reached = stopDownload(taskId);
-        const bool leftOpen = isLeftOpen(taskId);
         DownloadWorker::instance().controlTask(taskId, DownloadWorker::ControlCancel);
         const int index = task.curFileIndex;
         const FileInfo entry = task.fileInfos.at(index);
@@ -348,8 +355,8 @@ void BackupWorker::stopTask(const QString& taskId)
         auto ended = std::make_shared<Ended>();
         atDisk(
             taskId,
-            [ended, reached, leftOpen, date = task.date, entry] {
-                *ended = leftOpen ? Ended{entry, reached} : BackupPieceFiles::cutOff(date, entry, reached);
+            [ended, taskId, reached, date = task.date, entry] {
+                *ended = isLeftOpen(taskId) ? Ended{entry, reached} : BackupPieceFiles::cutOff(date, entry, reached);
             },
             [this, taskId, index, ended, begin, logStop](bool isDiskThere) {
                 const auto stopped = m_tasks.find(taskId);

@@ -2,11 +2,11 @@
 
 #include <FileChecksum.h>
 #include <TaskFactsData.h>
+#include <vaws_download.h>
 
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QPointer>
-#include <QTimer>
 
 #include <algorithm>
 #include <utility>
@@ -17,10 +17,24 @@ using vemo_data::DownloadTaskInfo;
 using vemo_data::TaskFacts;
 using vemo_data::TaskFactsData;
 
+namespace {
+
+constexpr int closingMs = 200;
+
+bool isBeingClosed(const QString& taskId)
+{
+    return vaws_download_get_status(taskId.toUtf8().constData()) == VAWS_STATUS_FINISHING;
+}
+
+} // namespace
+
 FileVerifier::FileVerifier(QObject* parent)
     : QObject(parent)
     , m_checksum(new VCOMMON::FileChecksum(this))
 {
+    m_closingTimer.setSingleShot(true);
+    m_closingTimer.setInterval(closingMs);
+    connect(&m_closingTimer, &QTimer::timeout, this, &FileVerifier::startNext);
     connect(m_checksum, &VCOMMON::FileChecksum::signalProgress, this, [this](qint64 done, qint64 total) {
         constexpr qint64 whole = 100;
         emit signalProgress(m_current.taskId, total > 0 ? static_cast<int>(done * whole / total) : 0);
@@ -134,7 +148,14 @@ void FileVerifier::startNext()
 {
     if (!m_current.taskId.isEmpty() || m_waiting.isEmpty())
         return;
-    m_current = m_waiting.takeFirst();
+    const auto next =
+        std::find_if(m_waiting.begin(), m_waiting.end(), [](const Job& job) { return !isBeingClosed(job.taskId); });
+    if (next == m_waiting.end()) {
+        m_closingTimer.start();
+        return;
+    }
+    m_current = *next;
+    m_waiting.erase(next);
     updatePause();
     TaskFactsData::instance().get(m_current.taskId, this, [this, taskId = m_current.taskId](const TaskFacts& facts) {
         // Forgotten meanwhile, or asked for twice.
@@ -189,7 +210,7 @@ void FileVerifier::end(Outcome outcome, const QString& cause)
     const Job job = m_current;
     m_current = {};
     if (outcome == Outcome::NoSumYet)
-        emit signalSumKept(job.taskId, job.kept.sha256);
+        emit signalSumKept(job.taskId, job.kept.sha256, job.kept.bytes);
     if (job.wish == Wish::Verify)
         emit signalVerified(job.taskId, outcome, sentence(outcome, job.path, cause));
     startNext();

@@ -5,6 +5,7 @@
 #include <QList>
 #include <QObject>
 #include <QString>
+#include <QTimer>
 
 namespace VCOMMON {
 class FileChecksum;
@@ -17,7 +18,8 @@ namespace vemo_filesCenter {
 ///
 /// How the tables use it: keepSum() when a download has finished (records of state 3); verify() for "Verify", then
 /// signalVerified; setDownloadsRunning() whenever the number of running downloads goes to 0 or leaves it, because sums
-/// that nobody waits for stand back while downloads need the disk. One file is read at a time, what a person asked for
+/// that nobody waits for stand back while downloads need the disk. A file that the download library is still closing
+/// waits until that is done. One file is read at a time, what a person asked for
 /// first; at most `queueLimit` wait, further keepSum() calls are left out (their first verify() then says that no sum
 /// was kept, and keeps one). The sums themselves lie in vemo_data::TaskFactsData.
 class FileVerifier final : public QObject
@@ -56,8 +58,8 @@ public:
 
 signals:
     void signalProgress(const QString& taskId, int percent);
-    /// The sum of a finished download was stored.
-    void signalSumKept(const QString& taskId, const QByteArray& sha256);
+    /// The sum of a finished download of so many bytes was stored.
+    void signalSumKept(const QString& taskId, const QByteArray& sha256, qint64 bytes);
     void signalVerified(const QString& taskId, vemo_filesCenter::FileVerifier::Outcome outcome,
                         const QString& sentence);
 
@@ -93,6 +95,7 @@ private:
 
     VCOMMON::FileChecksum* const m_checksum;
     QList<Job> m_waiting; ///< by their wishes
+    QTimer m_closingTimer;
     Job m_current;
     bool m_downloadsRunning = false;
     bool m_hasCaughtUp = false;

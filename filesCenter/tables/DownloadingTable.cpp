@@ -402,6 +402,11 @@ void DownloadingTable::stopAllDownloads()
     for (const QString& key : starting)
         worker.controlTask(key, DownloadWorker::ControlCancel);
     const QSet<QString> running = m_queue.runningKeys();
+    // All are asked to stop before the first is recorded, so that a slow disk closes them at a time.
+    for (const QString& key : running) {
+        if (!worker.isCopyTask(key))
+            worker.lastFrameTime(key);
+    }
     for (const QString& key : running) {
         const DownloadTaskInfo task = m_tasks.record(key);
         const double seconds = m_pace.secondsRun(key, m_clock.elapsed());

@@ -62,6 +62,7 @@ SuccessTable::SuccessTable(QWidget* parent)
             &QPushButton::clicked, this, &SuccessTable::openDownloadFolder);
     connect(m_frame->addButton(QStringLiteral("batchDeleteBt"), tr("Batch Delete"), QStringLiteral("clean"), false),
             &QPushButton::clicked, this, &SuccessTable::batchDelete);
+    connect(&FileVerifier::instance(), &FileVerifier::signalSumKept, this, &SuccessTable::takeSize);
     DownloadManager::instance().setSuccessTable(this);
 }
 
@@ -143,6 +144,18 @@ void SuccessTable::addFinishedTask(const DownloadTaskInfo& task)
         device.name.isEmpty() ? device.devId : device.name, channel.second, text(ChannelColumn),
         tr("Download success,record source:%1, time range:%2, file size:%3")
             .arg(text(LocationColumn), text(RangeColumn), text(EndColumn)));
+}
+
+/// A record may be older than the closing of its file, which a slow disk held up.
+void SuccessTable::takeSize(const QString& taskId, const QByteArray&, qint64 bytes)
+{
+    if (!m_tasks.contains(taskId) || m_tasks.record(taskId).downloadedSize == bytes)
+        return;
+    DownloadTaskInfo task = m_tasks.record(taskId);
+    task.downloadedSize = bytes;
+    m_tasks.updateRecord(task);
+    fillEnd(m_tasks.rowOfKey(taskId), task);
+    vemo_data::DownloadTaskData::instance().updateDownloadTasks({task}, false);
 }
 
 void SuccessTable::updateTask(const DownloadTaskInfo& task)

@@ -56,6 +56,7 @@ protected:
 
 private:
     void refreshChannels();
+    void takeSize(const QString& taskId, const QByteArray& sha256, qint64 bytes);
     /// Takes away the rows of these tasks whose files are gone; before it returns when the disk answers within a
     /// moment.
     void dropMissing(const QList<DownloadTaskInfo>& tasks);

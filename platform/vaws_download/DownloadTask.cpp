@@ -335,6 +335,8 @@ int DownloadTask::cancel()
 {
     {
         const Lock lock(m_mutex);
+        if (m_stopping && !(m_told && m_told->endNs == 0))
+            return VAWS_OK; // what stop() told of stays
         if (m_phase != Phase::Over) {
             m_cancelled = true;
             m_phase = Phase::Finishing;
@@ -365,13 +367,30 @@ int DownloadTask::stop(std::int64_t& count, std::string& timeText)
     m_gate.shut();
     Lock lock(m_mutex);
     m_changed.wait_until(lock, begin + stopWait, [&] { return m_settled || m_phase == Phase::Over; });
+    if (!m_told && !m_settled && m_phase != Phase::Over)
+        m_told = whatStays();
+    const Reached& reached = m_told ? m_told->reached : m_reached;
     count = m_settings.downloadedMs;
     timeText.clear();
-    if (m_reached.frames > 0) {
-        count = std::max<std::int64_t>((m_reached.endNs - recordingBeginNs()) / nsPerMs, 0);
-        timeText = localClockText(m_reached.restBeginNs > 0 ? m_reached.restBeginNs : m_reached.lastFrameNs);
+    if (reached.frames > 0) {
+        count = std::max<std::int64_t>((reached.endNs - recordingBeginNs()) / nsPerMs, 0);
+        timeText = localClockText(reached.restBeginNs > 0 ? reached.restBeginNs : reached.lastFrameNs);
     }
     return VAWS_OK;
+}
+
+DownloadTask::Told DownloadTask::whatStays() const
+{
+    Told told;
+    if (m_reached.frames > m_before.frames)
+        told.endNs = m_settings.wholeSeconds
+                         ? MovieAssembly::lastWholeSecond(std::min(m_reached.endNs, m_reached.outputCompleteNs),
+                                                          std::max(m_report.askedBeginNs, m_reached.outputBeginNs))
+                         : m_reached.endNs;
+    told.reached = told.endNs > 0 ? m_reached : m_before;
+    if (m_settings.wholeSeconds && told.endNs > 0)
+        told.reached.restBeginNs = told.endNs;
+    return told;
 }
 
 /// What the milliseconds that stop() tells count from.

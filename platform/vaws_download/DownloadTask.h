@@ -14,6 +14,7 @@
 #include <deque>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -85,11 +86,20 @@ private:
         std::int64_t beginNs = 0;
         std::int64_t endNs = 0;
         std::int64_t lastFrameNs = 0;
-        std::int64_t restBeginNs = 0; ///< where the rest of the span is to begin; 0: behind the last frame
+        std::int64_t restBeginNs = 0;      ///< where the rest of the span is to begin; 0: behind the last frame
+        std::int64_t outputBeginNs = 0;    ///< of the output at work
+        std::int64_t outputCompleteNs = 0; ///< what is shown before is all there, of the output at work
         std::uint64_t frames = 0;
         std::uint64_t lost = 0;
         std::uint64_t bytes = 0;
         std::vector<Gap> gaps;
+    };
+    /// What stop() told while the disk held up the closing. The output is closed with that end, whatever else came to
+    /// be written.
+    struct Told
+    {
+        Reached reached;
+        std::int64_t endNs = 0; ///< of the output at work; 0: nothing of it stays
     };
     using Lock = std::unique_lock<std::mutex>;
 
@@ -119,7 +129,8 @@ private:
     void noteProgress();
     void takeReached();
     /// For an output that ends before the span does. False when nothing of it is to stay.
-    bool endOnWholeSecond();
+    bool endEarly();
+    Told whatStays() const;
     std::int64_t recordingBeginNs() const;
 
     // On the writer thread.
@@ -153,7 +164,6 @@ private:
     // The writer thread's own.
     std::unique_ptr<OutputWriter> m_writer;
     std::unique_ptr<OutputWriter> m_unsettled; ///< finished, its sync still to come
-    Reached m_before;                          ///< sums over outputs that are closed
     bool m_diskTold = false;
     std::chrono::steady_clock::time_point m_lastSync;
 
@@ -180,6 +190,8 @@ private:
     int m_lastWord = 0; ///< told behind m_events: an ending that there was no memory to queue
     bool m_noMemory = false;
     Reached m_reached;
+    Reached m_before; ///< sums over outputs that are closed
+    std::optional<Told> m_told;
     double m_diskRate = 0;
     TaskReport m_report;
 

@@ -173,6 +173,8 @@ void DownloadTask::processQueue(Lock& lock)
 void DownloadTask::process(Item item, Lock& lock)
 {
     if (item.kind == Item::Kind::Open) {
+        if (m_told)
+            return;
         OutputWriter::Settings settings;
         settings.path = m_settings.path;
         settings.journalFolder = m_settings.journalFolder;
@@ -213,6 +215,8 @@ void DownloadTask::takeReached()
         now.beginNs = m_before.frames > 0 ? m_before.beginNs : assembly.beginNs();
         now.endNs = assembly.endNs();
         now.lastFrameNs = assembly.lastFrameNs();
+        now.outputBeginNs = assembly.beginNs();
+        now.outputCompleteNs = assembly.completeNs();
         now.frames += assembly.pictures();
         now.lost += assembly.lostUnits();
         now.bytes += m_writer->bytes();
@@ -222,16 +226,16 @@ void DownloadTask::takeReached()
     m_report.bytes = m_reached.bytes;
 }
 
-bool DownloadTask::endOnWholeSecond()
+bool DownloadTask::endEarly()
 {
-    const std::int64_t second = m_writer->endOnWholeSecond();
-    if (second == 0) {
+    const std::int64_t end = m_told ? m_writer->endAt(m_told->endNs) : m_writer->endOnWholeSecond();
+    if (end == 0) {
         m_reached = m_before;
         m_report.bytes = m_before.bytes;
         return false;
     }
     takeReached();
-    m_reached.restBeginNs = second;
+    m_reached.restBeginNs = end;
     return true;
 }
 
@@ -242,18 +246,22 @@ void DownloadTask::finishOutput(const Item& item, Lock& lock)
     FinishedOutput finished;
     WriteFailure failed;
     bool nothing = m_writer->assembly().empty();
-    if (!nothing && m_settings.wholeSeconds && !item.switched && m_endEvent != VAWS_EVENT_FINISHED)
-        nothing = !endOnWholeSecond();
-    const bool quick = m_stopping && !item.switched;
+    const bool early = m_settings.wholeSeconds && !item.switched && m_endEvent != VAWS_EVENT_FINISHED;
+    if (!nothing && (m_told || early))
+        nothing = !endEarly();
+    const bool quick = m_stopping && (!item.switched || m_told);
     lock.unlock();
-    if (nothing) {
+    if (nothing)
         m_writer->remove();
-    } else {
+    else
         failed = m_writer->finish(quick ? SyncOrder::Afterwards : SyncOrder::EveryStep, finished);
-        if (!failed && item.switched)
-            failed = m_writer->renameToSpan(finished);
-    }
     lock.lock();
+    const bool switched = item.switched && !m_told; // who was told of it knows it by its first name
+    if (!nothing && !failed && switched) {
+        lock.unlock();
+        failed = m_writer->renameToSpan(finished);
+        lock.lock();
+    }
     if (failed) {
         fail(failed, lock);
         return;
@@ -266,8 +274,8 @@ void DownloadTask::finishOutput(const Item& item, Lock& lock)
     m_report.files.push_back(finished.path);
     m_report.verified = finished.verified;
     m_report.bytes = m_before.bytes += finished.bytes - m_writer->bytes();
-    m_report.path = item.switched ? m_settings.path : finished.path;
-    if (!item.switched) {
+    m_report.path = switched ? m_settings.path : finished.path;
+    if (!switched) {
         m_unsettled = std::move(m_writer);
         return;
     }
@@ -283,7 +291,7 @@ void DownloadTask::finishOutput(const Item& item, Lock& lock)
 void DownloadTask::fail(const WriteFailure& failure, Lock& lock)
 {
     FinishedOutput left;
-    const bool nothing = m_settings.wholeSeconds && !m_writer->assembly().empty() && !endOnWholeSecond();
+    const bool nothing = (m_settings.wholeSeconds || m_told) && !m_writer->assembly().empty() && !endEarly();
     lock.unlock();
     if (nothing)
         m_writer->remove();
@@ -345,7 +353,7 @@ void DownloadTask::endTask(Lock& lock)
         m_assembler.flush();
         processQueue(lock);
     }
-    const bool whole = !(m_writer && m_writer->truncated());
+    const bool whole = !m_told && !(m_writer && m_writer->truncated());
     if (whole && m_endEvent != VAWS_EVENT_WRITE_ERROR) {
         lock.unlock();
         m_assembler.drain();

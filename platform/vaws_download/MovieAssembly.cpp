@@ -103,11 +103,17 @@ std::int64_t MovieAssembly::completeNs() const
 
 std::int64_t MovieAssembly::endOnWholeSecond(std::int64_t fromNs)
 {
-    const std::int64_t second = std::min(endNs(), completeNs()) / nsPerSecond * nsPerSecond;
-    if (empty() || second <= std::max(fromNs, beginNs()))
-        return 0;
-    setAskedEnd(second);
+    const std::int64_t second =
+        empty() ? 0 : lastWholeSecond(std::min(endNs(), completeNs()), std::max(fromNs, beginNs()));
+    if (second > 0)
+        setAskedEnd(second);
     return second;
+}
+
+std::int64_t MovieAssembly::lastWholeSecond(std::int64_t untilNs, std::int64_t fromNs)
+{
+    const std::int64_t second = untilNs / nsPerSecond * nsPerSecond;
+    return second > fromNs ? second : 0;
 }
 
 std::int64_t MovieAssembly::lastFrameNs() const

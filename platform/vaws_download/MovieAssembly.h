@@ -25,6 +25,8 @@ public:
     /// the second, and so nothing is shown twice or left out where the two meet. Returns that second as UTC; 0 when not
     /// one whole second behind `fromNs` is there.
     std::int64_t endOnWholeSecond(std::int64_t fromNs);
+    /// Of [fromNs, untilNs); 0 when there is none behind `fromNs`.
+    static std::int64_t lastWholeSecond(std::int64_t untilNs, std::int64_t fromNs);
 
     /// The index. It refers to the tables of this object.
     Movie movie() const;
@@ -37,14 +39,13 @@ public:
     std::int64_t beginNs() const;     ///< UTC of what is shown first; 0 while empty
     std::int64_t endNs() const;       ///< UTC behind what is shown last
     std::int64_t lastFrameNs() const; ///< UTC of the frame shown last
+    std::int64_t completeNs() const;  ///< nothing that would be shown before this UTC is still to come
 
 private:
     std::size_t leadingTrack() const;
     std::int64_t mediaNs(std::size_t track, std::int64_t ticks) const;
     std::int64_t shownBeginNs() const; ///< media time
     std::int64_t shownEndNs() const;
-    /// Nothing that would be shown before this is still to come.
-    std::int64_t completeNs() const;
     MovieTrack trackOf(std::size_t index, std::int64_t beginNs, std::int64_t endNs) const;
 
     std::vector<TrackFormat> m_formats;

@@ -169,6 +169,14 @@ WriteFailure OutputWriter::sync()
     return {};
 }
 
+std::int64_t OutputWriter::endAt(std::int64_t endNs)
+{
+    if (m_assembly.empty() || endNs <= m_assembly.beginNs())
+        return 0;
+    m_assembly.setAskedEnd(endNs);
+    return endNs;
+}
+
 WriteFailure OutputWriter::finish(SyncOrder order, FinishedOutput& finished)
 {
     const Movie movie = m_assembly.movie();

@@ -64,6 +64,8 @@ public:
 
     /// Before finish() or rescue(): as MovieAssembly::endOnWholeSecond().
     std::int64_t endOnWholeSecond() { return m_assembly.endOnWholeSecond(m_settings.askedBeginNs); }
+    /// Likewise: nothing is shown behind `endNs`, which is returned; 0 when that leaves nothing.
+    std::int64_t endAt(std::int64_t endNs);
     /// Makes an ordinary file of it and reads it back. With Afterwards the caller calls settle() later.
     WriteFailure finish(SyncOrder order, FinishedOutput& finished);
     /// After finish(): syncs and drops the journal.

@@ -126,11 +126,13 @@ VAWS_DOWNLOAD_API int vaws_download_push_player_event(const char* task_id, int p
 
 VAWS_DOWNLOAD_API int vaws_download_pause(const char* task_id);
 VAWS_DOWNLOAD_API int vaws_download_resume(const char* task_id);
-/// Ends the task and removes the file that it is writing, and nothing else.
+/// Ends the task and removes the file that it is writing, and nothing else. What a stop told of stays.
 VAWS_DOWNLOAD_API int vaws_download_cancel(const char* task_id);
 /// Ends the task, keeps what was written as a finished file, and tells how far it got: `*count` in ms from the begin of
 /// the recording or range, `downloaded_ms` included; `time_text` (at least 24 bytes) the local time of the last frame
-/// written, or "". Returns within 200 ms; the sync to disk goes on behind it.
+/// written, or "". Returns within 200 ms; the sync to disk goes on behind it. On a disk that takes longer the closing
+/// does so too, by the name that the file has then, and the status is VAWS_STATUS_FINISHING; the file ends where it was
+/// told.
 VAWS_DOWNLOAD_API int vaws_download_stop(const char* task_id, int64_t* count, char* time_text);
 VAWS_DOWNLOAD_API int vaws_download_get_status(const char* task_id);
 

@@ -1,5 +1,7 @@
+#include "FakeSdks.h"
 #include "QueueWorld.h"
 
+#include <details/FileVerifier.h>
 #include <DevsMgrData.h>
 #include <download/DownloadManager.h>
 #include <download/DownloadSignals.h>
@@ -229,6 +231,24 @@ private slots:
                             DownloadTasksTable::Source::StartUp);
         QTRY_COMPARE(m_success->taskCount(), 2);
         QVERIFY(m_success->hasTask(QStringLiteral("{d}")));
+    }
+
+    void sumsUpAFileWhenItIsClosedAndTakesItsSize()
+    {
+        FakeSdks::instance().status = VAWS_STATUS_FINISHING;
+        QSignalSpy kept(&FileVerifier::instance(), &FileVerifier::signalSumKept);
+        const DownloadTaskInfo task = finished(a());
+        QueueWorld::store({task});
+        QVERIFY2(!kept.wait(500), "the disk is still at it");
+        QFile file(task.savePath);
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(QByteArray(3072, 'x')) == 3072);
+        file.close();
+        FakeSdks::instance().status = VAWS_STATUS_ENDED;
+        QVERIFY(kept.wait());
+        QCOMPARE(kept.first().at(2).toLongLong(), 3072);
+        QCOMPARE(table(*m_success)->item(0, 4)->text(), QStringLiteral("3.00 KB (01:00:00)"));
+        QueueWorld::settle();
+        QCOMPARE(QueueWorld::stored().value(a()).downloadedSize, 3072);
     }
 
     void letsGoOfRowsWhoseFilesWentWhenItIsShown()

@@ -7,6 +7,7 @@
 #include <chrono>
 #include <cstdlib>
 #include <ctime>
+#include <fstream>
 #include <random>
 
 namespace {
@@ -223,6 +224,29 @@ std::string clockText(std::int64_t timeNs)
     std::strftime(text.data(), text.size(), "%Y%m%d%H%M%S", std::gmtime(&seconds));
     std::string ms = std::to_string(timeNs / 1'000'000 % 1000);
     return std::string(text.data()) + std::string(3 - ms.size(), '0') + ms + "Z";
+}
+
+std::string boxOrder(const std::string& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    const std::string bytes{std::istreambuf_iterator<char>(file), {}};
+    std::string order;
+    for (std::size_t at = 0; at + 16 <= bytes.size();) {
+        auto byte = [&](std::size_t i) {
+            return static_cast<std::uint64_t>(static_cast<unsigned char>(bytes[at + i]));
+        };
+        std::uint64_t size = byte(0) << 24 | byte(1) << 16 | byte(2) << 8 | byte(3);
+        if (size == 1) {
+            size = 0;
+            for (std::size_t i = 8; i < 16; ++i)
+                size = size << 8 | byte(i);
+        }
+        order += (order.empty() ? "" : " ") + bytes.substr(at + 4, 4);
+        if (size < 8)
+            return order + " broken";
+        at += size;
+    }
+    return order;
 }
 
 std::string probe(const std::string& path, const std::string& entries)

@@ -62,6 +62,9 @@ private:
 /// Times as the C interface takes them, UTC with milliseconds.
 std::string clockText(std::int64_t timeNs);
 
+/// The top-level boxes of an MP4 file in their order, "ftyp mdat moov".
+std::string boxOrder(const std::string& path);
+
 /// A value that ffprobe shows.
 std::string probe(const std::string& path, const std::string& entries);
 double probeNumber(const std::string& path, const std::string& entries);

@@ -26,28 +26,6 @@ std::string readText(const std::string& path)
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-std::string boxOrder(const std::string& path)
-{
-    const std::string bytes = readText(path);
-    std::string order;
-    for (std::size_t at = 0; at + 16 <= bytes.size();) {
-        auto byte = [&](std::size_t i) {
-            return static_cast<std::uint64_t>(static_cast<unsigned char>(bytes[at + i]));
-        };
-        std::uint64_t size = byte(0) << 24 | byte(1) << 16 | byte(2) << 8 | byte(3);
-        if (size == 1) {
-            size = 0;
-            for (std::size_t i = 8; i < 16; ++i)
-                size = size << 8 | byte(i);
-        }
-        order += (order.empty() ? "" : " ") + bytes.substr(at + 4, 4);
-        if (size < 8)
-            return order + " broken";
-        at += size;
-    }
-    return order;
-}
-
 class Task : public testing::Test
 {
 protected:
