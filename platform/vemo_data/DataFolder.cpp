@@ -107,6 +107,13 @@ QString DataFolder::databaseFile()
     return dataDir() + QStringLiteral("/vemo.db");
 }
 
+QString DataFolder::settingsFile()
+{
+    const QString path = configDir() + QStringLiteral("/settings.ini");
+    makePrivateFile(path);
+    return path;
+}
+
 bool DataFolder::makePrivateFolder(const QString& path)
 {
     const QFileInfo info(path);

@@ -22,6 +22,7 @@ public:
     static QString configDir();
     static QString dataDir();
     static QString databaseFile();
+    static QString settingsFile(); ///< made when it is missing, for its owner alone
 
     /// Makes the folder with all its parents; what is made is accessible to its owner only. False when it can't be
     /// made.

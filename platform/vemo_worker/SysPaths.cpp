@@ -42,11 +42,4 @@ QString SysPaths::tempDir()
     return below(dataDir(), "temp");
 }
 
-QString SysPaths::settingsFile()
-{
-    const QString path = configDir() + QStringLiteral("/settings.ini");
-    DataFolder::makePrivateFile(path);
-    return path;
-}
-
 } // namespace vemo_worker

@@ -21,7 +21,6 @@ public:
     static QString logDir();
     /// Work files that outlive a crash, such as the journals of open outputs.
     static QString tempDir();
-    static QString settingsFile();
 };
 
 } // namespace vemo_worker

@@ -1,10 +1,9 @@
 #include "SystemConfig.h"
 
-#include "SysPaths.h"
+#include <SettingsFile.h>
 
 #include <QDir>
 #include <QFileInfo>
-#include <QSettings>
 #include <QStandardPaths>
 
 #include <limits>
@@ -37,8 +36,7 @@ constexpr int mostLogDays = 3650;
 
 QVariant stored(const char* key, const QVariant& otherwise = {})
 {
-    const QSettings settings(SysPaths::settingsFile(), QSettings::IniFormat);
-    return settings.value(QLatin1String(key), otherwise);
+    return vemo_data::SettingsFile::instance().value(QLatin1String(key), otherwise);
 }
 
 /// 0 stays, what is not 0 lies in the range.
@@ -246,13 +244,11 @@ void SystemConfig::setLogDays(int days)
 
 void SystemConfig::store(const char* key, const QVariant& value)
 {
-    {
-        QSettings settings(SysPaths::settingsFile(), QSettings::IniFormat);
-        // The file holds every value as text.
-        if (settings.value(QLatin1String(key)).toString() == value.toString())
-            return;
-        settings.setValue(QLatin1String(key), value);
-    }
+    vemo_data::SettingsFile& settings = vemo_data::SettingsFile::instance();
+    // The file holds every value as text.
+    if (settings.value(QLatin1String(key)).toString() == value.toString())
+        return;
+    settings.setValue(QLatin1String(key), value);
     emit signalConfigChanged();
 }
 

@@ -1,9 +1,8 @@
 #include "UiSettings.h"
 
-#include "SysPaths.h"
 #include "SystemWorker.h"
 
-#include <QSettings>
+#include <SettingsFile.h>
 
 namespace vemo_worker {
 
@@ -33,14 +32,12 @@ UiSettings& UiSettings::instance()
 
 QVariant UiSettings::value(const QString& key, const QVariant& defaultValue) const
 {
-    const QSettings settings(SysPaths::settingsFile(), QSettings::IniFormat);
-    return settings.value(grouped(key), defaultValue);
+    return vemo_data::SettingsFile::instance().value(grouped(key), defaultValue);
 }
 
 void UiSettings::setValue(const QString& key, const QVariant& value)
 {
-    QSettings settings(SysPaths::settingsFile(), QSettings::IniFormat);
-    settings.setValue(grouped(key), value);
+    vemo_data::SettingsFile::instance().setValue(grouped(key), value);
 }
 
 QVariant UiSettings::personalValue(const QString& key, const QVariant& defaultValue) const

@@ -2,6 +2,7 @@
 
 #include <DiskManager.h>
 #include <FilesCenterLogs.h>
+#include <SettingsFile.h>
 #include <SysPaths.h>
 #include <SystemAssistant.h>
 #include <SystemConfig.h>
@@ -9,8 +10,11 @@
 #include <UiSettings.h>
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFileInfo>
+#include <QLockFile>
 #include <QProcess>
+#include <QSettings>
 #include <QtTest>
 
 #include <algorithm>
@@ -57,9 +61,30 @@ private slots:
         SystemConfig::instance().setDateFormat(QStringLiteral("dd.MM.yyyy"));
         QCOMPARE(UiSettings::instance().value(QStringLiteral("times")).toList().value(1).toTime(), QTime(9, 30));
         QCOMPARE(SystemConfig::instance().getDateFormat(), QStringLiteral("dd.MM.yyyy"));
-        QCOMPARE(QFile::permissions(SysPaths::settingsFile()) & (QFile::ReadGroup | QFile::ReadOther),
+        QCOMPARE(QFile::permissions(vemo_data::DataFolder::settingsFile()) & (QFile::ReadGroup | QFile::ReadOther),
                  QFile::Permissions());
-        QVERIFY(SysPaths::settingsFile().startsWith(m_world->path(QString())));
+        QVERIFY(vemo_data::DataFolder::settingsFile().startsWith(m_world->path(QString())));
+    }
+
+    void waitsForNoDiskWithASetting()
+    {
+        const QString key = QStringLiteral("page");
+        const QString path = vemo_data::DataFolder::settingsFile();
+        QLockFile held(path + QStringLiteral(".lock")); // as a disk that takes long
+        QVERIFY(held.lock());
+        QElapsedTimer waited;
+        waited.start();
+        UiSettings::instance().setValue(key, 1);
+        UiSettings::instance().setValue(key, 2);
+        QCOMPARE(UiSettings::instance().value(key).toInt(), 2);
+        QVERIFY(waited.elapsed() < 500);
+        held.unlock();
+        vemo_data::SettingsFile::instance().flush();
+        QSettings other(path, QSettings::IniFormat); // of another process
+        QCOMPARE(other.value(QStringLiteral("ui/page")).toInt(), 2);
+        other.setValue(QStringLiteral("ui/page"), 3);
+        other.sync();
+        QCOMPARE(UiSettings::instance().value(key).toInt(), 3);
     }
 
     void testsEveryBitOfAPower()

@@ -2,6 +2,7 @@
 
 #include <Database.h>
 #include <DataFolder.h>
+#include <SettingsFile.h>
 
 #include <QTemporaryDir>
 
@@ -17,6 +18,7 @@ public:
 
     ~TestWorld()
     {
+        vemo_data::SettingsFile::instance().flush();
         vemo_data::Database::instance().close();
         vemo_data::DataFolder::setRoot(QString());
     }
