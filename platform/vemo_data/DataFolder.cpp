@@ -20,6 +20,8 @@ namespace {
 
 constexpr QFile::Permissions ownerFile = QFile::ReadOwner | QFile::WriteOwner;
 constexpr QFile::Permissions ownerFolder = ownerFile | QFile::ExeOwner;
+constexpr QFile::Permissions ofOthers =
+    QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
 
 QMutex rootMutex;
 
@@ -57,9 +59,7 @@ bool makeOwnersFile(const QString& path)
 /// One that others may look into was made by hand, or is a copy.
 void keepToOwner(const QString& folder)
 {
-    const QFileInfo info(folder);
-    if (info.permissions() & (QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther |
-                              QFile::WriteOther | QFile::ExeOther))
+    if (QFile::permissions(folder) & ofOthers)
         QFile::setPermissions(folder, ownerFolder);
 }
 
@@ -127,7 +127,11 @@ bool DataFolder::makePrivateFolder(const QString& path)
 
 bool DataFolder::makePrivateFile(const QString& path)
 {
-    return (!QFile::exists(path) && makeOwnersFile(path)) || QFile::setPermissions(path, ownerFile);
+    if (!QFile::exists(path) && makeOwnersFile(path))
+        return true;
+    // Set only where they differ: to set them anew changes the file's times, which a busy disk may hold up.
+    const QFile::Permissions found = QFile::permissions(path);
+    return ((found & ownerFile) == ownerFile && !(found & ofOthers)) || QFile::setPermissions(path, ownerFile);
 }
 
 } // namespace vemo_data
