@@ -59,6 +59,7 @@ private slots:
     {
         m_failed.reset();
         m_success.reset();
+        delete &FileVerifier::instance(); // may wait for answers of a store that is closed now
         m_world.reset();
     }
 
@@ -244,7 +245,7 @@ private slots:
         QVERIFY(file.open(QIODevice::WriteOnly) && file.write(QByteArray(3072, 'x')) == 3072);
         file.close();
         FakeSdks::instance().status = VAWS_STATUS_ENDED;
-        QVERIFY(kept.wait());
+        QVERIFY(kept.wait(15'000));
         QCOMPARE(kept.first().at(2).toLongLong(), 3072);
         QCOMPARE(table(*m_success)->item(0, 4)->text(), QStringLiteral("3.00 KB (01:00:00)"));
         QueueWorld::settle();
