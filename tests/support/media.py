@@ -65,17 +65,21 @@ def _without_times(streams):
 
 def _read_framemd5(text):
     streams, bases = {}, {}
+    texts = set()
     for line in text.splitlines():
         if line.startswith("#tb "):
             number, base = line[4:].split(":")
             numerator, denominator = base.split("/")
             bases[int(number)] = int(numerator) / int(denominator)
             streams[int(number)] = []
+        elif line.startswith("#media_type ") and line.endswith(": subtitle"):
+            texts.add(int(line.split()[1].rstrip(":")))
         elif line and not line.startswith("#"):
             fields = [field.strip() for field in line.split(",")]
             stream = int(fields[0])
             streams.setdefault(stream, []).append((int(fields[2]) * bases.get(stream, 1), fields[5]))
-    return streams
+    # A text track keeps its number behind picture and sound where the sound is missing.
+    return {max(stream, 2) if stream in texts else stream: found for stream, found in streams.items()}
 
 
 def shown_samples(path):
