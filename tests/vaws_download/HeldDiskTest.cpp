@@ -107,7 +107,7 @@ TEST_P(HeldStop, isKeptAsTold)
     char text[24] = {};
     const auto before = std::chrono::steady_clock::now();
     ASSERT_EQ(vaws_download_stop("t", &count, text), VAWS_OK);
-    EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::milliseconds(400));
+    EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::milliseconds(1000));
     EXPECT_EQ(vaws_download_get_status("t"), VAWS_STATUS_FINISHING);
     if (!GetParam().hasFootage) {
         EXPECT_STREQ(text, "");
@@ -118,7 +118,7 @@ TEST_P(HeldStop, isKeptAsTold)
     }
     std::filesystem::rename(path, renamed);
     EXPECT_EQ(vaws_download_cancel("t"), VAWS_OK);
-    EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::milliseconds(600)) << "the disk was waited for";
+    EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::milliseconds(2000)) << "the disk was waited for";
     disk.letGo();
     ASSERT_TRUE(waitForStatus(VAWS_STATUS_ENDED));
     const std::string toldEnd = std::string(text).substr(10);
