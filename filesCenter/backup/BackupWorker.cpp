@@ -59,9 +59,9 @@ bool isFailure(int eventId)
     }
 }
 
-/// On the disks' thread, behind a stop: a slow disk may still be at the closing. True when it kept the file from being
-/// closed at all: the repair of the next start does it.
-bool isLeftOpen(const QString& taskId)
+/// On the disks' thread, behind a stop: waits while a slow disk is still at the closing. True when the disk kept the
+/// file from being closed at all: the repair of the next start does it.
+bool stayedOpen(const QString& taskId)
 {
     constexpr int mostMs = 10'000;
     constexpr int lookMs = 20;
@@ -249,7 +249,7 @@ void BackupWorker::pieceFailed(const QString& taskId, int eventId)
     atDisk(
         taskId,
         [ended, taskId, reached, date = task.date, entry = task.fileInfos.at(index)] {
-            *ended = isLeftOpen(taskId) ? Ended{entry, reached} : BackupPieceFiles::cutOff(date, entry, reached);
+            *ended = stayedOpen(taskId) ? Ended{entry, reached} : BackupPieceFiles::cutOff(date, entry, reached);
         },
         [this, taskId, index, ended, eventId](bool isDiskThere) {
             if (isDiskThere)
@@ -356,7 +356,7 @@ void BackupWorker::stopTask(const QString& taskId)
         atDisk(
             taskId,
             [ended, taskId, reached, date = task.date, entry] {
-                *ended = isLeftOpen(taskId) ? Ended{entry, reached} : BackupPieceFiles::cutOff(date, entry, reached);
+                *ended = stayedOpen(taskId) ? Ended{entry, reached} : BackupPieceFiles::cutOff(date, entry, reached);
             },
             [this, taskId, index, ended, begin, logStop](bool isDiskThere) {
                 const auto stopped = m_tasks.find(taskId);

@@ -142,7 +142,7 @@ class TalkativeClient(systemlab.Client):
         for trace in self.traces:
             made = {**trace.made(), **made}
         for path, mode in made.items():
-            is_qts = os.path.exists(path.rpartition(".")[0]) or path.endswith("lock")
+            is_qts = os.path.exists(path.rpartition(".")[0])
             if path.startswith(tuple(own)) and mode & 0o077 and not is_qts:
                 found.append(f"{path} was made with {mode:o}")
         for folder in own:
